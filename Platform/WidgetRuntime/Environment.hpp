@@ -1,0 +1,61 @@
+// What a widget host tells a view about the place it will be drawn in.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <string_view>
+
+#include "ViewKit/Appearance.hpp"
+#include "ViewKit/Geometry.hpp"
+
+namespace widgetruntime {
+
+enum class WidgetFamily : std::uint8_t {
+  systemSmall,
+  systemMedium,
+  systemLarge,
+  accessoryCircular,
+  accessoryRectangular,
+  accessoryInline
+};
+
+using viewkit::RedactionReasons;
+using viewkit::RenderingMode;
+
+/// The host's environment of one drawing. Nothing in it depends on the appearance: one tree serves both.
+struct Environment {
+  WidgetFamily widgetFamily = WidgetFamily::systemSmall;
+  std::optional<WidgetFamily> previewFamily;
+  RenderingMode widgetRenderingMode = RenderingMode::fullColor;
+  RedactionReasons redactionReasons;
+  bool showsWidgetContainerBackground = true;
+  viewkit::Insets systemMargins = viewkit::Insets::all(16);
+  viewkit::LayoutDirection layoutDirection = viewkit::LayoutDirection::leftToRight;
+
+  /// The preview family when one is set, else the host's.
+  [[nodiscard]] WidgetFamily familyInForce() const { return previewFamily.value_or(widgetFamily); }
+  /// The system margins, or 16 on every edge for a preview in another family.
+  [[nodiscard]] viewkit::Insets contentMargins() const {
+    return previewFamily && *previewFamily != widgetFamily ? viewkit::Insets::all(16) : systemMargins;
+  }
+
+  friend bool operator==(const Environment&, const Environment&) = default;
+};
+
+[[nodiscard]] std::string_view name(WidgetFamily family);
+[[nodiscard]] std::string_view name(RenderingMode mode);
+[[nodiscard]] std::optional<WidgetFamily> widgetFamilyNamed(std::string_view name);
+[[nodiscard]] std::optional<RenderingMode> renderingModeNamed(std::string_view name);
+[[nodiscard]] constexpr bool isAccessory(WidgetFamily family) {
+  return family >= WidgetFamily::accessoryCircular;
+}
+
+inline constexpr std::array kAllFamilies{WidgetFamily::systemSmall,
+                                         WidgetFamily::systemMedium,
+                                         WidgetFamily::systemLarge,
+                                         WidgetFamily::accessoryCircular,
+                                         WidgetFamily::accessoryRectangular,
+                                         WidgetFamily::accessoryInline};
+
+}  // namespace widgetruntime

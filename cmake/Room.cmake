@@ -1,0 +1,44 @@
+# A room is one folder, one static library, and the libraries that it may see.
+
+set(CMAKE_CXX_STANDARD 23)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+
+add_library(quorvel_options INTERFACE)
+target_compile_options(
+  quorvel_options
+  INTERFACE -Wall
+            -Wextra
+            -Wshadow
+            -Wnon-virtual-dtor
+            -Wconversion
+            -Wno-sign-conversion
+            -Wno-missing-field-initializers
+            -fno-omit-frame-pointer)
+
+# quorvel_room(NAME INCLUDE_ROOT dir SEES targets... USES libraries...): SEES are public, USES private.
+function(quorvel_room name)
+  cmake_parse_arguments(ROOM "" "INCLUDE_ROOT" "SEES;USES" ${ARGN})
+  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
+  list(FILTER sources EXCLUDE REGEX "/main\\.cpp$")
+  add_library(${name} STATIC ${sources})
+  target_include_directories(${name} PUBLIC ${ROOM_INCLUDE_ROOT})
+  target_link_libraries(
+    ${name}
+    PUBLIC ${ROOM_SEES}
+    PRIVATE quorvel_options ${ROOM_USES})
+endfunction()
+
+# quorvel_tests(NAME SEES targets...): one GoogleTest program from the folder's sources.
+function(quorvel_tests name)
+  cmake_parse_arguments(ROOM "" "" "SEES" ${ARGN})
+  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
+  if(NOT sources)
+    return()
+  endif()
+  add_executable(${name} ${sources})
+  target_link_libraries(${name} PRIVATE quorvel_options ${ROOM_SEES} GTest::gmock GTest::gtest_main)
+  target_compile_definitions(${name} PRIVATE QUORVEL_SOURCE_DIR="${CMAKE_SOURCE_DIR}"
+                                             QUORVEL_BINARY_DIR="${CMAKE_BINARY_DIR}")
+  gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST PROPERTIES TIMEOUT 120)
+endfunction()

@@ -48,3 +48,12 @@ function(quorvel_tests name)
                                              QUORVEL_BINARY_DIR="${CMAKE_BINARY_DIR}")
   gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST PROPERTIES TIMEOUT 120)
 endfunction()
+
+# quorvel_runs_programs(NAME): the tests start the built programs, which must be there and new.
+function(quorvel_runs_programs name)
+  foreach(program quorvel-host quorvel-widgets)
+    if(TARGET ${name} AND TARGET ${program})
+      add_dependencies(${name} ${program})
+    endif()
+  endforeach()
+endfunction()

@@ -1,0 +1,137 @@
+#include "Includes.hpp"
+
+#include <algorithm>
+
+namespace house {
+namespace {
+
+using Names = std::vector<std::string_view>;
+
+// fmt, POSIX and the C library may be used by any source that is not the extension's own.
+Names systemHeaders(std::initializer_list<std::string_view> more) {
+  Names names{"fmt/",
+              "sys/",
+              "dirent.h",
+              "fcntl.h",
+              "poll.h",
+              "pthread.h",
+              "signal.h",
+              "spawn.h",
+              "stdlib.h",
+              "string.h",
+              "time.h",
+              "unistd.h",
+              "errno.h",
+              "linux/"};
+  names.insert(names.end(), more);
+  return names;
+}
+
+std::vector<Room> makeRooms() {
+  return {
+      {"Platform/Foundation", {"Foundation/"}, systemHeaders({"unicode/", "simdjson.h", "plist/"})},
+      {"Platform/ViewKit", {"ViewKit/", "Foundation/"}, {"fmt/"}},
+      {"Platform/WidgetRuntime", {"WidgetRuntime/", "ViewKit/", "Foundation/"}, systemHeaders({})},
+      {"QuorvelWidgets/WidgetSupport",
+       {"QuorvelWidgets/WidgetSupport/", "WidgetRuntime/", "ViewKit/", "Foundation/"},
+       {"fmt/"}},
+      {"QuorvelWidgets",
+       {"QuorvelWidgets/", "WidgetRuntime/", "ViewKit/", "Foundation/"},
+       {"fmt/"}},
+      {"Host/Rendering",
+       {"Rendering/", "ViewKit/"},
+       systemHeaders({"unicode/",
+                      "cairo",
+                      "hb",
+                      "ft2build.h",
+                      "freetype/",
+                      "png.h",
+                      "jpeglib.h",
+                      "setjmp.h"})},
+      {"Host/Session",
+       {"Session/", "WidgetRuntime/", "ViewKit/", "Foundation/"},
+       systemHeaders({})},
+      // The one place where extension and host meet.
+      {"Host/Cli/main.cpp",
+       {"Cli/",
+        "Session/",
+        "Rendering/",
+        "QuorvelWidgets/",
+        "WidgetRuntime/",
+        "ViewKit/",
+        "Foundation/"},
+       systemHeaders({})},
+      {"Host/Cli",
+       {"Cli/", "Session/", "Rendering/", "WidgetRuntime/", "ViewKit/", "Foundation/"},
+       systemHeaders({"CLI/"})},
+  };
+}
+
+bool beginsWithOneOf(std::string_view text, const Names& beginnings) {
+  return std::ranges::any_of(
+      beginnings, [&](std::string_view beginning) { return text.starts_with(beginning); });
+}
+
+// The streams' static constructors and the cost of locales and regular expressions are paid by
+// every start.
+bool isSlowStart(std::string_view header) {
+  return header == "iostream" || header == "regex" || header == "locale" || header == "format";
+}
+
+bool isLibraryHeader(std::string_view header) {
+  return header.find_first_of("./") != std::string_view::npos;
+}
+
+bool isAllowed(const Room& room, std::string_view path, std::string_view header, bool quoted) {
+  if (quoted) return beginsWithOneOf(header, room.sees);
+  if (isSlowStart(header)) return false;
+  if (!isLibraryHeader(header)) return true;
+  return path.ends_with(".cpp") && beginsWithOneOf(header, room.libraries);
+}
+
+std::string_view trimmed(std::string_view text) {
+  const auto first = text.find_first_not_of(" \t");
+  return first == std::string_view::npos ? std::string_view{} : text.substr(first);
+}
+
+}  // namespace
+
+std::span<const Room> rooms() {
+  static const std::vector<Room> all = makeRooms();
+  return all;
+}
+
+const Room* roomOf(std::string_view path) {
+  for (const Room& room : rooms()) {
+    if (path == room.folder) return &room;
+    if (path.starts_with(room.folder) && path.substr(room.folder.size()).starts_with('/'))
+      return &room;
+  }
+  return nullptr;
+}
+
+std::vector<std::string> forbiddenIncludes(std::string_view path, std::string_view text) {
+  std::vector<std::string> found;
+  const Room* room = roomOf(path);
+  if (!room) return found;
+  for (std::size_t number = 1; !text.empty(); ++number) {
+    const auto end = std::min(text.find('\n'), text.size());
+    std::string_view line = trimmed(text.substr(0, end));
+    text.remove_prefix(std::min(end + 1, text.size()));
+    if (!line.starts_with('#')) continue;
+    line = trimmed(line.substr(1));
+    if (!line.starts_with("include")) continue;
+    line = trimmed(line.substr(7));
+    if (line.empty() || (line[0] != '"' && line[0] != '<'))
+      continue;  // a macro, such as FreeType's
+    const bool quoted = line[0] == '"';
+    const std::string_view header = line.substr(1, line.find(quoted ? '"' : '>', 1) - 1);
+    if (!isAllowed(*room, path, header, quoted)) {
+      found.push_back(std::string(path) + ":" + std::to_string(number) + ": " +
+                      std::string(header));
+    }
+  }
+  return found;
+}
+
+}  // namespace house

@@ -1,0 +1,29 @@
+// Which room may include what, and what in a source breaks that.
+#pragma once
+
+#include <filesystem>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace house {
+
+struct Room {
+  std::string_view folder;             ///< below the source tree
+  std::vector<std::string_view> sees;  ///< beginnings of quoted includes
+  std::vector<std::string_view>
+      libraries;  ///< beginnings of library headers its .cpp files may include
+};
+
+/// Innermost folders first: the first that holds a file decides.
+[[nodiscard]] std::span<const Room> rooms();
+
+/// The room of a path relative to the source tree; null for files outside of all rooms.
+[[nodiscard]] const Room* roomOf(std::string_view path);
+
+/// One line for each include that the file's room may not have: "path:line: header".
+[[nodiscard]] std::vector<std::string> forbiddenIncludes(std::string_view path,
+                                                         std::string_view text);
+
+}  // namespace house

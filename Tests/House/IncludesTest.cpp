@@ -1,0 +1,83 @@
+// The arrows between the rooms, read from the sources.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <sstream>
+
+#include "Includes.hpp"
+
+namespace house {
+namespace {
+
+namespace fs = std::filesystem;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+std::string contents(const fs::path& path) {
+  std::ostringstream text;
+  text << std::ifstream(path).rdbuf();
+  return text.str();
+}
+
+std::vector<fs::path> sources() {
+  std::vector<fs::path> found;
+  for (const char* top : {"Platform", "QuorvelWidgets", "Host"}) {
+    for (const auto& entry : fs::recursive_directory_iterator(fs::path(QUORVEL_SOURCE_DIR) / top)) {
+      const auto extension = entry.path().extension();
+      if (extension == ".cpp" || extension == ".hpp") found.push_back(entry.path());
+    }
+  }
+  return found;
+}
+
+TEST(Includes, everySourceStandsInARoom) {
+  const auto all = sources();
+  ASSERT_GT(all.size(), 20u);
+  for (const fs::path& path : all) {
+    EXPECT_NE(roomOf(fs::relative(path, QUORVEL_SOURCE_DIR).string()), nullptr) << path;
+  }
+}
+
+TEST(Includes, everyRoomIncludesOnlyWhatItSees) {
+  for (const fs::path& path : sources()) {
+    EXPECT_THAT(forbiddenIncludes(fs::relative(path, QUORVEL_SOURCE_DIR).string(), contents(path)),
+                IsEmpty());
+  }
+}
+
+TEST(Includes, anArrowBackwardsIsFound) {
+  EXPECT_THAT(forbiddenIncludes("Platform/ViewKit/View.cpp",
+                                "#include <vector>\n#include \"Rendering/Layout.hpp\"\n"),
+              ElementsAre("Platform/ViewKit/View.cpp:2: Rendering/Layout.hpp"));
+  EXPECT_THAT(
+      forbiddenIncludes("QuorvelWidgets/WidgetSupport/Money.cpp",
+                        "#include \"QuorvelWidgets/DueWidget.hpp\""),
+      ElementsAre("QuorvelWidgets/WidgetSupport/Money.cpp:1: QuorvelWidgets/DueWidget.hpp"));
+}
+
+TEST(Includes, onlyTheProgramComposesExtensionAndHost) {
+  const std::string text = "#include \"QuorvelWidgets/DueWidget.hpp\"\n";
+  EXPECT_THAT(forbiddenIncludes("Host/Cli/main.cpp", text), IsEmpty());
+  EXPECT_THAT(forbiddenIncludes("Host/Cli/Options.cpp", text),
+              ElementsAre("Host/Cli/Options.cpp:1: QuorvelWidgets/DueWidget.hpp"));
+}
+
+TEST(Includes, librariesStayInTheSourcesOfTheirRoom) {
+  const std::string text = "  #  include <unicode/ucal.h>\n";
+  EXPECT_THAT(forbiddenIncludes("Platform/Foundation/Calendar.cpp", text), IsEmpty());
+  EXPECT_THAT(forbiddenIncludes("Platform/Foundation/Calendar.hpp", text),
+              ElementsAre("Platform/Foundation/Calendar.hpp:1: unicode/ucal.h"));
+  EXPECT_THAT(forbiddenIncludes("Host/Session/Extension.cpp", text),
+              ElementsAre("Host/Session/Extension.cpp:1: unicode/ucal.h"));
+  EXPECT_THAT(forbiddenIncludes("QuorvelWidgets/DueWidget.cpp", "#include <unistd.h>"),
+              ElementsAre("QuorvelWidgets/DueWidget.cpp:1: unistd.h"));
+}
+
+TEST(Includes, nothingThatSlowsEveryStart) {
+  EXPECT_THAT(forbiddenIncludes("Host/Cli/Options.cpp", "#include <iostream>\n#include <string>\n"),
+              ElementsAre("Host/Cli/Options.cpp:1: iostream"));
+}
+
+}  // namespace
+}  // namespace house

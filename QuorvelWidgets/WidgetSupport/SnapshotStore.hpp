@@ -1,0 +1,52 @@
+// The extension's only access to the application's data: settings, the document and the images
+// beside it. Never writes.
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "Foundation/Bundle.hpp"
+#include "Foundation/Device.hpp"
+#include "Foundation/FileManager.hpp"
+#include "QuorvelWidgets/WidgetSupport/WidgetSnapshot.hpp"
+
+namespace quorvel {
+
+inline constexpr std::string_view kSnapshotFileName = "widget-snapshot.json";
+
+/// A handle: copies share the settings and the sample, which are made once, on first use, and kept.
+/// Any thread may call any operation; loading reads the file anew each time.
+class SnapshotStore {
+ public:
+  SnapshotStore(foundation::Bundle bundle, foundation::FileManager fileManager);
+
+  [[nodiscard]] const std::string& appGroup() const;
+  [[nodiscard]] const std::string& urlScheme() const;
+
+  /// Nothing without a container, a readable document or a valid one.
+  [[nodiscard]] std::optional<WidgetSnapshot> load() const;
+
+  /// The sample of the first request's day and languages.
+  [[nodiscard]] const WidgetSnapshot& sample(const foundation::Device& device) const;
+
+  /// Nothing without a container; the file itself may be missing.
+  [[nodiscard]] std::optional<std::filesystem::path> cardImageURL(std::string_view cardId) const;
+  [[nodiscard]] std::optional<std::filesystem::path> brandImageURL(std::string_view brandId) const;
+
+ private:
+  struct State;
+  std::shared_ptr<State> state_;
+};
+
+/// The same locations below the container, as view trees name images: "widget-cards/card-7.jpg".
+[[nodiscard]] std::string cardImagePath(std::string_view cardId);
+[[nodiscard]] std::string brandImagePath(std::string_view brandId);
+
+/// An identifier as a file name: letters, numbers and "-" are kept, every other character becomes
+/// "_".
+[[nodiscard]] std::string imageFileName(std::string_view identifier);
+
+}  // namespace quorvel

@@ -1,0 +1,32 @@
+// Date texts in the snapshot's language, by fixed patterns.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "Foundation/Instant.hpp"
+#include "Foundation/Locale.hpp"
+
+namespace quorvel {
+
+/// A date by a fixed pattern ("MMM") under the language's locale. Formatters are made once per
+/// thread and kept.
+[[nodiscard]] std::string dateText(foundation::Instant date,
+                                   std::optional<std::string_view> lang,
+                                   std::string_view pattern,
+                                   const foundation::TimeZone& zone);
+
+/// Day and abbreviated month as the language writes them: "MMM d", "d. MMM", "M月d日".
+[[nodiscard]] std::string_view dueDatePattern(std::optional<std::string_view> lang);
+
+/// The due date of an instant: "Mar 5", "5. März", "3月5日".
+[[nodiscard]] std::string dueDateText(foundation::Instant date,
+                                      std::optional<std::string_view> lang,
+                                      const foundation::TimeZone& zone);
+
+/// The abbreviated name of a month string ("2025-02" gives "Feb"); nothing when it is malformed.
+[[nodiscard]] std::optional<std::string> abbreviatedMonth(std::string_view month,
+                                                          std::optional<std::string_view> lang);
+
+}  // namespace quorvel

@@ -1,0 +1,16 @@
+#include "QuorvelWidgets/WidgetSupport/WidgetIconTile.hpp"
+
+namespace quorvel {
+
+using namespace viewkit;
+
+View WidgetIconTile::body() const {
+  return Symbol{symbol}
+      .font(size * 0.5, FontWeight::semibold)
+      .foregroundStyle(color)
+      .frame(FixedFrame{.width = size, .height = size})
+      .background(RoundedRectangle(size * 0.3).fill(background))
+      .accessibilityHidden();
+}
+
+}  // namespace quorvel

@@ -1,0 +1,20 @@
+#include "QuorvelWidgets/WidgetSupport/WidgetMeter.hpp"
+
+#include "QuorvelWidgets/WidgetSupport/UnitFraction.hpp"
+
+namespace quorvel {
+
+using namespace viewkit;
+
+View WidgetMeter::body() const {
+  const double share = unitFraction(fraction);
+  View bar = Capsule().fill(track).frame(FixedFrame{.height = height});
+  if (share > 0) {
+    const View fill = Capsule().fill(color).frame(FixedFrame{.width = kWidth * share});
+    bar = bar.overlay(fill, Alignment::leading);
+  }
+  // A sliver narrower than the bar's round end would stick out of it.
+  return bar.clip(CapsuleShape{}).accessibilityHidden();
+}
+
+}  // namespace quorvel

@@ -1,0 +1,43 @@
+// Every text of the widgets, in thirteen languages, compiled in.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "QuorvelWidgets/WidgetSupport/WidgetLanguage.hpp"
+
+namespace quorvel {
+
+struct WidgetStrings {
+  /// The text of a key; English for an absent or unknown language, the key itself when it is
+  /// unknown. With `n`, every "{n}" is replaced by its decimal form; "{period}" is left to the
+  /// caller.
+  [[nodiscard]] static std::string text(std::string_view key,
+                                        std::optional<std::string_view> lang,
+                                        std::optional<std::int64_t> n = std::nullopt);
+
+  /// The keys in the table's order.
+  [[nodiscard]] static std::span<const std::string_view> keys();
+
+  /// The text of `comparisonWith` for a period's name.
+  [[nodiscard]] static std::string comparisonWith(std::string_view period,
+                                                  std::optional<std::string_view> lang);
+};
+
+/// The phrase for a number of cards, by the language's plural rule.
+[[nodiscard]] std::string cardCountText(std::int64_t count, std::optional<std::string_view> lang);
+
+/// "/ day", "/ hari", else the text of `perDay`: what follows an amount per day, with the space
+/// before it.
+[[nodiscard]] std::string perDayUnit(std::optional<std::string_view> lang);
+
+/// An amount or percentage inside a joined text, read from left to right.
+[[nodiscard]] std::string isolatedAmount(std::string_view text);
+
+/// A user's name inside a joined text, in its own direction.
+[[nodiscard]] std::string isolatedName(std::string_view text);
+
+}  // namespace quorvel

@@ -34,9 +34,9 @@ struct ProviderContext {
 struct ReloadPolicy {
   enum class Type { atEnd, after, never };
   Type type = Type::atEnd;
-  foundation::Instant date;  ///< `after` only
+  foundation::Instant date{};  ///< `after` only
 
-  static ReloadPolicy after(foundation::Instant date) { return {Type::after, date}; }
+  static ReloadPolicy after(foundation::Instant date) { return {.type = Type::after, .date = date}; }
   friend bool operator==(const ReloadPolicy&, const ReloadPolicy&) = default;
 };
 
@@ -93,6 +93,11 @@ struct WidgetBundle {
   std::vector<Widget> widgets;
   std::vector<Control> controls;
   std::vector<Action> actions;
+
+  // Where the application and its files are, for a host that opens links and images.
+  std::string appGroup{};
+  std::string urlScheme{};  ///< without "://"
+  std::string container{};  ///< the group's folder, whether it exists yet or not; empty: there is none
 };
 
 namespace detail {

@@ -1,0 +1,203 @@
+// Every request and answer between a host and an extension, as records with their JSON form.
+//
+// Writers never fail. Readers check form and bounds and say in one line what is wrong and where
+// ("environments[1].mode:
+// ..."); unknown members are ignored. Instants travel as internet date-times, so fractions of a
+// second are dropped.
+#pragma once
+
+#include <cstddef>
+#include <expected>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "Foundation/Device.hpp"
+#include "Foundation/JsonValue.hpp"
+#include "Foundation/JsonWriter.hpp"
+#include "ViewKit/View.hpp"
+#include "WidgetRuntime/Environment.hpp"
+#include "WidgetRuntime/Intents.hpp"
+#include "WidgetRuntime/Widget.hpp"
+
+namespace widgetruntime {
+
+inline constexpr int kProtocolVersion = 1;
+
+namespace method {
+inline constexpr std::string_view kInitialize = "initialize";
+inline constexpr std::string_view kPlaceholder = "widget/placeholder";
+inline constexpr std::string_view kSnapshot = "widget/snapshot";
+inline constexpr std::string_view kTimeline = "widget/timeline";
+inline constexpr std::string_view kOptions = "configuration/options";
+inline constexpr std::string_view kPerform = "intent/perform";
+inline constexpr std::string_view kDiagnose = "document/diagnose";
+inline constexpr std::string_view kShutdown = "shutdown";
+inline constexpr std::string_view kExit = "exit";
+inline constexpr std::string_view kCancelRequest = "$/cancelRequest";
+}  // namespace method
+
+/// Bounds of what is read and written, on both sides.
+inline constexpr std::size_t kMaximumMessage = std::size_t{1} << 20;  ///< bytes of a message's body
+inline constexpr std::size_t kMaximumString = std::size_t{16}
+                                              << 10;  ///< bytes of a string, but a diagnosed text
+inline constexpr std::size_t kMaximumRequestDepth = 16;
+inline constexpr std::size_t kMaximumAnswerDepth =
+    256;                                            ///< a tree of 64 levels takes up to three each
+inline constexpr std::size_t kMaximumEntries = 32;  ///< of a timeline
+inline constexpr std::size_t kMaximumEnvironments = 8;
+
+template <class T>
+using Read = std::expected<T, std::string>;
+
+// ---- initialize
+
+struct InitializeParameters {
+  int protocolVersion = kProtocolVersion;
+  std::string host;                          ///< name and version of the host, for people
+  std::optional<std::string> containerRoot;  ///< directory that holds the app groups' folders
+  std::optional<std::string> container;      ///< the group's own folder; wins over `containerRoot`
+  std::optional<std::string> infoPlist;      ///< path of the information property list
+
+  friend bool operator==(const InitializeParameters&, const InitializeParameters&) = default;
+};
+
+struct WidgetListing {
+  WidgetDescription description;
+  std::optional<IntentDescription>
+      configuration;  ///< without queries: those are asked for by configuration/options
+};
+
+/// What a bundle offers, without the functions behind it.
+struct BundleDescription {
+  std::vector<WidgetListing> widgets;
+  std::vector<Control> controls;
+};
+
+struct InitializeAnswer {
+  int protocolVersion = kProtocolVersion;
+  std::string appGroup;
+  std::string urlScheme;  ///< without "://"
+  std::string
+      container;  ///< the group's folder, whether it exists yet or not; empty: there is none
+  BundleDescription bundle;
+};
+
+// ---- widget/placeholder, widget/snapshot, widget/timeline
+
+struct EntriesParameters {
+  std::string kind;
+  WidgetFamily family = WidgetFamily::systemSmall;
+  std::optional<WidgetFamily> previewFamily;
+  bool isPreview = false;
+  IntentValues configuration;
+  foundation::Device device;
+  /// One tree of every entry for each; their families are those above, whatever they say
+  /// themselves.
+  std::vector<Environment> environments;
+};
+
+struct RenderedTree {
+  viewkit::View view;
+  std::optional<std::string> link;  ///< the tree's own widget link, raw text
+
+  friend bool operator==(const RenderedTree&, const RenderedTree&) = default;
+};
+
+struct RenderedEntry {
+  foundation::Instant date;
+  bool hasSnapshot = false;
+  std::vector<RenderedTree> trees;  ///< one an environment, in the order asked for
+
+  friend bool operator==(const RenderedEntry&, const RenderedEntry&) = default;
+};
+
+struct EntriesAnswer {
+  std::vector<RenderedEntry> entries;  ///< exactly one but for timelines
+  std::optional<ReloadPolicy> policy;  ///< timelines only
+};
+
+// ---- configuration/options
+
+struct OptionsParameters {
+  std::string kind;
+  std::string parameter;
+  std::optional<std::vector<std::string>> identifiers;  ///< absent: all that are suggested
+};
+
+struct OptionsAnswer {
+  std::vector<IntentOption> options;
+  std::optional<std::string> defaultOption;  ///< an id
+
+  friend bool operator==(const OptionsAnswer&, const OptionsAnswer&) = default;
+};
+
+// ---- intent/perform
+
+struct PerformParameters {
+  std::string intent;
+};
+
+struct PerformAnswer {
+  bool openApp = false;
+};
+
+// ---- document/diagnose
+
+/// Exactly one of path and text.
+struct DiagnoseParameters {
+  std::optional<std::string> path;
+  std::optional<std::string> text;
+  foundation::Device device;
+};
+
+/// What one widget will show of a document, in words; never an amount.
+struct WidgetOutlook {
+  std::string kind;
+  std::string shows;
+
+  friend bool operator==(const WidgetOutlook&, const WidgetOutlook&) = default;
+};
+
+struct DiagnoseAnswer {
+  bool accepted = false;
+  std::vector<foundation::JsonProblem> problems;
+  std::vector<WidgetOutlook> widgets;
+
+  friend bool operator==(const DiagnoseAnswer&, const DiagnoseAnswer&) = default;
+};
+
+// ---- JSON
+
+void write(foundation::JsonWriter& writer, const InitializeParameters& parameters);
+void write(foundation::JsonWriter& writer, const BundleDescription& bundle);
+void write(foundation::JsonWriter& writer, const InitializeAnswer& answer);
+void write(foundation::JsonWriter& writer, const EntriesParameters& parameters);
+void write(foundation::JsonWriter& writer, const RenderedEntry& entry);
+void write(foundation::JsonWriter& writer, const ReloadPolicy& policy);
+void write(foundation::JsonWriter& writer, const OptionsParameters& parameters);
+void write(foundation::JsonWriter& writer, const OptionsAnswer& answer);
+void write(foundation::JsonWriter& writer, const PerformParameters& parameters);
+void write(foundation::JsonWriter& writer, const PerformAnswer& answer);
+void write(foundation::JsonWriter& writer, const DiagnoseParameters& parameters);
+void write(foundation::JsonWriter& writer, const DiagnoseAnswer& answer);
+
+/// Instantiated for every record above that is a request or an answer.
+template <class Message>
+[[nodiscard]] Read<Message> read(const foundation::JsonValue& json);
+
+template <class Message>
+[[nodiscard]] std::string encode(const Message& message) {
+  foundation::JsonWriter writer;
+  write(writer, message);
+  return writer.take();
+}
+
+/// What hosts are told about a bundle.
+[[nodiscard]] BundleDescription describe(const WidgetBundle& bundle);
+
+/// The outermost widget link of a tree.
+[[nodiscard]] std::optional<std::string> widgetURL(const viewkit::View& view);
+
+}  // namespace widgetruntime

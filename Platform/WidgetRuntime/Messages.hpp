@@ -59,6 +59,7 @@ struct InitializeParameters {
   std::optional<std::string> containerRoot;  ///< directory that holds the app groups' folders
   std::optional<std::string> container;      ///< the group's own folder; wins over `containerRoot`
   std::optional<std::string> infoPlist;      ///< path of the information property list
+  std::optional<std::string> snapshotFile;   ///< read in place of the container's document
 
   friend bool operator==(const InitializeParameters&, const InitializeParameters&) = default;
 };

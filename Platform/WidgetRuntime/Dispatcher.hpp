@@ -1,0 +1,53 @@
+// Answers a host's requests: JSON-RPC text in, JSON-RPC text out.
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "WidgetRuntime/JsonRpc.hpp"
+#include "WidgetRuntime/Messages.hpp"
+#include "WidgetRuntime/Widget.hpp"
+
+namespace widgetruntime {
+
+/// What an extension hands to the runtime. Both may read files; neither may read clock, zone or
+/// locale of the process.
+struct ExtensionDefinition {
+  std::function<WidgetBundle(const InitializeParameters&)> makeBundle;
+  std::function<DiagnoseAnswer(const DiagnoseParameters&, const WidgetBundle&)> diagnose;
+};
+
+/// Keeps nothing between requests but the bundle that initialize made. Never throws.
+class Dispatcher {
+ public:
+  explicit Dispatcher(ExtensionDefinition definition);
+
+  /// The answer to one request; empty for a notification. Whatever stands behind a widget may fail:
+  /// that is an entry without a snapshot. Errors are for requests that are malformed, unknown or
+  /// out of turn.
+  [[nodiscard]] std::string handle(std::string_view request);
+
+  /// After `shutdown`; every request but `exit` is then refused.
+  [[nodiscard]] bool isShutDown() const { return isShutDown_; }
+  /// After `exit`.
+  [[nodiscard]] bool hasExited() const { return hasExited_; }
+
+ private:
+  using Answer = std::expected<std::string, RpcError>;
+
+  [[nodiscard]] Answer answer(const RpcRequest& request);
+  [[nodiscard]] Answer initialize(const foundation::JsonValue& parameters);
+  [[nodiscard]] Answer entries(std::string_view method, const foundation::JsonValue& parameters);
+  [[nodiscard]] Answer options(const foundation::JsonValue& parameters) const;
+  [[nodiscard]] Answer perform(const foundation::JsonValue& parameters) const;
+  [[nodiscard]] Answer diagnose(const foundation::JsonValue& parameters) const;
+
+  ExtensionDefinition definition_;
+  std::optional<WidgetBundle> bundle_;
+  bool isShutDown_ = false;
+  bool hasExited_ = false;
+};
+
+}  // namespace widgetruntime

@@ -1,13 +1,19 @@
 #include "QuorvelWidgets/WidgetSupport/WidgetMeter.hpp"
 
-#include "QuorvelWidgets/WidgetSupport/UnitFraction.hpp"
+#include "QuorvelWidgets/WidgetSupport/Palette.hpp"
+#include "QuorvelWidgets/WidgetSupport/WidgetMoneyStyle.hpp"
 
 namespace quorvel {
 
 using namespace viewkit;
 
+Color meterTrackColor(RenderingMode mode) {
+  return mode == RenderingMode::fullColor ? palette::meterTrack
+                                          : Color::primary().withOpacity(0.18);
+}
+
 View WidgetMeter::body() const {
-  const double share = unitFraction(fraction);
+  const double share = clampedFraction(fraction);
   View bar = Capsule().fill(track).frame(FixedFrame{.height = height});
   if (share > 0) {
     const View fill = Capsule().fill(color).frame(FixedFrame{.width = kWidth * share});

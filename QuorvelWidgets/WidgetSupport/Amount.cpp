@@ -1,0 +1,20 @@
+#include "QuorvelWidgets/WidgetSupport/Amount.hpp"
+
+namespace quorvel {
+
+using namespace viewkit;
+
+View Amount::body() const {
+  return Text{amountText(value, snapshot, compact)}
+      .font(size, weight)
+      .tracking(size * -0.02)
+      .lineLimit(1)
+      .minimumScaleFactor(0.55)
+      .language(snapshot.lang)
+      .direction(LayoutDirection::leftToRight)
+      .numericTransition()
+      .privacySensitive(PrivacyTreatment::masked)
+      .accessibilityLabel(amountAccessibilityLabel(value, snapshot));
+}
+
+}  // namespace quorvel

@@ -1,0 +1,22 @@
+// A change in percent: the arrow carries the sign, the colour its meaning.
+#pragma once
+
+#include <string_view>
+
+#include "ViewKit/ViewKit.hpp"
+
+namespace quorvel {
+
+/// Nothing at all when `value` is not finite. Under privacy a view leaves the component out.
+struct WidgetChange : viewkit::Modifiers<WidgetChange> {
+  static constexpr std::string_view kName = "WidgetChange";
+
+  double value = 0;   ///< percent; 5.5 means +5.5 %
+  int precision = 0;  ///< decimals
+  bool favorableWhenPositive = true;
+  double size = 12;
+
+  [[nodiscard]] viewkit::View body() const;
+};
+
+}  // namespace quorvel

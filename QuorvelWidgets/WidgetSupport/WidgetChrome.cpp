@@ -1,0 +1,16 @@
+#include "QuorvelWidgets/WidgetSupport/WidgetChrome.hpp"
+
+namespace quorvel {
+
+using namespace viewkit;
+
+View WidgetChrome::body() const {
+  View root = content;
+  if (padded) root = root.padding(preview ? Insets::all(16) : environment.contentMargins());
+  root =
+      root.frame(FlexibleFrame{.maxWidth = kInfinity, .maxHeight = kInfinity}).background(backdrop);
+  root = preview ? root.background(background) : root.containerBackground(background);
+  return root.layoutDirection(direction).widgetURL(link);
+}
+
+}  // namespace quorvel

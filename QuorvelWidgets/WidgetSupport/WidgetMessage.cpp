@@ -1,0 +1,70 @@
+#include "QuorvelWidgets/WidgetSupport/WidgetMessage.hpp"
+
+#include "QuorvelWidgets/WidgetSupport/Palette.hpp"
+#include "QuorvelWidgets/WidgetSupport/WidgetIconTile.hpp"
+
+namespace quorvel {
+
+using namespace viewkit;
+
+namespace {
+
+View titleRow(const WidgetMessage& message) {
+  return HStack{
+      {.spacing = 8},
+      WidgetIconTile{.symbol = message.symbol,
+                     .color = message.accent.ink,
+                     .background = message.accent.soft,
+                     .size = 30},
+      Text{message.title}
+          .font(13)
+          .lineLimit(2)
+          .minimumScaleFactor(0.85)
+          .language(message.lang)
+          .foregroundStyle(palette::textSecondary),
+  };
+}
+
+View labelView(const WidgetMessage& message) {
+  const Text label = Text{message.label.value_or("")}
+                         .font(12, FontWeight::semibold)
+                         .lineLimit(1)
+                         .minimumScaleFactor(0.85)
+                         .language(message.lang);
+  if (message.titleIsStatus) return label.foregroundStyle(palette::statusGood);
+  const View ground =
+      RoundedRectangle(13, CornerStyle::continuous).fill(message.accent.soft).accentable();
+  return label.foregroundStyle(message.accent.ink)
+      .padding(Insets::horizontal(12))
+      .frame(FixedFrame{.height = 26})
+      .background(ground);
+}
+
+}  // namespace
+
+View WidgetMessage::body() const {
+  // The spacer stands in the title's own stack, so that it adds no second gap when there is no room
+  // for it.
+  const View top = VStack{
+      {.alignment = HorizontalAlignment::leading, .spacing = 0},
+      titleRow(*this),
+      Spacer{0},
+  };
+  const View words = Text{text}
+                         .font(13)
+                         .lineLimit(3)
+                         .minimumScaleFactor(0.85)
+                         .balanced()
+                         .language(lang)
+                         .foregroundStyle(palette::textPrimary);
+  return VStack{
+      {.alignment = HorizontalAlignment::leading, .spacing = 8},
+      top,
+      words.layoutPriority(1),
+      when(label.has_value(), [&] { return labelView(*this).padding({.top = 10}); }),
+  }
+      .frame(FlexibleFrame{
+          .maxWidth = kInfinity, .maxHeight = kInfinity, .alignment = Alignment::topLeading});
+}
+
+}  // namespace quorvel

@@ -1,0 +1,29 @@
+// What a widget shows while it has nothing to show: its title, a message and what to do about it.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "QuorvelWidgets/WidgetSupport/WAccent.hpp"
+#include "ViewKit/ViewKit.hpp"
+
+namespace quorvel {
+
+/// Fills the proposal: the title beside its tile on top, message and label at the foot. Texts
+/// arrive localized.
+struct WidgetMessage : viewkit::Modifiers<WidgetMessage> {
+  static constexpr std::string_view kName = "WidgetMessage";
+
+  std::string symbol;
+  std::string text;
+  std::optional<std::string> label;
+  std::string title;
+  bool titleIsStatus = false;  ///< the label says how things are, not what to do
+  WAccent accent;
+  std::string lang;  ///< of the texts
+
+  [[nodiscard]] viewkit::View body() const;
+};
+
+}  // namespace quorvel

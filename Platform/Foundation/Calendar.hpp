@@ -32,19 +32,27 @@ class Calendar {
 
   [[nodiscard]] DateComponents components(Instant instant) const;
 
-  /// Midnight of a date; odd months and days carry over. A skipped wall time is read with the offset before the jump, a
-  /// repeated one gives its first occurrence. Nothing far outside the calendar's range.
-  [[nodiscard]] std::optional<Instant> date(std::int64_t year, std::int64_t month, std::int64_t day) const;
+  /// Midnight of a date; odd months and days carry over. A skipped wall time is read with the
+  /// offset before the jump, a repeated one gives its first occurrence. Nothing far outside the
+  /// calendar's range.
+  [[nodiscard]] std::optional<Instant> date(std::int64_t year,
+                                            std::int64_t month,
+                                            std::int64_t day) const;
 
   /// The first instant of the instant's local day.
   [[nodiscard]] Instant startOfDay(Instant instant) const;
 
-  /// The whole days, of equal wall-clock time, that fit between two instants; truncated towards zero.
+  /// The whole days, of equal wall-clock time, that fit between two instants; truncated towards
+  /// zero.
   [[nodiscard]] std::int64_t dayDifference(Instant from, Instant to) const;
 
-  /// The first instant strictly after `after` whose local time is hour:minute:second (policies nextTime, first,
-  /// forward): where a forward jump swallows it, the instant at which the jump ends.
-  [[nodiscard]] std::optional<Instant> nextDate(Instant after, int hour, int minute, int second) const;
+  /// The first instant strictly after `after` whose local time is hour:minute:second (policies
+  /// nextTime, first, forward): where a forward jump swallows it, the instant at which the jump
+  /// ends.
+  [[nodiscard]] std::optional<Instant> nextDate(Instant after,
+                                                int hour,
+                                                int minute,
+                                                int second) const;
 
   [[nodiscard]] int daysInMonth(int year, int month) const;
 

@@ -20,7 +20,8 @@ namespace foundation {
 /// The first cluster, fully upper-cased without a locale ("ß" gives "SS"); empty for an empty text.
 [[nodiscard]] std::string uppercasedFirstCharacter(std::string_view text);
 
-/// Without leading and trailing spaces and tabs (Unicode spaces and U+200B included, line breaks kept).
+/// Without leading and trailing spaces and tabs (Unicode spaces and U+200B included, line breaks
+/// kept).
 [[nodiscard]] std::string_view trimmingSpaces(std::string_view text);
 
 }  // namespace foundation

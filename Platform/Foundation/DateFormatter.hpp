@@ -10,8 +10,8 @@
 
 namespace foundation {
 
-/// Formats with the locale's names and digits, the Gregorian calendar and a zone. Construction is slow (keep it),
-/// formatting is fast and may run on any one thread at a time.
+/// Formats with the locale's names and digits, the Gregorian calendar and a zone. Construction is
+/// slow (keep it), formatting is fast and may run on any one thread at a time.
 class DateFormatter {
  public:
   DateFormatter(const Locale& locale, const TimeZone& zone, std::string_view pattern);

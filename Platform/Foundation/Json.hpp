@@ -1,16 +1,17 @@
-// Strict JSON (RFC 8259, UTF-8, one byte-order mark dropped, 512 levels): keyed decoding into records, with problems that
-// say where and what, and encoding of the same records.
+// Strict JSON (RFC 8259, UTF-8, one byte-order mark dropped, 512 levels): keyed decoding into
+// records, with problems that say where and what, and encoding of the same records.
 //
 // A record lists its keys once:
 //
 //     struct Budget {
 //       double total = 0;
 //       std::optional<std::string> periodStart;
-//       static std::span<const JsonField> jsonFields();   // { jsonField<&Budget::total>("total"), ... }
+//       static std::span<const JsonField> jsonFields();   // { jsonField<&Budget::total>("total"),
+//       ... }
 //     };
 //
-// std::optional members may be missing or null, all others are required. Unknown keys are walked and ignored; of equal keys
-// the first counts; keys compare after unescaping.
+// std::optional members may be missing or null, all others are required. Unknown keys are walked
+// and ignored; of equal keys the first counts; keys compare after unescaping.
 #pragma once
 
 #include <cstddef>
@@ -27,7 +28,8 @@
 
 namespace foundation {
 
-/// One thing that is wrong with a document. `pointer` is RFC 6901; line and column count from 1, columns in bytes.
+/// One thing that is wrong with a document. `pointer` is RFC 6901; line and column count from 1,
+/// columns in bytes.
 struct JsonProblem {
   std::string pointer;
   std::size_t line = 0;
@@ -45,16 +47,21 @@ struct JsonField {
   std::string_view key;
   bool required = true;
   void (*read)(JsonReader&, void* record) = nullptr;
-  void (*write)(JsonWriter&, const void* record) = nullptr;  ///< key and value; nothing for an absent optional
+  /// Key and value; nothing for an absent optional.
+  void (*write)(JsonWriter&, std::string_view key, const void* record) = nullptr;
 };
+
+/// A record has no more keys than this.
+inline constexpr std::size_t kMaximumJsonFields = 64;
 
 template <class T>
 concept JsonRecord = requires {
   { T::jsonFields() } -> std::convertible_to<std::span<const JsonField>>;
 };
 
-/// The cursor that field readers are handed; it stands on one value. Every read either succeeds or notes a problem; decoding
-/// goes on after a problem of type, so that one pass reports all of them, and stops at a malformed document.
+/// The cursor that field readers are handed; it stands on one value. Every read either succeeds or
+/// notes a problem; decoding goes on after a problem of type, so that one pass reports all of them,
+/// and stops at a malformed document.
 class JsonReader {
  public:
   void read(bool& out);
@@ -77,9 +84,11 @@ class JsonReader {
   }
   template <class T>
   void read(std::vector<T>& out) {
-    readArray([](JsonReader& reader, void* vector) {
-      reader.read(static_cast<std::vector<T>*>(vector)->emplace_back());
-    }, &out);
+    readArray(
+        [](JsonReader& reader, void* vector) {
+          reader.read(static_cast<std::vector<T>*>(vector)->emplace_back());
+        },
+        &out);
   }
 
  private:
@@ -116,22 +125,36 @@ void write(JsonWriter& writer, const std::vector<T>& values) {
   for (const T& value : values) write(writer, value);
   writer.endArray();
 }
+template <class T>
+void writeMember(JsonWriter& writer, std::string_view key, const T& value) {
+  writer.key(key);
+  write(writer, value);
+}
+template <class T>
+void writeMember(JsonWriter& writer, std::string_view key, const std::optional<T>& value) {
+  if (value) writeMember(writer, key, *value);
+}
 }  // namespace detail
 
 template <auto Member>
 constexpr JsonField jsonField(std::string_view key) {
   using Owner = decltype(detail::ownerOf(Member));
   using Value = decltype(detail::valueOf(Member));
-  return {key,
-          !detail::isOptional<Value>,
-          [](JsonReader& reader, void* record) { reader.read(static_cast<Owner*>(record)->*Member); },
-          nullptr};
+  return {
+      key,
+      !detail::isOptional<Value>,
+      [](JsonReader& reader, void* record) { reader.read(static_cast<Owner*>(record)->*Member); },
+      [](JsonWriter& writer, std::string_view name, const void* record) {
+        detail::writeMember(writer, name, static_cast<const Owner*>(record)->*Member);
+      }};
 }
 
-/// Decodes one document. `problems` is never empty on failure.
+/// `problems` is never empty, in document order, and ends after a hundred or at the first malformed
+/// byte. Problems name types and punctuation, never a value.
 struct JsonFailure {
   std::vector<JsonProblem> problems;
 };
+/// Decodes one document into a record; nothing is success.
 [[nodiscard]] std::optional<JsonFailure> decodeJsonRecord(std::string_view document,
                                                           std::span<const JsonField> fields,
                                                           void* record);

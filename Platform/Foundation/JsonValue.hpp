@@ -16,18 +16,19 @@ namespace foundation {
 class JsonValue {
  public:
   using Array = std::vector<JsonValue>;
-  using Object = std::vector<std::pair<std::string, JsonValue>>;  ///< in document order; first of equal keys counts
+  using Object = std::vector<std::pair<std::string, JsonValue>>;  ///< in document order; first of
+                                                                  ///< equal keys counts
 
   JsonValue() = default;
-  JsonValue(std::nullptr_t) {}                                            // NOLINT(google-explicit-constructor)
-  JsonValue(bool v) : value_(v) {}                                        // NOLINT(google-explicit-constructor)
-  JsonValue(double v) : value_(v) {}                                      // NOLINT(google-explicit-constructor)
-  JsonValue(int v) : value_(static_cast<double>(v)) {}                    // NOLINT(google-explicit-constructor)
-  JsonValue(std::string v) : value_(std::move(v)) {}                      // NOLINT(google-explicit-constructor)
-  JsonValue(std::string_view v) : value_(std::string(v)) {}               // NOLINT(google-explicit-constructor)
-  JsonValue(const char* v) : value_(std::string(v)) {}                    // NOLINT(google-explicit-constructor)
-  JsonValue(Array v) : value_(std::move(v)) {}                            // NOLINT(google-explicit-constructor)
-  JsonValue(Object v) : value_(std::move(v)) {}                           // NOLINT(google-explicit-constructor)
+  JsonValue(std::nullptr_t) {}                               // NOLINT(google-explicit-constructor)
+  JsonValue(bool v) : value_(v) {}                           // NOLINT(google-explicit-constructor)
+  JsonValue(double v) : value_(v) {}                         // NOLINT(google-explicit-constructor)
+  JsonValue(int v) : value_(static_cast<double>(v)) {}       // NOLINT(google-explicit-constructor)
+  JsonValue(std::string v) : value_(std::move(v)) {}         // NOLINT(google-explicit-constructor)
+  JsonValue(std::string_view v) : value_(std::string(v)) {}  // NOLINT(google-explicit-constructor)
+  JsonValue(const char* v) : value_(std::string(v)) {}       // NOLINT(google-explicit-constructor)
+  JsonValue(Array v) : value_(std::move(v)) {}               // NOLINT(google-explicit-constructor)
+  JsonValue(Object v) : value_(std::move(v)) {}              // NOLINT(google-explicit-constructor)
 
   [[nodiscard]] bool isNull() const { return value_.index() == 0; }
   /// Null when the value is of another type.
@@ -47,9 +48,11 @@ class JsonValue {
   std::variant<std::monostate, bool, double, std::string, Array, Object> value_;
 };
 
-/// Parses a whole text; nesting deeper than `maximumDepth` and strings longer than `maximumString` bytes are problems.
-[[nodiscard]] std::expected<JsonValue, JsonProblem> parseJson(std::string_view text,
-                                                              std::size_t maximumDepth = 512,
-                                                              std::size_t maximumString = std::string::npos);
+/// Parses a whole text; nesting deeper than `maximumDepth` and strings longer than `maximumString`
+/// bytes are problems.
+[[nodiscard]] std::expected<JsonValue, JsonProblem> parseJson(
+    std::string_view text,
+    std::size_t maximumDepth = 512,
+    std::size_t maximumString = std::string::npos);
 
 }  // namespace foundation

@@ -4,11 +4,12 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace foundation {
 
-/// Commas are the writer's business, balance is the caller's. Doubles are written so that they read back equal;
-/// NaN and infinities become null.
+/// Commas are the writer's business, balance is the caller's. Doubles are written so that they read
+/// back equal; NaN and infinities become null.
 class JsonWriter {
  public:
   JsonWriter& beginObject();

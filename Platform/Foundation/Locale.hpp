@@ -1,4 +1,5 @@
-// Locales, time zones and the languages a person prefers: values that are handed in, never read from the process.
+// Locales, time zones and the languages a person prefers: values that are handed in, never read
+// from the process.
 #pragma once
 
 #include <map>
@@ -26,8 +27,8 @@ struct TimeZone {
 
 using ProcessEnvironment = std::map<std::string, std::string>;
 
-/// Preferred language identifiers, first choice first: LANGUAGE (split at ":"), then LC_ALL, LC_MESSAGES, LANG, each cut
-/// at "." and "@"; "C" and "POSIX" are skipped. May be empty.
+/// Preferred language identifiers, first choice first: LANGUAGE (split at ":"), then LC_ALL,
+/// LC_MESSAGES, LANG, each cut at "." and "@"; "C" and "POSIX" are skipped. May be empty.
 [[nodiscard]] std::vector<std::string> preferredLanguages(const ProcessEnvironment& environment);
 
 /// The user's locale by LC_ALL, LC_TIME, LANG; "en_US" when none says anything.

@@ -1,0 +1,433 @@
+// The walk itself: structure, strings, numbers, and where a problem stands.
+#include "Foundation/JsonScanner.hpp"
+
+#include <fmt/format.h>
+#include <simdjson.h>
+
+#include <algorithm>
+#include <array>
+#include <bit>
+#include <charconv>
+#include <cstdint>
+#include <cstring>
+#include <ranges>
+#include <utility>
+
+#include "Foundation/Utf8.hpp"
+
+namespace foundation {
+namespace {
+
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+constexpr std::size_t kMaximumProblems = 100;
+
+bool isDigit(char c) {
+  return c >= '0' && c <= '9';
+}
+
+/// The first quotation mark, backslash or control character; `end` when there is none.
+const char* plainEnd(const char* at, const char* end) {
+  constexpr std::uint64_t kOnes = 0x0101010101010101;
+  constexpr std::uint64_t kTops = 0x8080808080808080;
+  const auto zeroBytes = [](std::uint64_t w) { return (w - kOnes) & ~w; };
+  while (end - at >= 8) {
+    std::uint64_t word;
+    std::memcpy(&word, at, 8);
+    if constexpr (std::endian::native == std::endian::big) word = std::byteswap(word);
+    // The lowest marked byte is exact in each of the three; higher ones may be wrong and are not
+    // looked at.
+    const std::uint64_t control = (word - kOnes * 0x20) & ~word;
+    const std::uint64_t marks =
+        (control | zeroBytes(word ^ kOnes * '"') | zeroBytes(word ^ kOnes * '\\')) & kTops;
+    if (marks != 0) return at + std::countr_zero(marks) / 8;
+    at += 8;
+  }
+  while (at != end && *at != '"' && *at != '\\' && static_cast<unsigned char>(*at) >= 0x20) ++at;
+  return at;
+}
+
+std::string_view typeName(char first) {
+  switch (first) {
+    case '{':
+      return "object";
+    case '[':
+      return "array";
+    case '"':
+      return "string";
+    case 't':
+    case 'f':
+      return "boolean";
+    case 'n':
+      return "null";
+    default:
+      return isDigit(first) || first == '-' ? "number" : "";
+  }
+}
+
+bool isHighSurrogate(char32_t unit) {
+  return unit >= 0xD800 && unit < 0xDC00;
+}
+bool isLowSurrogate(char32_t unit) {
+  return unit >= 0xDC00 && unit < 0xE000;
+}
+
+}  // namespace
+
+struct JsonScanner::NumberParts {
+  const char* start = nullptr;
+  bool negative = false;
+  std::uint64_t mantissa = 0;  // all digits as one integer; exact up to 19 of them
+  std::int64_t digits = 0;     // how many, leading zeros not counted
+  std::int64_t exponent = 0;   // of ten, for the mantissa
+};
+
+JsonScanner::JsonScanner(std::string_view text, std::size_t maximumDepth, std::size_t maximumString)
+    : maximumDepth_(std::min(maximumDepth, kMaximumDepth)), maximumString_(maximumString) {
+  if (text.starts_with(kByteOrderMark)) text.remove_prefix(kByteOrderMark.size());
+  if (!simdjson::validate_utf8(text.data(), text.size())) {
+    text = text.substr(0, firstInvalidUtf8(text));
+    cutAtBadUtf8_ = true;
+  }
+  begin_ = at_ = text.data();
+  end_ = begin_ + text.size();
+}
+
+bool JsonScanner::open() {
+  if (stopped_) return false;
+  if (depth_ == maximumDepth_) return fail(fmt::format("at most {} levels", maximumDepth_));
+  ++depth_;
+  ++at_;
+  return true;
+}
+
+bool JsonScanner::next(bool& first, char closing) {
+  if (stopped_) return false;
+  const char c = peek();
+  if (!first && c == ',') {
+    ++at_;
+    return true;
+  }
+  if (c == closing) {
+    ++at_;
+    --depth_;
+    return false;
+  }
+  if (!first) return fail(closing == '}' ? "comma or end of object" : "comma or end of array");
+  first = false;
+  return true;
+}
+
+bool JsonScanner::key(std::string_view& out, std::string& scratch) {
+  if (stopped_) return false;
+  const char* const quote = at_++;
+  const char* const stop = plainEnd(at_, end_);
+  if (stop != end_ && *stop == '"') {
+    out = {at_, stop};
+    at_ = stop + 1;
+  } else {
+    bool isText = true;
+    scratch.clear();
+    if (!unescape(scratch, isText)) return false;
+    if (!isText) note(quote, "string", "lone surrogate");
+    out = scratch;
+  }
+  if (out.size() > maximumString_) {
+    at_ = quote;
+    return fail(fmt::format("string of at most {} bytes", maximumString_));
+  }
+  if (peek() != ':') return fail("colon");
+  ++at_;
+  return true;
+}
+
+bool JsonScanner::literal(std::string_view name) {
+  if (stopped_) return false;
+  for (const char c : name) {
+    if (at_ == end_ || *at_ != c) return fail(name);
+    ++at_;
+  }
+  return true;
+}
+
+bool JsonScanner::string(std::string& out) {
+  if (stopped_) return false;
+  const char* const quote = at_++;
+  const char* const stop = plainEnd(at_, end_);
+  if (stop != end_ && *stop == '"') {
+    out.assign(at_, stop);
+    at_ = stop + 1;
+  } else {
+    bool isText = true;
+    out.clear();
+    if (!unescape(out, isText)) return false;
+    if (!isText) note(quote, "string", "lone surrogate");
+  }
+  if (out.size() > maximumString_) {
+    at_ = quote;
+    return fail(fmt::format("string of at most {} bytes", maximumString_));
+  }
+  return true;
+}
+
+bool JsonScanner::unescape(std::string& out, bool& isText) {
+  while (true) {
+    const char* const stop = plainEnd(at_, end_);
+    out.append(at_, stop);
+    at_ = stop;
+    if (at_ == end_) return fail("end of string");
+    if (*at_ == '"') {
+      ++at_;
+      return true;
+    }
+    if (*at_ != '\\') return fail("escaped control character");
+    if (!escape(&out, isText)) return false;
+  }
+}
+
+bool JsonScanner::skipString() {
+  if (stopped_) return false;
+  ++at_;
+  while (true) {
+    at_ = plainEnd(at_, end_);
+    if (at_ == end_) return fail("end of string");
+    if (*at_ == '"') {
+      ++at_;
+      return true;
+    }
+    if (*at_ != '\\') return fail("escaped control character");
+    bool isText =
+        true;  // a lone surrogate is well-formed; it matters only where the string is read
+    if (!escape(nullptr, isText)) return false;
+  }
+}
+
+bool JsonScanner::escape(std::string* out, bool& isText) {
+  constexpr std::string_view kNames = "\"\\/bfnrt";
+  constexpr std::string_view kMeanings = "\"\\/\b\f\n\r\t";
+  ++at_;
+  if (at_ == end_) return fail("escape");
+  if (*at_ != 'u') {
+    const std::size_t which = kNames.find(*at_);
+    if (which == std::string_view::npos) return fail("escape");
+    if (out != nullptr) *out += kMeanings[which];
+    ++at_;
+    return true;
+  }
+
+  ++at_;
+  char32_t scalar = 0;
+  if (!hexUnit(scalar)) return false;
+  if (isHighSurrogate(scalar) && end_ - at_ >= 2 && at_[0] == '\\' && at_[1] == 'u') {
+    const char* const second = at_;
+    at_ += 2;
+    char32_t low = 0;
+    if (!hexUnit(low)) return false;
+    if (isLowSurrogate(low)) {
+      scalar = 0x10000 + ((scalar - 0xD800) << 10) + (low - 0xDC00);
+    } else {
+      at_ = second;  // it is read again on its own
+    }
+  }
+  const bool isLone = isHighSurrogate(scalar) || isLowSurrogate(scalar);
+  if (isLone) isText = false;
+  if (out != nullptr) appendUtf8(*out, isLone ? 0xFFFD : scalar);
+  return true;
+}
+
+bool JsonScanner::hexUnit(char32_t& unit) {
+  unit = 0;
+  for (int i = 0; i < 4; ++i, ++at_) {
+    std::uint32_t digit = 0;
+    if (at_ == end_ || std::from_chars(at_, at_ + 1, digit, 16).ptr == at_) {
+      return fail("four hexadecimal digits");
+    }
+    unit = unit << 4 | digit;
+  }
+  return true;
+}
+
+bool JsonScanner::scanNumber(NumberParts& parts) {
+  parts.start = at_;
+  const auto atDigit = [&] { return at_ != end_ && isDigit(*at_); };
+  const auto take = [&] {
+    parts.mantissa = parts.mantissa * 10 + static_cast<std::uint64_t>(*at_++ - '0');
+    if (parts.digits != 0 || parts.mantissa != 0) ++parts.digits;
+  };
+
+  if (*at_ == '-') {
+    parts.negative = true;
+    ++at_;
+  }
+  if (!atDigit()) return fail("digit");
+  const bool leadingZero = *at_ == '0';
+  take();
+  if (leadingZero && atDigit()) return fail("no digit after a leading zero");
+  while (atDigit()) take();
+
+  if (at_ != end_ && *at_ == '.') {
+    ++at_;
+    if (!atDigit()) return fail("digit");
+    const char* const fraction = at_;
+    while (atDigit()) take();
+    parts.exponent = fraction - at_;
+  }
+  if (at_ == end_ || (*at_ | 0x20) != 'e') return true;
+
+  ++at_;
+  const bool down = at_ != end_ && *at_ == '-';
+  if (down || (at_ != end_ && *at_ == '+')) ++at_;
+  if (!atDigit()) return fail("digit");
+  std::int64_t exponent = 0;
+  for (; atDigit(); ++at_)
+    exponent = std::min<std::int64_t>(exponent * 10 + (*at_ - '0'), 1LL << 48);
+  parts.exponent += down ? -exponent : exponent;
+  return true;
+}
+
+bool JsonScanner::number(double& out) {
+  if (stopped_) return false;
+  NumberParts parts;
+  if (!scanNumber(parts)) return false;
+
+  // A mantissa below 2^53 and a power of ten up to 10^22 are doubles themselves, so one operation
+  // rounds correctly.
+  constexpr std::array<double, 23> kPowers = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                              1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
+                                              1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+  const bool isZero = parts.digits == 0;
+  if (isZero || (parts.digits <= 19 && parts.mantissa <= 1ULL << 53 && parts.exponent >= -22 &&
+                 parts.exponent <= 22)) {
+    const auto mantissa = static_cast<double>(parts.mantissa);
+    const double magnitude = isZero               ? 0
+                             : parts.exponent < 0 ? mantissa / kPowers[-parts.exponent]
+                                                  : mantissa * kPowers[parts.exponent];
+    out = parts.negative ? -magnitude : magnitude;
+    return true;
+  }
+
+  if (std::from_chars(parts.start, at_, out).ec == std::errc::result_out_of_range) {
+    out = parts.negative ? -0.0 : 0.0;
+    const bool isLarge = parts.digits + parts.exponent > 0;
+    if (isLarge) note(parts.start, "number within a double's range", "number too large");
+  }
+  return true;
+}
+
+bool JsonScanner::skipContainer() {
+  const bool isObject = *at_ == '{';
+  if (!open()) return false;
+  bool first = true;
+  if (isObject) {
+    while (nextMember(first)) {
+      if (!skipString() || (peek() != ':' && !fail("colon"))) return false;
+      ++at_;
+      if (!skipValue()) return false;
+    }
+  } else {
+    while (nextElement(first)) {
+      if (!skipValue()) return false;
+    }
+  }
+  return !stopped_;
+}
+
+bool JsonScanner::skipValue() {
+  if (stopped_) return false;
+  const char first = peek();
+  switch (first) {
+    case '"':
+      return skipString();
+    case '{':
+    case '[':
+      return skipContainer();
+    case 't':
+      return literal("true");
+    case 'f':
+      return literal("false");
+    case 'n':
+      return literal("null");
+    default:
+      break;
+  }
+  NumberParts parts;
+  return typeName(first).empty() ? fail("value") : scanNumber(parts);
+}
+
+bool JsonScanner::finish() {
+  if (stopped_) return false;
+  peek();
+  return at_ == end_ && !cutAtBadUtf8_ ? true : fail("end of document");
+}
+
+void JsonScanner::mismatch(std::string_view expected) {
+  if (stopped_) return;
+  const std::string_view found = typeName(peek());
+  if (!found.empty()) note(at_, expected, found);
+  skipValue();
+}
+
+void JsonScanner::note(const char* at, std::string_view expected, std::string_view found) {
+  noted_.push_back(
+      {at, {.pointer = pointer(), .expected = std::string(expected), .found = std::string(found)}});
+  if (noted_.size() == kMaximumProblems) stopped_ = true;
+}
+
+bool JsonScanner::fail(std::string_view expected) {
+  if (stopped_) return false;
+  const bool atBadUtf8 = cutAtBadUtf8_ && at_ == end_;
+  note(at_, atBadUtf8 ? "UTF-8" : expected, foundAt(at_));
+  stopped_ = true;
+  return false;
+}
+
+std::string JsonScanner::foundAt(const char* at) const {
+  if (at == end_ && !cutAtBadUtf8_) return "end of document";
+  if (isDigit(*at)) return "digit";  // never which: it may belong to an amount
+  if (*at > 0x20 && *at < 0x7F) return fmt::format("'{}'", *at);
+  return fmt::format("byte 0x{:02X}", static_cast<unsigned char>(*at));
+}
+
+std::string JsonScanner::pointer() const {
+  std::vector<const Step*> steps;
+  for (const Step* step = path_; step != nullptr; step = step->parent) steps.push_back(step);
+  std::string out;
+  for (const Step* step : steps | std::views::reverse) {
+    out += '/';
+    if (step->isElement) {
+      out += fmt::format_int(step->index).str();
+      continue;
+    }
+    for (const char c : step->key) {
+      if (c == '~') {
+        out += "~0";
+      } else if (c == '/') {
+        out += "~1";
+      } else {
+        out += c;
+      }
+    }
+  }
+  return out;
+}
+
+std::vector<JsonProblem> JsonScanner::takeProblems() {
+  std::ranges::stable_sort(noted_, {}, &Noted::at);
+  std::vector<JsonProblem> problems;
+  std::size_t line = 1;
+  const char* lineStart = begin_;
+  const char* counted = begin_;
+  for (Noted& noted : noted_) {
+    for (; counted != noted.at; ++counted) {
+      if (*counted != '\n') continue;
+      ++line;
+      lineStart = counted + 1;
+    }
+    noted.problem.line = line;
+    noted.problem.column = static_cast<std::size_t>(noted.at - lineStart) + 1;
+    problems.push_back(std::move(noted.problem));
+  }
+  noted_.clear();
+  return problems;
+}
+
+}  // namespace foundation

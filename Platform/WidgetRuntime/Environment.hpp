@@ -6,6 +6,7 @@
 #include <optional>
 #include <string_view>
 
+#include "Foundation/Locale.hpp"
 #include "ViewKit/Appearance.hpp"
 #include "ViewKit/Geometry.hpp"
 
@@ -32,6 +33,8 @@ struct Environment {
   bool showsWidgetContainerBackground = true;
   viewkit::Insets systemMargins = viewkit::Insets::all(16);
   viewkit::LayoutDirection layoutDirection = viewkit::LayoutDirection::leftToRight;
+  foundation::Locale locale;      ///< the user's, from the request's device
+  foundation::TimeZone timeZone;  ///< likewise
 
   /// The preview family when one is set, else the host's.
   [[nodiscard]] WidgetFamily familyInForce() const { return previewFamily.value_or(widgetFamily); }

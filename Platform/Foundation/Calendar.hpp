@@ -1,6 +1,7 @@
 // The Gregorian calendar with a locale and a time zone (Julian before 1582-10-15).
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string_view>

@@ -1,0 +1,31 @@
+// An open file that is closed when its owner goes.
+#pragma once
+
+#include <unistd.h>
+
+#include <utility>
+
+namespace foundation {
+
+class FileDescriptor {
+ public:
+  explicit FileDescriptor(int descriptor) : descriptor_(descriptor) {}
+  ~FileDescriptor() { reset(); }
+  FileDescriptor(FileDescriptor&& other) noexcept
+      : descriptor_(std::exchange(other.descriptor_, -1)) {}
+  FileDescriptor& operator=(FileDescriptor&& other) noexcept {
+    std::swap(descriptor_, other.descriptor_);
+    return *this;
+  }
+
+  explicit operator bool() const { return descriptor_ >= 0; }
+  [[nodiscard]] int get() const { return descriptor_; }
+  void reset() {
+    if (descriptor_ >= 0) ::close(std::exchange(descriptor_, -1));
+  }
+
+ private:
+  int descriptor_;
+};
+
+}  // namespace foundation

@@ -4,7 +4,9 @@
 #include <array>
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "Foundation/Locale.hpp"
 #include "ViewKit/Appearance.hpp"
@@ -24,7 +26,8 @@ enum class WidgetFamily : std::uint8_t {
 using viewkit::RedactionReasons;
 using viewkit::RenderingMode;
 
-/// The host's environment of one drawing. Nothing in it depends on the appearance: one tree serves both.
+/// The host's environment of one drawing. Nothing in it depends on the appearance: one tree serves
+/// both.
 struct Environment {
   WidgetFamily widgetFamily = WidgetFamily::systemSmall;
   std::optional<WidgetFamily> previewFamily;
@@ -35,12 +38,14 @@ struct Environment {
   viewkit::LayoutDirection layoutDirection = viewkit::LayoutDirection::leftToRight;
   foundation::Locale locale;      ///< the user's, from the request's device
   foundation::TimeZone timeZone;  ///< likewise
+  std::vector<std::string> preferredLanguages;  ///< likewise; what speaks without a document
 
   /// The preview family when one is set, else the host's.
   [[nodiscard]] WidgetFamily familyInForce() const { return previewFamily.value_or(widgetFamily); }
   /// The system margins, or 16 on every edge for a preview in another family.
   [[nodiscard]] viewkit::Insets contentMargins() const {
-    return previewFamily && *previewFamily != widgetFamily ? viewkit::Insets::all(16) : systemMargins;
+    return previewFamily && *previewFamily != widgetFamily ? viewkit::Insets::all(16)
+                                                           : systemMargins;
   }
 
   friend bool operator==(const Environment&, const Environment&) = default;

@@ -1,4 +1,5 @@
-// A length in points that may depend on the size its carrier is offered: a small expression made of data.
+// A length in points that may depend on the size its carrier is offered: a small expression made of
+// data.
 #pragma once
 
 #include <memory>
@@ -8,6 +9,8 @@ namespace viewkit {
 
 /// `width * W + height * H + points`, plus weighted minima and maxima of other lengths, where W x H
 /// is the size proposed to the node that carries the length (for children of a canvas: the canvas).
+/// Kept in one normal form: choices between constants or equal lengths are folded, equal terms
+/// joined and sorted, so that `min(a, b) + c == c + min(b, a)`.
 class Length {
  public:
   enum class Choice { min, max };
@@ -15,7 +18,8 @@ class Length {
   /// `factor * min(a, b)` or `factor * max(a, b)`.
   struct Term;
 
-  Length(double points = 0) : points_(points) {}  // NOLINT(google-explicit-constructor): 4 is a length
+  Length(double points = 0)
+      : points_(points) {}  // NOLINT(google-explicit-constructor): 4 is a length
   Length(double width, double height, double points)
       : width_(width), height_(height), points_(points) {}
   Length(double width, double height, double points, std::vector<Term> terms);
@@ -39,6 +43,8 @@ class Length {
   friend bool operator==(const Length& a, const Length& b);
 
  private:
+  void add(Term term, std::vector<Term>& kept);
+
   double width_ = 0;
   double height_ = 0;
   double points_ = 0;

@@ -1,95 +1,132 @@
+// Views grow in place while nobody else holds them and are copied before a change when somebody does.
 #include "ViewKit/View.hpp"
-
-#include <utility>
 
 namespace viewkit {
 
-namespace {
-
-const std::shared_ptr<const Node>& emptyNode() {
-  static const auto node = std::make_shared<const Node>();
-  return node;
-}
-
-}  // namespace
-
-View::View() : node_(emptyNode()) {}
+View::View() = default;
 View::View(Element element, std::vector<View> children)
     : node_(std::make_shared<Node>(Node{std::move(element), std::move(children), {}, {}})) {}
-View::View(const View&) = default;
-View::View(View&& other) noexcept : node_(std::exchange(other.node_, emptyNode())) {}
-View& View::operator=(const View&) = default;
-View& View::operator=(View&& other) noexcept {
-  std::swap(node_, other.node_);
-  return *this;
+View View::of(Node node) {
+  View view;
+  view.node_ = std::make_shared<Node>(std::move(node));
+  return view;
 }
+View::View(const View&) = default;
+View::View(View&&) noexcept = default;
+View& View::operator=(const View&) = default;
+View& View::operator=(View&&) noexcept = default;
 View::~View() = default;
 
-bool View::isEmpty() const { return std::holds_alternative<EmptyElement>(node_->element); }
+const Node& View::node() const {
+  static const Node empty;
+  return node_ ? *node_ : empty;
+}
 
-View View::named(std::string_view component) const {
-  if (!node_->component.empty()) return *this;
-  auto node = std::make_shared<Node>(*node_);
-  node->component = component;
-  View result;
-  result.node_ = std::move(node);
-  return result;
+bool View::isEmpty() const {
+  return !node_ || std::holds_alternative<EmptyElement>(node_->element);
+}
+
+// Every change of a view goes through here: a node that somebody else holds too is copied first.
+Node& View::writable() {
+  if (node_.use_count() != 1) node_ = std::make_shared<Node>(node());
+  return *node_;
 }
 
 template <class M>
-View View::with(M modifier) const {
-  if (isEmpty()) return *this;
-  auto node = std::make_shared<Node>(*node_);
-  node->modifiers.emplace_back(std::move(modifier));
-  View result;
-  result.node_ = std::move(node);
-  return result;
+View View::with(M modifier) && {
+  if (!isEmpty()) writable().modifiers.emplace_back(std::move(modifier));
+  return std::move(*this);
 }
 
-View View::frame(FixedFrame frame) const { return with(std::move(frame)); }
-View View::frame(FlexibleFrame frame) const { return with(frame); }
-View View::padding(Insets insets) const { return with(Padding{insets}); }
-View View::background(View content, Alignment alignment) const {
-  return content.isEmpty() ? *this : with(Background{std::move(content), alignment});
+View View::named(std::string_view component) && {
+  if (node().component.empty()) writable().component = component;
+  return std::move(*this);
 }
-View View::overlay(View content, Alignment alignment) const {
-  return content.isEmpty() ? *this : with(Overlay{std::move(content), alignment});
+
+View View::frame(FixedFrame frame) && {
+  return std::move(*this).with(std::move(frame));
 }
-View View::foregroundStyle(Paint style) const { return with(ForegroundStyle{std::move(style)}); }
-View View::opacity(double opacity) const { return with(Opacity{opacity}); }
-View View::clip(ShapeGeometry shape) const { return with(Clip{std::move(shape)}); }
-View View::cutout(ShapeGeometry shape) const { return with(Cutout{std::move(shape)}); }
-View View::shadow(Shadow shadow) const { return with(shadow); }
-View View::offset(Length x, Length y) const { return with(Offset{std::move(x), std::move(y)}); }
-View View::position(Length x, Length y) const { return with(Position{std::move(x), std::move(y)}); }
-View View::zIndex(double index) const { return with(ZIndex{index}); }
-View View::aspectRatio(double ratio, ImageElement::ContentMode mode) const {
-  return with(AspectRatio{ratio, mode});
+View View::frame(FlexibleFrame frame) && {
+  return std::move(*this).with(frame);
 }
-View View::layoutPriority(double priority) const { return with(LayoutPriority{priority}); }
-View View::fixedSize(bool horizontal, bool vertical) const {
-  return with(FixedSize{horizontal, vertical});
+View View::padding(Insets insets) && {
+  return std::move(*this).with(Padding{insets});
 }
-View View::accessibility(Accessibility accessibility) const { return with(std::move(accessibility)); }
-View View::accessibilityHidden() const { return with(Accessibility{.hidden = true}); }
-View View::accessibilityLabel(std::string label) const {
-  return with(Accessibility{.label = std::move(label)});
+View View::background(View content, Alignment alignment) && {
+  return content.isEmpty() ? std::move(*this)
+                           : std::move(*this).with(Background{std::move(content), alignment});
 }
-View View::privacySensitive(PrivacyTreatment treatment) const {
-  return with(PrivacySensitive{treatment});
+View View::overlay(View content, Alignment alignment) && {
+  return content.isEmpty() ? std::move(*this)
+                           : std::move(*this).with(Overlay{std::move(content), alignment});
 }
-View View::accentable() const { return with(Accentable{}); }
-View View::link(std::string url) const { return with(Link{std::move(url)}); }
-View View::widgetURL(std::string url) const { return with(WidgetURL{std::move(url)}); }
-View View::containerBackground(View content) const {
-  return with(ContainerBackground{std::move(content)});
+View View::foregroundStyle(Paint style) && {
+  return std::move(*this).with(ForegroundStyle{std::move(style)});
 }
-View View::layoutDirection(LayoutDirection direction) const { return with(Direction{direction}); }
+View View::opacity(double opacity) && {
+  return std::move(*this).with(Opacity{opacity});
+}
+View View::clip(ShapeGeometry shape) && {
+  return std::move(*this).with(Clip{std::move(shape)});
+}
+View View::cutout(ShapeGeometry shape) && {
+  return std::move(*this).with(Cutout{std::move(shape)});
+}
+View View::shadow(Shadow shadow) && {
+  return std::move(*this).with(shadow);
+}
+View View::offset(Length x, Length y) && {
+  return std::move(*this).with(Offset{std::move(x), std::move(y)});
+}
+View View::position(Length x, Length y) && {
+  return std::move(*this).with(Position{std::move(x), std::move(y)});
+}
+View View::zIndex(double index) && {
+  return std::move(*this).with(ZIndex{index});
+}
+View View::aspectRatio(double ratio, ImageElement::ContentMode mode) && {
+  return std::move(*this).with(AspectRatio{ratio, mode});
+}
+View View::layoutPriority(double priority) && {
+  return std::move(*this).with(LayoutPriority{priority});
+}
+View View::fixedSize(bool horizontal, bool vertical) && {
+  return std::move(*this).with(FixedSize{horizontal, vertical});
+}
+View View::accessibility(Accessibility accessibility) && {
+  return std::move(*this).with(std::move(accessibility));
+}
+View View::privacySensitive(PrivacyTreatment treatment) && {
+  return std::move(*this).with(PrivacySensitive{treatment});
+}
+View View::accentable() && {
+  return std::move(*this).with(Accentable{});
+}
+View View::link(std::string url) && {
+  return std::move(*this).with(Link{std::move(url)});
+}
+View View::widgetURL(std::string url) && {
+  return std::move(*this).with(WidgetURL{std::move(url)});
+}
+View View::containerBackground(View content) && {
+  return std::move(*this).with(ContainerBackground{std::move(content)});
+}
+View View::layoutDirection(LayoutDirection direction) && {
+  return std::move(*this).with(Direction{direction});
+}
+View View::accessibilityHidden() && {
+  return std::move(*this).with(Accessibility{.hidden = true});
+}
+View View::accessibilityLabel(std::string label) && {
+  return std::move(*this).with(Accessibility{.label = std::move(label)});
+}
 
 bool operator==(const View& a, const View& b) {
   if (a.node_ == b.node_) return true;
-  return a.node_->element == b.node_->element && a.node_->children == b.node_->children &&
-         a.node_->modifiers == b.node_->modifiers;
+  const Node& left = a.node();
+  const Node& right = b.node();
+  return left.element == right.element && left.children == right.children &&
+         left.modifiers == right.modifiers;
 }
 
 }  // namespace viewkit

@@ -1,11 +1,13 @@
 // A view: an immutable value made of one element, its children and the modifiers around it.
 #pragma once
 
+#include <cstdint>
 #include <limits>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -14,68 +16,8 @@
 namespace viewkit {
 
 struct Node;
-struct FixedFrame;
-struct FlexibleFrame;
-struct Shadow;
-struct Accessibility;
-enum class PrivacyTreatment : std::uint8_t;
 
 inline constexpr double kInfinity = std::numeric_limits<double>::infinity();
-
-/// A handle on a shared immutable node. Modifiers return a new view and are applied from the inside out: the
-/// last one is the outermost. Copying is cheap.
-class View {
- public:
-  View();  ///< the empty view
-  explicit View(Element element, std::vector<View> children = {});
-  View(const View&);
-  View(View&&) noexcept;
-  View& operator=(const View&);
-  View& operator=(View&&) noexcept;
-  ~View();
-
-  [[nodiscard]] const Node& node() const { return *node_; }
-  [[nodiscard]] bool isEmpty() const;
-
-  /// The component that this view is the body of; the innermost name stays.
-  [[nodiscard]] View named(std::string_view component) const;
-
-  [[nodiscard]] View frame(FixedFrame frame) const;
-  [[nodiscard]] View frame(FlexibleFrame frame) const;
-  [[nodiscard]] View padding(Insets insets) const;
-  [[nodiscard]] View padding(double points) const { return padding(Insets::all(points)); }
-  [[nodiscard]] View background(View content, Alignment alignment = {}) const;
-  [[nodiscard]] View overlay(View content, Alignment alignment = {}) const;
-  [[nodiscard]] View foregroundStyle(Paint style) const;
-  [[nodiscard]] View foregroundStyle(Color color) const { return foregroundStyle(Paint{color}); }
-  [[nodiscard]] View opacity(double opacity) const;
-  [[nodiscard]] View clip(ShapeGeometry shape) const;
-  [[nodiscard]] View cutout(ShapeGeometry shape) const;  ///< removes what lies behind the view in its shape
-  [[nodiscard]] View shadow(Shadow shadow) const;
-  [[nodiscard]] View offset(Length x, Length y) const;
-  [[nodiscard]] View position(Length x, Length y) const;  ///< centre; the view then takes the whole proposal
-  [[nodiscard]] View zIndex(double index) const;
-  [[nodiscard]] View aspectRatio(double ratio, ImageElement::ContentMode mode) const;
-  [[nodiscard]] View layoutPriority(double priority) const;
-  [[nodiscard]] View fixedSize(bool horizontal = true, bool vertical = true) const;
-  [[nodiscard]] View accessibility(Accessibility accessibility) const;
-  [[nodiscard]] View accessibilityHidden() const;
-  [[nodiscard]] View accessibilityLabel(std::string label) const;
-  [[nodiscard]] View privacySensitive(PrivacyTreatment treatment) const;
-  [[nodiscard]] View accentable() const;
-  [[nodiscard]] View link(std::string url) const;       ///< the view's frame is a tap region
-  [[nodiscard]] View widgetURL(std::string url) const;  ///< the whole widget's tap link
-  [[nodiscard]] View containerBackground(View content) const;
-  [[nodiscard]] View layoutDirection(LayoutDirection direction) const;
-
-  friend bool operator==(const View& a, const View& b);
-
- private:
-  template <class Modifier>
-  [[nodiscard]] View with(Modifier modifier) const;
-
-  std::shared_ptr<const Node> node_;
-};
 
 struct FixedFrame {
   std::optional<Length> width{};
@@ -92,6 +34,157 @@ struct FlexibleFrame {
   Alignment alignment{};
   friend bool operator==(const FlexibleFrame&, const FlexibleFrame&) = default;
 };
+/// A blurred silhouette behind the view; `radius` is the blur's standard deviation times two, in
+/// points.
+struct Shadow {
+  Color color = Color::black();
+  double radius = 0;
+  double x = 0;
+  double y = 0;
+  friend bool operator==(const Shadow&, const Shadow&) = default;
+};
+/// What assistive technology hears. `combine` reads the children as one element, in their order.
+struct Accessibility {
+  enum class Children : std::uint8_t { contain, combine, ignore };
+  std::string label{};
+  std::string value{};
+  bool hidden = false;
+  Children children = Children::contain;
+  friend bool operator==(const Accessibility&, const Accessibility&) = default;
+};
+/// masked: the text is already a mask and is drawn as it is. covered: the host draws a blank bar
+/// over the frame when it redacts for privacy.
+enum class PrivacyTreatment : std::uint8_t { masked, covered };
+
+/// A handle on a shared immutable node. Modifiers return a new view and are applied from the inside
+/// out: the last one is the outermost. Copying is cheap.
+class View {
+ public:
+  View();  ///< the empty view
+  explicit View(Element element, std::vector<View> children = {});
+  [[nodiscard]] static View of(Node node);
+  View(const View&);
+  View(View&&) noexcept;
+  View& operator=(const View&);
+  View& operator=(View&&) noexcept;
+  ~View();
+
+  [[nodiscard]] const Node& node() const;
+  [[nodiscard]] bool isEmpty() const;
+
+  /// The component that this view is the body of; the innermost name stays.
+  [[nodiscard]] View named(std::string_view component) const& {
+    return View{*this}.named(component);
+  }
+  [[nodiscard]] View named(std::string_view component) &&;
+
+  [[nodiscard]] View frame(FixedFrame frame) const& { return View{*this}.frame(std::move(frame)); }
+  [[nodiscard]] View frame(FlexibleFrame frame) const& { return View{*this}.frame(frame); }
+  [[nodiscard]] View padding(Insets insets) const& { return View{*this}.padding(insets); }
+  [[nodiscard]] View background(View content, Alignment alignment = {}) const& {
+    return View{*this}.background(std::move(content), alignment);
+  }
+  [[nodiscard]] View overlay(View content, Alignment alignment = {}) const& {
+    return View{*this}.overlay(std::move(content), alignment);
+  }
+  [[nodiscard]] View foregroundStyle(Paint style) const& {
+    return View{*this}.foregroundStyle(std::move(style));
+  }
+  [[nodiscard]] View opacity(double opacity) const& { return View{*this}.opacity(opacity); }
+  [[nodiscard]] View clip(ShapeGeometry shape) const& { return View{*this}.clip(std::move(shape)); }
+  /// Removes what lies behind the view in its shape.
+  [[nodiscard]] View cutout(ShapeGeometry shape) const& {
+    return View{*this}.cutout(std::move(shape));
+  }
+  [[nodiscard]] View shadow(Shadow shadow) const& { return View{*this}.shadow(shadow); }
+  [[nodiscard]] View offset(Length x, Length y) const& {
+    return View{*this}.offset(std::move(x), std::move(y));
+  }
+  /// Centre; the view then takes the whole proposal.
+  [[nodiscard]] View position(Length x, Length y) const& {
+    return View{*this}.position(std::move(x), std::move(y));
+  }
+  [[nodiscard]] View zIndex(double index) const& { return View{*this}.zIndex(index); }
+  [[nodiscard]] View aspectRatio(double ratio, ImageElement::ContentMode mode) const& {
+    return View{*this}.aspectRatio(ratio, mode);
+  }
+  [[nodiscard]] View layoutPriority(double priority) const& {
+    return View{*this}.layoutPriority(priority);
+  }
+  [[nodiscard]] View fixedSize(bool horizontal = true, bool vertical = true) const& {
+    return View{*this}.fixedSize(horizontal, vertical);
+  }
+  [[nodiscard]] View accessibility(Accessibility accessibility) const& {
+    return View{*this}.accessibility(std::move(accessibility));
+  }
+  [[nodiscard]] View privacySensitive(PrivacyTreatment treatment) const& {
+    return View{*this}.privacySensitive(treatment);
+  }
+  [[nodiscard]] View accentable() const& { return View{*this}.accentable(); }
+  /// The view's frame is a tap region.
+  [[nodiscard]] View link(std::string url) const& { return View{*this}.link(std::move(url)); }
+  /// The whole widget's tap link.
+  [[nodiscard]] View widgetURL(std::string url) const& {
+    return View{*this}.widgetURL(std::move(url));
+  }
+  [[nodiscard]] View containerBackground(View content) const& {
+    return View{*this}.containerBackground(std::move(content));
+  }
+  [[nodiscard]] View layoutDirection(LayoutDirection direction) const& {
+    return View{*this}.layoutDirection(direction);
+  }
+  [[nodiscard]] View accessibilityHidden() const& { return View{*this}.accessibilityHidden(); }
+  [[nodiscard]] View accessibilityLabel(std::string label) const& {
+    return View{*this}.accessibilityLabel(std::move(label));
+  }
+
+  [[nodiscard]] View padding(double points) const& { return padding(Insets::all(points)); }
+  [[nodiscard]] View foregroundStyle(Color color) const& { return foregroundStyle(Paint{color}); }
+
+  // The same on a view that nobody else holds: nothing is copied.
+  [[nodiscard]] View frame(FixedFrame frame) &&;
+  [[nodiscard]] View frame(FlexibleFrame frame) &&;
+  [[nodiscard]] View padding(Insets insets) &&;
+  [[nodiscard]] View background(View content, Alignment alignment = {}) &&;
+  [[nodiscard]] View overlay(View content, Alignment alignment = {}) &&;
+  [[nodiscard]] View foregroundStyle(Paint style) &&;
+  [[nodiscard]] View opacity(double opacity) &&;
+  [[nodiscard]] View clip(ShapeGeometry shape) &&;
+  [[nodiscard]] View cutout(ShapeGeometry shape) &&;
+  [[nodiscard]] View shadow(Shadow shadow) &&;
+  [[nodiscard]] View offset(Length x, Length y) &&;
+  [[nodiscard]] View position(Length x, Length y) &&;
+  [[nodiscard]] View zIndex(double index) &&;
+  [[nodiscard]] View aspectRatio(double ratio, ImageElement::ContentMode mode) &&;
+  [[nodiscard]] View layoutPriority(double priority) &&;
+  [[nodiscard]] View fixedSize(bool horizontal = true, bool vertical = true) &&;
+  [[nodiscard]] View accessibility(Accessibility accessibility) &&;
+  [[nodiscard]] View privacySensitive(PrivacyTreatment treatment) &&;
+  [[nodiscard]] View accentable() &&;
+  [[nodiscard]] View link(std::string url) &&;
+  [[nodiscard]] View widgetURL(std::string url) &&;
+  [[nodiscard]] View containerBackground(View content) &&;
+  [[nodiscard]] View layoutDirection(LayoutDirection direction) &&;
+  [[nodiscard]] View accessibilityHidden() &&;
+  [[nodiscard]] View accessibilityLabel(std::string label) &&;
+
+  [[nodiscard]] View padding(double points) && {
+    return std::move(*this).padding(Insets::all(points));
+  }
+  [[nodiscard]] View foregroundStyle(Color color) && {
+    return std::move(*this).foregroundStyle(Paint{color});
+  }
+
+  friend bool operator==(const View& a, const View& b);
+
+ private:
+  template <class M>
+  [[nodiscard]] View with(M modifier) &&;
+  [[nodiscard]] Node& writable();
+
+  std::shared_ptr<Node> node_;  ///< shared nodes never change; null is the empty view
+};
+
 struct Padding {
   Insets insets;
   friend bool operator==(const Padding&, const Padding&) = default;
@@ -122,14 +215,6 @@ struct Cutout {
   ShapeGeometry shape;
   friend bool operator==(const Cutout&, const Cutout&) = default;
 };
-/// A blurred silhouette behind the view; `radius` is the blur's standard deviation times two, in points.
-struct Shadow {
-  Color color = Color::black();
-  double radius = 0;
-  double x = 0;
-  double y = 0;
-  friend bool operator==(const Shadow&, const Shadow&) = default;
-};
 struct Offset {
   Length x;
   Length y;
@@ -158,18 +243,6 @@ struct FixedSize {
   bool vertical = true;
   friend bool operator==(const FixedSize&, const FixedSize&) = default;
 };
-/// What assistive technology hears. `combine` reads the children as one element, in their order.
-struct Accessibility {
-  enum class Children : std::uint8_t { contain, combine, ignore };
-  std::string label{};
-  std::string value{};
-  bool hidden = false;
-  Children children = Children::contain;
-  friend bool operator==(const Accessibility&, const Accessibility&) = default;
-};
-/// masked: the text is already a mask and is drawn as it is. covered: the host draws a blank bar over the frame
-/// when it redacts for privacy.
-enum class PrivacyTreatment : std::uint8_t { masked, covered };
 struct PrivacySensitive {
   PrivacyTreatment treatment = PrivacyTreatment::masked;
   friend bool operator==(const PrivacySensitive&, const PrivacySensitive&) = default;

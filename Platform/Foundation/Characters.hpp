@@ -24,4 +24,7 @@ namespace foundation {
 /// kept).
 [[nodiscard]] std::string_view trimmingSpaces(std::string_view text);
 
+/// Without leading white space and line breaks.
+[[nodiscard]] std::string_view skippingSpacesAndLineBreaks(std::string_view text);
+
 }  // namespace foundation

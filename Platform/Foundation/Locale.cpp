@@ -1,0 +1,106 @@
+// Locales from the environment that is handed in, weekdays from the Unicode library.
+#include "Foundation/Locale.hpp"
+
+#include <unicode/dtfmtsym.h>
+#include <unicode/gregocal.h>
+#include <unicode/timezone.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+
+#include "Foundation/FileManager.hpp"
+#include "Foundation/TimeZoneRules.hpp"
+
+namespace foundation {
+namespace {
+
+std::string_view variable(const ProcessEnvironment& environment, const std::string& name) {
+  const auto found = environment.find(name);
+  return found == environment.end() ? std::string_view() : found->second;
+}
+
+/// "de_DE.UTF-8@euro" is "de_DE"; nothing for the neutral locales.
+std::string_view language(std::string_view setting) {
+  setting = setting.substr(0, setting.find_first_of(".@"));
+  return setting == "C" || setting == "POSIX" ? std::string_view() : setting;
+}
+
+/// The zone that a path such as /usr/share/zoneinfo/Europe/Berlin names.
+std::string_view zoneOfPath(std::string_view path) {
+  constexpr std::string_view kFolder = "zoneinfo/";
+  const std::size_t found = path.find(kFolder);
+  return found == std::string_view::npos ? std::string_view() : path.substr(found + kFolder.size());
+}
+
+std::string machineZone() {
+  std::array<char, 1024> target;
+  const ssize_t size = ::readlink("/etc/localtime", target.data(), target.size());
+  if (size > 0) {
+    const std::string_view zone = zoneOfPath({target.data(), static_cast<std::size_t>(size)});
+    if (isKnownTimeZone(zone)) return std::string(zone);
+  }
+  const std::string file = contentsOfFile("/etc/timezone", 1024).value_or("");
+  return file.substr(0, file.find_first_of(" \t\r\n"));
+}
+
+}  // namespace
+
+bool isKnownTimeZone(std::string_view identifier) {
+  return TimeZoneRules::load(identifier).has_value();
+}
+
+std::vector<std::string> preferredLanguages(const ProcessEnvironment& environment) {
+  std::vector<std::string> languages;
+  const auto add = [&](std::string_view setting) {
+    if (const auto name = language(setting); !name.empty()) languages.emplace_back(name);
+  };
+  std::string_view list = variable(environment, "LANGUAGE");
+  while (!list.empty()) {
+    const std::size_t colon = std::min(list.find(':'), list.size());
+    add(list.substr(0, colon));
+    list.remove_prefix(std::min(colon + 1, list.size()));
+  }
+  for (const char* name : {"LC_ALL", "LC_MESSAGES", "LANG"}) add(variable(environment, name));
+  return languages;
+}
+
+Locale currentLocale(const ProcessEnvironment& environment) {
+  for (const char* name : {"LC_ALL", "LC_TIME", "LANG"}) {
+    const auto found = language(variable(environment, name));
+    if (!found.empty()) return {std::string(found)};
+  }
+  return {};
+}
+
+TimeZone currentTimeZone(const ProcessEnvironment& environment) {
+  std::string_view setting = variable(environment, "TZ");
+  if (setting.starts_with(':')) setting.remove_prefix(1);
+  if (setting.starts_with('/')) setting = zoneOfPath(setting);
+  if (isKnownTimeZone(setting)) return {std::string(setting)};
+  std::string machine = machineZone();
+  return isKnownTimeZone(machine) ? TimeZone{std::move(machine)} : TimeZone{};
+}
+
+int firstWeekday(const Locale& locale) {
+  UErrorCode status = U_ZERO_ERROR;
+  const icu::GregorianCalendar calendar(
+      *icu::TimeZone::getGMT(), icu::Locale(locale.identifier.c_str()), status);
+  const UCalendarDaysOfWeek day = calendar.getFirstDayOfWeek(status);
+  return U_SUCCESS(status) ? static_cast<int>(day) : 1;
+}
+
+std::vector<std::string> narrowWeekdayNames(const Locale& locale) {
+  UErrorCode status = U_ZERO_ERROR;
+  const icu::DateFormatSymbols symbols(icu::Locale(locale.identifier.c_str()), status);
+  std::int32_t count = 0;
+  const icu::UnicodeString* names = symbols.getWeekdays(
+      count, icu::DateFormatSymbols::STANDALONE, icu::DateFormatSymbols::NARROW);
+  std::vector<std::string> out;
+  for (std::int32_t i = UCAL_SUNDAY; U_SUCCESS(status) && i < count; ++i) {
+    names[i].toUTF8String(out.emplace_back());
+  }
+  return out;
+}
+
+}  // namespace foundation

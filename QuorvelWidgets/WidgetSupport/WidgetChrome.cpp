@@ -9,7 +9,9 @@ View WidgetChrome::body() const {
   if (padded) root = root.padding(preview ? Insets::all(16) : environment.contentMargins());
   root =
       root.frame(FlexibleFrame{.maxWidth = kInfinity, .maxHeight = kInfinity}).background(backdrop);
-  root = preview ? root.background(background) : root.containerBackground(background);
+  if (!background.isEmpty()) {
+    root = preview ? root.background(background) : root.containerBackground(background);
+  }
   return root.layoutDirection(direction).widgetURL(link);
 }
 

@@ -1,11 +1,13 @@
 #include "QuorvelWidgets/WidgetSupport/WidgetMessage.hpp"
 
 #include "QuorvelWidgets/WidgetSupport/Palette.hpp"
+#include "QuorvelWidgets/WidgetSupport/WidgetEnvironment.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetIconTile.hpp"
 
 namespace quorvel {
 
 using namespace viewkit;
+using widgetruntime::WidgetFamily;
 
 namespace {
 
@@ -65,6 +67,34 @@ View WidgetMessage::body() const {
   }
       .frame(FlexibleFrame{
           .maxWidth = kInfinity, .maxHeight = kInfinity, .alignment = Alignment::topLeading});
+}
+
+View accessoryMessage(const WidgetMessage& message, const widgetruntime::Environment& environment) {
+  const Text words = Text{message.text}.minimumScaleFactor(0.7).language(message.lang);
+  switch (environment.familyInForce()) {
+    case WidgetFamily::accessoryCircular:
+      return Symbol{message.symbol}
+          .font(24, FontWeight::semibold)
+          .foregroundStyle(Color::primary())
+          .accessibilityLabel(message.text);
+    case WidgetFamily::accessoryInline:
+      return words.font(15).lineLimit(1).foregroundStyle(Color::primary());
+    default:
+      break;
+  }
+  return VStack{
+      {.alignment = HorizontalAlignment::leading, .spacing = 2},
+      Text{message.title}
+          .font(12, FontWeight::semibold)
+          .lineLimit(1)
+          .minimumScaleFactor(0.85)
+          .language(message.lang),
+      words.font(12).lineLimit(2).balanced().foregroundStyle(secondaryTextColor(environment)),
+  }
+      .frame(FlexibleFrame{
+          .maxWidth = kInfinity, .maxHeight = kInfinity, .alignment = Alignment::leading})
+      .padding({.top = 6, .leading = 10, .bottom = 6, .trailing = 10})
+      .foregroundStyle(Color::primary());
 }
 
 }  // namespace quorvel

@@ -7,6 +7,7 @@
 
 #include "QuorvelWidgets/WidgetSupport/WAccent.hpp"
 #include "ViewKit/ViewKit.hpp"
+#include "WidgetRuntime/Environment.hpp"
 
 namespace quorvel {
 
@@ -25,5 +26,9 @@ struct WidgetMessage : viewkit::Modifiers<WidgetMessage> {
 
   [[nodiscard]] viewkit::View body() const;
 };
+
+/// The same message where there is hardly any room: the symbol, a line, or title and message.
+[[nodiscard]] viewkit::View accessoryMessage(const WidgetMessage& message,
+                                             const widgetruntime::Environment& environment);
 
 }  // namespace quorvel

@@ -1,0 +1,18 @@
+// What a view derives from the host's environment before it draws.
+#pragma once
+
+#include "QuorvelWidgets/WidgetSupport/WidgetSnapshot.hpp"
+#include "ViewKit/Color.hpp"
+#include "WidgetRuntime/Environment.hpp"
+
+namespace quorvel {
+
+/// A copy whose `isHidden` is the effective privacy: the application's or the host's.
+[[nodiscard]] WidgetSnapshot withEffectivePrivacy(WidgetSnapshot snapshot,
+                                                  const widgetruntime::Environment& environment);
+
+/// The colour of secondary texts: the palette's; in accessories that a host tints, a weaker
+/// primary.
+[[nodiscard]] viewkit::Color secondaryTextColor(const widgetruntime::Environment& environment);
+
+}  // namespace quorvel

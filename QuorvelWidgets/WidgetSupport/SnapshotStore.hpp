@@ -2,7 +2,6 @@
 // beside it. Never writes.
 #pragma once
 
-#include <filesystem>
 #include <memory>
 #include <optional>
 #include <string>
@@ -21,10 +20,19 @@ inline constexpr std::string_view kSnapshotFileName = "widget-snapshot.json";
 /// Any thread may call any operation; loading reads the file anew each time.
 class SnapshotStore {
  public:
-  SnapshotStore(foundation::Bundle bundle, foundation::FileManager fileManager);
+  /// With a `snapshotFile`, that path is read in place of the container's document.
+  SnapshotStore(foundation::Bundle bundle,
+                foundation::FileManager fileManager,
+                std::optional<std::string> snapshotFile = std::nullopt);
 
   [[nodiscard]] const std::string& appGroup() const;
   [[nodiscard]] const std::string& urlScheme() const;
+
+  /// The group's folder; nothing when there is none.
+  [[nodiscard]] std::optional<std::string> container() const;
+
+  /// Where the document is read, whether it exists or not; nothing without a container.
+  [[nodiscard]] std::optional<std::string> documentPath() const;
 
   /// Nothing without a container, a readable document or a valid one.
   [[nodiscard]] std::optional<WidgetSnapshot> load() const;
@@ -33,10 +41,12 @@ class SnapshotStore {
   [[nodiscard]] const WidgetSnapshot& sample(const foundation::Device& device) const;
 
   /// Nothing without a container; the file itself may be missing.
-  [[nodiscard]] std::optional<std::filesystem::path> cardImageURL(std::string_view cardId) const;
-  [[nodiscard]] std::optional<std::filesystem::path> brandImageURL(std::string_view brandId) const;
+  [[nodiscard]] std::optional<std::string> cardImageURL(std::string_view cardId) const;
+  [[nodiscard]] std::optional<std::string> brandImageURL(std::string_view brandId) const;
 
  private:
+  [[nodiscard]] std::optional<std::string> pathInContainer(std::string_view path) const;
+
   struct State;
   std::shared_ptr<State> state_;
 };

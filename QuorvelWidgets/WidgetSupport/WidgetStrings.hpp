@@ -3,7 +3,6 @@
 
 #include <cstdint>
 #include <optional>
-#include <span>
 #include <string>
 #include <string_view>
 
@@ -19,9 +18,6 @@ struct WidgetStrings {
                                         std::optional<std::string_view> lang,
                                         std::optional<std::int64_t> n = std::nullopt);
 
-  /// The keys in the table's order.
-  [[nodiscard]] static std::span<const std::string_view> keys();
-
   /// The text of `comparisonWith` for a period's name.
   [[nodiscard]] static std::string comparisonWith(std::string_view period,
                                                   std::optional<std::string_view> lang);
@@ -30,8 +26,7 @@ struct WidgetStrings {
 /// The phrase for a number of cards, by the language's plural rule.
 [[nodiscard]] std::string cardCountText(std::int64_t count, std::optional<std::string_view> lang);
 
-/// "/ day", "/ hari", else the text of `perDay`: what follows an amount per day, with the space
-/// before it.
+/// What follows an amount per day after a space: "/ day", "/ hari", else the text of `perDay`.
 [[nodiscard]] std::string perDayUnit(std::optional<std::string_view> lang);
 
 /// An amount or percentage inside a joined text, read from left to right.

@@ -1,0 +1,88 @@
+#include "QuorvelWidgets/WidgetSupport/WidgetDates.hpp"
+
+#include <fmt/format.h>
+
+#include <array>
+#include <unordered_map>
+
+#include "Foundation/DateFormatter.hpp"
+#include "QuorvelWidgets/WidgetSupport/WidgetLanguage.hpp"
+
+namespace quorvel {
+namespace {
+
+using foundation::DateFormatter;
+
+constexpr std::array<std::string_view, kLanguageCount> kDueDatePatterns{"MMM d",
+                                                                        "d MMM",
+                                                                        "d MMM",
+                                                                        "d 'de' MMM",
+                                                                        "d MMM",
+                                                                        "d. MMM",
+                                                                        "d MMM",
+                                                                        "M月d日",
+                                                                        "MMM d일",
+                                                                        "M月d日",
+                                                                        "M月d日",
+                                                                        "d MMM",
+                                                                        "d MMM"};
+
+/// More than any device asks for; a host that replays many zones starts over.
+constexpr std::size_t kKeptFormatters = 64;
+
+/// A formatter serves one thread at a time, so each thread keeps its own.
+const DateFormatter& keptFormatter(const foundation::Locale& locale,
+                                   const foundation::TimeZone& zone,
+                                   std::string_view pattern) {
+  thread_local std::unordered_map<std::string, DateFormatter> kept;
+  const std::string key = fmt::format("{}\n{}\n{}", locale.identifier, zone.identifier, pattern);
+  if (const auto found = kept.find(key); found != kept.end()) return found->second;
+  if (kept.size() >= kKeptFormatters) kept.clear();
+  return kept.try_emplace(key, locale, zone, pattern).first->second;
+}
+
+bool isDigit(char c) {
+  return c >= '0' && c <= '9';
+}
+
+/// 1...12; nothing for what is not four digits, "-" and a month's two digits.
+std::optional<int> monthNumber(std::string_view month) {
+  constexpr std::string_view kForm = "dddd-dd";
+  if (month.size() != kForm.size()) return std::nullopt;
+  for (std::size_t i = 0; i < kForm.size(); ++i) {
+    if (kForm[i] == 'd' ? !isDigit(month[i]) : month[i] != kForm[i]) return std::nullopt;
+  }
+  const int number = (month[5] - '0') * 10 + (month[6] - '0');
+  return number >= 1 && number <= 12 ? std::optional(number) : std::nullopt;
+}
+
+}  // namespace
+
+std::string dateText(foundation::Instant date,
+                     std::optional<std::string_view> lang,
+                     std::string_view pattern,
+                     const foundation::TimeZone& zone) {
+  return keptFormatter(localeFor(lang), zone, pattern).string(date);
+}
+
+std::string_view dueDatePattern(std::optional<std::string_view> lang) {
+  return kDueDatePatterns[static_cast<std::size_t>(languageForCode(lang))];
+}
+
+std::string dueDateText(foundation::Instant date,
+                        std::optional<std::string_view> lang,
+                        const foundation::TimeZone& zone) {
+  return dateText(date, lang, dueDatePattern(lang), zone);
+}
+
+std::optional<std::string> abbreviatedMonth(std::string_view month,
+                                            std::optional<std::string_view> lang) {
+  const auto number = monthNumber(month);
+  if (!number) return std::nullopt;
+  // Names of months are the same in every year.
+  const auto date =
+      foundation::parseInternetDateTime(fmt::format("2001-{:02}-15T00:00:00Z", *number));
+  return dateText(date.value_or(foundation::Instant{}), lang, "MMM", foundation::TimeZone{"UTC"});
+}
+
+}  // namespace quorvel

@@ -1,0 +1,50 @@
+// Where the points of a history stand in a chart, apart from any view.
+#pragma once
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <span>
+#include <vector>
+
+namespace quorvel {
+
+template <class Number>
+struct ChartPoint {
+  Number x;
+  Number y;
+  friend bool operator==(const ChartPoint&, const ChartPoint&) = default;
+};
+
+/// The band of the line, as fractions of the height: room above it, a floor of area below it.
+inline constexpr double kChartTop = 0.18;
+inline constexpr double kChartBottom = 0.8;
+inline constexpr double kChartMiddle = (kChartTop + kChartBottom) / 2;
+
+/// How far below the highest value each value lies, 0 (highest) ... 1 (lowest); nothing to measure
+/// by when all are equal (then every one is a half). Halves keep the range of the largest doubles
+/// finite.
+[[nodiscard]] std::vector<double> depthsBelowTop(std::span<const double> values);
+
+/// One point a value, oldest first, over the width without its end inset (never below 0). A single
+/// value stands at the right end.
+template <class Number>
+[[nodiscard]] std::vector<ChartPoint<Number>> chartPoints(std::span<const double> values,
+                                                          const Number& width,
+                                                          const Number& height,
+                                                          double endInset) {
+  using std::max;
+  const Number usable = max(width - Number(endInset), Number(0));
+  const std::vector<double> depths = depthsBelowTop(values);
+  std::vector<ChartPoint<Number>> points;
+  points.reserve(depths.size());
+  for (std::size_t i = 0; i < depths.size(); ++i) {
+    const double along =
+        depths.size() == 1 ? 1 : static_cast<double>(i) / static_cast<double>(depths.size() - 1);
+    points.push_back(
+        {usable * along, height * (kChartTop + (kChartBottom - kChartTop) * depths[i])});
+  }
+  return points;
+}
+
+}  // namespace quorvel

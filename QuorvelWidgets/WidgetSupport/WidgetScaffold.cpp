@@ -1,0 +1,52 @@
+#include "QuorvelWidgets/WidgetSupport/WidgetScaffold.hpp"
+
+#include <utility>
+
+#include "QuorvelWidgets/WidgetSupport/Palette.hpp"
+#include "QuorvelWidgets/WidgetSupport/WidgetChrome.hpp"
+#include "QuorvelWidgets/WidgetSupport/WidgetLanguage.hpp"
+#include "QuorvelWidgets/WidgetSupport/WidgetMessage.hpp"
+#include "QuorvelWidgets/WidgetSupport/WidgetStrings.hpp"
+
+namespace quorvel {
+
+using namespace viewkit;
+
+std::string WidgetScaffold::lang() const {
+  return snapshot ? snapshot->lang : preferredLanguageCode(environment.preferredLanguages);
+}
+
+View WidgetScaffold::message(const EmptyState& state) const {
+  const std::string language = lang();
+  WidgetMessage view{.symbol = std::string{state.symbol},
+                     .text = WidgetStrings::text(state.text, language),
+                     .label = WidgetStrings::text(state.label, language),
+                     .title = WidgetStrings::text(state.title, language),
+                     .titleIsStatus = state.labelIsStatus,
+                     .accent = WAccent{snapshot ? snapshot->accent : std::nullopt},
+                     .lang = language};
+  if (isAccessory(environment.familyInForce())) return accessoryMessage(view, environment);
+  return view;
+}
+
+View WidgetScaffold::root(View content, bool padded) const {
+  const bool accessory = isAccessory(environment.familyInForce());
+  WidgetChrome chrome{
+      .preview = environment.previewFamily.has_value(),
+      .padded = padded && !accessory,
+      .content = std::move(content),
+      .environment = environment,
+      .direction = snapshot ? layoutDirection(snapshot->lang) : environment.layoutDirection,
+      .link = link,
+  };
+  if (!accessory) chrome.background = Rectangle().fill(palette::canvas);
+  return chrome;
+}
+
+Color groundColor(const Color& color, const widgetruntime::Environment& environment) {
+  return environment.widgetRenderingMode == widgetruntime::RenderingMode::fullColor
+             ? color
+             : Color::primary().withOpacity(0.14);
+}
+
+}  // namespace quorvel

@@ -1,0 +1,43 @@
+// What every widget's view does around its content: language, direction, margins, ground, link and
+// empty states.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "QuorvelWidgets/WidgetSupport/WidgetSnapshot.hpp"
+#include "ViewKit/ViewKit.hpp"
+#include "WidgetRuntime/Environment.hpp"
+
+namespace quorvel {
+
+/// An empty state: a symbol and keys of the string table.
+struct EmptyState {
+  std::string_view symbol;
+  std::string_view title;
+  std::string_view text;
+  std::string_view label;
+  bool labelIsStatus = false;
+};
+
+/// Keeps references: use it while the snapshot and the environment live.
+struct WidgetScaffold {
+  const std::optional<WidgetSnapshot>& snapshot;
+  const widgetruntime::Environment& environment;
+  std::string link;
+
+  /// The snapshot's language; without one the first of the user's that the widgets speak.
+  [[nodiscard]] std::string lang() const;
+  /// In the snapshot's accent, or the built-in one.
+  [[nodiscard]] viewkit::View message(const EmptyState& state) const;
+  /// The widget's root on the canvas. Content that is not padded reaches the widget's edges.
+  [[nodiscard]] viewkit::View root(viewkit::View content, bool padded = true) const;
+};
+
+/// An opaque ground of the palette; where the host tints, a faint primary that leaves texts
+/// legible.
+[[nodiscard]] viewkit::Color groundColor(const viewkit::Color& color,
+                                         const widgetruntime::Environment& environment);
+
+}  // namespace quorvel

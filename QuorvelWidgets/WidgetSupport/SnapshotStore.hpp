@@ -7,10 +7,13 @@
 #include <string>
 #include <string_view>
 
-#include "Foundation/Bundle.hpp"
 #include "Foundation/Device.hpp"
-#include "Foundation/FileManager.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetSnapshot.hpp"
+
+namespace foundation {
+class Bundle;
+class FileManager;
+}  // namespace foundation
 
 namespace quorvel {
 

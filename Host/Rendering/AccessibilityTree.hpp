@@ -1,0 +1,38 @@
+// What assistive technology is told of a placed tree.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "Rendering/PlacedTree.hpp"
+#include "ViewKit/Appearance.hpp"
+
+namespace rendering {
+
+struct AccessibilityOptions {
+  viewkit::RedactionReasons redaction;
+  std::string name{};  ///< the widget's, all that a placeholder says
+};
+
+enum class AccessibleRole : std::uint8_t { text, image, link, group };
+
+struct AccessibleElement {
+  AccessibleRole role = AccessibleRole::text;
+  std::string label;
+  std::string value;
+  Rect frame;
+  std::string link;  ///< of the link role
+  friend bool operator==(const AccessibleElement&, const AccessibleElement&) = default;
+};
+
+/// In the order of the tree. Symbols and images are silent unless labelled; what a link surrounds
+/// is one element; a covered view and its labels are left out while the host redacts for privacy.
+[[nodiscard]] std::vector<AccessibleElement> accessibleElements(
+    const PlacedTree& tree, const AccessibilityOptions& options);
+
+/// The same, one element a line: role, label, value, link and frame.
+[[nodiscard]] std::string accessibilityTree(const PlacedTree& tree,
+                                            const AccessibilityOptions& options);
+
+}  // namespace rendering

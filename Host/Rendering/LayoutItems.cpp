@@ -1,0 +1,228 @@
+#include "Rendering/LayoutItems.hpp"
+
+#include "Rendering/LayoutFrame.hpp"
+#include "Rendering/LayoutLeaves.hpp"
+#include "Rendering/LayoutModifiers.hpp"
+#include "Rendering/LayoutNumbers.hpp"
+#include "Rendering/LayoutProbe.hpp"
+
+namespace rendering {
+
+namespace {
+
+using namespace viewkit;
+
+constexpr double kSpacerPriority = -kUnbounded;
+
+SpacerAxis axisOf(const StackElement& stack) {
+  switch (stack.axis) {
+    case StackElement::Axis::horizontal:
+      return SpacerAxis::horizontal;
+    case StackElement::Axis::vertical:
+      return SpacerAxis::vertical;
+    case StackElement::Axis::depth:
+      break;
+  }
+  return SpacerAxis::both;
+}
+
+/// Traits go through modifiers to the stack around the view; of several the outermost counts.
+template <class Trait>
+const Trait* outermost(const Node& node) {
+  for (auto it = node.modifiers.rbegin(); it != node.modifiers.rend(); ++it) {
+    if (const auto* trait = std::get_if<Trait>(&*it)) return trait;
+  }
+  return nullptr;
+}
+
+const View* contentOf(const Modifier& modifier) {
+  if (const auto* background = std::get_if<Background>(&modifier)) return &background->content;
+  if (const auto* overlay = std::get_if<Overlay>(&modifier)) return &overlay->content;
+  return nullptr;
+}
+
+double memoKey(std::optional<double> length) {
+  return length.value_or(-1);
+}
+
+/// Only an infinite proposal may be answered with infinity.
+double cleanAnswer(double length, std::optional<double> proposed) {
+  const bool mayBeInfinite = proposed && std::isinf(*proposed);
+  return mayBeInfinite ? cleanLength(length) : std::min(cleanLength(length), kFarthest);
+}
+
+}  // namespace
+
+Answer LayoutProbe::operator()(const Proposal& proposal) const {
+  return items.measure(child, proposal);
+}
+
+LayoutItems::LayoutItems(const View& view, const LayoutOptions& options, TextMeasurer& measurer)
+    : measurer_(measurer),
+      metrics_(measurer.metrics()),
+      placeholder_(options.placeholderRedaction),
+      trace_(options.trace) {
+  items_.reserve(64);
+  children_.reserve(64);
+  memos_.reserve(256);
+  root_ = addView(view, {options.direction});
+}
+
+ItemId LayoutItems::addItem(const Node& node, const Context& context) {
+  const auto id = static_cast<ItemId>(items_.size());
+  LayoutItem& item = items_.emplace_back();
+  item.source = &node;
+  item.direction = context.direction;
+  item.spacerAxis = context.spacerAxis;
+  item.isSpacer = std::holds_alternative<SpacerElement>(node.element);
+  const auto* priority = outermost<LayoutPriority>(node);
+  item.priority = priority ? cleanNumber(priority->priority) : item.isSpacer ? kSpacerPriority : 0;
+  if (const auto* z = outermost<ZIndex>(node)) item.zIndex = cleanNumber(z->index);
+  return id;
+}
+
+ItemId LayoutItems::addView(const View& view, Context context) {
+  const Node& node = view.node();
+  ItemId outer = kNone;
+  ItemId around = kNone;
+  const auto hang = [&](ItemId id) {
+    if (around == kNone) {
+      outer = id;
+    } else {
+      children_[items_[around].firstChild] = id;
+    }
+    around = id;
+  };
+  for (auto it = node.modifiers.rbegin(); it != node.modifiers.rend(); ++it) {
+    const ItemId id = addItem(node, context);
+    items_[id].what = &*it;
+    items_[id].onCanvas = context.onCanvas;
+    const View* content = contentOf(*it);
+    items_[id].firstChild = static_cast<std::uint32_t>(children_.size());
+    items_[id].childCount = content ? 2 : 1;
+    children_.resize(children_.size() + items_[id].childCount, kNone);
+    hang(id);
+    if (content) {
+      const ItemId side = addView(*content, {context.direction});
+      children_[items_[id].firstChild + 1] = side;
+    }
+    if (const auto* direction = std::get_if<Direction>(&*it)) {
+      context.direction = direction->direction;
+    }
+  }
+  hang(addElement(node, context));
+  return outer;
+}
+
+ItemId LayoutItems::addElement(const Node& node, const Context& context) {
+  const ItemId id = addItem(node, context);
+  items_[id].what = &node.element;
+  if (const auto* text = std::get_if<TextElement>(&node.element)) addText(id, *text);
+  if (const auto* stack = std::get_if<StackElement>(&node.element)) {
+    addChildren(id, node.children, {context.direction, axisOf(*stack)});
+  } else if (std::holds_alternative<CanvasElement>(node.element)) {
+    addChildren(id, node.children, {context.direction, SpacerAxis::both, true});
+  } else if (std::holds_alternative<ImageElement>(node.element) ||
+             std::holds_alternative<GaugeElement>(node.element)) {
+    addChildren(id, node.children, {context.direction});
+  }
+  return id;
+}
+
+void LayoutItems::addChildren(ItemId parent, std::span<const View> views, const Context& context) {
+  const auto first = static_cast<std::uint32_t>(children_.size());
+  std::uint32_t count = 0;
+  for (const View& view : views) count += view.isEmpty() ? 0 : 1;
+  children_.resize(first + count, kNone);
+  items_[parent].firstChild = first;
+  items_[parent].childCount = count;
+  std::uint32_t at = first;
+  for (const View& view : views) {
+    if (view.isEmpty()) continue;
+    const ItemId child = addView(view, context);
+    children_[at++] = child;
+  }
+}
+
+void LayoutItems::addText(ItemId id, const TextElement& text) {
+  const TextStyle style{
+      text.weight, text.design, text.language, text.direction.value_or(items_[id].direction)};
+  items_[id].text = static_cast<std::uint32_t>(texts_.size());
+  texts_.emplace_back(text, measurer_.shape(text.text, style), metrics_, placeholder_);
+}
+
+std::vector<StackChild>& LayoutItems::takeStackChildren(const LayoutItem& item) {
+  if (recordsInUse_ == records_.size()) records_.emplace_back();
+  std::vector<StackChild>& record = records_[recordsInUse_++];
+  record.clear();
+  for (const ItemId child : children(item)) {
+    record.push_back({child, items_[child].priority, items_[child].isSpacer, 0, {}});
+  }
+  return record;
+}
+
+Answer LayoutItems::measure(ItemId id, const Proposal& asked) {
+  const Proposal proposal = cleanProposal(asked);
+  const double width = memoKey(proposal.width);
+  const double height = memoKey(proposal.height);
+  for (std::uint32_t memo = items_[id].firstMemo; memo != kNone; memo = memos_[memo].next) {
+    if (memos_[memo].width == width && memos_[memo].height == height) return memos_[memo].answer;
+  }
+  ++depth_;
+  Answer answer = workOut(id, proposal);
+  --depth_;
+  answer.width = cleanAnswer(answer.width, proposal.width);
+  answer.height = cleanAnswer(answer.height, proposal.height);
+  if (answer.baseline) answer.baseline = cleanNumber(*answer.baseline);
+  memos_.push_back({width, height, answer, items_[id].firstMemo});
+  items_[id].firstMemo = static_cast<std::uint32_t>(memos_.size() - 1);
+  if (trace_) trace_({items_[id].what, depth_, proposal, answer.size()});
+  return answer;
+}
+
+Answer LayoutItems::workOut(ItemId id, const Proposal& proposal) {
+  if (const auto* element = std::get_if<const Element*>(&items_[id].what)) {
+    return workOutElement(id, **element, proposal);
+  }
+  return arrangeTarget(id, proposal).own;
+}
+
+Answer LayoutItems::workOutElement(ItemId id, const Element& element, const Proposal& proposal) {
+  if (const auto* stack = std::get_if<StackElement>(&element)) {
+    StackRecord record(*this, items_[id]);
+    return arrangeStack(*stack, proposal, *this, record.children());
+  }
+  if (std::holds_alternative<TextElement>(element)) return text(items_[id]).answer(proposal);
+  if (const auto* spacer = std::get_if<SpacerElement>(&element)) {
+    return answerOf(*spacer, proposal, items_[id].spacerAxis);
+  }
+  if (const auto* symbol = std::get_if<SymbolElement>(&element)) {
+    return answerOf(*symbol, metrics_);
+  }
+  if (std::holds_alternative<GaugeElement>(element)) return answerOfGauge(proposal);
+  if (std::holds_alternative<EmptyElement>(element)) return {};
+  return answerOfWholeProposal(proposal);
+}
+
+Arrangement LayoutItems::arrangeTarget(ItemId id, const Proposal& asked) {
+  const Proposal proposal = cleanProposal(asked);
+  const Modifier& modifier = *std::get<const Modifier*>(items_[id].what);
+  const Proposal reference = items_[id].reference(proposal);
+  const LayoutProbe target{*this, children_[items_[id].firstChild]};
+  if (const auto* m = std::get_if<FixedFrame>(&modifier)) {
+    return arrange(*m, proposal, reference, target);
+  }
+  if (const auto* m = std::get_if<FlexibleFrame>(&modifier)) return arrange(*m, proposal, target);
+  if (const auto* m = std::get_if<Padding>(&modifier)) return arrange(*m, proposal, target);
+  if (const auto* m = std::get_if<Offset>(&modifier)) {
+    return arrange(*m, proposal, reference, target);
+  }
+  if (const auto* m = std::get_if<Position>(&modifier)) {
+    return arrange(*m, proposal, reference, target);
+  }
+  if (const auto* m = std::get_if<AspectRatio>(&modifier)) return arrange(*m, proposal, target);
+  if (const auto* m = std::get_if<FixedSize>(&modifier)) return arrange(*m, proposal, target);
+  return arrangeTransparent(proposal, target);
+}
+
+}  // namespace rendering

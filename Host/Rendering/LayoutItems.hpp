@@ -1,0 +1,94 @@
+// A view flattened into items that answer proposals; every answer is worked out once and
+// remembered.
+#pragma once
+
+#include <deque>
+#include <span>
+#include <vector>
+
+#include "Rendering/Layout.hpp"
+#include "Rendering/LayoutRecords.hpp"
+#include "Rendering/LayoutStack.hpp"
+#include "Rendering/TextLayout.hpp"
+#include "Rendering/TextMeasurer.hpp"
+
+namespace rendering {
+
+class LayoutItems {
+ public:
+  LayoutItems(const viewkit::View& view, const LayoutOptions& options, TextMeasurer& measurer);
+
+  [[nodiscard]] ItemId root() const { return root_; }
+  [[nodiscard]] LayoutItem& operator[](ItemId id) { return items_[id]; }
+  [[nodiscard]] std::span<const ItemId> children(const LayoutItem& item) const {
+    return std::span(children_).subspan(item.firstChild, item.childCount);
+  }
+  [[nodiscard]] TextLayout& text(const LayoutItem& item) { return texts_[item.text]; }
+
+  Answer measure(ItemId id, const Proposal& proposal);
+
+  /// The places of the children of a modifier's item, its target first. Only for modifiers.
+  [[nodiscard]] Arrangement arrangeTarget(ItemId id, const Proposal& proposal);
+  /// A stack's children, ready to be arranged. The record is given back with `release`, the last
+  /// one taken first.
+  [[nodiscard]] std::vector<StackChild>& takeStackChildren(const LayoutItem& item);
+  void release() { --recordsInUse_; }
+
+  /// Scratch for stacks: each appends its children and cuts them off again.
+  [[nodiscard]] std::vector<StackChild*>& stackOrder() { return order_; }
+
+ private:
+  struct Memo {
+    double width;  ///< negative: none proposed
+    double height;
+    Answer answer;
+    std::uint32_t next;
+  };
+  struct Context {
+    viewkit::LayoutDirection direction;
+    SpacerAxis spacerAxis = SpacerAxis::both;
+    bool onCanvas = false;
+  };
+
+  ItemId addView(const viewkit::View& view, Context context);
+  ItemId addElement(const viewkit::Node& node, const Context& context);
+  ItemId addItem(const viewkit::Node& node, const Context& context);
+  void addChildren(ItemId parent, std::span<const viewkit::View> views, const Context& context);
+  void addText(ItemId id, const viewkit::TextElement& text);
+
+  [[nodiscard]] Answer workOut(ItemId id, const Proposal& proposal);
+  [[nodiscard]] Answer workOutElement(ItemId id,
+                                      const viewkit::Element& element,
+                                      const Proposal& proposal);
+
+  TextMeasurer& measurer_;
+  FontMetrics metrics_;
+  bool placeholder_;
+  const LayoutTrace& trace_;
+  int depth_ = 0;
+  std::vector<LayoutItem> items_;
+  std::vector<ItemId> children_;
+  std::vector<TextLayout> texts_;
+  std::vector<Memo> memos_;
+  std::deque<std::vector<StackChild>> records_;
+  std::size_t recordsInUse_ = 0;
+  std::vector<StackChild*> order_;
+  ItemId root_ = kNone;
+};
+
+/// A stack's children for as long as a function works on them.
+class StackRecord {
+ public:
+  StackRecord(LayoutItems& items, const LayoutItem& item)
+      : items_(items), children_(items.takeStackChildren(item)) {}
+  StackRecord(const StackRecord&) = delete;
+  StackRecord& operator=(const StackRecord&) = delete;
+  ~StackRecord() { items_.release(); }
+  [[nodiscard]] std::span<StackChild> children() { return children_; }
+
+ private:
+  LayoutItems& items_;
+  std::vector<StackChild>& children_;
+};
+
+}  // namespace rendering

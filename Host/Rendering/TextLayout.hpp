@@ -1,0 +1,90 @@
+// A text in lines: broken, shrunk and cut to fit what it is offered.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+#include "Rendering/LayoutRecords.hpp"
+#include "Rendering/TextMeasurer.hpp"
+
+namespace rendering {
+
+/// Widths and heights grow linearly with the scale, tracking included, so that everything here is
+/// worked out at scale 1 and a text shrunk by s in a width w breaks as the full-sized one in w / s.
+class TextLayout {
+ public:
+  struct Line {
+    std::uint32_t first = 0;  ///< clusters [first, last), without the spaces that hang at the end
+    std::uint32_t last = 0;
+    bool ellipsis = false;
+    double width = 0;  ///< points at scale 1
+  };
+  struct Fit {
+    std::vector<Line> lines;
+    double scale = 1;
+    Answer answer;
+  };
+
+  TextLayout(const viewkit::TextElement& element,
+             std::shared_ptr<const ShapedParagraph> paragraph,
+             FontMetrics metrics,
+             bool placeholder);
+
+  /// Never wider than needed nor than proposed, except that less than the least width is answered
+  /// with it.
+  [[nodiscard]] Answer answer(const Proposal& proposal) { return fit(proposal).answer; }
+  [[nodiscard]] const Fit& fit(const Proposal& proposal);
+
+  [[nodiscard]] const std::shared_ptr<const ShapedParagraph>& paragraph() const {
+    return paragraph_;
+  }
+  [[nodiscard]] double size() const { return size_; }
+  [[nodiscard]] double tracking() const { return tracking_; }
+
+ private:
+  /// A stretch that stays on one line if it can.
+  struct Chunk {
+    std::uint32_t content = 0;  ///< end without trailing spaces
+    std::uint32_t end = 0;
+    bool endsParagraph = false;
+  };
+  enum class Breaking { betweenChunks, anywhere };
+  struct Room {
+    double width;
+    double height;
+  };
+
+  void makeChunks();
+  [[nodiscard]] double extent(std::uint32_t first, std::uint32_t last) const {
+    return reach_[last] - reach_[first];
+  }
+  [[nodiscard]] double leastWidth() const;
+  [[nodiscard]] std::size_t linesAllowed(const Room& room, double scale) const;
+
+  /// Fills the lines; false if the text needs more than `most` or, between chunks, a wider line.
+  bool breakLines(double width, std::size_t most, Breaking breaking);
+  [[nodiscard]] bool fitsAt(double scale, const Room& room, Breaking breaking);
+  [[nodiscard]] bool shrinkToFit(const Room& room, Breaking breaking);
+  void cut(const Room& room);
+  void balance();
+  [[nodiscard]] double widestLine() const;
+  void finish(double widthOffered);
+
+  std::shared_ptr<const ShapedParagraph> paragraph_;
+  double size_;
+  double tracking_;
+  double leastScale_;
+  double lineHeight_;
+  double ascent_;
+  double ellipsis_;
+  double placeholderWidth_;
+  std::size_t lineLimit_;
+  bool balanced_;
+  std::vector<double> reach_;  ///< points from the start to each cluster, and to the end
+  double widestCluster_ = 0;
+  std::vector<Chunk> chunks_;
+  Fit fit_;
+};
+
+}  // namespace rendering

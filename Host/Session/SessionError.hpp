@@ -13,7 +13,7 @@ struct SessionError {
     notStarted,  ///< the program could not be run
     deadline,    ///< no answer in time
     died,        ///< the process ended or closed a pipe before it had answered
-    flood,       ///< more output than is taken
+    flood,       ///< more error output than is taken
     malformed,   ///< bytes that are no frame, no JSON, or the answer to something else
     refused,     ///< the extension answered with an error
     unreadable   ///< an answer whose content breaks the form or a limit

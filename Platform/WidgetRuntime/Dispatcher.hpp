@@ -16,7 +16,7 @@ namespace widgetruntime {
 /// locale of the process.
 struct ExtensionDefinition {
   std::function<WidgetBundle(const InitializeParameters&)> makeBundle;
-  std::function<DiagnoseAnswer(const DiagnoseParameters&, const WidgetBundle&)> diagnose;
+  std::function<DiagnoseAnswer(const DiagnoseParameters&)> diagnose;
 };
 
 /// Keeps nothing between requests but the bundle that initialize made. Never throws.
@@ -28,6 +28,7 @@ class Dispatcher {
   /// that is an entry without a snapshot. Errors are for requests that are malformed, unknown or
   /// out of turn.
   [[nodiscard]] std::string handle(std::string_view request);
+  [[nodiscard]] std::string handle(const RpcRequest& request);
 
   /// After `shutdown`; every request but `exit` is then refused.
   [[nodiscard]] bool isShutDown() const { return isShutDown_; }

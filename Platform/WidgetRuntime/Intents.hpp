@@ -1,4 +1,5 @@
-// Application intents as far as widgets are configured by them: parameters, enumerations, entities and their queries.
+// Application intents as far as widgets are configured by them: parameters, enumerations, entities
+// and their queries.
 #pragma once
 
 #include <functional>
@@ -19,16 +20,17 @@ struct IntentOption {
 
 /// The operations of an entity query; each reads its source anew.
 struct EntityQuery {
-  std::function<std::vector<IntentOption>(const std::vector<std::string>& ids)> entitiesForIdentifiers;
+  std::function<std::vector<IntentOption>(const std::vector<std::string>& ids)>
+      entitiesForIdentifiers;
   std::function<std::vector<IntentOption>()> suggestedEntities;
   std::function<std::optional<IntentOption>()> defaultResult;
 };
 
 struct IntentParameter {
   enum class Type { enumeration, entity };
-  std::string name;       ///< "style"
-  std::string title;      ///< "Style"
-  std::string typeName;   ///< the type's display name
+  std::string name;      ///< "style"
+  std::string title;     ///< "Style"
+  std::string typeName;  ///< the type's display name
   Type type = Type::enumeration;
   std::vector<IntentOption> cases;          ///< enumerations, in the order shown
   std::optional<std::string> defaultValue;  ///< a case's raw value

@@ -12,7 +12,7 @@
 
 namespace widgetruntime {
 
-enum class RpcErrorCode : std::int16_t {
+enum class RpcErrorCode : std::int32_t {
   parseError = -32700,
   invalidRequest = -32600,
   methodNotFound = -32601,
@@ -54,6 +54,9 @@ struct RpcAnswer {
 /// What is wrong in one line, when it is no answer.
 [[nodiscard]] std::expected<RpcAnswer, std::string> readAnswer(std::string_view text);
 
+/// Whom a cancellation means.
+[[nodiscard]] std::optional<RpcId> readCancelledId(const foundation::JsonValue& parameters);
+
 /// Parameters and results are JSON already.
 [[nodiscard]] std::string writeRequest(std::int64_t id,
                                        std::string_view method,
@@ -61,6 +64,6 @@ struct RpcAnswer {
 [[nodiscard]] std::string writeNotification(std::string_view method,
                                             std::string_view parametersJson);
 [[nodiscard]] std::string writeResult(const RpcId& id, std::string_view resultJson);
-[[nodiscard]] std::string writeError(const RpcId& id, const RpcError& error);
+[[nodiscard]] std::string writeError(const RpcFailure& failure);
 
 }  // namespace widgetruntime

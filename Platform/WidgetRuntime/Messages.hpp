@@ -47,6 +47,7 @@ inline constexpr std::size_t kMaximumAnswerDepth =
     256;                                            ///< a tree of 64 levels takes up to three each
 inline constexpr std::size_t kMaximumEntries = 32;  ///< of a timeline
 inline constexpr std::size_t kMaximumEnvironments = 8;
+inline constexpr std::size_t kMaximumItems = 1024;  ///< of any other list
 
 template <class T>
 using Read = std::expected<T, std::string>;
@@ -137,16 +138,20 @@ struct OptionsAnswer {
 // ---- intent/perform
 
 struct PerformParameters {
-  std::string intent;
+  std::string intent;  ///< an action's name
+
+  friend bool operator==(const PerformParameters&, const PerformParameters&) = default;
 };
 
 struct PerformAnswer {
-  bool openApp = false;
+  bool openApp = false;  ///< the host then opens the application
+
+  friend bool operator==(const PerformAnswer&, const PerformAnswer&) = default;
 };
 
 // ---- document/diagnose
 
-/// Exactly one of path and text.
+/// At most one of path and text; without both, the document in the container.
 struct DiagnoseParameters {
   std::optional<std::string> path;
   std::optional<std::string> text;
@@ -177,6 +182,7 @@ void write(foundation::JsonWriter& writer, const InitializeAnswer& answer);
 void write(foundation::JsonWriter& writer, const EntriesParameters& parameters);
 void write(foundation::JsonWriter& writer, const RenderedEntry& entry);
 void write(foundation::JsonWriter& writer, const ReloadPolicy& policy);
+void write(foundation::JsonWriter& writer, const EntriesAnswer& answer);
 void write(foundation::JsonWriter& writer, const OptionsParameters& parameters);
 void write(foundation::JsonWriter& writer, const OptionsAnswer& answer);
 void write(foundation::JsonWriter& writer, const PerformParameters& parameters);
@@ -184,9 +190,28 @@ void write(foundation::JsonWriter& writer, const PerformAnswer& answer);
 void write(foundation::JsonWriter& writer, const DiagnoseParameters& parameters);
 void write(foundation::JsonWriter& writer, const DiagnoseAnswer& answer);
 
-/// Instantiated for every record above that is a request or an answer.
 template <class Message>
-[[nodiscard]] Read<Message> read(const foundation::JsonValue& json);
+[[nodiscard]] Read<Message> read(const foundation::JsonValue& json) = delete;
+template <>
+Read<InitializeParameters> read(const foundation::JsonValue& json);
+template <>
+Read<InitializeAnswer> read(const foundation::JsonValue& json);
+template <>
+Read<EntriesParameters> read(const foundation::JsonValue& json);
+template <>
+Read<EntriesAnswer> read(const foundation::JsonValue& json);
+template <>
+Read<OptionsParameters> read(const foundation::JsonValue& json);
+template <>
+Read<OptionsAnswer> read(const foundation::JsonValue& json);
+template <>
+Read<PerformParameters> read(const foundation::JsonValue& json);
+template <>
+Read<PerformAnswer> read(const foundation::JsonValue& json);
+template <>
+Read<DiagnoseParameters> read(const foundation::JsonValue& json);
+template <>
+Read<DiagnoseAnswer> read(const foundation::JsonValue& json);
 
 template <class Message>
 [[nodiscard]] std::string encode(const Message& message) {

@@ -1,12 +1,15 @@
-// Widgets as an extension declares them: a kind, gallery texts, families, a provider of entries and a view of each entry.
+// Widgets as an extension declares them: a kind, gallery texts, families, a provider of entries and
+// a view of each entry.
 //
 //     Widget widget = makeStaticConfiguration(
-//         {.kind = "Kind", .displayName = "Name", .description = "...", .families = {WidgetFamily::systemSmall}},
-//         SnapshotProvider{store},
-//         [](const SnapshotEntry& entry, const Environment& environment) { return NetWorthWidgetView{...}.body(); });
+//         {.kind = "Kind", .displayName = "Name", .description = "...", .families =
+//         {WidgetFamily::systemSmall}}, SnapshotProvider{store},
+//         [](const SnapshotEntry& entry, const Environment& environment) { return
+//         NetWorthWidgetView{...}.body(); });
 //
-// A provider has an `Entry` type (with a `date`, and an optional `snapshot`) and the three operations of the
-// timeline-provider protocol; an intent provider gets the configuration's intent as well.
+// A provider has an `Entry` type (with a `date`, and an optional `snapshot`) and the three
+// operations of the timeline-provider protocol; an intent provider gets the configuration's intent
+// as well.
 #pragma once
 
 #include <functional>
@@ -36,7 +39,9 @@ struct ReloadPolicy {
   Type type = Type::atEnd;
   foundation::Instant date{};  ///< `after` only
 
-  static ReloadPolicy after(foundation::Instant date) { return {.type = Type::after, .date = date}; }
+  static ReloadPolicy after(foundation::Instant date) {
+    return {.type = Type::after, .date = date};
+  }
   friend bool operator==(const ReloadPolicy&, const ReloadPolicy&) = default;
 };
 
@@ -46,7 +51,8 @@ struct Timeline {
   ReloadPolicy policy;
 };
 
-/// An entry whose type the runtime does not know: its date, whether data stand behind it, and its view.
+/// An entry whose type the runtime does not know: its date, whether data stand behind it, and its
+/// view.
 struct AnyEntry {
   foundation::Instant date;
   bool hasSnapshot = false;
@@ -97,7 +103,8 @@ struct WidgetBundle {
   // Where the application and its files are, for a host that opens links and images.
   std::string appGroup{};
   std::string urlScheme{};  ///< without "://"
-  std::string container{};  ///< the group's folder, whether it exists yet or not; empty: there is none
+  std::string
+      container{};  ///< the group's folder, whether it exists yet or not; empty: there is none
 };
 
 namespace detail {
@@ -114,19 +121,23 @@ template <class Entry, class Content>
 AnyTimeline eraseTimeline(Timeline<Entry> timeline, const Content& content) {
   AnyTimeline any;
   any.policy = timeline.policy;
-  for (Entry& entry : timeline.entries) any.entries.push_back(eraseEntry(std::move(entry), content));
+  for (Entry& entry : timeline.entries)
+    any.entries.push_back(eraseEntry(std::move(entry), content));
   return any;
 }
 }  // namespace detail
 
-/// Provider: Entry placeholder(context), Entry getSnapshot(context), Timeline<Entry> getTimeline(context).
+/// Provider: Entry placeholder(context), Entry getSnapshot(context), Timeline<Entry>
+/// getTimeline(context).
 template <class Provider, class Content>
 [[nodiscard]] Widget makeStaticConfiguration(WidgetDescription description,
                                              Provider provider,
                                              Content content) {
   return {std::move(description),
           std::nullopt,
-          [=](const ProviderContext& c) { return detail::eraseEntry(provider.placeholder(c), content); },
+          [=](const ProviderContext& c) {
+            return detail::eraseEntry(provider.placeholder(c), content);
+          },
           [=](const ProviderContext& c, const IntentValues&) {
             return detail::eraseEntry(provider.getSnapshot(c), content);
           },
@@ -135,9 +146,9 @@ template <class Provider, class Content>
           }};
 }
 
-/// Provider: has a type `Intent` with `static IntentDescription description(...)`-made description handed in here and
-/// `static Intent fromValues(const IntentValues&)`; Entry placeholder(context), Entry snapshot(intent, context),
-/// Timeline<Entry> timeline(intent, context).
+/// Provider: has a type `Intent` with `static IntentDescription description(...)`-made description
+/// handed in here and `static Intent fromValues(const IntentValues&)`; Entry placeholder(context),
+/// Entry snapshot(intent, context), Timeline<Entry> timeline(intent, context).
 template <class Provider, class Content>
 [[nodiscard]] Widget makeIntentConfiguration(WidgetDescription description,
                                              IntentDescription intent,
@@ -146,7 +157,9 @@ template <class Provider, class Content>
   using Intent = typename Provider::Intent;
   return {std::move(description),
           std::move(intent),
-          [=](const ProviderContext& c) { return detail::eraseEntry(provider.placeholder(c), content); },
+          [=](const ProviderContext& c) {
+            return detail::eraseEntry(provider.placeholder(c), content);
+          },
           [=](const ProviderContext& c, const IntentValues& values) {
             return detail::eraseEntry(provider.snapshot(Intent::fromValues(values), c), content);
           },

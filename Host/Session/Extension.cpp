@@ -1,0 +1,116 @@
+#include "Session/Extension.hpp"
+
+#include <fmt/format.h>
+
+#include <utility>
+
+namespace session {
+
+using widgetruntime::DiagnoseAnswer;
+using widgetruntime::DiagnoseParameters;
+using widgetruntime::EntriesAnswer;
+using widgetruntime::EntriesParameters;
+using widgetruntime::InitializeAnswer;
+using widgetruntime::InitializeParameters;
+using widgetruntime::OptionsAnswer;
+using widgetruntime::OptionsParameters;
+using widgetruntime::PerformAnswer;
+using widgetruntime::PerformParameters;
+namespace method = widgetruntime::method;
+
+namespace {
+
+std::unexpected<SessionError> unreadable(std::string_view name, std::string_view what) {
+  return std::unexpected(
+      SessionError{SessionError::Kind::unreadable, fmt::format("{}: answer: {}", name, what)});
+}
+
+template <class Answer>
+Result<Answer> decode(std::string_view name, const foundation::JsonValue& json) {
+  auto answer = widgetruntime::read<Answer>(json);
+  if (!answer) return unreadable(name, answer.error());
+  return std::move(*answer);
+}
+
+}  // namespace
+
+Extension::Extension(std::unique_ptr<Transport> transport,
+                     InitializeParameters parameters,
+                     Deadlines deadlines)
+    : transport_(std::move(transport)), parameters_(std::move(parameters)), deadlines_(deadlines) {}
+
+Result<void> Extension::prepare() {
+  if (initialized_ && transport_->isRunning()) return {};
+  initialized_.reset();
+  if (auto started = transport_->start(); !started) return started;
+  auto json = transport_->call(
+      method::kInitialize, widgetruntime::encode(parameters_), deadlines_.initialize);
+  if (!json) return std::unexpected(std::move(json.error()));
+  auto answer = decode<InitializeAnswer>(method::kInitialize, *json);
+  if (!answer) return std::unexpected(std::move(answer.error()));
+  if (answer->protocolVersion != widgetruntime::kProtocolVersion) {
+    return unreadable(method::kInitialize, "another protocol version");
+  }
+  initialized_ = std::move(*answer);
+  return {};
+}
+
+template <class Answer>
+Result<Answer> Extension::ask(std::string_view name,
+                              const std::string& parametersJson,
+                              std::chrono::milliseconds deadline) {
+  if (auto ready = prepare(); !ready) return std::unexpected(std::move(ready.error()));
+  auto json = transport_->call(name, parametersJson, deadline);
+  if (!json) return std::unexpected(std::move(json.error()));
+  return decode<Answer>(name, *json);
+}
+
+Result<EntriesAnswer> Extension::entries(std::string_view name,
+                                         const EntriesParameters& parameters,
+                                         std::chrono::milliseconds deadline) {
+  auto answer = ask<EntriesAnswer>(name, widgetruntime::encode(parameters), deadline);
+  if (!answer) return answer;
+  const bool isTimeline = name == method::kTimeline;
+  if (!isTimeline && answer->entries.size() != 1) return unreadable(name, "one entry is expected");
+  if (isTimeline && !answer->policy) return unreadable(name, "policy: missing");
+  for (const widgetruntime::RenderedEntry& entry : answer->entries) {
+    if (entry.trees.size() != parameters.environments.size()) {
+      return unreadable(name, "one tree an environment is expected");
+    }
+  }
+  return answer;
+}
+
+Result<InitializeAnswer> Extension::initialize() {
+  if (auto ready = prepare(); !ready) return std::unexpected(std::move(ready.error()));
+  return *initialized_;
+}
+
+Result<EntriesAnswer> Extension::placeholder(const EntriesParameters& parameters) {
+  return entries(method::kPlaceholder, parameters, deadlines_.request);
+}
+
+Result<EntriesAnswer> Extension::snapshot(const EntriesParameters& parameters) {
+  return entries(method::kSnapshot, parameters, deadlines_.request);
+}
+
+Result<EntriesAnswer> Extension::timeline(const EntriesParameters& parameters) {
+  return entries(method::kTimeline, parameters, deadlines_.timeline);
+}
+
+Result<OptionsAnswer> Extension::options(const OptionsParameters& parameters) {
+  return ask<OptionsAnswer>(
+      method::kOptions, widgetruntime::encode(parameters), deadlines_.request);
+}
+
+Result<PerformAnswer> Extension::perform(const PerformParameters& parameters) {
+  return ask<PerformAnswer>(
+      method::kPerform, widgetruntime::encode(parameters), deadlines_.request);
+}
+
+Result<DiagnoseAnswer> Extension::diagnose(const DiagnoseParameters& parameters) {
+  return ask<DiagnoseAnswer>(
+      method::kDiagnose, widgetruntime::encode(parameters), deadlines_.request);
+}
+
+}  // namespace session

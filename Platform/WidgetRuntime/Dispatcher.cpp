@@ -1,0 +1,232 @@
+#include "WidgetRuntime/Dispatcher.hpp"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <exception>
+#include <utility>
+
+namespace widgetruntime {
+
+using foundation::JsonValue;
+using foundation::JsonWriter;
+
+namespace {
+
+// What the envelope, the policy and the brackets around the entries may take.
+constexpr std::size_t kEnvelope = 1024;
+
+std::unexpected<RpcError> fail(RpcErrorCode code, std::string message) {
+  return std::unexpected(RpcError{code, std::move(message)});
+}
+
+std::unexpected<RpcError> unknown(std::string_view what, std::string_view name) {
+  return fail(RpcErrorCode::invalidParameters,
+              fmt::format("unknown {} \"{}\"", what, name.substr(0, 80)));
+}
+
+template <class Items, class Name>
+auto* findNamed(Items& items, Name&& nameOf, std::string_view name) {
+  const auto found =
+      std::ranges::find_if(items, [&](const auto& item) { return nameOf(item) == name; });
+  return found == items.end() ? nullptr : &*found;
+}
+
+const Widget* findWidget(const WidgetBundle& bundle, std::string_view kind) {
+  return findNamed(
+      bundle.widgets, [](const Widget& w) { return std::string_view{w.description.kind}; }, kind);
+}
+
+// Options that a host would refuse to read are not offered: a document's odd name must not cost the
+// others.
+std::vector<IntentOption> offered(std::vector<IntentOption> options) {
+  std::erase_if(options, [](const IntentOption& option) {
+    return std::max(option.id.size(), option.title.size()) > kMaximumString;
+  });
+  if (options.size() > kMaximumItems) options.resize(kMaximumItems);
+  return options;
+}
+
+AnyTimeline single(AnyEntry entry) {
+  AnyTimeline timeline;
+  timeline.entries.push_back(std::move(entry));
+  return timeline;
+}
+
+AnyTimeline ask(const Widget& widget, std::string_view method, const EntriesParameters& request) {
+  const ProviderContext context{request.family, request.isPreview, request.device};
+  if (method == method::kPlaceholder) return single(widget.placeholder(context));
+  if (method == method::kSnapshot) return single(widget.snapshot(context, request.configuration));
+  return widget.timeline(context, request.configuration);
+}
+
+std::string render(const AnyEntry& entry, const EntriesParameters& request) {
+  RenderedEntry rendered{entry.date, entry.hasSnapshot, {}};
+  for (Environment environment : request.environments) {
+    environment.locale = request.device.locale;
+    environment.timeZone = request.device.timeZone;
+    environment.preferredLanguages = request.device.preferredLanguages;
+    RenderedTree& tree = rendered.trees.emplace_back(entry.view(environment));
+    tree.link = widgetURL(tree.view);
+  }
+  return encode(rendered);
+}
+
+// A timeline that is too long ends early and is asked for again when it has ended.
+std::expected<std::string, RpcError> writeTimeline(const AnyTimeline& timeline,
+                                                   const EntriesParameters& request,
+                                                   bool withPolicy) {
+  ReloadPolicy policy = timeline.policy;
+  JsonWriter writer;
+  writer.beginObject().key("entries").beginArray();
+  std::size_t count = 0;
+  for (const AnyEntry& entry : timeline.entries) {
+    const std::string json = count < kMaximumEntries ? render(entry, request) : "";
+    if (json.empty() || writer.text().size() + json.size() + kEnvelope > kMaximumMessage) {
+      if (count == 0) {
+        return fail(RpcErrorCode::answerTooLarge,
+                    fmt::format("an entry of {} takes {} bytes", request.kind, json.size()));
+      }
+      policy = {};
+      break;
+    }
+    writer.raw(json);
+    ++count;
+  }
+  writer.endArray();
+  if (withPolicy) {
+    writer.key("policy");
+    write(writer, policy);
+  }
+  writer.endObject();
+  return writer.take();
+}
+
+}  // namespace
+
+Dispatcher::Dispatcher(ExtensionDefinition definition) : definition_(std::move(definition)) {}
+
+std::string Dispatcher::handle(std::string_view text) {
+  const auto request = readRequest(text);
+  return request ? handle(*request) : writeError(request.error());
+}
+
+std::string Dispatcher::handle(const RpcRequest& request) {
+  if (!request.id) {
+    // Cancellations concern requests that wait, and here none does.
+    if (request.method == method::kExit) hasExited_ = true;
+    return {};
+  }
+  Answer result = fail(RpcErrorCode::internalError, "the extension failed");
+  try {
+    result = answer(request);
+    if (result && result->size() + kEnvelope > kMaximumMessage) {
+      result = fail(RpcErrorCode::answerTooLarge,
+                    fmt::format("the answer to {} takes {} bytes", request.method, result->size()));
+    }
+  } catch (const std::exception&) {
+    // What a bundle throws may carry data; the host learns only that it did.
+  }
+  return result ? writeResult(*request.id, *result) : writeError({*request.id, result.error()});
+}
+
+Dispatcher::Answer Dispatcher::answer(const RpcRequest& request) {
+  const std::string_view name = request.method;
+  if (isShutDown_) return fail(RpcErrorCode::invalidRequest, "the extension is shut down");
+  if (name == method::kInitialize) return initialize(request.parameters);
+  if (name == method::kShutdown) {
+    isShutDown_ = true;
+    return "null";
+  }
+  const bool asksForEntries =
+      name == method::kPlaceholder || name == method::kSnapshot || name == method::kTimeline;
+  const bool isKnown = asksForEntries || name == method::kOptions || name == method::kPerform ||
+                       name == method::kDiagnose;
+  if (!isKnown) {
+    return fail(RpcErrorCode::methodNotFound, fmt::format("unknown method \"{}\"", name));
+  }
+  if (!bundle_) return fail(RpcErrorCode::notInitialized, "initialize comes first");
+  if (asksForEntries) return entries(name, request.parameters);
+  if (name == method::kOptions) return options(request.parameters);
+  if (name == method::kPerform) return perform(request.parameters);
+  return diagnose(request.parameters);
+}
+
+Dispatcher::Answer Dispatcher::initialize(const JsonValue& json) {
+  if (bundle_) return fail(RpcErrorCode::invalidRequest, "initialized already");
+  const auto parameters = read<InitializeParameters>(json);
+  if (!parameters) return fail(RpcErrorCode::invalidParameters, parameters.error());
+  if (parameters->protocolVersion != kProtocolVersion) {
+    return fail(RpcErrorCode::invalidParameters,
+                fmt::format("protocolVersion: {} is not spoken here, {} is",
+                            parameters->protocolVersion,
+                            kProtocolVersion));
+  }
+  bundle_ = definition_.makeBundle(*parameters);
+  return encode(InitializeAnswer{kProtocolVersion,
+                                 bundle_->appGroup,
+                                 bundle_->urlScheme,
+                                 bundle_->container,
+                                 describe(*bundle_)});
+}
+
+Dispatcher::Answer Dispatcher::entries(std::string_view name, const JsonValue& json) {
+  const auto parameters = read<EntriesParameters>(json);
+  if (!parameters) return fail(RpcErrorCode::invalidParameters, parameters.error());
+  const Widget* widget = findWidget(*bundle_, parameters->kind);
+  if (widget == nullptr) return unknown("widget kind", parameters->kind);
+  return writeTimeline(ask(*widget, name, *parameters), *parameters, name == method::kTimeline);
+}
+
+Dispatcher::Answer Dispatcher::options(const JsonValue& json) const {
+  const auto request = read<OptionsParameters>(json);
+  if (!request) return fail(RpcErrorCode::invalidParameters, request.error());
+  const Widget* widget = findWidget(*bundle_, request->kind);
+  if (widget == nullptr) return unknown("widget kind", request->kind);
+  const IntentParameter* parameter = nullptr;
+  if (widget->configuration) {
+    parameter = findNamed(
+        widget->configuration->parameters,
+        [](const IntentParameter& p) { return std::string_view{p.name}; },
+        request->parameter);
+  }
+  if (parameter == nullptr) return unknown("parameter", request->parameter);
+
+  OptionsAnswer answer;
+  if (parameter->type == IntentParameter::Type::enumeration) {
+    for (const IntentOption& option : parameter->cases) {
+      const auto& ids = request->identifiers;
+      if (!ids || std::ranges::find(*ids, option.id) != ids->end()) {
+        answer.options.push_back(option);
+      }
+    }
+    answer.defaultOption = parameter->defaultValue;
+    return encode(answer);
+  }
+  const EntityQuery& query = parameter->query;
+  answer.options =
+      offered(request->identifiers ? query.entitiesForIdentifiers(*request->identifiers)
+                                   : query.suggestedEntities());
+  if (auto option = query.defaultResult()) answer.defaultOption = std::move(option->id);
+  return encode(answer);
+}
+
+Dispatcher::Answer Dispatcher::perform(const JsonValue& json) const {
+  const auto request = read<PerformParameters>(json);
+  if (!request) return fail(RpcErrorCode::invalidParameters, request.error());
+  const Action* action = findNamed(
+      bundle_->actions, [](const Action& a) { return std::string_view{a.name}; }, request->intent);
+  if (action == nullptr) return unknown("intent", request->intent);
+  action->perform();
+  return encode(PerformAnswer{action->openAppWhenRun});
+}
+
+Dispatcher::Answer Dispatcher::diagnose(const JsonValue& json) const {
+  const auto request = read<DiagnoseParameters>(json);
+  if (!request) return fail(RpcErrorCode::invalidParameters, request.error());
+  DiagnoseAnswer answer = definition_.diagnose(*request);
+  if (answer.problems.size() > kMaximumItems) answer.problems.resize(kMaximumItems);
+  return encode(answer);
+}
+
+}  // namespace widgetruntime

@@ -1,0 +1,107 @@
+// Read, change, replace: the new file is complete on disk before it takes the old one's name.
+#include "Foundation/UserDefaults.hpp"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+
+#include <cerrno>
+#include <cstdio>
+
+#include "Foundation/FileDescriptor.hpp"
+#include "Foundation/PropertyList.hpp"
+
+namespace foundation {
+namespace {
+
+constexpr mode_t kFolderMode = 0700;
+constexpr mode_t kFileMode = 0600;
+
+bool makeFolder(const std::string& path) {
+  return ::mkdir(path.c_str(), kFolderMode) == 0 || (errno == EEXIST && isDirectory(path));
+}
+
+bool writeAll(int file, std::string_view bytes) {
+  while (!bytes.empty()) {
+    const ssize_t written = ::write(file, bytes.data(), bytes.size());
+    if (written < 0 && errno == EINTR) continue;
+    if (written <= 0) return false;
+    bytes.remove_prefix(static_cast<std::size_t>(written));
+  }
+  return true;
+}
+
+/// Under the writers' lock the temporary name has one user. `folder` holds the file.
+bool replaceFile(int folder, const std::string& path, std::string_view bytes) {
+  const std::string temporary = path + ".new";
+  ::unlink(temporary.c_str());
+  FileDescriptor file(
+      ::open(temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, kFileMode));
+  if (!file) return false;
+  const bool isWritten = writeAll(file.get(), bytes) && ::fsync(file.get()) == 0;
+  file.reset();
+  if (!isWritten || std::rename(temporary.c_str(), path.c_str()) != 0) {
+    ::unlink(temporary.c_str());
+    return false;
+  }
+  ::fsync(folder);  // the new name itself; the bytes are safe already
+  return true;
+}
+
+/// As the platform reads text for a Boolean.
+bool isAffirmative(std::string_view text) {
+  const std::size_t start = text.find_first_not_of(" \t\r\n+-0");
+  if (start == std::string_view::npos) return false;
+  const char c = text[start];
+  return c == 'y' || c == 'Y' || c == 't' || c == 'T' || (c >= '1' && c <= '9');
+}
+
+}  // namespace
+
+std::optional<UserDefaults> UserDefaults::initWithSuiteName(std::string_view suiteName,
+                                                            const FileManager& files) {
+  const auto container = files.containerURLForSecurityApplicationGroupIdentifier(suiteName);
+  if (!container) return std::nullopt;
+  std::string folder = appendingPathComponent(*container, "Library/Preferences");
+  std::string path = appendingPathComponent(folder, std::string(suiteName) + ".plist");
+  return UserDefaults(std::move(folder), std::move(path));
+}
+
+std::expected<void, DefaultsError> UserDefaults::setBool(bool value, const std::string& key) const {
+  const std::string library = folder_.substr(0, folder_.rfind('/'));
+  if (!makeFolder(library) || !makeFolder(folder_)) {
+    return std::unexpected(DefaultsError::unwritable);
+  }
+  const FileDescriptor folder(::open(folder_.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  if (!folder || ::flock(folder.get(), LOCK_EX) != 0) {
+    return std::unexpected(DefaultsError::unwritable);
+  }
+
+  auto existing = readFile(path_, kMaximumPropertyList);
+  if (!existing && existing.error() != FileError::missing) {
+    return std::unexpected(DefaultsError::unreadable);
+  }
+  const std::string document = existing ? std::move(*existing) : xmlPropertyList({});
+  const auto changed = xmlPropertyListBySetting(document, key, value);
+  if (!changed) return std::unexpected(DefaultsError::malformed);
+  if (!replaceFile(folder.get(), path_, *changed))
+    return std::unexpected(DefaultsError::unwritable);
+  return {};
+}
+
+bool UserDefaults::boolForKey(std::string_view key) const {
+  const auto bytes = contentsOfFile(path_, kMaximumPropertyList);
+  const auto list = bytes ? parsePropertyList(*bytes) : std::nullopt;
+  const auto* values = list ? list->dictionary() : nullptr;
+  if (values == nullptr) return false;
+  const auto found = values->find(key);
+  if (found == values->end()) return false;
+  const PropertyList& value = found->second;
+  if (const bool* flag = value.boolean()) return *flag;
+  if (const std::int64_t* whole = value.integer()) return *whole != 0;
+  if (const double* real = value.real()) return *real != 0;
+  if (const std::string* text = value.string()) return isAffirmative(*text);
+  return false;
+}
+
+}  // namespace foundation

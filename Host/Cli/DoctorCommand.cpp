@@ -1,0 +1,119 @@
+// `doctor`: what is found, what is missing, and what to do about it.
+#include <fmt/format.h>
+
+#include "Cli/Commands.hpp"
+#include "Cli/Output.hpp"
+#include "Cli/Picture.hpp"
+#include "Foundation/JsonWriter.hpp"
+
+namespace cli {
+namespace {
+
+namespace fs = std::filesystem;
+
+struct Finding {
+  std::string what;
+  bool found = false;
+  bool needed = true;  ///< pictures are wrong or absent without it
+  std::string where;
+  std::string advice;
+};
+using Findings = std::vector<Finding>;
+
+void examineFonts(Findings& findings) {
+  for (const auto& font : rendering::fontFiles()) {
+    findings.push_back({.what = "font",
+                        .found = font.found,
+                        .needed = !font.optional,
+                        .where = font.path,
+                        .advice = font.found ? "" : "apt-get install " + font.package});
+  }
+}
+
+void examinePlaces(Findings& findings, const Options& options, const Program& program) {
+  const Places places = findPlaces(options.source, program.folder);
+  std::error_code ignored;
+  findings.push_back({.what = "extension program",
+                      .found = !places.extension.empty() && fs::exists(places.extension, ignored),
+                      .needed = options.source.isolated,
+                      .where = places.extension.string(),
+                      .advice = "build or install quorvel-widgets, or name it with --extension; "
+                                "without it, no --isolated"});
+  findings.push_back(
+      {.what = "Info.plist",
+       .found = !places.infoPlist.empty() && fs::exists(places.infoPlist, ignored),
+       .needed = false,
+       .where = places.infoPlist.string(),
+       .advice = "name it with --info-plist; without it, the built-in group and scheme are used"});
+}
+
+void examineData(Findings& findings, Guest& guest, const foundation::Device& device) {
+  std::error_code ignored;
+  const auto& container = guest.images();
+  findings.push_back(
+      {.what = "container",
+       .found = !container.empty() && fs::is_directory(container, ignored),
+       .where = container.string(),
+       .advice =
+           fmt::format("the application makes it, for the group {}; or name one with --container",
+                       guest.about().appGroup)});
+  const auto& document = guest.document();
+  const bool exists = !document.empty() && fs::exists(document, ignored);
+  const std::string problem = exists ? documentProblem(guest, device) : std::string{};
+  findings.push_back(
+      {.what = "document",
+       .found = exists && problem.empty(),
+       .where = document.string(),
+       .advice = exists ? problem
+                        : "the application writes it; `quorvel-host sample` writes one to try"});
+}
+
+std::string asJson(const Findings& findings) {
+  foundation::JsonWriter json;
+  json.beginObject().key("findings").beginArray();
+  for (const Finding& finding : findings) {
+    json.beginObject().member("what", finding.what).member("found", finding.found);
+    json.member("needed", finding.needed).member("where", finding.where);
+    json.member("advice", finding.found ? std::string{} : finding.advice).endObject();
+  }
+  json.endArray().endObject();
+  return json.take() + "\n";
+}
+
+std::string asText(const Findings& findings) {
+  std::string text;
+  for (const Finding& finding : findings) {
+    const char* state = finding.found ? "found  " : finding.needed ? "MISSING" : "absent ";
+    text +=
+        oneLine(fmt::format(
+            "{}  {:<18} {}", state, finding.what, finding.where.empty() ? "-" : finding.where)) +
+        "\n";
+    if (!finding.found) text += oneLine("         -> " + finding.advice) + "\n";
+  }
+  return text;
+}
+
+}  // namespace
+
+Result<void> doctor(const Options& options, const Program& program) {
+  Findings findings;
+  examinePlaces(findings, options, program);
+  auto guest = Guest::open(options.source, program);
+  findings.push_back({.what = options.source.isolated ? "extension, isolated" : "extension",
+                      .found = guest.has_value(),
+                      .where = guest ? fmt::format("{} widgets, {} controls",
+                                                   guest->about().bundle.widgets.size(),
+                                                   guest->about().bundle.controls.size())
+                                     : std::string{},
+                      .advice = guest ? std::string{} : guest.error().line});
+  if (guest) examineData(findings, *guest, deviceFrom(options.device, program.environment));
+  examineFonts(findings);
+  if (auto done = print(options.json ? asJson(findings) : asText(findings)); !done) return done;
+  for (const Finding& finding : findings) {
+    if (finding.needed && !finding.found)
+      return refused(finding.what + " missing: " + finding.advice);
+  }
+  return {};
+}
+
+}  // namespace cli

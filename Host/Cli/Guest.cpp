@@ -1,0 +1,179 @@
+#include "Cli/Guest.hpp"
+
+#include <fmt/format.h>
+#include <sys/stat.h>
+
+#include <cerrno>
+#include <cstring>
+#include <memory>
+
+#include "Session/ChildProcess.hpp"
+#include "Session/InProcess.hpp"
+
+namespace cli {
+namespace {
+
+namespace fs = std::filesystem;
+
+fs::path firstThatExists(std::initializer_list<fs::path> candidates) {
+  for (const fs::path& candidate : candidates) {
+    std::error_code ignored;
+    if (fs::exists(candidate, ignored)) return candidate;
+  }
+  return {};
+}
+
+std::string valueOf(const foundation::ProcessEnvironment& environment, const std::string& name) {
+  const auto found = environment.find(name);
+  return found == environment.end() ? std::string{} : found->second;
+}
+
+/// The folder that holds the application groups; nothing without a home.
+std::optional<std::string> containerRoot(const foundation::ProcessEnvironment& environment) {
+  const std::string data = valueOf(environment, "XDG_DATA_HOME");
+  if (data.starts_with('/')) return data;
+  const std::string home = valueOf(environment, "HOME");
+  if (home.empty()) return std::nullopt;
+  return home + "/.local/share";
+}
+
+std::string absolute(const std::string& path) {
+  std::error_code ignored;
+  const fs::path full = fs::absolute(path, ignored);
+  return full.empty() ? path : full.lexically_normal().string();
+}
+
+Result<void> checkDocument(const std::string& file) {
+  struct stat status {};
+  if (::stat(file.c_str(), &status) != 0)
+    return refused(fmt::format("cannot read {}: {}", file, std::strerror(errno)));
+  if (!S_ISREG(status.st_mode))
+    return refused(fmt::format("cannot read {}: not a regular file", file));
+  return {};
+}
+
+template <class T>
+Result<T> said(session::Result<T> answer) {
+  if (answer) return *std::move(answer);
+  return refused("the extension: " + answer.error().message);
+}
+
+std::unique_ptr<session::Transport> inProcess(const Program& program) {
+  return std::make_unique<session::InProcess>(
+      [definition = program.extension]() -> session::InProcess::Handler {
+        auto dispatcher = std::make_shared<widgetruntime::Dispatcher>(definition);
+        return [dispatcher](std::string_view request) { return dispatcher->handle(request); };
+      });
+}
+
+Result<std::unique_ptr<session::Transport>> transport(const SourceOptions& source,
+                                                      const Program& program) {
+  if (!source.isolated) return inProcess(program);
+  const fs::path extension = findPlaces(source, program.folder).extension;
+  if (extension.empty()) {
+    return refused(fmt::format(
+        "the extension's program quorvel-widgets is not beside {}; name it with --extension",
+        (program.folder / "quorvel-host").string()));
+  }
+  return std::make_unique<session::ChildProcess>(
+      session::ChildProcessOptions{.program = extension.string(),
+                                   .environment = session::childEnvironment(program.environment)});
+}
+
+}  // namespace
+
+Places findPlaces(const SourceOptions& source, const fs::path& programFolder) {
+  Places places;
+  places.extension =
+      !source.extension.empty()
+          ? fs::path(absolute(source.extension))
+          : firstThatExists({programFolder / "quorvel-widgets",
+                             programFolder.parent_path() / "libexec" / "quorvel-widgets"});
+  places.infoPlist =
+      !source.infoPlist.empty()
+          ? fs::path(absolute(source.infoPlist))
+          : firstThatExists({places.extension.parent_path() / "Info.plist",
+                             programFolder / "Info.plist",
+                             programFolder.parent_path() / "share/quorvel-widgets/Info.plist"});
+  return places;
+}
+
+widgetruntime::InitializeParameters initializeParameters(const SourceOptions& source,
+                                                         const Program& program) {
+  widgetruntime::InitializeParameters parameters;
+  parameters.host = "quorvel-host 1.0";
+  parameters.containerRoot = containerRoot(program.environment);
+  if (!source.container.empty()) parameters.container = absolute(source.container);
+  if (!source.snapshot.empty()) {
+    parameters.snapshotFile = absolute(source.snapshot);
+    if (source.container.empty())
+      parameters.container = fs::path(*parameters.snapshotFile).parent_path().string();
+  }
+  const fs::path infoPlist = findPlaces(source, program.folder).infoPlist;
+  if (!infoPlist.empty()) parameters.infoPlist = infoPlist.string();
+  return parameters;
+}
+
+Guest::Guest(session::Extension extension, widgetruntime::InitializeAnswer about)
+    : extension_(std::move(extension)), about_(std::move(about)) {}
+
+Result<Guest> Guest::open(const SourceOptions& source, const Program& program) {
+  if (!source.snapshot.empty()) {
+    if (auto readable = checkDocument(source.snapshot); !readable)
+      return std::unexpected(readable.error());
+  }
+  auto connection = transport(source, program);
+  if (!connection) return std::unexpected(connection.error());
+  const auto parameters = initializeParameters(source, program);
+  session::Extension extension{*std::move(connection), parameters};
+  auto about = said(extension.initialize());
+  if (!about) return std::unexpected(about.error());
+  Guest guest{std::move(extension), *std::move(about)};
+  guest.images_ = guest.about_.container;
+  guest.document_ = parameters.snapshotFile.value_or(
+      guest.about_.container.empty() ? std::string{} : (guest.images_ / kDocumentName).string());
+  return guest;
+}
+
+Result<const widgetruntime::WidgetListing*> Guest::widget(const std::string& kind) const {
+  std::string kinds;
+  for (const auto& listing : about_.bundle.widgets) {
+    if (listing.description.kind == kind) return &listing;
+    kinds += (kinds.empty() ? "" : ", ") + listing.description.kind;
+  }
+  return refused(fmt::format("there is no widget \"{}\" (there are: {})", kind, kinds));
+}
+
+Result<widgetruntime::RenderedEntry> Guest::entry(
+    const widgetruntime::EntriesParameters& parameters, bool placeholder) {
+  auto answer =
+      said(placeholder ? extension_.placeholder(parameters) : extension_.snapshot(parameters));
+  if (!answer) return std::unexpected(answer.error());
+  if (answer->entries.size() != 1 ||
+      answer->entries.front().trees.size() != parameters.environments.size()) {
+    return refused("the extension: it answered another number of trees than it was asked for");
+  }
+  return std::move(answer->entries.front());
+}
+
+Result<widgetruntime::EntriesAnswer> Guest::timeline(
+    const widgetruntime::EntriesParameters& parameters) {
+  return said(extension_.timeline(parameters));
+}
+
+Result<widgetruntime::OptionsAnswer> Guest::options(
+    const widgetruntime::OptionsParameters& parameters) {
+  return said(extension_.options(parameters));
+}
+
+Result<widgetruntime::PerformAnswer> Guest::perform(
+    const widgetruntime::PerformParameters& parameters) {
+  return said(extension_.perform(parameters));
+}
+
+Result<widgetruntime::DiagnoseAnswer> Guest::diagnose(
+    const widgetruntime::DiagnoseParameters& parameters) {
+  return said(extension_.diagnose(parameters));
+}
+
+}  // namespace cli

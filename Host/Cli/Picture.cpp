@@ -1,0 +1,118 @@
+#include "Cli/Picture.hpp"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
+#include <chrono>
+
+#include "Cli/Output.hpp"
+#include "Cli/Sizes.hpp"
+#include "Foundation/Locale.hpp"
+
+namespace cli {
+namespace {
+
+using widgetruntime::isAccessory;
+using widgetruntime::WidgetFamily;
+
+foundation::Instant clockNow() {
+  const auto now = std::chrono::system_clock::now().time_since_epoch();
+  const auto seconds = std::chrono::floor<std::chrono::seconds>(now);
+  const auto rest = std::chrono::duration_cast<std::chrono::nanoseconds>(now - seconds);
+  return {seconds.count(), static_cast<std::int32_t>(rest.count())};
+}
+
+/// A host draws no container behind accessories, nor behind tinted widgets.
+bool showsBackground(WidgetFamily family, const PictureOptions& options) {
+  return options.background && options.mode == viewkit::RenderingMode::fullColor &&
+         !isAccessory(family);
+}
+
+viewkit::LayoutDirection directionOf(const foundation::Device& device) {
+  constexpr std::array<std::string_view, 4> kRightToLeft{"ar", "he", "fa", "ur"};
+  const std::string language =
+      device.preferredLanguages.empty() ? "" : device.preferredLanguages.front();
+  const std::string_view code = std::string_view(language).substr(0, language.find_first_of("-_"));
+  return std::ranges::find(kRightToLeft, code) != kRightToLeft.end()
+             ? viewkit::LayoutDirection::rightToLeft
+             : viewkit::LayoutDirection::leftToRight;
+}
+
+}  // namespace
+
+foundation::Device deviceFrom(const DeviceOptions& options,
+                              const foundation::ProcessEnvironment& environment) {
+  return {.now = options.now ? *options.now : clockNow(),
+          .timeZone = options.timeZone.empty() ? foundation::currentTimeZone(environment)
+                                               : foundation::TimeZone{options.timeZone},
+          .locale = options.locale.empty() ? foundation::currentLocale(environment)
+                                           : foundation::Locale{options.locale},
+          .preferredLanguages = options.languages.empty()
+                                    ? foundation::preferredLanguages(environment)
+                                    : options.languages};
+}
+
+widgetruntime::EntriesParameters entriesParameters(const std::string& kind,
+                                                   WidgetFamily family,
+                                                   const PictureOptions& options,
+                                                   const foundation::Device& device) {
+  widgetruntime::Environment environment{
+      .widgetFamily = family,
+      .widgetRenderingMode = options.mode,
+      .redactionReasons = options.redaction,
+      .showsWidgetContainerBackground = showsBackground(family, options),
+      .systemMargins = viewkit::Insets::all(isAccessory(family) ? 0 : 16),
+      .layoutDirection = directionOf(device)};
+  return {.kind = kind,
+          .family = family,
+          .isPreview = options.preview,
+          .configuration = options.configuration,
+          .device = device,
+          .environments = {environment}};
+}
+
+rendering::RenderOptions renderOptions(WidgetFamily family,
+                                       const PictureOptions& options,
+                                       const foundation::Device& device,
+                                       const std::filesystem::path& images) {
+  rendering::RenderOptions result;
+  result.size = options.size.value_or(sizeOf(family, options.preset));
+  result.scale = options.scale;
+  result.appearance = options.appearance;
+  result.mode = options.mode;
+  result.tint = options.tint;
+  result.showsBackground = showsBackground(family, options);
+  if (isAccessory(family)) result.cornerRadius = 0;
+  result.redaction = options.redaction;
+  result.direction = directionOf(device);
+  result.container = images;
+  return result;
+}
+
+Result<viewkit::View> fetchView(Guest& guest, const widgetruntime::EntriesParameters& parameters) {
+  const bool placeholder = parameters.environments.front().redactionReasons.placeholder;
+  auto entry = guest.entry(parameters, placeholder);
+  if (!entry) return std::unexpected(entry.error());
+  if (!entry->hasSnapshot) {
+    const std::string problem = documentProblem(guest, parameters.device);
+    if (!problem.empty()) complain("warning: " + problem + "\n");
+  }
+  return std::move(entry->trees.front().view);
+}
+
+std::string documentProblem(Guest& guest, const foundation::Device& device) {
+  if (guest.document().empty())
+    return "there is no container, so there is no document (name one with --container)";
+  const std::string file = guest.document().string();
+  const auto diagnosis = guest.diagnose({.path = file, .text = std::nullopt, .device = device});
+  if (!diagnosis) return oneLine(diagnosis.error().line);
+  if (diagnosis->accepted || diagnosis->problems.empty()) return {};
+  const auto& problem = diagnosis->problems.front();
+  std::string place = file;
+  if (problem.line > 0) place += fmt::format(":{}:{}", problem.line, problem.column);
+  if (!problem.pointer.empty()) place += ": " + problem.pointer;
+  return oneLine(fmt::format("{}: expected {}, found {}", place, problem.expected, problem.found));
+}
+
+}  // namespace cli

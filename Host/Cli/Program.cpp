@@ -1,0 +1,47 @@
+#include "Cli/Program.hpp"
+
+#include "Cli/Arguments.hpp"
+#include "Cli/Commands.hpp"
+#include "Cli/Output.hpp"
+
+namespace cli {
+namespace {
+
+Result<void> runCommand(std::string_view name, const Options& options, const Program& program) {
+  if (name == "list") return list(options, program);
+  if (name == "render") return render(options, program);
+  if (name == "sheet") return sheet(options, program);
+  if (name == "timeline") return timeline(options, program);
+  if (name == "options") return choices(options, program);
+  if (name == "validate") return validate(options, program);
+  if (name == "sample") return sample(options, program);
+  if (name == "perform") return perform(options, program);
+  if (name == "bench") return bench(options, program);
+  return doctor(options, program);
+}
+
+Result<void> interpret(std::span<const char* const> words, const Program& program) {
+  const std::string_view name = words.empty() ? std::string_view{} : words.front();
+  if (name.empty()) {
+    complain(overview());
+    return misused("");
+  }
+  if (name == "--help" || name == "-h" || name == "help") return print(overview());
+  auto arguments = readArguments(name, words.subspan(1));
+  if (!arguments) return std::unexpected(std::move(arguments.error()));
+  if (!arguments->help.empty()) return print(arguments->help);
+  auto done = runCommand(name, arguments->options, program);
+  if (!done) done.error().line = "quorvel-host " + std::string(name) + ": " + done.error().line;
+  return done;
+}
+
+}  // namespace
+
+int run(std::span<const char* const> words, const Program& program) {
+  const auto done = interpret(words, program);
+  if (done) return static_cast<int>(ExitCode::done);
+  if (!done.error().line.empty()) complain(oneLine(done.error().line) + "\n");
+  return static_cast<int>(done.error().code);
+}
+
+}  // namespace cli

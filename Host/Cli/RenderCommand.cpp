@@ -1,0 +1,52 @@
+// `render`: one widget, as a picture or as one of its text forms.
+#include "Cli/Commands.hpp"
+#include "Cli/Output.hpp"
+#include "Cli/Picture.hpp"
+#include "Cli/Sizes.hpp"
+#include "ViewKit/ViewDump.hpp"
+
+namespace cli {
+namespace {
+
+std::string drawn(const viewkit::View& view,
+                  const rendering::RenderOptions& how,
+                  const Options& options) {
+  if (options.format == Format::tree) return viewkit::dump(view);
+  rendering::Renderer renderer;
+  switch (options.format) {
+    case Format::svg:
+      return renderer.svg(view, how);
+    case Format::text:
+      return renderer.plainText(view, how);
+    case Format::placed:
+      return renderer.placedDump(view, how);
+    case Format::accessibility:
+      return renderer.accessibilityTree(view, how);
+    case Format::png:
+    case Format::tree:
+      break;
+  }
+  return rendering::encodePng(renderer.bitmap(view, how), options.output.png);
+}
+
+}  // namespace
+
+Result<void> render(const Options& options, const Program& program) {
+  if (options.format == Format::png) {
+    if (auto target = checkPictureTarget(options.output.file); !target) return target;
+  }
+  auto guest = Guest::open(options.source, program);
+  if (!guest) return std::unexpected(guest.error());
+  const auto widget = guest->widget(options.kind);
+  if (!widget) return std::unexpected(widget.error());
+  const auto device = deviceFrom(options.device, program.environment);
+  const auto family =
+      options.picture.family.value_or(defaultFamily((*widget)->description.families));
+  const auto view =
+      fetchView(*guest, entriesParameters(options.kind, family, options.picture, device));
+  if (!view) return std::unexpected(view.error());
+  const auto how = renderOptions(family, options.picture, device, guest->images());
+  return write(options.output.file, drawn(*view, how, options));
+}
+
+}  // namespace cli

@@ -1,0 +1,73 @@
+// `timeline`: a widget's entries and when the extension is asked again.
+#include <fmt/format.h>
+
+#include "Cli/Commands.hpp"
+#include "Cli/Output.hpp"
+#include "Cli/Picture.hpp"
+#include "Cli/Sizes.hpp"
+#include "Foundation/JsonWriter.hpp"
+
+namespace cli {
+namespace {
+
+using foundation::formatInternetDateTime;
+using widgetruntime::EntriesAnswer;
+using widgetruntime::ReloadPolicy;
+
+std::string_view policyName(ReloadPolicy::Type type) {
+  switch (type) {
+    case ReloadPolicy::Type::after:
+      return "after";
+    case ReloadPolicy::Type::never:
+      return "never";
+    case ReloadPolicy::Type::atEnd:
+      break;
+  }
+  return "atEnd";
+}
+
+std::string asJson(const EntriesAnswer& answer) {
+  const ReloadPolicy policy = answer.policy.value_or(ReloadPolicy{});
+  foundation::JsonWriter json;
+  json.beginObject().key("entries").beginArray();
+  for (const auto& entry : answer.entries) {
+    json.beginObject().member("date", formatInternetDateTime(entry.date));
+    json.member("hasSnapshot", entry.hasSnapshot).endObject();
+  }
+  json.endArray().key("policy").beginObject().member("type", policyName(policy.type));
+  if (policy.type == ReloadPolicy::Type::after)
+    json.member("date", formatInternetDateTime(policy.date));
+  json.endObject().endObject();
+  return json.take() + "\n";
+}
+
+std::string asText(const EntriesAnswer& answer) {
+  const ReloadPolicy policy = answer.policy.value_or(ReloadPolicy{});
+  std::string text;
+  for (const auto& entry : answer.entries) {
+    text += fmt::format("{}  {}\n",
+                        formatInternetDateTime(entry.date),
+                        entry.hasSnapshot ? "shows the document" : "has no document to show");
+  }
+  text += fmt::format("asked again: {}", policyName(policy.type));
+  if (policy.type == ReloadPolicy::Type::after) text += " " + formatInternetDateTime(policy.date);
+  return text + "\n";
+}
+
+}  // namespace
+
+Result<void> timeline(const Options& options, const Program& program) {
+  auto guest = Guest::open(options.source, program);
+  if (!guest) return std::unexpected(guest.error());
+  const auto widget = guest->widget(options.kind);
+  if (!widget) return std::unexpected(widget.error());
+  const auto device = deviceFrom(options.device, program.environment);
+  const auto family =
+      options.picture.family.value_or(defaultFamily((*widget)->description.families));
+  const auto answer =
+      guest->timeline(entriesParameters(options.kind, family, options.picture, device));
+  if (!answer) return std::unexpected(answer.error());
+  return print(options.json ? asJson(*answer) : asText(*answer));
+}
+
+}  // namespace cli

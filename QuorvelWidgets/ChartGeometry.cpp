@@ -15,4 +15,13 @@ std::vector<double> depthsBelowTop(std::span<const double> values) {
   return depths;
 }
 
+std::vector<std::size_t> labelledPoints(std::size_t count) {
+  if (count == 0) return {};
+  constexpr std::size_t kSteps = 6;
+  const std::size_t step = std::max<std::size_t>((count - 1 + kSteps - 1) / kSteps, 1);
+  std::vector<std::size_t> points;
+  for (std::size_t i = (count - 1) % step; i < count; i += step) points.push_back(i);
+  return points;
+}
+
 }  // namespace quorvel

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <algorithm>
-#include <cmath>
 #include <cstddef>
 #include <span>
 #include <vector>
@@ -26,25 +25,33 @@ inline constexpr double kChartMiddle = (kChartTop + kChartBottom) / 2;
 /// finite.
 [[nodiscard]] std::vector<double> depthsBelowTop(std::span<const double> values);
 
-/// One point a value, oldest first, over the width without its end inset (never below 0). A single
-/// value stands at the right end.
+/// One point a value, oldest first, over `width`. A single value stands at the right end.
 template <class Number>
-[[nodiscard]] std::vector<ChartPoint<Number>> chartPoints(std::span<const double> values,
-                                                          const Number& width,
-                                                          const Number& height,
-                                                          double endInset) {
-  using std::max;
-  const Number usable = max(width - Number(endInset), Number(0));
+[[nodiscard]] std::vector<ChartPoint<Number>> chartPointsOver(std::span<const double> values,
+                                                              const Number& width,
+                                                              const Number& height) {
   const std::vector<double> depths = depthsBelowTop(values);
   std::vector<ChartPoint<Number>> points;
   points.reserve(depths.size());
   for (std::size_t i = 0; i < depths.size(); ++i) {
     const double along =
         depths.size() == 1 ? 1 : static_cast<double>(i) / static_cast<double>(depths.size() - 1);
-    points.push_back(
-        {usable * along, height * (kChartTop + (kChartBottom - kChartTop) * depths[i])});
+    const double down = kChartTop + (kChartBottom - kChartTop) * depths[i];
+    points.push_back({width * along, height * down});
   }
   return points;
 }
+
+/// The same over a width without its end inset, which is never below 0.
+[[nodiscard]] inline std::vector<ChartPoint<double>> chartPoints(std::span<const double> values,
+                                                                 double width,
+                                                                 double height,
+                                                                 double endInset) {
+  return chartPointsOver(values, std::max(width - endInset, 0.0), height);
+}
+
+/// The points that carry a label: counted back from the last one in equal steps, at most seven,
+/// oldest first.
+[[nodiscard]] std::vector<std::size_t> labelledPoints(std::size_t count);
 
 }  // namespace quorvel

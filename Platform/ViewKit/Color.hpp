@@ -26,8 +26,8 @@ struct Color {
   };
 
   std::variant<Pair, ColorRole> value = ColorRole::primary;
-  double opacity = 1;         ///< in the light appearance, and in both unless darkOpacity says otherwise
-  double darkOpacity = -1;    ///< in the dark appearance; negative: the same as `opacity`
+  double opacity = 1;  ///< in the light appearance, and in both unless darkOpacity says otherwise
+  double darkOpacity = -1;  ///< in the dark appearance; negative: the same as `opacity`
 
   static Color dynamic(Rgb light, Rgb dark) { return {Pair{light, dark}, 1, -1}; }
   static Color same(Rgb rgb) { return dynamic(rgb, rgb); }
@@ -45,7 +45,9 @@ struct Color {
     return result;
   }
   /// The same colour with one opacity for each appearance.
-  [[nodiscard]] Color withOpacities(double light, double dark) const { return {value, light, dark}; }
+  [[nodiscard]] Color withOpacities(double light, double dark) const {
+    return {value, light, dark};
+  }
   [[nodiscard]] double opacityIn(Appearance appearance) const {
     return appearance == Appearance::dark && darkOpacity >= 0 ? darkOpacity : opacity;
   }
@@ -73,7 +75,8 @@ struct Gradient {
   friend bool operator==(const Gradient&, const Gradient&) = default;
 };
 
-/// What fills a shape or draws a text: a colour, a gradient, or (monostate) the inherited foreground style.
+/// What fills a shape or draws a text: a colour, a gradient, or (monostate) the inherited
+/// foreground style.
 using Paint = std::variant<std::monostate, Color, Gradient>;
 
 }  // namespace viewkit

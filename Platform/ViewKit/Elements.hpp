@@ -1,4 +1,5 @@
-// The elements that views are made of, as plain records. Containers hold their children in the node.
+// The elements that views are made of, as plain records. Containers hold their children in the
+// node.
 #pragma once
 
 #include <cstdint>
@@ -17,8 +18,8 @@ enum class FontWeight : std::uint8_t { regular, medium, semibold, bold, heavy };
 enum class FontDesign : std::uint8_t { standard, rounded };
 enum class TextAlignment : std::uint8_t { leading, center, trailing };
 
-/// Children in a row, a column or one over the other. Absent spacing is the system's (8 between views,
-/// none beside a spacer); a depth stack has none.
+/// Children in a row, a column or one over the other. Absent spacing is the system's (8 between
+/// views, none beside a spacer); a depth stack has none.
 struct StackElement {
   enum class Axis : std::uint8_t { horizontal, vertical, depth };
   Axis axis = Axis::vertical;
@@ -39,14 +40,14 @@ struct TextElement {
   double size = 17;
   FontWeight weight = FontWeight::regular;
   FontDesign design = FontDesign::standard;
-  double tracking = 0;              ///< points added after every cluster
-  std::optional<int> lineLimit;     ///< absent: as many lines as fit
-  double minimumScaleFactor = 1;    ///< 0 < f <= 1
+  double tracking = 0;            ///< points added after every cluster
+  std::optional<int> lineLimit;   ///< absent: as many lines as fit
+  double minimumScaleFactor = 1;  ///< 0 < f <= 1
   TextAlignment alignment = TextAlignment::leading;
-  bool balanced = false;            ///< lines of like length instead of greedy ones
-  std::string language;             ///< BCP 47; chooses glyph forms and line breaks, not the text
+  bool balanced = false;  ///< lines of like length instead of greedy ones
+  std::string language;   ///< BCP 47; chooses glyph forms and line breaks, not the text
   std::optional<LayoutDirection> direction;  ///< absent: the layout's
-  bool numericTransition = false;   ///< digits roll when the value changes (content transition)
+  bool numericTransition = false;  ///< digits roll when the value changes (content transition)
 
   friend bool operator==(const TextElement&, const TextElement&) = default;
 };
@@ -61,8 +62,8 @@ struct SymbolElement {
   friend bool operator==(const SymbolElement&, const SymbolElement&) = default;
 };
 
-/// An image file below the container. Takes the whole proposal; the node's only child, if any, stands
-/// in for a file that is missing or cannot be decoded.
+/// An image file below the container. Takes the whole proposal; the node's only child, if any,
+/// stands in for a file that is missing or cannot be decoded.
 struct ImageElement {
   enum class ContentMode : std::uint8_t { fit, fill, stretch };
   std::string path;  ///< relative to the container, no leading slash, no ".."
@@ -109,19 +110,19 @@ struct PathShape {
   friend bool operator==(const PathShape&, const PathShape&) = default;
 };
 
-using ShapeGeometry = std::variant<RectangleShape,
-                                   RoundedRectangleShape,
-                                   CapsuleShape,
-                                   CircleShape,
-                                   ArcShape,
-                                   PathShape>;
+using ShapeGeometry = std::
+    variant<RectangleShape, RoundedRectangleShape, CapsuleShape, CircleShape, ArcShape, PathShape>;
 
 enum class LineCap : std::uint8_t { butt, round, square };
 enum class LineJoin : std::uint8_t { miter, round, bevel };
 
 /// A shape takes the whole proposal (10 on an axis without one) and is filled or stroked.
 struct ShapeElement {
-  enum class Mode : std::uint8_t { fill, stroke, innerStroke };  ///< innerStroke: a border inside the edge
+  enum class Mode : std::uint8_t {
+    fill,
+    stroke,
+    innerStroke
+  };  ///< innerStroke: a border inside the edge
   ShapeGeometry geometry;
   Mode mode = Mode::fill;
   Paint paint;
@@ -140,8 +141,8 @@ struct CanvasElement {
   friend bool operator==(const CanvasElement&, const CanvasElement&) = default;
 };
 
-/// The platform's circular accessory gauge: an open ring over 270 degrees with the node's only child in its
-/// middle.
+/// The platform's circular accessory gauge: an open ring over 270 degrees with the node's only
+/// child in its middle.
 struct GaugeElement {
   double fraction = 0;  ///< 0...1; 0 draws no arc
   double lineWidth = 6.5;

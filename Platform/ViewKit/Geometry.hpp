@@ -20,14 +20,20 @@ struct Alignment {
 
 inline constexpr Alignment Alignment::center{};
 inline constexpr Alignment Alignment::top{HorizontalAlignment::center, VerticalAlignment::top};
-inline constexpr Alignment Alignment::bottom{HorizontalAlignment::center, VerticalAlignment::bottom};
-inline constexpr Alignment Alignment::leading{HorizontalAlignment::leading, VerticalAlignment::center};
-inline constexpr Alignment Alignment::trailing{HorizontalAlignment::trailing, VerticalAlignment::center};
-inline constexpr Alignment Alignment::topLeading{HorizontalAlignment::leading, VerticalAlignment::top};
-inline constexpr Alignment Alignment::topTrailing{HorizontalAlignment::trailing, VerticalAlignment::top};
-inline constexpr Alignment Alignment::bottomLeading{HorizontalAlignment::leading, VerticalAlignment::bottom};
-inline constexpr Alignment Alignment::bottomTrailing{HorizontalAlignment::trailing,
+inline constexpr Alignment Alignment::bottom{HorizontalAlignment::center,
+                                             VerticalAlignment::bottom};
+inline constexpr Alignment Alignment::leading{HorizontalAlignment::leading,
+                                              VerticalAlignment::center};
+inline constexpr Alignment Alignment::trailing{HorizontalAlignment::trailing,
+                                               VerticalAlignment::center};
+inline constexpr Alignment Alignment::topLeading{HorizontalAlignment::leading,
+                                                 VerticalAlignment::top};
+inline constexpr Alignment Alignment::topTrailing{HorizontalAlignment::trailing,
+                                                  VerticalAlignment::top};
+inline constexpr Alignment Alignment::bottomLeading{HorizontalAlignment::leading,
                                                     VerticalAlignment::bottom};
+inline constexpr Alignment Alignment::bottomTrailing{HorizontalAlignment::trailing,
+                                                     VerticalAlignment::bottom};
 
 /// Space inside each edge; leading is left in left-to-right layouts.
 struct Insets {

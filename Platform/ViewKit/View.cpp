@@ -1,4 +1,5 @@
-// Views grow in place while nobody else holds them and are copied before a change when somebody does.
+// Views grow in place while nobody else holds them and are copied before a change when somebody
+// does.
 #include "ViewKit/View.hpp"
 
 namespace viewkit {

@@ -15,7 +15,8 @@ VStack::VStack(Options options, std::vector<View> views)
             std::move(views)) {}
 
 ZStack::ZStack(Options options, std::vector<View> views)
-    : view_(StackElement{StackElement::Axis::depth, options.alignment, std::nullopt}, std::move(views)) {}
+    : view_(StackElement{StackElement::Axis::depth, options.alignment, std::nullopt},
+            std::move(views)) {}
 
 Canvas::Canvas(std::vector<View> views) : view_(CanvasElement{}, std::move(views)) {}
 
@@ -123,15 +124,27 @@ Shape Shape::trim(double from, double to) const {
   return result;
 }
 
-Shape Rectangle() { return Shape{RectangleShape{}}; }
+Shape Rectangle() {
+  return Shape{RectangleShape{}};
+}
 Shape RoundedRectangle(Length radius, CornerStyle style) {
   return Shape{RoundedRectangleShape{std::move(radius), style}};
 }
-Shape Capsule() { return Shape{CapsuleShape{}}; }
-Shape Circle() { return Shape{CircleShape{}}; }
-Shape Arc(ArcShape arc) { return Shape{std::move(arc)}; }
-Shape Path(std::vector<PathStep> steps) { return Shape{PathShape{std::move(steps)}}; }
-Shape LinearGradient(Gradient gradient) { return Rectangle().fill(std::move(gradient)); }
+Shape Capsule() {
+  return Shape{CapsuleShape{}};
+}
+Shape Circle() {
+  return Shape{CircleShape{}};
+}
+Shape Arc(ArcShape arc) {
+  return Shape{std::move(arc)};
+}
+Shape Path(std::vector<PathStep> steps) {
+  return Shape{PathShape{std::move(steps)}};
+}
+Shape LinearGradient(Gradient gradient) {
+  return Rectangle().fill(std::move(gradient));
+}
 
 View Gauge::view() const {
   return View{element, label.isEmpty() ? std::vector<View>{} : std::vector<View>{label}};

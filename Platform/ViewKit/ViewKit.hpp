@@ -9,9 +9,9 @@
 //     }
 //         .padding({.top = 8, .leading = 12});
 //
-// Containers take an options record (or none) and then their children; leaves take their content and are refined by
-// chained calls; any of them, and every component (an aggregate with `View body() const`), becomes a View where one is
-// expected and carries the View's modifiers.
+// Containers take an options record (or none) and then their children; leaves take their content
+// and are refined by chained calls; any of them, and every component (an aggregate with `View
+// body() const`), becomes a View where one is expected and carries the View's modifiers.
 #pragma once
 
 #include <concepts>
@@ -28,7 +28,8 @@ namespace viewkit {
 /// The View's modifiers on everything that converts to a View.
 template <class Self>
 struct Modifiers {
-  operator View() const { return self(); }  // NOLINT(google-explicit-constructor): it stands for a View
+  // NOLINTNEXTLINE(google-explicit-constructor): it stands for a View
+  operator View() const { return self(); }
 
   [[nodiscard]] View frame(FixedFrame f) const { return self().frame(std::move(f)); }
   [[nodiscard]] View frame(FlexibleFrame f) const { return self().frame(f); }
@@ -56,12 +57,16 @@ struct Modifiers {
   [[nodiscard]] View fixedSize(bool horizontal = true, bool vertical = true) const {
     return self().fixedSize(horizontal, vertical);
   }
-  [[nodiscard]] View accessibility(Accessibility a) const { return self().accessibility(std::move(a)); }
+  [[nodiscard]] View accessibility(Accessibility a) const {
+    return self().accessibility(std::move(a));
+  }
   [[nodiscard]] View accessibilityHidden() const { return self().accessibilityHidden(); }
   [[nodiscard]] View accessibilityLabel(std::string label) const {
     return self().accessibilityLabel(std::move(label));
   }
-  [[nodiscard]] View privacySensitive(PrivacyTreatment t) const { return self().privacySensitive(t); }
+  [[nodiscard]] View privacySensitive(PrivacyTreatment t) const {
+    return self().privacySensitive(t);
+  }
   [[nodiscard]] View accentable() const { return self().accentable(); }
   [[nodiscard]] View link(std::string url) const { return self().link(std::move(url)); }
   [[nodiscard]] View widgetURL(std::string url) const { return self().widgetURL(std::move(url)); }
@@ -74,7 +79,8 @@ struct Modifiers {
   [[nodiscard]] View self() const;
 };
 
-/// An aggregate of inputs that describes itself: `View body() const`, and a static `kName` for dumps.
+/// An aggregate of inputs that describes itself: `View body() const`, and a static `kName` for
+/// dumps.
 template <class T>
 concept Component = requires(const T& t) {
   { t.body() } -> std::convertible_to<View>;
@@ -83,10 +89,10 @@ concept Component = requires(const T& t) {
 
 /// Everything that can stand where a view is expected.
 template <class T>
-concept ViewLike = std::same_as<std::remove_cvref_t<T>, View> || Component<std::remove_cvref_t<T>> ||
-                   requires(const std::remove_cvref_t<T>& t) {
-                     { t.view() } -> std::same_as<View>;
-                   };
+concept ViewLike = std::same_as<std::remove_cvref_t<T>, View> ||
+    Component<std::remove_cvref_t<T>> || requires(const std::remove_cvref_t<T>& t) {
+  { t.view() } -> std::same_as<View>;
+};
 
 /// Zero or more views in place of one child, made by `when` and `forEach`.
 struct ViewList {
@@ -260,7 +266,9 @@ class Shape : public Modifiers<Shape> {
   explicit Shape(ShapeGeometry geometry) { element_.geometry = std::move(geometry); }
 
   [[nodiscard]] Shape fill(Paint paint) const;
-  [[nodiscard]] Shape stroke(Paint paint, double lineWidth, LineCap cap = LineCap::butt,
+  [[nodiscard]] Shape stroke(Paint paint,
+                             double lineWidth,
+                             LineCap cap = LineCap::butt,
                              LineJoin join = LineJoin::miter) const;
   [[nodiscard]] Shape innerStroke(Paint paint, double lineWidth) const;
   [[nodiscard]] Shape trim(double from, double to) const;

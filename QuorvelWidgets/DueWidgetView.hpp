@@ -1,0 +1,24 @@
+// The due widget's view: a pure function of one entry and the host's environment.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "QuorvelWidgets/WidgetSupport/SnapshotTimeline.hpp"
+#include "ViewKit/ViewKit.hpp"
+#include "WidgetRuntime/Environment.hpp"
+
+namespace quorvel {
+
+/// Keeps a reference to the entry: use it while the entry lives.
+struct DueWidgetView : viewkit::Modifiers<DueWidgetView> {
+  static constexpr std::string_view kName = "DueWidgetView";
+
+  const SnapshotEntry& entry;
+  widgetruntime::Environment environment;
+  std::string urlScheme;
+
+  [[nodiscard]] viewkit::View body() const;
+};
+
+}  // namespace quorvel

@@ -1,0 +1,26 @@
+#include "QuorvelWidgets/FaceStyle.hpp"
+
+#include "QuorvelWidgets/WidgetSupport/CardArtTile.hpp"
+#include "QuorvelWidgets/WidgetSupport/WidgetContrast.hpp"
+
+namespace quorvel {
+
+using namespace viewkit;
+
+double faceVeil(const std::vector<std::string>& colors, std::optional<double> textOpacity) {
+  if (!textOpacity) return 0;
+  std::vector<Rgb> stops;
+  for (const Color& color : faceColors(colors)) {
+    stops.push_back(std::get<Color::Pair>(color.value).light);
+  }
+  return leastVeil(stops, 0xFFFFFF, *textOpacity);
+}
+
+View faceGround(const std::vector<std::string>& colors, std::optional<double> textOpacity) {
+  const View gradient = LinearGradient(Gradient::even(faceColors(colors), {0, 0}, {1, 1}));
+  const double veil = faceVeil(colors, textOpacity);
+  if (veil == 0) return gradient;
+  return gradient.overlay(Rectangle().fill(Color::black().withOpacity(veil)));
+}
+
+}  // namespace quorvel

@@ -4,6 +4,7 @@
 #include "QuorvelWidgets/WidgetSupport/Amount.hpp"
 #include "QuorvelWidgets/WidgetSupport/Palette.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetMeter.hpp"
+#include "QuorvelWidgets/WidgetSupport/WidgetScaffold.hpp"
 
 namespace quorvel {
 
@@ -69,11 +70,8 @@ View remainderPart(const SafeToSpendContent& content) {
 }
 
 View tileGround(const SafeToSpendContent& content) {
-  // A tinted host would turn the opaque surface into a slab over its own texts.
-  const bool opaque = content.showsBackground &&
-                      content.environment.widgetRenderingMode == RenderingMode::fullColor;
-  if (!opaque) return AccessoryBackdrop{.showsBackground = false};
-  return RoundedRectangle(14).fill(palette::surface);
+  if (!content.showsBackground) return AccessoryBackdrop{.showsBackground = false};
+  return RoundedRectangle(14).fill(groundColor(palette::surface, content.environment));
 }
 
 View tile(const SafeToSpendContent& content) {

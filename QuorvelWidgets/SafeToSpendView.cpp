@@ -1,48 +1,23 @@
 #include "QuorvelWidgets/SafeToSpendView.hpp"
 
 #include <optional>
-#include <utility>
 
 #include "Foundation/Calendar.hpp"
 #include "QuorvelWidgets/SafeToSpendLayouts.hpp"
 #include "QuorvelWidgets/WidgetSupport/AccessoryBackdrop.hpp"
-#include "QuorvelWidgets/WidgetSupport/Palette.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetChrome.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetEnvironment.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetLanguage.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetLink.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetMessage.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetStrings.hpp"
+#include "QuorvelWidgets/WidgetSupport/WidgetScaffold.hpp"
 
 namespace quorvel {
 
 using namespace viewkit;
-using widgetruntime::Environment;
 using widgetruntime::WidgetFamily;
 
 namespace {
 
-/// What the widget shows instead of a budget, in words.
-struct Message {
-  std::string_view text;
-  std::string_view action;
-};
-constexpr Message kNoSnapshot{"signIn", "openQuorvel"};
-constexpr Message kNoBudget{"noBudget", "setBudget"};
-
-View widgetMessage(const Message& message,
-                   const std::string& lang,
-                   const WAccent& accent,
-                   const Environment& environment) {
-  WidgetMessage view{.symbol = std::string{kSafeToSpendSymbol},
-                     .text = WidgetStrings::text(message.text, lang),
-                     .label = WidgetStrings::text(message.action, lang),
-                     .title = WidgetStrings::text("safeToSpend", lang),
-                     .accent = accent,
-                     .lang = lang};
-  if (isAccessory(environment.familyInForce())) return accessoryMessage(view, environment);
-  return view;
-}
+constexpr EmptyState kNoSnapshot{kSafeToSpendSymbol, "safeToSpend", "signIn", "openQuorvel"};
+constexpr EmptyState kNoBudget{kSafeToSpendSymbol, "safeToSpend", "noBudget", "setBudget"};
 
 std::optional<SafeToSpendContent> makeContent(const SafeToSpendView& view) {
   if (!view.entry.snapshot || !view.entry.snapshot->budget) return std::nullopt;
@@ -77,31 +52,16 @@ View layout(const SafeToSpendView& view, const SafeToSpendContent& content) {
 }  // namespace
 
 View SafeToSpendView::body() const {
-  const std::optional<WidgetSnapshot>& snapshot = entry.snapshot;
-  const std::string lang =
-      snapshot ? snapshot->lang : preferredLanguageCode(environment.preferredLanguages);
-  const bool accessory = isAccessory(environment.familyInForce());
+  const WidgetScaffold scaffold{entry.snapshot, environment, widgetLink(urlScheme, "budget")};
+  if (!entry.snapshot) return scaffold.root(scaffold.message(kNoSnapshot));
+  const auto content = makeContent(*this);
+  if (!content) return scaffold.root(scaffold.message(kNoBudget));
 
-  WidgetChrome chrome{
-      .preview = environment.previewFamily.has_value(),
-      .padded = !accessory,
-      .environment = environment,
-      .direction = snapshot ? layoutDirection(lang) : environment.layoutDirection,
-      .link = widgetLink(urlScheme, "budget"),
-  };
-  Color ground = palette::canvas;
-  if (const auto content = makeContent(*this)) {
-    chrome.content = layout(*this, *content);
-    if (isAccentTile(*this)) {
-      ground = content->accent.fill;
-      if (!showsBackground) chrome.backdrop = AccessoryBackdrop{.showsBackground = false};
-    }
-  } else {
-    const Message& message = snapshot ? kNoBudget : kNoSnapshot;
-    const WAccent accent{snapshot ? snapshot->accent : std::nullopt};
-    chrome.content = widgetMessage(message, lang, accent, environment);
+  WidgetChrome chrome = scaffold.chrome(layout(*this, *content));
+  if (isAccentTile(*this)) {
+    chrome.background = Rectangle().fill(content->accent.fill);
+    if (!showsBackground) chrome.backdrop = AccessoryBackdrop{.showsBackground = false};
   }
-  if (!accessory) chrome.background = Rectangle().fill(ground);
   return chrome;
 }
 

@@ -15,7 +15,7 @@ struct WidgetHeader : viewkit::Modifiers<WidgetHeader> {
   std::string symbol;
   std::string text;
   bool compact = false;
-  WAccent accent;
+  WAccent accent = WAccent{};
   std::string lang;  ///< of the text
 
   [[nodiscard]] viewkit::View body() const;

@@ -21,7 +21,7 @@ struct WidgetMessage : viewkit::Modifiers<WidgetMessage> {
   std::optional<std::string> label;
   std::string title;
   bool titleIsStatus = false;  ///< the label says how things are, not what to do
-  WAccent accent;
+  WAccent accent = WAccent{};
   std::string lang;  ///< of the texts
 
   [[nodiscard]] viewkit::View body() const;

@@ -3,7 +3,6 @@
 #include <utility>
 
 #include "QuorvelWidgets/WidgetSupport/Palette.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetChrome.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetLanguage.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetMessage.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetStrings.hpp"
@@ -29,9 +28,9 @@ View WidgetScaffold::message(const EmptyState& state) const {
   return view;
 }
 
-View WidgetScaffold::root(View content, bool padded) const {
+WidgetChrome WidgetScaffold::chrome(View content, bool padded) const {
   const bool accessory = isAccessory(environment.familyInForce());
-  WidgetChrome chrome{
+  WidgetChrome root{
       .preview = environment.previewFamily.has_value(),
       .padded = padded && !accessory,
       .content = std::move(content),
@@ -39,8 +38,12 @@ View WidgetScaffold::root(View content, bool padded) const {
       .direction = snapshot ? layoutDirection(snapshot->lang) : environment.layoutDirection,
       .link = link,
   };
-  if (!accessory) chrome.background = Rectangle().fill(palette::canvas);
-  return chrome;
+  if (!accessory) root.background = Rectangle().fill(palette::canvas);
+  return root;
+}
+
+View WidgetScaffold::root(View content, bool padded) const {
+  return chrome(std::move(content), padded);
 }
 
 Color groundColor(const Color& color, const widgetruntime::Environment& environment) {

@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "QuorvelWidgets/WidgetSupport/WidgetChrome.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetSnapshot.hpp"
 #include "ViewKit/ViewKit.hpp"
 #include "WidgetRuntime/Environment.hpp"
@@ -31,6 +32,8 @@ struct WidgetScaffold {
   [[nodiscard]] std::string lang() const;
   /// In the snapshot's accent, or the built-in one.
   [[nodiscard]] viewkit::View message(const EmptyState& state) const;
+  /// The chrome of the widget's root, on the canvas; for widgets that change something about it.
+  [[nodiscard]] WidgetChrome chrome(viewkit::View content, bool padded = true) const;
   /// The widget's root on the canvas. Content that is not padded reaches the widget's edges.
   [[nodiscard]] viewkit::View root(viewkit::View content, bool padded = true) const;
 };

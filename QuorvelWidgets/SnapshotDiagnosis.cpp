@@ -1,0 +1,116 @@
+#include "QuorvelWidgets/SnapshotDiagnosis.hpp"
+
+#include <fmt/format.h>
+
+#include <expected>
+#include <limits>
+#include <string>
+#include <utility>
+
+#include "Foundation/DayString.hpp"
+#include "Foundation/FileManager.hpp"
+#include "QuorvelWidgets/SafeToSpendMetrics.hpp"
+#include "QuorvelWidgets/UpcomingDues.hpp"
+
+namespace quorvel {
+
+using foundation::Calendar;
+using foundation::Instant;
+using foundation::JsonFailure;
+using widgetruntime::DiagnoseAnswer;
+using widgetruntime::DiagnoseParameters;
+using widgetruntime::WidgetOutlook;
+
+namespace {
+
+std::string counted(std::size_t count, std::string_view one, std::string_view many) {
+  return fmt::format("{} {}", count, count == 1 ? one : many);
+}
+
+std::string cards(const WidgetSnapshot& snapshot, Instant, const Calendar&) {
+  if (snapshot.cards.empty()) return "A request to add a card: the document has none.";
+  return fmt::format("The remaining limit of {}.", counted(snapshot.cards.size(), "card", "cards"));
+}
+
+std::string dues(const WidgetSnapshot& snapshot, Instant now, const Calendar& calendar) {
+  constexpr auto kAll = std::numeric_limits<std::size_t>::max();
+  const std::size_t coming = upcomingDues(snapshot.dues, now, calendar, kAll).size();
+  if (coming == 0) return "That nothing is due soon: no due lies ahead.";
+  return fmt::format("What falls due next, out of {}.", counted(coming, "payment", "payments"));
+}
+
+std::string netWorth(const WidgetSnapshot& snapshot, Instant, const Calendar&) {
+  if (!snapshot.netWorth) return "A request to add assets: the document has no net worth.";
+  return fmt::format("Net worth with a trend of {}.",
+                     counted(snapshot.netWorth->history.size(), "month", "months"));
+}
+
+std::string budget(const WidgetSnapshot& snapshot, Instant now, const Calendar& calendar) {
+  if (!snapshot.budget) return "A request to set a budget: the document has none.";
+  const auto metrics = makeSafeToSpendMetrics(
+      snapshot.budget->total, snapshot.budget->spent, snapshot.budget->periodEnd, now, calendar);
+  if (!metrics) {
+    return "A request to set a budget: the period is over or its end cannot be read.";
+  }
+  if (metrics->daysLeft == 0) return "What is left of the budget on its last day.";
+  return fmt::format("What may be spent a day, for {}.",
+                     counted(static_cast<std::size_t>(metrics->daysLeft), "day", "days"));
+}
+
+std::string spending(const WidgetSnapshot& snapshot, Instant now, const Calendar& calendar) {
+  if (!snapshot.spending) return "A fresh month: the document has no spending.";
+  if (snapshot.spending->month != foundation::monthString(now, calendar)) {
+    return "A fresh month: the document's spending is of another month.";
+  }
+  return "This month's spending against last month's.";
+}
+
+struct Outlook {
+  std::string_view kind;
+  std::string (*shows)(const WidgetSnapshot&, Instant, const Calendar&);
+};
+constexpr Outlook kOutlooks[] = {
+    {"QuorvelCardLimitWidget", cards},
+    {"QuorvelDueWidget", dues},
+    {"QuorvelNetWorthWidget", netWorth},
+    {"QuorvelSafeToSpendWidget", budget},
+    {"QuorvelSpendingWidget", spending},
+};
+
+JsonFailure unreadable(foundation::FileError error) {
+  return {{{.expected = "a readable document", .found = std::string{describe(error)}}}};
+}
+
+std::expected<WidgetSnapshot, JsonFailure> readSnapshot(const DiagnoseParameters& parameters) {
+  if (parameters.text) return decodeWidgetSnapshot(*parameters.text);
+  const auto bytes = foundation::readFile(parameters.path.value_or(""));
+  if (!bytes) return std::unexpected(unreadable(bytes.error()));
+  return decodeWidgetSnapshot(*bytes);
+}
+
+}  // namespace
+
+std::vector<WidgetOutlook> widgetOutlooks(const WidgetSnapshot* snapshot,
+                                          Instant now,
+                                          const Calendar& calendar) {
+  std::vector<WidgetOutlook> outlooks;
+  for (const Outlook& outlook : kOutlooks) {
+    std::string shows = "A request to open Quorvel: there is no usable document.";
+    if (snapshot) shows = outlook.shows(*snapshot, now, calendar);
+    if (snapshot && snapshot->isHidden) shows += " Amounts are hidden.";
+    outlooks.push_back({std::string{outlook.kind}, std::move(shows)});
+  }
+  return outlooks;
+}
+
+DiagnoseAnswer diagnoseSnapshot(const DiagnoseParameters& parameters) {
+  const auto snapshot = readSnapshot(parameters);
+  const Calendar calendar{parameters.device.locale, parameters.device.timeZone};
+  DiagnoseAnswer answer;
+  answer.accepted = snapshot.has_value();
+  if (!snapshot) answer.problems = snapshot.error().problems;
+  answer.widgets = widgetOutlooks(snapshot ? &*snapshot : nullptr, parameters.device.now, calendar);
+  return answer;
+}
+
+}  // namespace quorvel

@@ -1,0 +1,7 @@
+// The extension's program; the runtime's loop answers a host until it is done.
+#include "QuorvelWidgets/QuorvelWidgetsExtension.hpp"
+#include "WidgetRuntime/ExtensionMain.hpp"
+
+int main(int argc, char** argv) {
+  return widgetruntime::NSExtensionMain(argc, argv, quorvel::quorvelWidgetsExtension());
+}

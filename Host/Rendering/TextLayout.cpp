@@ -129,7 +129,7 @@ bool TextLayout::shrinkToFit(const Room& room, Breaking breaking) {
   const double count = static_cast<double>(fit_.lines.size());
   const double byWidth = widestLine() > 0 ? room.width / widestLine() : 1;
   const double byHeight = count > 1 && lineHeight_ > 0 ? room.height / (count * lineHeight_) : 1;
-  fit_.scale = std::clamp(std::min(byWidth, byHeight), fits, 1.0);
+  fit_.scale = std::clamp(std::min(byWidth, byHeight), leastScale_, 1.0);
   return true;
 }
 

@@ -1,0 +1,271 @@
+// Trees made at random: whatever comes in, sizes are numbers, nothing is lost, and no question is
+// worked out too often.
+#include <gtest/gtest.h>
+
+#include <random>
+
+#include "PlacedNodes.hpp"
+
+namespace rendering {
+namespace {
+
+using namespace viewkit;
+
+constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
+
+/// Views with lengths that are usual, odd or senseless.
+class TreeMaker {
+ public:
+  TreeMaker(unsigned seed, bool isSane) : random_(seed), isSane_(isSane) {}
+
+  View view(int depth) { return modified(element(depth), depth); }
+
+ private:
+  int below(int end) { return static_cast<int>(random_() % static_cast<unsigned>(end)); }
+  double number() {
+    static constexpr double kOdd[] = {kNan, kInfinity, -kInfinity, -7, 1e300, -1e300, 1e-300, 0};
+    if (!isSane_ && below(4) == 0) return kOdd[below(8)];
+    return below(60) - (isSane_ ? 0 : 5);
+  }
+  std::optional<double> maybe() { return below(2) == 0 ? std::nullopt : std::optional{number()}; }
+  Length length() {
+    switch (below(4)) {
+      case 0:
+        return kWidth * (0.1 * below(10));
+      case 1:
+        return min(kHeight, Length{number()});
+      case 2:
+        return max(kWidth - number(), kHeight / 2);
+      default:
+        return number();
+    }
+  }
+  Alignment alignment() {
+    return {static_cast<HorizontalAlignment>(below(3)), static_cast<VerticalAlignment>(below(4))};
+  }
+
+  View leaf() {
+    switch (below(6)) {
+      case 0:
+        return Text("some words to wrap").font(number()).tracking(number() / 10);
+      case 1:
+        return Text("one line").font(12).lineLimit(1).minimumScaleFactor(number());
+      case 2:
+        return Text("short words in lines").font(11).lineLimit(below(4)).balanced();
+      case 3:
+        return Symbol("tag").font(number());
+      case 4:
+        return Spacer{number()};
+      default:
+        return RoundedRectangle(length());
+    }
+  }
+
+  View element(int depth) {
+    if (depth == 0) return leaf();
+    std::vector<View> views;
+    for (int n = below(4); n >= 0; --n) views.push_back(view(depth - 1));
+    switch (below(6)) {
+      case 0:
+        return HStack{{.alignment = alignment().vertical, .spacing = maybe()}, views};
+      case 1:
+        return VStack{{.alignment = alignment().horizontal, .spacing = maybe()}, views};
+      case 2:
+        return ZStack{{.alignment = alignment()}, views};
+      case 3:
+        return Canvas{views};
+      case 4:
+        return Gauge{{.fraction = number(), .lineWidth = number()}, view(depth - 1)};
+      default:
+        return leaf();
+    }
+  }
+
+  View modified(View v, int depth) {
+    for (int n = below(4); n > 0; --n) {
+      switch (below(12)) {
+        case 0:
+          v = v.frame(FixedFrame{length(), std::nullopt, alignment()});
+          break;
+        case 1:
+          v = v.frame(FixedFrame{std::nullopt, length(), alignment()});
+          break;
+        case 2:
+          v = v.frame(FlexibleFrame{maybe(), maybe(), maybe(), maybe(), alignment()});
+          break;
+        case 3:
+          v = v.padding({number(), number(), number(), number()});
+          break;
+        case 4:
+          v = v.background(leaf(), alignment());
+          break;
+        case 5:
+          v = v.overlay(element(depth > 0 ? 1 : 0), alignment());
+          break;
+        case 6:
+          v = v.offset(length(), length());
+          break;
+        case 7:
+          v = v.position(length(), length());
+          break;
+        case 8:
+          v = v.aspectRatio(number(), static_cast<ImageElement::ContentMode>(below(3)));
+          break;
+        case 9:
+          v = v.layoutPriority(number()).zIndex(number());
+          break;
+        case 10:
+          v = v.fixedSize(below(2) == 0, below(2) == 0);
+          break;
+        default:
+          v = v.layoutDirection(below(2) == 0 ? kLtr : kRtl);
+          break;
+      }
+    }
+    return v;
+  }
+
+  std::mt19937 random_;
+  bool isSane_;
+};
+
+std::size_t countOf(const View& view) {
+  if (view.isEmpty()) return 1;
+  const Node& node = view.node();
+  std::size_t count = 1 + node.modifiers.size();
+  for (const View& child : node.children) count += countOf(child);
+  for (const Modifier& modifier : node.modifiers) {
+    if (const auto* m = std::get_if<Background>(&modifier)) count += countOf(m->content);
+    if (const auto* m = std::get_if<Overlay>(&modifier)) count += countOf(m->content);
+  }
+  return count;
+}
+
+std::size_t checkedCount(const PlacedNode& node) {
+  const Rect& f = node.frame;
+  EXPECT_TRUE(std::isfinite(f.x) && std::isfinite(f.y)) << f.x << " " << f.y;
+  EXPECT_TRUE(std::isfinite(f.width) && f.width >= 0) << f.width;
+  EXPECT_TRUE(std::isfinite(f.height) && f.height >= 0) << f.height;
+  EXPECT_TRUE(std::isfinite(node.proposal.width) && std::isfinite(node.proposal.height));
+  EXPECT_NE(node.source, nullptr);
+  if (node.text) {
+    EXPECT_FALSE(node.text->lines.empty());
+    EXPECT_GE(node.text->size, 0);
+    for (const PlacedLine& line : node.text->lines) {
+      EXPECT_LE(line.first, line.last);
+      EXPECT_TRUE(std::isfinite(line.x) && std::isfinite(line.baseline) && line.width >= 0);
+    }
+  }
+  std::size_t count = 1;
+  for (const PlacedNode& child : node.children) count += checkedCount(child);
+  return count;
+}
+
+TEST(LayoutRandom, SizesAreNumbersAndNothingIsLost) {
+  FixedCellMeasurer measurer;
+  for (unsigned seed = 0; seed < 3000 && !testing::Test::HasFailure(); ++seed) {
+    const View view = TreeMaker(seed, false).view(4);
+    for (const LayoutDirection direction : {kLtr, kRtl}) {
+      const PlacedTree tree = layOut(view, {.size = {170, 120}, .direction = direction}, measurer);
+      EXPECT_EQ(checkedCount(tree.root), countOf(view)) << "seed " << seed;
+    }
+  }
+}
+
+TEST(LayoutRandom, AnswersToEveryKindOfProposal) {
+  FixedCellMeasurer measurer;
+  const std::optional<double> offers[] = {
+      std::nullopt, 0, 1, 17.5, 200, 1e300, kInfinity, -3, kNan};
+  for (unsigned seed = 0; seed < 300 && !testing::Test::HasFailure(); ++seed) {
+    const View view = TreeMaker(seed, seed % 2 == 0).view(3);
+    for (const auto width : offers) {
+      for (const auto height : offers) {
+        const Size size = sizeThatFits(view, {width, height}, kLtr, measurer);
+        EXPECT_GE(size.width, 0) << "seed " << seed;
+        EXPECT_GE(size.height, 0) << "seed " << seed;
+      }
+    }
+  }
+}
+
+TEST(LayoutRandom, RightToLeftIsTheMirrorImage) {
+  // Only trees without a direction of their own mirror as a whole.
+  struct Compare {
+    static void nodes(const PlacedNode& a, const PlacedNode& b, double width) {
+      ASSERT_EQ(a.children.size(), b.children.size());
+      EXPECT_NEAR(a.frame.x, width - b.frame.right(), 1e-6);
+      EXPECT_NEAR(a.frame.y, b.frame.y, 1e-6);
+      EXPECT_NEAR(a.frame.width, b.frame.width, 1e-6);
+      EXPECT_NEAR(a.frame.height, b.frame.height, 1e-6);
+      for (std::size_t i = 0; i < a.children.size(); ++i)
+        nodes(a.children[i], b.children[i], width);
+    }
+    static bool hasDirection(const PlacedNode& node) {
+      if (node.modifier() && std::holds_alternative<Direction>(*node.modifier())) return true;
+      return std::ranges::any_of(node.children, hasDirection);
+    }
+  };
+  int compared = 0;
+  for (unsigned seed = 0; seed < 400; ++seed) {
+    const View view = TreeMaker(seed, true).view(3);
+    const PlacedTree left = placed(view, {170, 120});
+    if (Compare::hasDirection(left.root)) continue;
+    Compare::nodes(left.root, placed(view, {170, 120}, kRtl).root, 170);
+    ++compared;
+  }
+  EXPECT_GT(compared, 50);
+}
+
+std::size_t questions(const View& view) {
+  FixedCellMeasurer measurer;
+  std::size_t count = 0;
+  const LayoutOptions options{.size = {364, 382}, .trace = [&](const LayoutStep&) { ++count; }};
+  static_cast<void>(layOut(view, options, measurer));
+  return count;
+}
+
+View alternating(int depth) {
+  View view = Text("leaf");
+  for (int i = 0; i < depth; ++i) {
+    if (i % 2 == 0) {
+      view = HStack{{}, Text("a").lineLimit(1), view, Rectangle()};
+    } else {
+      view = VStack{{}, Text("words that wrap"), view, Spacer{}};
+    }
+  }
+  return view;
+}
+
+TEST(LayoutRandom, NestedStacksAskLessThanTheSquareOfTheirDepth) {
+  const std::size_t shallow = questions(alternating(16));
+  const std::size_t deep = questions(alternating(64));
+  EXPECT_LT(shallow, 16u * 16 * 4 * 8);
+  EXPECT_LT(deep, shallow * 16 * 2) << "growth above the square of the depth";
+}
+
+TEST(LayoutRandom, FourThousandNodesAskAFewTimesEach) {
+  std::vector<View> rows;
+  for (int i = 0; i < 800; ++i) {
+    rows.push_back(HStack{{}, Symbol("tag"), Text("name"), Spacer{}, Text("amount").lineLimit(1)});
+  }
+  EXPECT_LT(questions(VStack{{}, rows}), 4001u * 12);
+}
+
+TEST(LayoutRandom, TheTraceTellsProposalsAndAnswers) {
+  FixedCellMeasurer measurer;
+  std::vector<LayoutStep> steps;
+  const View view = box(20, 10).padding(5);
+  const LayoutOptions options{.size = {100, 50},
+                              .trace = [&](const LayoutStep& step) { steps.push_back(step); }};
+  static_cast<void>(layOut(view, options, measurer));
+  ASSERT_EQ(steps.size(), 3u);
+  EXPECT_EQ(steps[0].depth, 2);
+  EXPECT_EQ(steps[0].proposal, (Proposal{20, 10}));
+  EXPECT_EQ(steps[1].proposal, (Proposal{90, 40}));
+  EXPECT_EQ(steps[2].proposal, (Proposal{100, 50}));
+  EXPECT_EQ(steps[2].answer, (Size{30, 20}));
+  EXPECT_EQ(steps[2].depth, 0);
+}
+
+}  // namespace
+}  // namespace rendering

@@ -14,10 +14,14 @@ using widgetruntime::InitializeParameters;
 
 namespace {
 
-SnapshotStore makeStore(const InitializeParameters& parameters) {
+FileManager makeFileManager(const InitializeParameters& parameters) {
+  return parameters.container ? FileManager::withContainer(*parameters.container)
+                              : FileManager{parameters.containerRoot.value_or("")};
+}
+
+SnapshotStore makeStore(const InitializeParameters& parameters, const FileManager& files) {
   return {parameters.infoPlist ? Bundle::withInformationAt(*parameters.infoPlist) : Bundle{},
-          parameters.container ? FileManager::withContainer(*parameters.container)
-                               : FileManager{parameters.containerRoot.value_or("")},
+          files,
           parameters.snapshotFile};
 }
 
@@ -29,8 +33,9 @@ std::string containerPath(const InitializeParameters& parameters, const Snapshot
 }
 
 widgetruntime::WidgetBundle makeBundle(const InitializeParameters& parameters) {
-  const SnapshotStore store = makeStore(parameters);
-  widgetruntime::WidgetBundle bundle = makeQuorvelWidgetsBundle(store);
+  const FileManager files = makeFileManager(parameters);
+  const SnapshotStore store = makeStore(parameters, files);
+  widgetruntime::WidgetBundle bundle = makeQuorvelWidgetsBundle(store, files);
   bundle.appGroup = store.appGroup();
   bundle.urlScheme = store.urlScheme();
   bundle.container = containerPath(parameters, store);

@@ -4,10 +4,17 @@
 
 namespace quorvel {
 
-WidgetSnapshot withEffectivePrivacy(WidgetSnapshot snapshot,
+WidgetSnapshot withEffectivePrivacy(const WidgetSnapshot& snapshot,
                                     const widgetruntime::Environment& environment) {
-  snapshot.isHidden = snapshot.isHidden || environment.redactionReasons.privacy;
-  return snapshot;
+  WidgetSnapshot copy;
+  copy.generatedAt = snapshot.generatedAt;
+  copy.isHidden = snapshot.isHidden || environment.redactionReasons.privacy;
+  copy.lang = snapshot.lang;
+  copy.money = snapshot.money;
+  copy.totalLimit = snapshot.totalLimit;
+  copy.totalRemaining = snapshot.totalRemaining;
+  copy.accent = snapshot.accent;
+  return copy;
 }
 
 viewkit::Color secondaryTextColor(const widgetruntime::Environment& environment) {

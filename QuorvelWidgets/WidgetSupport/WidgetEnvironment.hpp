@@ -7,8 +7,10 @@
 
 namespace quorvel {
 
-/// A copy whose `isHidden` is the effective privacy: the application's or the host's.
-[[nodiscard]] WidgetSnapshot withEffectivePrivacy(WidgetSnapshot snapshot,
+/// What components take from a snapshot: a copy without its lists and records, so that a long
+/// document costs a view nothing, whose `isHidden` is the effective privacy, the application's or
+/// the host's.
+[[nodiscard]] WidgetSnapshot withEffectivePrivacy(const WidgetSnapshot& snapshot,
                                                   const widgetruntime::Environment& environment);
 
 /// The colour of secondary texts: the palette's; in accessories that a host tints, a weaker

@@ -1,0 +1,76 @@
+#include "QuorvelWidgets/CardStack.hpp"
+
+#include <algorithm>
+
+#include "QuorvelWidgets/CardFace.hpp"
+#include "QuorvelWidgets/WidgetSupport/Amount.hpp"
+
+namespace quorvel {
+
+using namespace viewkit;
+using widgetruntime::RenderingMode;
+
+namespace {
+
+View pill(const CardStack& stack, const WidgetSnapshot::Card& card) {
+  const Color ground = stack.renderingMode == RenderingMode::fullColor
+                           ? Color::black().withOpacity(0.55)
+                           : Color::primary().withOpacity(0.14);
+  return Amount{.value = card.remaining,
+                .snapshot = stack.snapshot,
+                .size = stack.pillSize,
+                .weight = FontWeight::semibold}
+      .foregroundStyle(faceTextColor(stack.renderingMode))
+      .padding(Insets::horizontal(stack.pillSize * 0.7))
+      .frame(FixedFrame{.height = stack.pillSize + 8.5})
+      .background(Capsule().fill(ground))
+      .padding({.top = 6, .trailing = 7});
+}
+
+View face(const CardStack& stack, std::size_t index) {
+  const WidgetSnapshot::Card& card = *stack.cards[index];
+  const bool isFullColor = stack.renderingMode == RenderingMode::fullColor;
+  View tile = cardFace(card,
+                       stack.corner,
+                       Alignment::top,
+                       card.hasImage ? std::nullopt : std::optional{1.0},
+                       stack.renderingMode);
+  if (index > 0 && isFullColor) {
+    tile = tile.shadow({.color = Color::black().withOpacity(0.28), .radius = 4, .x = 0, .y = -1});
+  }
+  // Colours hide what lies behind a face; where the host takes them away, it is cut out.
+  if (!isFullColor) {
+    tile = tile.cutout(RoundedRectangleShape{stack.corner, CornerStyle::continuous});
+  }
+  if (!card.hasImage) {
+    tile =
+        tile.overlay(cardTitleText(card, stack.pillSize, stack.snapshot.lang, stack.renderingMode)
+                         .padding({.top = 9, .leading = 10, .trailing = 80}),
+                     Alignment::topLeading);
+  }
+  const FixedFrame frame{.width = stack.width ? std::optional<Length>{*stack.width} : std::nullopt,
+                         .height = stack.height};
+  return tile.frame(frame)
+      .overlay(pill(stack, card), Alignment::topTrailing)
+      .accessibility({.children = Accessibility::Children::combine})
+      .offset(0, stack.step * static_cast<double>(index))
+      .zIndex(static_cast<double>(index));
+}
+
+}  // namespace
+
+double CardStack::pileHeight() const {
+  return cards.empty() ? height : step * static_cast<double>(cards.size() - 1) + height;
+}
+
+View CardStack::body() const {
+  ViewList faces;
+  for (std::size_t i = 0; i < cards.size(); ++i) faces.views.push_back(face(*this, i));
+  const FixedFrame box{.width = width ? std::optional<Length>{*width} : std::nullopt,
+                       .height = min(kHeight, pileHeight()),
+                       .alignment = Alignment::top};
+  return ZStack{{.alignment = Alignment::top}, std::move(faces)}.frame(box).clip(
+      RoundedRectangleShape{corner, CornerStyle::continuous});
+}
+
+}  // namespace quorvel

@@ -199,18 +199,26 @@ std::optional<Result<JsonValue>> ChildProcess::State::run(Exchange& exchange,
                                                           Clock::time_point until) {
   do {
     const bool hasOutgoing = exchange.written < exchange.outgoing.size();
-    std::array<pollfd, 3> polled{pollfd{hasOutgoing ? process.input.get() : -1, POLLOUT, 0},
+    const short wanted = hasOutgoing ? POLLOUT : 0;
+    std::array<pollfd, 4> polled{pollfd{process.input.get(), wanted, 0},
                                  pollfd{process.output.get(), POLLIN, 0},
-                                 pollfd{process.errors.get(), POLLIN, 0}};
+                                 pollfd{process.errors.get(), POLLIN, 0},
+                                 pollfd{process.processFile.get(), POLLIN, 0}};
     if (::poll(polled.data(), polled.size(), remainingMilliseconds(until)) <= 0) continue;
-    if (polled[2].revents != 0) {
+    const auto& [input, output, errors, end] = polled;
+    if (errors.revents != 0) {
       if (auto error = readErrors(exchange)) return std::unexpected(std::move(*error));
     }
-    // Read first: what a child that is gone had answered or said explains more than a broken pipe.
-    if (polled[1].revents != 0) {
+    // All output comes first: a child may have answered before it went, and something that it has
+    // started may keep its pipes open when it has gone.
+    if (output.revents != 0) {
       if (auto result = readAnswer(exchange)) return result;
+    } else if (end.revents != 0) {
+      return std::unexpected(ended("ended"));
+    } else if ((input.revents & POLLERR) != 0) {
+      return std::unexpected(ended("closed its input"));
     }
-    if (polled[0].revents != 0) {
+    if (input.revents == POLLOUT) {
       if (auto error = writeRequest(exchange)) return std::unexpected(std::move(*error));
     }
   } while (Clock::now() < until);
@@ -230,7 +238,7 @@ Result<JsonValue> ChildProcess::State::call(std::string_view method,
                                             std::string_view parametersJson,
                                             std::chrono::milliseconds deadline) {
   const auto until = Clock::now() + deadline;
-  if (!isRunning()) return std::unexpected(SessionError{Kind::notStarted, "not running"});
+  if (process.id == 0) return std::unexpected(SessionError{Kind::notStarted, "not running"});
   Exchange exchange{++lastId, widgetruntime::writeRequest(lastId, method, parametersJson)};
   if (exchange.outgoing.size() > widgetruntime::kMaximumMessage) {
     return std::unexpected(SessionError{

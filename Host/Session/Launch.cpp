@@ -2,9 +2,9 @@
 
 #include <fcntl.h>
 #include <fmt/format.h>
-#include <sys/pidfd.h>
 #include <sys/prctl.h>
 #include <sys/resource.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -117,6 +117,11 @@ int readReport(const Descriptor& report) {
   return count == sizeof reason ? reason : 0;
 }
 
+// The library's own declaration has no C linkage.
+int openProcess(pid_t id) {
+  return static_cast<int>(::syscall(SYS_pidfd_open, id, 0));
+}
+
 std::unexpected<SessionError> notStarted(const std::string& program, int reason) {
   return std::unexpected(SessionError{SessionError::Kind::notStarted,
                                       fmt::format("{}: {}", program, std::strerror(reason))});
@@ -154,7 +159,7 @@ Result<LaunchedProcess> launch(const LaunchOptions& options) {
     return notStarted(options.program, reason);
   }
   LaunchedProcess process{id,
-                          Descriptor(::pidfd_open(id, 0)),
+                          Descriptor(openProcess(id)),
                           std::move(input->write),
                           std::move(output->read),
                           std::move(errors->read)};

@@ -13,8 +13,8 @@ constexpr std::string_view kLineEnd = "\r\n";
 constexpr std::string_view kHeaderEnd = "\r\n\r\n";
 constexpr std::string_view kLength = "content-length";
 
-bool isVisible(char c) {
-  return c > 0x20 && c < 0x7f;
+bool isNameCharacter(char c) {
+  return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') || c == '-';
 }
 
 // Header names do not tell upper from lower case.
@@ -49,7 +49,7 @@ std::optional<HeaderField> parseField(std::string_view line) {
   const std::size_t colon = line.find(':');
   if (colon == std::string_view::npos || colon == 0) return std::nullopt;
   for (const char c : line.substr(0, colon)) {
-    if (!isVisible(c)) return std::nullopt;
+    if (!isNameCharacter(c)) return std::nullopt;
   }
   return HeaderField{line.substr(0, colon), trimmed(line.substr(colon + 1))};
 }

@@ -1,0 +1,334 @@
+// Conversations with a dispatcher, over a small extension of the tests' own.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "FakeExtension.hpp"
+#include "Transcript.hpp"
+#include "WidgetRuntime/Dispatcher.hpp"
+
+namespace widgetruntime {
+namespace {
+
+using testing::HasSubstr;
+
+constexpr std::string_view kInitialize =
+    R"({"jsonrpc":"2.0","id":0,"method":"initialize","params":{"protocolVersion":1}})";
+
+void expectTranscript(std::string_view transcript, bool isInitialized = true) {
+  Dispatcher dispatcher(fake::definition());
+  if (isInitialized) {
+    ASSERT_THAT(dispatcher.handle(kInitialize), HasSubstr("\"result\""));
+  }
+  const auto handle = [&](std::string_view request) { return dispatcher.handle(request); };
+  EXPECT_EQ(replay(transcript, handle), joined(transcript));
+}
+
+TEST(Dispatcher, DescribesItsBundle) {
+  Dispatcher dispatcher({[](const InitializeParameters& parameters) {
+                           WidgetBundle bundle = fake::makeBundle(parameters);
+                           bundle.widgets.resize(2);
+                           return bundle;
+                         },
+                         fake::diagnose});
+  const std::string_view transcript = R"(
+> {"jsonrpc":"2.0","id":"first","method":"initialize","params":{"protocolVersion":1,
+    "host":"test 1","container":"/data/group.fake"}}
+< {"jsonrpc":"2.0","id":"first","result":{"protocolVersion":1,"appGroup":"group.fake",
+    "urlScheme":"fake","container":"/data/group.fake","bundle":{"widgets":[
+    {"kind":"Clock","name":"Fake","description":"A fake widget.","families":["systemSmall"],
+    "configuration":null},
+    {"kind":"Card","name":"Fake","description":"A fake widget.","families":["systemSmall"],
+    "configuration":{"intent":"FakeCardIntent","title":"Choose Card","parameters":[
+    {"name":"card","title":"Card","type":"entity","typeName":"Card","default":null,"cases":[]},
+    {"name":"style","title":"Style","type":"enumeration","typeName":"Style","default":"plain",
+    "cases":[{"id":"plain","title":"Plain"},{"id":"ring","title":"Ring"}]}]}}],
+    "controls":[{"kind":"FakeControl","name":"Do","description":"Does it.","label":"Do it",
+    "symbol":"plus","intent":"DoIntent"}]}}}
+)";
+  EXPECT_EQ(replay(transcript, [&](std::string_view r) { return dispatcher.handle(r); }),
+            joined(transcript));
+}
+
+TEST(Dispatcher, AnswersOnceInitializedAndUntilShutDown) {
+  expectTranscript(R"(
+> {"jsonrpc":"2.0","id":1,"method":"intent/perform","params":{"intent":"DoIntent"}}
+< {"jsonrpc":"2.0","id":1,"error":{"code":-32002,"message":"initialize comes first"}}
+---
+> {"jsonrpc":"2.0","id":2,"method":"initialize","params":{"protocolVersion":2}}
+< {"jsonrpc":"2.0","id":2,"error":{"code":-32602,
+    "message":"protocolVersion: 2 is not spoken here, 1 is"}}
+---
+> {"jsonrpc":"2.0","id":3,"method":"initialize","params":{}}
+< {"jsonrpc":"2.0","id":3,"error":{"code":-32602,"message":"protocolVersion: missing"}}
+)",
+                   false);
+  expectTranscript(R"(
+> {"jsonrpc":"2.0","id":1,"method":"initialize","params":{"protocolVersion":1}}
+< {"jsonrpc":"2.0","id":1,"error":{"code":-32600,"message":"initialized already"}}
+---
+> {"jsonrpc":"2.0","id":2,"method":"shutdown"}
+< {"jsonrpc":"2.0","id":2,"result":null}
+---
+> {"jsonrpc":"2.0","id":3,"method":"intent/perform","params":{"intent":"DoIntent"}}
+< {"jsonrpc":"2.0","id":3,"error":{"code":-32600,"message":"the extension is shut down"}}
+---
+> {"jsonrpc":"2.0","method":"exit"}
+)");
+}
+
+TEST(Dispatcher, GivesOneTreeForEachEnvironment) {
+  expectTranscript(R"(
+> {"jsonrpc":"2.0","id":1,"method":"widget/snapshot","params":{"kind":"Clock",
+    "family":"systemSmall","now":"2025-03-14T09:30:00Z","timeZone":"Asia/Jakarta",
+    "locale":"id_ID","languages":["id"],"environments":[{},{"privacy":true}]}}
+< {"jsonrpc":"2.0","id":1,"result":{"entries":[{"date":"2025-03-14T09:30:00Z",
+    "hasSnapshot":false,"trees":[
+    {"link":"fake://open/systemSmall","tree":{"type":"Text","text":"Asia/Jakarta",
+    "modifiers":[{"widgetURL":"fake://open/systemSmall"}]}},
+    {"link":"fake://open/systemSmall","tree":{"type":"Text","text":"hidden",
+    "modifiers":[{"widgetURL":"fake://open/systemSmall"}]}}]}]}}
+---
+> {"jsonrpc":"2.0","id":2,"method":"widget/snapshot","params":{"kind":"Clock",
+    "family":"systemSmall","previewFamily":"accessoryInline","isPreview":true,
+    "now":"2025-03-14T09:30:00Z","timeZone":"UTC","locale":"en","languages":[],
+    "environments":[{}]}}
+< {"jsonrpc":"2.0","id":2,"result":{"entries":[{"date":"2025-03-14T09:30:00Z",
+    "hasSnapshot":true,"trees":[
+    {"link":"fake://open/accessoryInline","tree":{"type":"Text","text":"UTC",
+    "modifiers":[{"widgetURL":"fake://open/accessoryInline"}]}}]}]}}
+---
+> {"jsonrpc":"2.0","id":3,"method":"widget/placeholder","params":{"kind":"Card",
+    "family":"systemLarge","configuration":{"card":"b"},"now":"2025-03-14T09:30:00Z",
+    "timeZone":"UTC","locale":"en","languages":[],"environments":[]}}
+< {"jsonrpc":"2.0","id":3,"result":{"entries":[{"date":"2025-03-14T09:30:00Z",
+    "hasSnapshot":true,"trees":[]}]}}
+)");
+}
+
+TEST(Dispatcher, GivesTimelinesWithTheirPolicy) {
+  expectTranscript(R"(
+> {"jsonrpc":"2.0","id":1,"method":"widget/timeline","params":{"kind":"Clock",
+    "family":"systemSmall","now":"2025-03-14T23:30:00Z","timeZone":"UTC","locale":"en",
+    "languages":[],"environments":[]}}
+< {"jsonrpc":"2.0","id":1,"result":{"entries":[
+    {"date":"2025-03-14T23:30:00Z","hasSnapshot":false,"trees":[]},
+    {"date":"2025-03-15T00:30:00Z","hasSnapshot":false,"trees":[]}],
+    "policy":{"type":"after","date":"2025-03-15T00:30:00Z"}}}
+---
+> {"jsonrpc":"2.0","id":2,"method":"widget/timeline","params":{"kind":"Card",
+    "family":"systemSmall","configuration":{"card":"b","style":null},
+    "now":"2025-03-14T23:30:00Z","timeZone":"UTC","locale":"en","languages":[],
+    "environments":[{}]}}
+< {"jsonrpc":"2.0","id":2,"result":{"entries":[{"date":"2025-03-14T23:30:00Z",
+    "hasSnapshot":true,"trees":[{"link":"fake://open/systemSmall","tree":{"type":"Text",
+    "text":"b","modifiers":[{"widgetURL":"fake://open/systemSmall"}]}}]}],
+    "policy":{"type":"atEnd"}}}
+---
+> {"jsonrpc":"2.0","id":3,"method":"widget/timeline","params":{"kind":"Empty",
+    "family":"systemSmall","now":"2025-03-14T23:30:00Z","timeZone":"UTC","locale":"en",
+    "languages":[],"environments":[{}]}}
+< {"jsonrpc":"2.0","id":3,"result":{"entries":[],
+    "policy":{"type":"after","date":"2025-03-15T00:30:00Z"}}}
+)");
+}
+
+std::string timelineRequest(std::string_view kind) {
+  return R"({"jsonrpc":"2.0","id":1,"method":"widget/timeline","params":{"kind":")" +
+         std::string(kind) +
+         R"(","family":"systemSmall","now":"2025-03-14T00:00:00Z","timeZone":"UTC","locale":"en",)"
+         R"("languages":[],"environments":[{},{}]}})";
+}
+
+Read<EntriesAnswer> timelineOf(std::string_view kind) {
+  Dispatcher dispatcher(fake::definition());
+  EXPECT_THAT(dispatcher.handle(kInitialize), HasSubstr("\"result\""));
+  const std::string text = dispatcher.handle(timelineRequest(kind));
+  EXPECT_LE(text.size(), kMaximumMessage);
+  const auto answer = readAnswer(text);
+  if (!answer) return std::unexpected(answer.error());
+  if (!answer->result) return std::unexpected(answer->result.error().message);
+  return read<EntriesAnswer>(*answer->result);
+}
+
+TEST(Dispatcher, EndsALongTimelineEarlyAndIsAskedAgainThen) {
+  const auto timeline = timelineOf("Long");
+  ASSERT_TRUE(timeline) << timeline.error();
+  ASSERT_EQ(timeline->entries.size(), kMaximumEntries);
+  EXPECT_EQ(timeline->entries[31].date, foundation::parseInternetDateTime("2025-03-15T07:00:00Z"));
+  EXPECT_EQ(timeline->policy, ReloadPolicy{});
+}
+
+TEST(Dispatcher, EndsATimelineOfLargeEntriesWhereTheMessageIsFull) {
+  Dispatcher dispatcher(fake::definition());
+  EXPECT_THAT(dispatcher.handle(kInitialize), HasSubstr("\"result\""));
+  const std::string text = dispatcher.handle(timelineRequest("Wide"));
+  // Two trees of a little over 100,000 bytes an entry: five entries fit into 1,048,576.
+  EXPECT_THAT(text.size(), testing::AllOf(testing::Gt(1'000'000U), testing::Le(kMaximumMessage)));
+  EXPECT_THAT(text, testing::EndsWith(R"("policy":{"type":"atEnd"}}})"));
+  EXPECT_THAT(text, HasSubstr("2025-03-14T04:00:00Z"));
+  EXPECT_THAT(text, testing::Not(HasSubstr("2025-03-14T05:00:00Z")));
+}
+
+TEST(Dispatcher, RefusesWhatCannotBeSent) {
+  const auto timeline = timelineOf("Huge");
+  ASSERT_FALSE(timeline);
+  EXPECT_THAT(timeline.error(), testing::StartsWith("an entry of Huge takes 2200"));
+}
+
+TEST(Dispatcher, SaysNothingOfWhatABundleThrew) {
+  const auto timeline = timelineOf("Throwing");
+  ASSERT_FALSE(timeline);
+  EXPECT_EQ(timeline.error(), "the extension failed");
+}
+
+TEST(Dispatcher, ListsOptions) {
+  expectTranscript(R"(
+> {"jsonrpc":"2.0","id":1,"method":"configuration/options","params":{"kind":"Card",
+    "parameter":"card"}}
+< {"jsonrpc":"2.0","id":1,"result":{"options":[{"id":"a","title":"Card A"},
+    {"id":"b","title":"Card B"}],"default":"a"}}
+---
+> {"jsonrpc":"2.0","id":2,"method":"configuration/options","params":{"kind":"Card",
+    "parameter":"card","query":{"identifiers":["x","b"]}}}
+< {"jsonrpc":"2.0","id":2,"result":{"options":[{"id":"b","title":"Card B"}],"default":"a"}}
+---
+> {"jsonrpc":"2.0","id":3,"method":"configuration/options","params":{"kind":"Card",
+    "parameter":"style"}}
+< {"jsonrpc":"2.0","id":3,"result":{"options":[{"id":"plain","title":"Plain"},
+    {"id":"ring","title":"Ring"}],"default":"plain"}}
+---
+> {"jsonrpc":"2.0","id":4,"method":"configuration/options","params":{"kind":"Card",
+    "parameter":"style","query":{"identifiers":["ring"]}}}
+< {"jsonrpc":"2.0","id":4,"result":{"options":[{"id":"ring","title":"Ring"}],
+    "default":"plain"}}
+---
+> {"jsonrpc":"2.0","id":5,"method":"configuration/options","params":{"kind":"Clock",
+    "parameter":"style"}}
+< {"jsonrpc":"2.0","id":5,"error":{"code":-32602,"message":"unknown parameter \"style\""}}
+)");
+}
+
+TEST(Dispatcher, PerformsIntentsAndDiagnosesDocuments) {
+  expectTranscript(R"(
+> {"jsonrpc":"2.0","id":1,"method":"intent/perform","params":{"intent":"DoIntent"}}
+< {"jsonrpc":"2.0","id":1,"result":{"openApp":true}}
+---
+> {"jsonrpc":"2.0","id":2,"method":"intent/perform","params":{"intent":"StayIntent"}}
+< {"jsonrpc":"2.0","id":2,"result":{"openApp":false}}
+---
+> {"jsonrpc":"2.0","id":3,"method":"intent/perform","params":{"intent":"Other"}}
+< {"jsonrpc":"2.0","id":3,"error":{"code":-32602,"message":"unknown intent \"Other\""}}
+---
+> {"jsonrpc":"2.0","id":4,"method":"document/diagnose","params":{"text":"{}",
+    "now":"2025-03-14T23:30:00Z","timeZone":"UTC","locale":"en","languages":[]}}
+< {"jsonrpc":"2.0","id":4,"result":{"accepted":true,"problems":[],
+    "widgets":[{"kind":"Clock","shows":"the time"}]}}
+---
+> {"jsonrpc":"2.0","id":5,"method":"document/diagnose","params":{"path":"/x",
+    "now":"2025-03-14T23:30:00Z","timeZone":"UTC","locale":"en","languages":[]}}
+< {"jsonrpc":"2.0","id":5,"result":{"accepted":false,"problems":[{"pointer":"/money","line":2,
+    "column":7,"expected":"an object","found":"a string"}],
+    "widgets":[{"kind":"Clock","shows":"nothing"}]}}
+---
+> {"jsonrpc":"2.0","id":6,"method":"document/diagnose","params":{"path":"/x","text":"{}",
+    "now":"2025-03-14T23:30:00Z","timeZone":"UTC","locale":"en","languages":[]}}
+< {"jsonrpc":"2.0","id":6,"error":{"code":-32602,"message":"text: not beside a path"}}
+)");
+}
+
+TEST(Dispatcher, RefusesEnvelopesThatAreNoRequests) {
+  expectTranscript(R"(
+> {"jsonrpc":"2.0","id":1,"method":"widget/unknown","params":{}}
+< {"jsonrpc":"2.0","id":1,"error":{"code":-32601,"message":"unknown method \"widget/unknown\""}}
+---
+> {"jsonrpc":"1.0","id":2,"method":"shutdown"}
+< {"jsonrpc":"2.0","id":2,"error":{"code":-32600,"message":"jsonrpc: \"2.0\" is expected"}}
+---
+> {"jsonrpc":"2.0","id":3}
+< {"jsonrpc":"2.0","id":3,"error":{"code":-32600,"message":"method: a short string is expected"}}
+---
+> {"jsonrpc":"2.0","id":1.5,"method":"shutdown"}
+< {"jsonrpc":"2.0","id":null,"error":{"code":-32600,
+    "message":"id: a whole number or a short string"}}
+---
+> []
+< {"jsonrpc":"2.0","id":null,"error":{"code":-32600,"message":"jsonrpc: \"2.0\" is expected"}}
+---
+> {"jsonrpc":"2.0","method":"$/cancelRequest","params":{"id":1}}
+---
+> {"jsonrpc":"2.0","method":"widget/unknown"}
+)");
+}
+
+TEST(Dispatcher, RefusesTextsThatAreNoJson) {
+  Dispatcher dispatcher(fake::definition());
+  const std::string deep = std::string(17, '[') + std::string(17, ']');
+  for (const std::string& text : {std::string(),
+                                  std::string("{"),
+                                  std::string("{}x"),
+                                  deep,
+                                  std::string("{\"jsonrpc\":\"2.0\",\"id\":\"\xFF\"}")}) {
+    EXPECT_THAT(dispatcher.handle(text), HasSubstr(R"("id":null,"error":{"code":-32700,)")) << text;
+  }
+}
+
+TEST(Dispatcher, NamesTheParameterThatIsWrong) {
+  struct Row {
+    std::string parameters;
+    std::string message;
+  };
+  const std::string device =
+      R"("now":"2025-03-14T23:30:00Z","timeZone":"UTC","locale":"en","languages":[])";
+  const std::string small = R"("kind":"Clock","family":"systemSmall",)";
+  const std::string start = small + device;
+  const std::vector<Row> rows{
+      {"", "kind: missing"},
+      {R"("kind":7)", "kind: a string is expected"},
+      {R"("kind":"Clock")", "family: missing"},
+      {R"("kind":"Clock","family":"huge")", R"(family: unknown name \"huge\")"},
+      {small + R"("previewFamily":"x",)" + device, R"(previewFamily: unknown name \"x\")"},
+      {small + R"("isPreview":1,)" + device, "isPreview: true or false is expected"},
+      {small + R"("configuration":[],)" + device, "configuration: an object is expected"},
+      {small + R"("configuration":{"a":1},)" + device, "configuration.a: a string is expected"},
+      {small + R"("now":"today")",
+       "now: an internet date-time such as 2025-03-14T09:30:00Z is expected"},
+      {start, "environments: missing"},
+      {start + R"(,"environments":{})", "environments: an array is expected"},
+      {start + R"(,"environments":[1])", "environments[0]: an object is expected"},
+      {start + R"(,"environments":[{},{},{},{},{},{},{},{},{}])",
+       "environments: 9 elements, 8 are allowed"},
+      {start + R"(,"environments":[{},{"renderingMode":"sepia"}])",
+       R"(environments[1].renderingMode: unknown name \"sepia\")"},
+      {start + R"(,"environments":[{"systemMargins":{"top":1}}])",
+       "environments[0].systemMargins.leading: missing"},
+      {start + R"(,"environments":[{"layoutDirection":"up"}])",
+       R"(environments[0].layoutDirection: unknown name \"up\")"},
+      {R"("kind":"Nothing","family":"systemSmall","environments":[],)" + device,
+       R"(unknown widget kind \"Nothing\")"},
+      {R"("kind":")" + std::string(20000, 'k') + "\"", "kind: 20000 bytes, 16384 are allowed"},
+  };
+  Dispatcher dispatcher(fake::definition());
+  ASSERT_THAT(dispatcher.handle(kInitialize), HasSubstr("\"result\""));
+  for (const Row& row : rows) {
+    const std::string request =
+        R"({"jsonrpc":"2.0","id":1,"method":"widget/timeline","params":{)" + row.parameters + "}}";
+    EXPECT_EQ(
+        dispatcher.handle(request),
+        R"({"jsonrpc":"2.0","id":1,"error":{"code":-32602,"message":")" + row.message + "\"}}");
+  }
+}
+
+TEST(Dispatcher, KeepsNothingBetweenRequests) {
+  Dispatcher dispatcher(fake::definition());
+  ASSERT_THAT(dispatcher.handle(kInitialize), HasSubstr("\"result\""));
+  const std::string first = dispatcher.handle(timelineRequest("Clock"));
+  for (const char* other : {"Card", "Throwing", "Huge", "Long"}) {
+    EXPECT_FALSE(dispatcher.handle(timelineRequest(other)).empty());
+    EXPECT_EQ(dispatcher.handle(timelineRequest("Clock")), first);
+  }
+}
+
+}  // namespace
+}  // namespace widgetruntime

@@ -76,14 +76,10 @@ void JsonReader::readRecord(std::span<const JsonField> fields, void* record) {
 
   assert(fields.size() <= kMaximumJsonFields);
   std::bitset<kMaximumJsonFields> seen;
-  JsonScanner::Descent step(scanner, false);
-  std::string scratch;
+  JsonScanner::Descent object(scanner);
   std::size_t expected = 0;
-  bool first = true;
-  while (scanner.nextMember(first)) {
-    step->key = {};
-    if (!scanner.key(step->key, scratch)) return;
-    const std::size_t field = findField(fields, step->key, expected);
+  while (scanner.nextMember(object)) {
+    const std::size_t field = findField(fields, object.key(), expected);
     if (field == kNoField || seen[field]) {
       scanner.skipValue();
       continue;
@@ -95,7 +91,7 @@ void JsonReader::readRecord(std::span<const JsonField> fields, void* record) {
   if (scanner.stopped()) return;
   for (std::size_t i = 0; i < fields.size(); ++i) {
     if (!fields[i].required || seen[i]) continue;
-    step->key = fields[i].key;
+    object.setKey(fields[i].key);
     scanner.note(start, "required key", "missing");
   }
 }
@@ -108,12 +104,8 @@ void JsonReader::readArray(void (*element)(JsonReader&, void*), void* out) {
   JsonScanner& scanner = state_.scanner;
   if (scanner.peek() != '[') return scanner.mismatch("array");
   if (!scanner.open()) return;
-  JsonScanner::Descent step(scanner, true);
-  bool first = true;
-  while (scanner.nextElement(first)) {
-    element(*this, out);
-    ++step->index;
-  }
+  JsonScanner::Descent array(scanner);
+  while (scanner.nextElement(array)) element(*this, out);
 }
 
 std::optional<JsonFailure> decodeJsonRecord(std::string_view document,

@@ -153,6 +153,8 @@ constexpr JsonField jsonField(std::string_view key) {
 /// byte. Problems name types and punctuation, never a value.
 struct JsonFailure {
   std::vector<JsonProblem> problems;
+
+  friend bool operator==(const JsonFailure&, const JsonFailure&) = default;
 };
 /// Decodes one document into a record; nothing is success.
 [[nodiscard]] std::optional<JsonFailure> decodeJsonRecord(std::string_view document,

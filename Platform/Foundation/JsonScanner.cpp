@@ -64,6 +64,19 @@ std::string_view typeName(char first) {
   }
 }
 
+/// RFC 6901 writes two characters otherwise.
+void appendPointerToken(std::string& out, std::string_view key) {
+  for (const char c : key) {
+    if (c == '~') {
+      out += "~0";
+    } else if (c == '/') {
+      out += "~1";
+    } else {
+      out += c;
+    }
+  }
+}
+
 bool isHighSurrogate(char32_t unit) {
   return unit >= 0xD800 && unit < 0xDC00;
 }
@@ -100,10 +113,10 @@ bool JsonScanner::open() {
   return true;
 }
 
-bool JsonScanner::next(bool& first, char closing) {
+bool JsonScanner::next(bool isFirst, char closing) {
   if (stopped_) return false;
   const char c = peek();
-  if (!first && c == ',') {
+  if (!isFirst && c == ',') {
     ++at_;
     return true;
   }
@@ -112,32 +125,47 @@ bool JsonScanner::next(bool& first, char closing) {
     --depth_;
     return false;
   }
-  if (!first) return fail(closing == '}' ? "comma or end of object" : "comma or end of array");
-  first = false;
-  return true;
+  return isFirst || fail(closing == '}' ? "comma or end of object" : "comma or end of array");
 }
 
-bool JsonScanner::key(std::string_view& out, std::string& scratch) {
-  if (stopped_) return false;
-  const char* const quote = at_++;
-  const char* const stop = plainEnd(at_, end_);
-  if (stop != end_ && *stop == '"') {
-    out = {at_, stop};
-    at_ = stop + 1;
-  } else {
-    bool isText = true;
-    scratch.clear();
-    if (!unescape(scratch, isText)) return false;
-    if (!isText) note(quote, "string", "lone surrogate");
-    out = scratch;
-  }
-  if (out.size() > maximumString_) {
-    at_ = quote;
-    return fail(fmt::format("string of at most {} bytes", maximumString_));
-  }
+bool JsonScanner::colon() {
   if (peek() != ':') return fail("colon");
   ++at_;
   return true;
+}
+
+bool JsonScanner::nextElement(Descent& array) {
+  array.place_ = Descent::Place::between;
+  if (!next(array.count_ == 0, ']')) return false;
+  array.place_ = Descent::Place::element;
+  ++array.count_;
+  return true;
+}
+
+bool JsonScanner::nextMember(Descent& object) {
+  object.place_ = Descent::Place::between;
+  if (!next(object.count_ == 0, '}') || !atKey()) return false;
+  ++object.count_;
+
+  const char* const quote = at_++;
+  const char* const stop = plainEnd(at_, end_);
+  if (stop != end_ && *stop == '"') {
+    object.setKey({at_, stop});
+    at_ = stop + 1;
+  } else {
+    bool isText = true;
+    object.unescaped_.clear();
+    if (!unescape(object.unescaped_, isText)) return false;
+    object.setKey(object.unescaped_);
+    if (!isText) note(quote, "string", "lone surrogate");
+  }
+  return isWithinString(object.key().size(), quote) && colon();
+}
+
+bool JsonScanner::isWithinString(std::size_t size, const char* quote) {
+  if (size <= maximumString_) return true;
+  at_ = quote;
+  return fail(fmt::format("string of at most {} bytes", maximumString_));
 }
 
 bool JsonScanner::literal(std::string_view name) {
@@ -162,11 +190,7 @@ bool JsonScanner::string(std::string& out) {
     if (!unescape(out, isText)) return false;
     if (!isText) note(quote, "string", "lone surrogate");
   }
-  if (out.size() > maximumString_) {
-    at_ = quote;
-    return fail(fmt::format("string of at most {} bytes", maximumString_));
-  }
-  return true;
+  return isWithinString(out.size(), quote);
 }
 
 bool JsonScanner::unescape(std::string& out, bool& isText) {
@@ -316,17 +340,9 @@ bool JsonScanner::number(double& out) {
 bool JsonScanner::skipContainer() {
   const bool isObject = *at_ == '{';
   if (!open()) return false;
-  bool first = true;
-  if (isObject) {
-    while (nextMember(first)) {
-      if (!skipString() || (peek() != ':' && !fail("colon"))) return false;
-      ++at_;
-      if (!skipValue()) return false;
-    }
-  } else {
-    while (nextElement(first)) {
-      if (!skipValue()) return false;
-    }
+  for (bool isFirst = true; next(isFirst, isObject ? '}' : ']'); isFirst = false) {
+    if (isObject && (!atKey() || !skipString() || !colon())) return false;
+    if (!skipValue()) return false;
   }
   return !stopped_;
 }
@@ -360,10 +376,9 @@ bool JsonScanner::finish() {
 }
 
 void JsonScanner::mismatch(std::string_view expected) {
-  if (stopped_) return;
   const std::string_view found = typeName(peek());
-  if (!found.empty()) note(at_, expected, found);
-  skipValue();
+  const char* const start = at_;
+  if (skipValue()) note(start, expected, found);
 }
 
 void JsonScanner::note(const char* at, std::string_view expected, std::string_view found) {
@@ -388,23 +403,16 @@ std::string JsonScanner::foundAt(const char* at) const {
 }
 
 std::string JsonScanner::pointer() const {
-  std::vector<const Step*> steps;
-  for (const Step* step = path_; step != nullptr; step = step->parent) steps.push_back(step);
+  std::vector<const Descent*> descents;
+  for (const Descent* d = innermost_; d != nullptr; d = d->parent_) descents.push_back(d);
   std::string out;
-  for (const Step* step : steps | std::views::reverse) {
+  for (const Descent* descent : descents | std::views::reverse) {
+    if (descent->place_ == Descent::Place::between) break;  // only the innermost can be
     out += '/';
-    if (step->isElement) {
-      out += fmt::format_int(step->index).str();
-      continue;
-    }
-    for (const char c : step->key) {
-      if (c == '~') {
-        out += "~0";
-      } else if (c == '/') {
-        out += "~1";
-      } else {
-        out += c;
-      }
+    if (descent->place_ == Descent::Place::element) {
+      out += fmt::format_int(descent->count_ - 1).str();
+    } else {
+      appendPointerToken(out, descent->key_);
     }
   }
   return out;

@@ -7,6 +7,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -17,28 +18,35 @@ namespace foundation {
 
 class JsonScanner {
  public:
-  /// Where in the document the walk is: one step per open array or object, the innermost last.
-  struct Step {
-    const Step* parent = nullptr;
-    std::string_view key;
-    std::size_t index = 0;
-    bool isElement = false;
-  };
-  /// Makes a step the innermost one for as long as it lives.
+  /// One open array or object that the walk is in, for as long as it lives: what is told of a
+  /// problem's place.
   class Descent {
    public:
-    Descent(JsonScanner& scanner, bool isElement)
-        : scanner_(scanner), step_{.parent = scanner.path_, .isElement = isElement} {
-      scanner.path_ = &step_;
+    explicit Descent(JsonScanner& scanner) : scanner_(scanner), parent_(scanner.innermost_) {
+      scanner.innermost_ = this;
     }
-    ~Descent() { scanner_.path_ = step_.parent; }
+    ~Descent() { scanner_.innermost_ = parent_; }
     Descent(const Descent&) = delete;
     Descent& operator=(const Descent&) = delete;
-    Step* operator->() { return &step_; }
+
+    /// The member that the walk is at. The view lives until the next one, or as long as what it was
+    /// set to.
+    [[nodiscard]] std::string_view key() const { return key_; }
+    void setKey(std::string_view key) {
+      key_ = key;
+      place_ = Place::member;
+    }
 
    private:
+    friend class JsonScanner;
+    enum class Place : std::uint8_t { between, member, element };
+
     JsonScanner& scanner_;
-    Step step_;
+    const Descent* parent_;
+    Place place_ = Place::between;
+    std::size_t count_ = 0;  // members or elements begun
+    std::string_view key_;
+    std::string unescaped_;
   };
 
   static constexpr std::size_t kMaximumDepth = 512;
@@ -59,12 +67,10 @@ class JsonScanner {
   /// Opens the array or object that the walk stands on. After it, `nextMember` or `nextElement` are
   /// called until they answer false, which closes it.
   bool open();
-  /// Stands before the next member's key.
-  bool nextMember(bool& first) { return next(first, '}') && (peek() == '"' || fail("string")); }
+  /// Reads the next member's key and colon.
+  bool nextMember(Descent& object);
   /// Stands before the next element.
-  bool nextElement(bool& first) { return next(first, ']'); }
-  /// Reads a key and its colon. The view lives as long as the text and `scratch`.
-  bool key(std::string_view& out, std::string& scratch);
+  bool nextElement(Descent& array);
 
   bool literal(std::string_view name);
   /// A text that cannot be held is noted, and reads as empty.
@@ -91,7 +97,10 @@ class JsonScanner {
   };
   struct NumberParts;
 
-  bool next(bool& first, char closing);
+  bool next(bool isFirst, char closing);
+  bool atKey() { return peek() == '"' || fail("string"); }
+  bool colon();
+  bool isWithinString(std::size_t size, const char* quote);
   bool skipContainer();
   bool skipString();
   bool scanNumber(NumberParts& parts);
@@ -104,7 +113,7 @@ class JsonScanner {
   const char* begin_;
   const char* at_;
   const char* end_;
-  const Step* path_ = nullptr;
+  const Descent* innermost_ = nullptr;
   std::size_t depth_ = 0;
   std::size_t maximumDepth_;
   std::size_t maximumString_;

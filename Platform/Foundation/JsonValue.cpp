@@ -13,25 +13,17 @@ JsonValue readValue(JsonScanner& scanner);
 JsonValue readArray(JsonScanner& scanner) {
   JsonValue::Array elements;
   if (!scanner.open()) return {};
-  JsonScanner::Descent step(scanner, true);
-  bool first = true;
-  while (scanner.nextElement(first)) {
-    elements.push_back(readValue(scanner));
-    ++step->index;
-  }
+  JsonScanner::Descent array(scanner);
+  while (scanner.nextElement(array)) elements.push_back(readValue(scanner));
   return elements;
 }
 
 JsonValue readObject(JsonScanner& scanner) {
   JsonValue::Object members;
   if (!scanner.open()) return {};
-  JsonScanner::Descent step(scanner, false);
-  std::string scratch;
-  bool first = true;
-  while (scanner.nextMember(first)) {
-    step->key = {};
-    if (!scanner.key(step->key, scratch)) return {};
-    std::string key(step->key);
+  JsonScanner::Descent object(scanner);
+  while (scanner.nextMember(object)) {
+    std::string key(object.key());
     members.emplace_back(std::move(key), readValue(scanner));
   }
   return members;

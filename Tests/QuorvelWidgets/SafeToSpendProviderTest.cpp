@@ -1,0 +1,116 @@
+#include <gmock/gmock.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include "Foundation/Bundle.hpp"
+#include "Foundation/FileManager.hpp"
+#include "QuorvelWidgets/SafeToSpendProvider.hpp"
+#include "QuorvelWidgets/WidgetSupport/SnapshotSample.hpp"
+#include "Tests/Support/SafeToSpendCases.hpp"
+
+namespace quorvel {
+namespace {
+
+using ::testing::ElementsAre;
+using widgetruntime::IntentOption;
+using widgetruntime::ProviderContext;
+
+TEST(SafeToSpendStyle, TheRawValuesMapToTheirCasesAndNothingElseDoes) {
+  EXPECT_EQ(safeToSpendStyle("accent"), SafeToSpendStyle::accent);
+  EXPECT_EQ(safeToSpendStyle("ring"), SafeToSpendStyle::ring);
+  for (const char* other : {"", "Accent", "RING", "accent ", "0", "Accent Tile", "tile"}) {
+    EXPECT_EQ(safeToSpendStyle(other), std::nullopt) << other;
+  }
+}
+
+TEST(SafeToSpendIntent, AWidgetThatWasNeverConfiguredUsesAccent) {
+  EXPECT_EQ(SafeToSpendIntent::fromValues({}).style, SafeToSpendStyle::accent);
+  EXPECT_EQ(SafeToSpendIntent::fromValues({{"style", "unknown"}}).style, SafeToSpendStyle::accent);
+  EXPECT_EQ(SafeToSpendIntent::fromValues({{"style", "ring"}}).style, SafeToSpendStyle::ring);
+}
+
+TEST(SafeToSpendIntent, DescribesItsOneParameter) {
+  const auto intent = SafeToSpendIntent::description();
+  EXPECT_EQ(intent.title, "Choose Style");
+  ASSERT_EQ(intent.parameters.size(), 1U);
+  const auto& style = intent.parameters[0];
+  EXPECT_EQ(style.name, "style");
+  EXPECT_EQ(style.title, "Style");
+  EXPECT_EQ(style.typeName, "Style");
+  EXPECT_EQ(style.type, widgetruntime::IntentParameter::Type::enumeration);
+  EXPECT_THAT(
+      style.cases,
+      ElementsAre(IntentOption{"accent", "Accent Tile"}, IntentOption{"ring", "Budget Ring"}));
+  EXPECT_EQ(style.defaultValue, "accent");
+}
+
+class SafeToSpendProviderTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    folder_ = std::filesystem::path{::testing::TempDir()} /
+              ("safe-to-spend-" + std::to_string(::getpid()));
+    std::filesystem::create_directories(folder_);
+  }
+  void TearDown() override { std::filesystem::remove_all(folder_); }
+
+  [[nodiscard]] SafeToSpendProvider provider() const {
+    return {SnapshotStore{foundation::Bundle{},
+                          foundation::FileManager::withContainer(folder_.string())}};
+  }
+  void writeDocument(const WidgetSnapshot& snapshot) const {
+    std::ofstream{folder_ / kSnapshotFileName} << encodeWidgetSnapshot(snapshot);
+  }
+
+  static ProviderContext context(bool isPreview) {
+    ProviderContext context;
+    context.isPreview = isPreview;
+    context.device.now = fixtures::marchFourteenth();
+    return context;
+  }
+
+  std::filesystem::path folder_;
+};
+
+TEST_F(SafeToSpendProviderTest, TheGalleryShowsTheSampleWithoutADocument) {
+  const SafeToSpendEntry entry =
+      provider().snapshot({.style = SafeToSpendStyle::ring}, context(true));
+  ASSERT_TRUE(entry.snapshot.has_value());
+  EXPECT_EQ(*entry.snapshot, sampleSnapshot(context(true).device));
+  EXPECT_EQ(entry.style, SafeToSpendStyle::ring);
+}
+
+TEST_F(SafeToSpendProviderTest, OutsideTheGalleryAMissingDocumentIsNoSnapshot) {
+  const SafeToSpendEntry entry = provider().snapshot({}, context(false));
+  EXPECT_EQ(entry.snapshot, std::nullopt);
+  EXPECT_EQ(entry.date, fixtures::marchFourteenth());
+}
+
+TEST_F(SafeToSpendProviderTest, TheGalleryPrefersTheDocument) {
+  const WidgetSnapshot snapshot =
+      fixtures::snapshotWith(fixtures::budgetOf(1000, 400, "2025-03-24"), "es");
+  writeDocument(snapshot);
+  EXPECT_EQ(provider().snapshot({}, context(true)).snapshot->lang, "es");
+}
+
+TEST_F(SafeToSpendProviderTest, ThePlaceholderIsTheSampleInAccentAndReadsNoFile) {
+  writeDocument(fixtures::snapshotWith(fixtures::budgetOf(1000, 400, "2025-03-24"), "es"));
+  const SafeToSpendEntry entry = provider().placeholder(context(false));
+  EXPECT_EQ(entry.style, SafeToSpendStyle::accent);
+  EXPECT_EQ(*entry.snapshot, sampleSnapshot(context(false).device));
+}
+
+TEST_F(SafeToSpendProviderTest, TheTimelineIsTheSharedOneInTheChosenStyle) {
+  const auto timeline = provider().timeline({.style = SafeToSpendStyle::ring}, context(false));
+  ASSERT_EQ(timeline.entries.size(), 1U);
+  EXPECT_EQ(timeline.entries[0].date, fixtures::marchFourteenth());
+  EXPECT_EQ(timeline.entries[0].snapshot, std::nullopt);
+  EXPECT_EQ(timeline.entries[0].style, SafeToSpendStyle::ring);
+  EXPECT_EQ(timeline.policy,
+            widgetruntime::ReloadPolicy::after(
+                *foundation::parseInternetDateTime("2025-03-15T00:00:05Z")));
+}
+
+}  // namespace
+}  // namespace quorvel

@@ -1,0 +1,351 @@
+#include <gmock/gmock.h>
+
+#include <string>
+#include <tuple>
+
+#include "Foundation/JsonWriter.hpp"
+#include "QuorvelWidgets/SafeToSpendView.hpp"
+#include "QuorvelWidgets/SpentGauge.hpp"
+#include "QuorvelWidgets/WidgetSupport/Palette.hpp"
+#include "QuorvelWidgets/WidgetSupport/WAccent.hpp"
+#include "Tests/Support/SafeToSpendCases.hpp"
+#include "Tests/Support/ViewInspection.hpp"
+#include "ViewKit/Dump.hpp"
+#include "ViewKit/TreeJson.hpp"
+
+namespace quorvel {
+namespace {
+
+using namespace viewkit;
+using ::testing::Contains;
+using ::testing::ElementsAre;
+using ::testing::Not;
+using widgetruntime::Environment;
+using widgetruntime::WidgetFamily;
+
+constexpr const char* kTenDaysAfter = "2025-03-24";
+constexpr const char* kTwentyDaysBefore = "2025-02-22";
+constexpr const char* kToday = "2025-03-14";
+
+Environment in(WidgetFamily family) {
+  Environment environment;
+  environment.widgetFamily = family;
+  return environment;
+}
+
+View draw(WidgetSnapshot::Budget budget,
+          SafeToSpendStyle style = SafeToSpendStyle::accent,
+          const Environment& environment = {}) {
+  return fixtures::safeToSpendView(
+      fixtures::entryWith(fixtures::snapshotWith(std::move(budget)), style), environment);
+}
+
+WidgetSnapshot::Budget usual() {
+  return fixtures::budgetOf(1000, 400, kTenDaysAfter, kTwentyDaysBefore);
+}
+
+std::string linkOf(const View& view) {
+  return inspection::modifier<WidgetURL>(view)->url;
+}
+
+// ---- which layout, and what it says
+
+TEST(SafeToSpendView, TheAccentTileSaysWhatADayAllows) {
+  EXPECT_THAT(inspection::texts(draw(usual())),
+              ElementsAre("Safe to spend", "$60", "/ day", "10d left", "$600", "left"));
+}
+
+TEST(SafeToSpendView, OnTheLastDayTheAmountIsTheWholeRemainder) {
+  EXPECT_THAT(inspection::texts(draw(fixtures::budgetOf(1000, 400, kToday))),
+              ElementsAre("Safe to spend", "$600", "Last day", "Left for today"));
+}
+
+TEST(SafeToSpendView, AnOverspentBudgetEndsInOverBudget) {
+  const View view = draw(fixtures::budgetOf(1000, 1210, kTenDaysAfter));
+  EXPECT_THAT(inspection::texts(view),
+              ElementsAre("Safe to spend", "$0", "/ day", "10d left", "$210", "over budget"));
+  EXPECT_THAT(inspection::symbols(view), Contains("exclamationmark.circle.fill"));
+}
+
+TEST(SafeToSpendView, OverspentOnTheLastDayHasNoUnit) {
+  EXPECT_THAT(inspection::texts(draw(fixtures::budgetOf(1000, 1210, kToday))),
+              ElementsAre("Safe to spend", "$0", "Last day", "$210", "over budget"));
+}
+
+TEST(SafeToSpendView, SpendingExactlyTheBudgetIsNotExceeded) {
+  const View view = draw(fixtures::budgetOf(1000, 1000, kTenDaysAfter));
+  EXPECT_THAT(inspection::texts(view),
+              ElementsAre("Safe to spend", "$0", "/ day", "10d left", "$0", "left"));
+}
+
+TEST(SafeToSpendView, APeriodThatIsOverAsksForABudget) {
+  for (const char* end : {"2025-03-13", "soon"}) {
+    const View view = draw(fixtures::budgetOf(1000, 400, end));
+    EXPECT_THAT(inspection::texts(view),
+                ElementsAre("Safe to spend", "Set a monthly budget in Quorvel", "Set a budget"));
+  }
+}
+
+TEST(SafeToSpendView, ASnapshotWithoutABudgetAsksForOne) {
+  const View view = fixtures::safeToSpendView(fixtures::entryWith(fixtures::emptySnapshot("id")));
+  EXPECT_THAT(inspection::texts(view),
+              ElementsAre("Aman dibelanjakan", "Atur budget bulanan di Quorvel", "Atur budget"));
+}
+
+TEST(SafeToSpendView, WithoutASnapshotItSpeaksTheUsersLanguage) {
+  Environment environment;
+  environment.preferredLanguages = {"nl-NL", "in-ID"};
+  const View view = fixtures::safeToSpendView(fixtures::entryWith(std::nullopt), environment);
+  EXPECT_THAT(inspection::texts(view),
+              ElementsAre("Aman dibelanjakan", "Buka Quorvel untuk mulai", "Buka Quorvel"));
+  EXPECT_THAT(inspection::symbols(view), ElementsAre("gauge.with.needle"));
+}
+
+TEST(SafeToSpendView, TheRingShowsPercentageAndVerdict) {
+  EXPECT_THAT(inspection::texts(draw(usual(), SafeToSpendStyle::ring)),
+              ElementsAre("Safe to spend", "40%", "$60", "/ day", "10d left", "On pace"));
+}
+
+TEST(SafeToSpendView, TheRingOnTheLastDaySaysLeft) {
+  const View view =
+      draw(fixtures::budgetOf(1000, 400, kToday, "2025-03-01"), SafeToSpendStyle::ring);
+  EXPECT_THAT(inspection::texts(view),
+              ElementsAre("Safe to spend", "40%", "$600", "left", "Last day", "On pace"));
+}
+
+TEST(SafeToSpendView, TheMediumFamilyIsTheSameInEitherStyle) {
+  const Environment medium = in(WidgetFamily::systemMedium);
+  const View accent = draw(usual(), SafeToSpendStyle::accent, medium);
+  EXPECT_EQ(accent, draw(usual(), SafeToSpendStyle::ring, medium));
+  EXPECT_THAT(inspection::texts(accent),
+              ElementsAre("Safe to spend",
+                          "On pace",
+                          "Left to spend",
+                          "$600",
+                          "Spent",
+                          "40%",
+                          "used",
+                          "10d left",
+                          "$60",
+                          "per day",
+                          "Days left",
+                          "10"));
+}
+
+TEST(SafeToSpendView, TheMediumTileOnTheLastDayHoldsWhatIsLeftForToday) {
+  const View view = draw(fixtures::budgetOf(1000, 400, kToday),
+                         SafeToSpendStyle::accent,
+                         in(WidgetFamily::systemMedium));
+  EXPECT_THAT(inspection::texts(view), Contains("Left for today"));
+  EXPECT_THAT(inspection::texts(view), Not(Contains("per day")));
+  EXPECT_THAT(inspection::texts(view), Contains("Last day"));
+}
+
+TEST(SafeToSpendView, TheMediumFamilySaysByHowMuchTheBudgetIsExceeded) {
+  const View view = draw(fixtures::budgetOf(1000, 1210, kTenDaysAfter),
+                         SafeToSpendStyle::accent,
+                         in(WidgetFamily::systemMedium));
+  EXPECT_THAT(inspection::texts(view), Contains("$210"));
+  EXPECT_THAT(inspection::texts(view), Contains("over budget"));
+  EXPECT_THAT(inspection::texts(view), Contains("100%"));
+}
+
+TEST(SafeToSpendView, APreviewFamilyWinsOverTheHosts) {
+  Environment environment = in(WidgetFamily::systemSmall);
+  environment.previewFamily = WidgetFamily::systemMedium;
+  EXPECT_THAT(inspection::texts(draw(usual(), SafeToSpendStyle::accent, environment)),
+              Contains("Days left"));
+}
+
+TEST(SafeToSpendView, UndeclaredFamiliesTakeTheLayoutThatFits) {
+  const auto textsIn = [](WidgetFamily family) {
+    return inspection::texts(draw(usual(), SafeToSpendStyle::accent, in(family)));
+  };
+  EXPECT_EQ(textsIn(WidgetFamily::systemLarge), textsIn(WidgetFamily::systemMedium));
+  EXPECT_THAT(textsIn(WidgetFamily::accessoryCircular), ElementsAre("$60", "per day"));
+  EXPECT_THAT(textsIn(WidgetFamily::accessoryInline), ElementsAre("$60", "/ day"));
+  EXPECT_THAT(textsIn(WidgetFamily::accessoryRectangular),
+              ElementsAre("Safe to spend", "$60", "/ day", "10d left"));
+}
+
+// ---- link, direction, ground
+
+TEST(SafeToSpendView, EveryStateOpensTheBudget) {
+  for (const WidgetFamily family : widgetruntime::kAllFamilies) {
+    EXPECT_EQ(linkOf(draw(usual(), SafeToSpendStyle::ring, in(family))),
+              "quorvel-widget://open/budget");
+    EXPECT_EQ(linkOf(fixtures::safeToSpendView(fixtures::entryWith(fixtures::emptySnapshot()),
+                                               in(family))),
+              "quorvel-widget://open/budget");
+    EXPECT_EQ(linkOf(fixtures::safeToSpendView(fixtures::entryWith(std::nullopt), in(family))),
+              "quorvel-widget://open/budget");
+  }
+}
+
+TEST(SafeToSpendView, ArabicRunsFromRightToLeftAndNumbersDoNot) {
+  const View view = fixtures::safeToSpendView(
+      fixtures::entryWith(fixtures::snapshotWith(usual(), "ar"), SafeToSpendStyle::ring));
+  EXPECT_EQ(inspection::modifier<Direction>(view)->direction, LayoutDirection::rightToLeft);
+  for (const char* number : {"$60", "40%"}) {
+    const auto* node = inspection::textNode(view, number);
+    ASSERT_NE(node, nullptr);
+    EXPECT_EQ(std::get<TextElement>(node->element).direction, LayoutDirection::leftToRight);
+  }
+}
+
+TEST(SafeToSpendView, WithoutASnapshotTheHostsDirectionHolds) {
+  Environment environment;
+  environment.layoutDirection = LayoutDirection::rightToLeft;
+  const View view = fixtures::safeToSpendView(fixtures::entryWith(std::nullopt), environment);
+  EXPECT_EQ(inspection::modifier<Direction>(view)->direction, LayoutDirection::rightToLeft);
+}
+
+Color groundOf(const View& view) {
+  const View ground = inspection::modifier<ContainerBackground>(view)->content;
+  return std::get<Color>(std::get<ShapeElement>(ground.node().element).paint);
+}
+
+TEST(SafeToSpendView, OnlyTheAccentTileStandsOnTheAccent) {
+  EXPECT_EQ(groundOf(draw(usual())), WAccent{}.fill);
+  EXPECT_EQ(groundOf(draw(usual(), SafeToSpendStyle::ring)), palette::canvas);
+  EXPECT_EQ(groundOf(fixtures::safeToSpendView(fixtures::entryWith(std::nullopt))),
+            palette::canvas);
+}
+
+TEST(SafeToSpendView, WithoutTheHostsBackgroundTheTileIsPlainPrimaryOnABackdrop) {
+  Environment environment;
+  environment.showsWidgetContainerBackground = false;
+  const View bare = draw(usual(), SafeToSpendStyle::accent, environment);
+  EXPECT_NE(inspection::component(bare, "AccessoryBackdrop"), nullptr);
+  const std::string text = dump(bare);
+  EXPECT_EQ(text.find(dump(WAccent{}.glyph)), std::string::npos);
+
+  const View full = draw(usual());
+  EXPECT_EQ(inspection::component(full, "AccessoryBackdrop"), nullptr);
+  EXPECT_EQ(inspection::texts(bare), inspection::texts(full));
+}
+
+TEST(SafeToSpendView, TheMediumSurfaceGivesWayToTheBackdrop) {
+  Environment environment = in(WidgetFamily::systemMedium);
+  EXPECT_EQ(inspection::component(draw(usual(), SafeToSpendStyle::ring, environment),
+                                  "AccessoryBackdrop"),
+            nullptr);
+  environment.showsWidgetContainerBackground = false;
+  EXPECT_NE(inspection::component(draw(usual(), SafeToSpendStyle::ring, environment),
+                                  "AccessoryBackdrop"),
+            nullptr);
+}
+
+// ---- gauge
+
+const ShapeElement* progressOf(const View& view) {
+  const auto* gauge = inspection::component(view, "SpentGauge");
+  return gauge->children.size() < 2 ? nullptr
+                                    : &std::get<ShapeElement>(gauge->children[1].node().element);
+}
+
+TEST(SpentGauge, CoversItsFractionInTheVerdictsColour) {
+  const View view = draw(usual(), SafeToSpendStyle::ring);
+  EXPECT_DOUBLE_EQ(progressOf(view)->trimTo, 0.4);
+  EXPECT_EQ(std::get<Color>(progressOf(view)->paint), palette::statusGood);
+  EXPECT_DOUBLE_EQ(progressOf(view)->lineWidth, 10);
+}
+
+TEST(SpentGauge, ProgressAloneIsAccentableAndNothingIsReadOut) {
+  const View gauge = SpentGauge{.spentFraction = 0.4};
+  EXPECT_EQ(inspection::modifier<Accentable>(gauge.node().children[0]), nullptr);
+  EXPECT_NE(inspection::modifier<Accentable>(gauge.node().children[1]), nullptr);
+  EXPECT_TRUE(inspection::modifier<Accessibility>(gauge)->hidden);
+  EXPECT_NE(inspection::modifier<PrivacySensitive>(gauge), nullptr);
+}
+
+TEST(SpentGauge, NeverCoversMoreThanTheArc) {
+  const View view = SpentGauge{.spentFraction = 1.7};
+  EXPECT_DOUBLE_EQ(std::get<ShapeElement>(view.node().children[1].node().element).trimTo, 1);
+}
+
+TEST(SpentGauge, DrawsNoProgressOfNothing) {
+  const View view = SpentGauge{.spentFraction = 0};
+  EXPECT_EQ(view.node().children.size(), 1U);
+}
+
+// ---- privacy
+
+/// 7391.42 of 9876.54 spent: 75 %; 2485.12 left, 248.512 a day.
+WidgetSnapshot secretSnapshot(const char* periodEnd) {
+  WidgetSnapshot snapshot =
+      fixtures::snapshotWith(fixtures::budgetOf(9876.54, 7391.42, periodEnd, kTwentyDaysBefore));
+  snapshot.money.showDecimals = true;
+  return snapshot;
+}
+
+std::string everythingIn(const View& view) {
+  foundation::JsonWriter writer;
+  writeView(writer, view);
+  return dump(view) + writer.take();
+}
+
+using Privacy = std::tuple<SafeToSpendStyle, WidgetFamily, bool, const char*>;
+class SafeToSpendPrivacy : public ::testing::TestWithParam<Privacy> {};
+
+TEST_P(SafeToSpendPrivacy, LeavesNoDigitOfAnAmountOrPercentage) {
+  const auto& [style, family, byHost, periodEnd] = GetParam();
+  WidgetSnapshot snapshot = secretSnapshot(periodEnd);
+  Environment environment = in(family);
+  environment.redactionReasons.privacy = byHost;
+  const std::string open =
+      everythingIn(fixtures::safeToSpendView(fixtures::entryWith(snapshot, style), in(family)));
+  snapshot.isHidden = !byHost;
+  const std::string hidden =
+      everythingIn(fixtures::safeToSpendView(fixtures::entryWith(snapshot, style), environment));
+
+  EXPECT_NE(open, hidden);
+  for (const char* secret :
+       {"$", "7391", "7,391", "9876", "9,876", "2485", "2,485", "248.", "%", "0.748", "74.8"}) {
+    EXPECT_EQ(hidden.find(secret), std::string::npos) << secret << " in\n" << hidden;
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(EveryLayout,
+                         SafeToSpendPrivacy,
+                         ::testing::Combine(::testing::Values(SafeToSpendStyle::accent,
+                                                              SafeToSpendStyle::ring),
+                                            ::testing::ValuesIn(widgetruntime::kAllFamilies),
+                                            ::testing::Bool(),
+                                            ::testing::Values(kTenDaysAfter, kToday)));
+
+TEST(SafeToSpendView, TheApplicationsFlagAndTheHostsRedactionLookTheSame) {
+  for (const WidgetFamily family : widgetruntime::kAllFamilies) {
+    for (const SafeToSpendStyle style : kSafeToSpendStyles) {
+      WidgetSnapshot snapshot = secretSnapshot(kTenDaysAfter);
+      Environment redacted = in(family);
+      redacted.redactionReasons.privacy = true;
+      const View byHost = fixtures::safeToSpendView(fixtures::entryWith(snapshot, style), redacted);
+      snapshot.isHidden = true;
+      EXPECT_EQ(byHost,
+                fixtures::safeToSpendView(fixtures::entryWith(snapshot, style), in(family)));
+    }
+  }
+}
+
+TEST(SafeToSpendView, TheHiddenAccentTileHasANoteAndOnlyTheTrack) {
+  WidgetSnapshot snapshot = fixtures::snapshotWith(usual());
+  snapshot.isHidden = true;
+  const View view = fixtures::safeToSpendView(fixtures::entryWith(snapshot));
+  EXPECT_THAT(inspection::texts(view), ElementsAre("Safe to spend", "Amounts hidden", "10d left"));
+  const auto* meter = inspection::component(view, "WidgetMeter");
+  EXPECT_EQ(inspection::modifier<Overlay>(*meter), nullptr);
+}
+
+TEST(SafeToSpendView, TheHiddenRingKeepsTrackDaysAndVerdict) {
+  WidgetSnapshot snapshot = fixtures::snapshotWith(usual());
+  snapshot.isHidden = true;
+  const View view =
+      fixtures::safeToSpendView(fixtures::entryWith(snapshot, SafeToSpendStyle::ring));
+  EXPECT_THAT(inspection::texts(view),
+              ElementsAre("Safe to spend", "••••", "/ day", "10d left", "On pace"));
+  EXPECT_EQ(progressOf(view), nullptr);
+}
+
+}  // namespace
+}  // namespace quorvel

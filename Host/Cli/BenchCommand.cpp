@@ -206,6 +206,8 @@ Result<void> bench(const Options& options, const Program& program) {
   if (!guest) return std::unexpected(guest.error());
   const auto listing = guest->widget(options.kind);
   if (!listing) return std::unexpected(listing.error());
+  if (auto known = checkConfiguration(**listing, options.picture.configuration); !known)
+    return known;
 
   const auto bundle = program.extension.makeBundle(initializeParameters(source, program));
   const widgetruntime::Widget* widget = nullptr;

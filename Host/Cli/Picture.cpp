@@ -39,6 +39,19 @@ viewkit::LayoutDirection directionOf(const foundation::Device& device) {
              : viewkit::LayoutDirection::leftToRight;
 }
 
+const widgetruntime::IntentParameter* parameterNamed(const widgetruntime::WidgetListing& widget,
+                                                     std::string_view name) {
+  if (!widget.configuration) return nullptr;
+  const auto& parameters = widget.configuration->parameters;
+  const auto found = std::ranges::find(parameters, name, &widgetruntime::IntentParameter::name);
+  return found == parameters.end() ? nullptr : &*found;
+}
+
+bool hasCase(const widgetruntime::IntentParameter& parameter, std::string_view value) {
+  return std::ranges::find(parameter.cases, value, &widgetruntime::IntentOption::id) !=
+         parameter.cases.end();
+}
+
 }  // namespace
 
 foundation::Device deviceFrom(const DeviceOptions& options,
@@ -99,6 +112,23 @@ Result<viewkit::View> fetchView(Guest& guest, const widgetruntime::EntriesParame
     if (!problem.empty()) complain("warning: " + problem + "\n");
   }
   return std::move(entry->trees.front().view);
+}
+
+Result<void> checkConfiguration(const widgetruntime::WidgetListing& widget,
+                                const widgetruntime::IntentValues& values) {
+  for (const auto& [name, value] : values) {
+    const auto* parameter = parameterNamed(widget, name);
+    if (!parameter) {
+      return refused(
+          fmt::format("--configure: {} has no parameter \"{}\"", widget.description.kind, name));
+    }
+    if (parameter->type == widgetruntime::IntentParameter::Type::enumeration &&
+        !hasCase(*parameter, value)) {
+      return refused(
+          fmt::format("--configure: \"{}\" is no {} (see `quorvel-host list`)", value, name));
+    }
+  }
+  return {};
 }
 
 std::string documentProblem(Guest& guest, const foundation::Device& device) {

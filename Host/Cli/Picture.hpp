@@ -30,6 +30,11 @@ namespace cli {
 [[nodiscard]] Result<viewkit::View> fetchView(Guest& guest,
                                               const widgetruntime::EntriesParameters& parameters);
 
+/// Refused when the widget has no such parameter, or an enumeration no such case. Entities are the
+/// extension's business.
+[[nodiscard]] Result<void> checkConfiguration(const widgetruntime::WidgetListing& widget,
+                                              const widgetruntime::IntentValues& values);
+
 /// "FILE:LINE:COLUMN: POINTER: expected ..., found ..." for what is wrong with a document; empty
 /// when nothing is.
 [[nodiscard]] std::string documentProblem(Guest& guest, const foundation::Device& device);

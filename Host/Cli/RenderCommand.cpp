@@ -3,7 +3,7 @@
 #include "Cli/Output.hpp"
 #include "Cli/Picture.hpp"
 #include "Cli/Sizes.hpp"
-#include "ViewKit/ViewDump.hpp"
+#include "ViewKit/Dump.hpp"
 
 namespace cli {
 namespace {
@@ -39,6 +39,8 @@ Result<void> render(const Options& options, const Program& program) {
   if (!guest) return std::unexpected(guest.error());
   const auto widget = guest->widget(options.kind);
   if (!widget) return std::unexpected(widget.error());
+  if (auto known = checkConfiguration(**widget, options.picture.configuration); !known)
+    return known;
   const auto device = deviceFrom(options.device, program.environment);
   const auto family =
       options.picture.family.value_or(defaultFamily((*widget)->description.families));

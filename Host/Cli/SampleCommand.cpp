@@ -1,13 +1,18 @@
 // `sample`: a complete document, as a start for whoever writes them.
+#include <nlohmann/json.hpp>
+
 #include "Cli/Commands.hpp"
 #include "Cli/Output.hpp"
 #include "Cli/Picture.hpp"
 
 namespace cli {
 
+/// Indented, since people go on from here.
 Result<void> sample(const Options& options, const Program& program) {
   const auto device = deviceFrom(options.device, program.environment);
-  return write(options.output.file, program.sampleDocument(device, options.language) + "\n");
+  const auto document = nlohmann::ordered_json::parse(
+      program.sampleDocument(device, options.language), nullptr, false);
+  return write(options.output.file, document.dump(2) + "\n");
 }
 
 }  // namespace cli

@@ -61,6 +61,8 @@ Result<void> timeline(const Options& options, const Program& program) {
   if (!guest) return std::unexpected(guest.error());
   const auto widget = guest->widget(options.kind);
   if (!widget) return std::unexpected(widget.error());
+  if (auto known = checkConfiguration(**widget, options.picture.configuration); !known)
+    return known;
   const auto device = deviceFrom(options.device, program.environment);
   const auto family =
       options.picture.family.value_or(defaultFamily((*widget)->description.families));

@@ -32,14 +32,13 @@ std::string asJson(const std::string& file, const DiagnoseAnswer& answer) {
 std::string asText(const std::string& file, const DiagnoseAnswer& answer) {
   std::string text = fmt::format("{}: {}\n", file, answer.accepted ? "accepted" : "refused");
   for (const auto& problem : answer.problems) {
-    const std::string place = problem.pointer.empty() ? "the document" : problem.pointer;
-    text += oneLine(fmt::format("  {}:{}: {}: expected {}, found {}",
-                                problem.line,
-                                problem.column,
-                                place,
-                                problem.expected,
-                                problem.found)) +
-            "\n";
+    std::string place =
+        problem.line > 0 ? fmt::format("{}:{}: ", problem.line, problem.column) : std::string{};
+    place += problem.pointer.empty() ? "the document" : problem.pointer;
+    text +=
+        "  " +
+        oneLine(fmt::format("{}: expected {}, found {}", place, problem.expected, problem.found)) +
+        "\n";
   }
   for (const auto& widget : answer.widgets)
     text += oneLine(fmt::format("  {}: {}", widget.kind, widget.shows)) + "\n";

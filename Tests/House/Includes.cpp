@@ -63,7 +63,7 @@ std::vector<Room> makeRooms() {
        systemHeaders({})},
       {"Host/Cli",
        {"Cli/", "Session/", "Rendering/", "WidgetRuntime/", "ViewKit/", "Foundation/"},
-       systemHeaders({"CLI/"})},
+       systemHeaders({"CLI/", "nlohmann/"})},
   };
 }
 

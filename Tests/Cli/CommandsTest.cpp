@@ -1,0 +1,275 @@
+// Transcripts of the commands that answer in words, in one process and with the extension as a
+// child.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <nlohmann/json.hpp>
+
+#include "CommandRunner.hpp"
+
+namespace cli {
+namespace {
+
+using nlohmann::json;
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using ::testing::StartsWith;
+
+const std::string kHousehold = example("household.json").string();
+
+/// Every command answers the same in one process and through a child.
+class Commands : public ::testing::TestWithParam<bool> {
+ protected:
+  static Outcome run(Words words) {
+    if (GetParam()) words.emplace_back("--isolated");
+    return runHost(words);
+  }
+  static json asked(const Words& words) {
+    const Outcome outcome = run(words);
+    EXPECT_EQ(outcome.status, 0) << outcome.errors;
+    EXPECT_THAT(outcome.errors, IsEmpty());
+    return json::parse(outcome.out, nullptr, false);
+  }
+};
+
+INSTANTIATE_TEST_SUITE_P(Extension, Commands, ::testing::Bool(), [](const auto& mode) {
+  return mode.param ? "isolated" : "inOneProcess";
+});
+
+TEST_P(Commands, listNamesTheFiveWidgetsAndTheControl) {
+  const json answer = asked({"list", "--json"});
+  std::vector<std::string> kinds;
+  for (const json& widget : answer["widgets"]) kinds.push_back(widget["kind"]);
+  EXPECT_THAT(kinds,
+              ::testing::UnorderedElementsAre("QuorvelCardLimitWidget",
+                                              "QuorvelDueWidget",
+                                              "QuorvelNetWorthWidget",
+                                              "QuorvelSafeToSpendWidget",
+                                              "QuorvelSpendingWidget"));
+  EXPECT_EQ(answer["controls"],
+            json::parse(R"([{"kind":"QuorvelAddExpenseControl","name":"Add Expense",
+                             "description":"Open Quorvel to log an expense.","symbol":"plus",
+                             "intent":"AddExpenseIntent"}])"));
+}
+
+TEST_P(Commands, listDescribesConfigurations) {
+  const json answer = asked({"list", "--json"});
+  for (const json& widget : answer["widgets"]) {
+    if (widget["kind"] == "QuorvelSafeToSpendWidget") {
+      EXPECT_EQ(widget, json::parse(R"({
+          "kind": "QuorvelSafeToSpendWidget", "name": "Safe to Spend",
+          "description": "How much you can spend per day to stay on budget.",
+          "families": ["systemSmall", "systemMedium"],
+          "configuration": {"intent": "SafeToSpendIntent", "title": "Choose Style", "parameters": [
+            {"name": "style", "title": "Style", "type": "enumeration", "default": "accent",
+             "cases": [{"id": "accent", "title": "Accent Tile"}, {"id": "ring", "title": "Budget Ring"}]}]}})"));
+    } else if (widget["kind"] == "QuorvelDueWidget") {
+      EXPECT_TRUE(widget["configuration"].is_null());
+    } else if (widget["kind"] == "QuorvelCardLimitWidget") {
+      EXPECT_EQ(
+          widget["configuration"],
+          json::parse(R"({"intent": "SelectCardIntent", "title": "Choose Card", "parameters": [
+                  {"name": "card", "title": "Card", "type": "entity", "default": null, "cases": []}]})"));
+    }
+  }
+}
+
+TEST_P(Commands, theTimelineReloadsFiveSecondsAfterLocalMidnight) {
+  const json answer = asked({"timeline",
+                             "QuorvelDueWidget",
+                             "--json",
+                             "--snapshot",
+                             kHousehold,
+                             "--now",
+                             "2025-03-14T22:59:59Z",
+                             "--time-zone",
+                             "Europe/Berlin"});
+  EXPECT_EQ(answer, json::parse(R"({"entries":[{"date":"2025-03-14T22:59:59Z","hasSnapshot":true}],
+                                    "policy":{"type":"after","date":"2025-03-14T23:00:05Z"}})"));
+}
+
+TEST_P(Commands, aTimelineWithoutADocumentHasAnEntryAllTheSame) {
+  const TemporaryFolder folder;
+  const json answer = asked({"timeline",
+                             "QuorvelSafeToSpendWidget",
+                             "--json",
+                             "--container",
+                             folder.path(),
+                             "--now",
+                             "2025-03-14T00:00:04Z",
+                             "--time-zone",
+                             "UTC"});
+  EXPECT_EQ(answer, json::parse(R"({"entries":[{"date":"2025-03-14T00:00:04Z","hasSnapshot":false}],
+                                    "policy":{"type":"after","date":"2025-03-14T00:00:05Z"}})"));
+}
+
+TEST_P(Commands, optionsOfCardsAreThoseOfTheDocument) {
+  const json answer =
+      asked({"options", "QuorvelCardLimitWidget", "card", "--json", "--snapshot", kHousehold});
+  EXPECT_EQ(answer, json::parse(R"({"options":[{"id":"a","title":"Northbank Everyday"},
+                                               {"id":"b","title":"Harbour Credit Travel"},
+                                               {"id":"c","title":"Kettle & Co"}],"default":"a"})"));
+}
+
+TEST_P(Commands, optionsWithoutADocumentAreNone) {
+  const TemporaryFolder folder;
+  const json answer =
+      asked({"options", "QuorvelCardLimitWidget", "card", "--json", "--container", folder.path()});
+  EXPECT_EQ(answer, json::parse(R"({"options":[],"default":null})"));
+}
+
+TEST_P(Commands, validateAccepts) {
+  const json answer = asked({"validate", kHousehold, "--json"});
+  EXPECT_EQ(answer["file"], kHousehold);
+  EXPECT_EQ(answer["accepted"], true);
+  EXPECT_TRUE(answer["problems"].empty());
+}
+
+TEST_P(Commands, validateSaysWhatTheWidgetsWillShow) {
+  const Outcome outcome =
+      run({"validate", example("minimal.json").string(), "--now", "2025-03-14T09:30:00Z"});
+  EXPECT_EQ(outcome.status, 0) << outcome.errors;
+  EXPECT_THAT(outcome.out, StartsWith(example("minimal.json").string() + ": accepted\n"));
+  for (const char* kind : {"CardLimit", "Due", "NetWorth", "SafeToSpend", "Spending"}) {
+    EXPECT_THAT(outcome.out, HasSubstr(std::string("  Quorvel") + kind + "Widget: "));
+  }
+}
+
+TEST_P(Commands, validatePointsAtEveryProblem) {
+  const TemporaryFolder folder;
+  std::string text = contentsOf(example("minimal.json"));
+  text.replace(text.find("\"en\""), 4, "7");
+  text.replace(text.find("true"), 4, "\"x\"");
+  const std::string file = folder.write("broken.json", text);
+  const Outcome outcome = run({"validate", kHousehold, file, "--json"});
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_THAT(outcome.errors, HasSubstr("1 of 2 documents refused"));
+  const json answer = json::parse(outcome.out.substr(outcome.out.find('\n') + 1), nullptr, false);
+  EXPECT_EQ(answer["accepted"], false);
+  ASSERT_EQ(answer["problems"].size(), 2u) << answer;
+  // The document has one member a line, behind the brace's own line.
+  EXPECT_EQ(answer["problems"][0]["pointer"], "/lang");
+  EXPECT_EQ(answer["problems"][0]["line"], 4);
+  EXPECT_EQ(answer["problems"][0]["column"], 10);
+  EXPECT_EQ(answer["problems"][1]["pointer"], "/money/showDecimals");
+}
+
+TEST_P(Commands, validateSurvivesWhatIsNoDocument) {
+  const TemporaryFolder folder;
+  const std::string deep = folder.write("deep.json", std::string(100'000, '['));
+  const std::string empty = folder.write("empty.json", "");
+  const std::string bytes = folder.write("bytes.json", std::string("\xFF\x00\xFE{", 4));
+  for (const std::string& file : {deep,
+                                  empty,
+                                  bytes,
+                                  folder.path().string(),
+                                  std::string("/dev/zero"),
+                                  std::string("/nonexistent.json")}) {
+    const Outcome outcome = run({"validate", file, "--json"});
+    EXPECT_EQ(outcome.status, 1) << file;
+    const json answer = json::parse(outcome.out, nullptr, false);
+    EXPECT_EQ(answer["accepted"], false) << file;
+    EXPECT_FALSE(answer["problems"].empty()) << file;
+  }
+}
+
+TEST_P(Commands, performLeavesTheRequestAndPrintsTheLink) {
+  const TemporaryFolder folder;
+  const Outcome outcome =
+      run({"perform", "AddExpenseIntent", "--no-open", "--container", folder.path()});
+  EXPECT_EQ(outcome.status, 0) << outcome.errors;
+  EXPECT_EQ(outcome.out, "quorvel-widget://\n");
+  std::string preferences;
+  for (const auto& entry :
+       std::filesystem::directory_iterator(folder.path() / "Library/Preferences")) {
+    preferences += contentsOf(entry.path());
+  }
+  EXPECT_THAT(preferences, HasSubstr("widget.pendingAddExpense"));
+}
+
+TEST_P(Commands, doctorFindsTheContainerAndTheDocument) {
+  const TemporaryFolder folder;
+  folder.write("widget-snapshot.json", contentsOf(kHousehold));
+  const Outcome outcome = run({"doctor", "--container", folder.path()});
+  EXPECT_THAT(outcome.out, ::testing::ContainsRegex("found +container +" + folder.path().string()));
+  EXPECT_THAT(outcome.out, ::testing::ContainsRegex("found +document +" + folder.path().string()));
+  const Outcome missing = run({"doctor", "--container", (folder.path() / "none").string()});
+  EXPECT_EQ(missing.status, 1);
+  EXPECT_THAT(missing.out, ::testing::ContainsRegex("MISSING +container"));
+}
+
+TEST(Perform, handsTheLinkToAProgram) {
+  const TemporaryFolder folder;
+  const Outcome outcome = runHost(
+      {"perform", "AddExpenseIntent", "--open-with", "echo open", "--container", folder.path()});
+  EXPECT_EQ(outcome.status, 0) << outcome.errors;
+  EXPECT_EQ(outcome.out, "open quorvel-widget://\n");
+}
+
+TEST(Perform, tellsAPersonWhenTheApplicationCannotBeOpened) {
+  const TemporaryFolder folder;
+  const Outcome failing = runHost(
+      {"perform", "AddExpenseIntent", "--open-with", "false", "--container", folder.path()});
+  EXPECT_EQ(failing.status, 1);
+  EXPECT_THAT(failing.errors, HasSubstr("false could not open quorvel-widget:// (status 1)"));
+  // A desktop on which nothing answers to the scheme: xdg-mime prints nothing.
+  const std::string tool = folder.write("xdg-mime", "#!/bin/sh\nexit 0\n");
+  std::filesystem::permissions(tool, std::filesystem::perms::owner_all);
+  const Outcome unregistered =
+      runHost({"perform", "AddExpenseIntent", "--container", folder.path()},
+              {{"PATH", folder.path().string() + ":/usr/bin:/bin"}});
+  EXPECT_EQ(unregistered.status, 1);
+  EXPECT_THAT(unregistered.errors,
+              HasSubstr("no application is registered for quorvel-widget links"));
+  EXPECT_THAT(unregistered.errors, HasSubstr("quorvel-widget://"));
+}
+
+TEST(Sample, isACompleteDocumentInTheLanguage) {
+  const TemporaryFolder folder;
+  const std::string file = (folder.path() / "sample.json").string();
+  ASSERT_EQ(runHost({"sample",
+                     "--lang",
+                     "de",
+                     "--now",
+                     "2025-03-14T09:30:00Z",
+                     "--time-zone",
+                     "UTC",
+                     "-o",
+                     file})
+                .status,
+            0);
+  const json document = json::parse(contentsOf(file), nullptr, false);
+  EXPECT_EQ(document["lang"], "de");
+  EXPECT_EQ(document["generatedAt"], "2025-03-14T09:30:00Z");
+  EXPECT_EQ(document["dues"][0]["dueDate"], "2025-03-17");
+  EXPECT_EQ(document["totalRemaining"], 25730);
+  EXPECT_EQ(runHost({"validate", file}).status, 0);
+}
+
+TEST(Bench, printsOneLineOfFigures) {
+  const Outcome outcome = runHost({"bench",
+                                   "--snapshot",
+                                   kHousehold,
+                                   "--now",
+                                   "2025-03-14T09:30:00Z",
+                                   "--images",
+                                   "3",
+                                   "--warmup",
+                                   "1",
+                                   "--family",
+                                   "systemMedium"});
+  ASSERT_EQ(outcome.status, 0) << outcome.errors;
+  const json figures = json::parse(outcome.out, nullptr, false);
+  EXPECT_EQ(figures["peer"], "ours");
+  EXPECT_EQ(figures["n"], 3);
+  EXPECT_GT(figures["total_ms"]["min"], 0);
+  EXPECT_LE(figures["total_ms"]["min"], figures["total_ms"]["median"]);
+  EXPECT_LE(figures["total_ms"]["median"], figures["total_ms"]["p95"]);
+  EXPECT_LT(figures["draw_ms"]["min"], figures["total_ms"]["min"]);
+  EXPECT_GT(figures["png_bytes"], 1000);
+  EXPECT_GT(figures["peak_rss_kb"], 1000);
+}
+
+}  // namespace
+}  // namespace cli

@@ -1,0 +1,131 @@
+// Dates in every language, checked against the names that the locale data publish and against the
+// library's own formatter.
+#include <gtest/gtest.h>
+
+#include <thread>
+
+#include "Foundation/DateFormatter.hpp"
+#include "QuorvelWidgets/WidgetSupport/WidgetDates.hpp"
+#include "QuorvelWidgets/WidgetSupport/WidgetLanguage.hpp"
+
+namespace quorvel {
+namespace {
+
+const foundation::Instant kFifthOfMarch =
+    *foundation::parseInternetDateTime("2025-03-05T12:00:00Z");
+const foundation::TimeZone kUtc{"UTC"};
+
+TEST(WidgetDates, DueDateInEveryLanguage) {
+  const std::array<const char*, kLanguageCount> expected{"Mar 5",
+                                                         "5 Mar",
+                                                         "5 mar",
+                                                         "5 de mar.",
+                                                         "5 mars",
+                                                         "5. März",
+                                                         "5 мар.",
+                                                         "3月5日",
+                                                         "3월 5일",
+                                                         "3月5日",
+                                                         "3月5日",
+                                                         "5 मार्च",
+                                                         "5 مارس"};
+  for (std::size_t i = 0; i < kLanguageCount; ++i) {
+    EXPECT_EQ(dueDateText(kFifthOfMarch, kLanguageCodes[i], kUtc), expected[i])
+        << kLanguageCodes[i];
+  }
+  EXPECT_EQ(dueDateText(kFifthOfMarch, std::nullopt, kUtc), "Mar 5");
+  EXPECT_EQ(dueDateText(kFifthOfMarch, "nl", kUtc), "Mar 5");
+}
+
+TEST(WidgetDates, DigitsAreLatinInHindiAndArabic) {
+  EXPECT_EQ(dateText(kFifthOfMarch, "hi", "d", kUtc), "5");
+  EXPECT_EQ(dateText(kFifthOfMarch, "ar", "d", kUtc), "5");
+}
+
+TEST(WidgetDates, ZoneDecidesTheDay) {
+  EXPECT_EQ(dueDateText(kFifthOfMarch, "en", {"Pacific/Kiritimati"}), "Mar 6");
+  EXPECT_EQ(dueDateText(kFifthOfMarch, "en", {"Pacific/Pago_Pago"}), "Mar 5");
+}
+
+TEST(WidgetDates, AbbreviatedMonthsOfAYear) {
+  const std::array<const char*, 12> german{"Jan.",
+                                           "Feb.",
+                                           "März",
+                                           "Apr.",
+                                           "Mai",
+                                           "Juni",
+                                           "Juli",
+                                           "Aug.",
+                                           "Sept.",
+                                           "Okt.",
+                                           "Nov.",
+                                           "Dez."};
+  const std::array<const char*, 12> portuguese{"jan.",
+                                               "fev.",
+                                               "mar.",
+                                               "abr.",
+                                               "mai.",
+                                               "jun.",
+                                               "jul.",
+                                               "ago.",
+                                               "set.",
+                                               "out.",
+                                               "nov.",
+                                               "dez."};
+  for (std::size_t i = 0; i < 12; ++i) {
+    const std::string month = (i < 9 ? "2025-0" : "2025-") + std::to_string(i + 1);
+    EXPECT_EQ(abbreviatedMonth(month, "de"), german[i]);
+    EXPECT_EQ(abbreviatedMonth(month, "pt-BR"), portuguese[i]);
+    EXPECT_EQ(abbreviatedMonth(month, "ja"), std::to_string(i + 1) + "月");
+    EXPECT_EQ(abbreviatedMonth(month, "ko"), std::to_string(i + 1) + "월");
+  }
+  EXPECT_EQ(abbreviatedMonth("2025-02", "en"), "Feb");
+  EXPECT_EQ(abbreviatedMonth("2025-02", "ar"), "فبراير");
+}
+
+TEST(WidgetDates, MonthNamesAreTheLocalesOwnInEveryLanguage) {
+  for (const std::string_view code : kLanguageCodes) {
+    const foundation::DateFormatter formatter(localeFor(code), kUtc, "MMM");
+    for (int month = 1; month <= 12; ++month) {
+      const std::string text = (month < 10 ? "2024-0" : "2024-") + std::to_string(month);
+      EXPECT_EQ(abbreviatedMonth(text, code),
+                formatter.string(*foundation::parseInternetDateTime(text + "-28T12:00:00Z")));
+    }
+  }
+}
+
+TEST(WidgetDates, MalformedMonthsHaveNoName) {
+  for (const char* month : {"",
+                            "2025",
+                            "2025-00",
+                            "2025-13",
+                            "2025-3",
+                            "25-03",
+                            "2025-03-01",
+                            "2025/03",
+                            "+025-03",
+                            "2025-+3",
+                            "2025- 3",
+                            "March"}) {
+    EXPECT_FALSE(abbreviatedMonth(month, "en")) << month;
+  }
+}
+
+TEST(WidgetDates, ThreadsKeepTheirOwnFormatters) {
+  std::vector<std::jthread> readers;
+  for (int i = 0; i < 4; ++i) {
+    readers.emplace_back([] {
+      for (int k = 0; k < 50; ++k) EXPECT_EQ(dueDateText(kFifthOfMarch, "de", kUtc), "5. März");
+    });
+  }
+}
+
+TEST(WidgetDates, ManyZonesDoNotPileUp) {
+  for (int i = 0; i < 200; ++i) {
+    EXPECT_EQ(dateText(kFifthOfMarch, "en", "MMM" + std::string(i % 100, ' '), kUtc).substr(0, 3),
+              "Mar");
+  }
+}
+
+}  // namespace
+}  // namespace quorvel

@@ -56,7 +56,7 @@ void merge(std::vector<Length::Term>& terms) {
 }  // namespace
 
 Length::Length(double width, double height, double points, std::vector<Term> terms)
-    : width_(width), height_(height), points_(points) {
+    : Length(width, height, points) {
   std::vector<Term> kept;
   for (Term& term : terms) add(std::move(term), kept);
   if (kept.size() > 1) merge(kept);

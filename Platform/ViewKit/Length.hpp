@@ -18,10 +18,10 @@ class Length {
   /// `factor * min(a, b)` or `factor * max(a, b)`.
   struct Term;
 
-  Length(double points = 0)
-      : points_(points) {}  // NOLINT(google-explicit-constructor): 4 is a length
+  // NOLINTNEXTLINE(google-explicit-constructor): 4 is a length
+  Length(double points = 0) : points_(points + kNoSign) {}
   Length(double width, double height, double points)
-      : width_(width), height_(height), points_(points) {}
+      : width_(width + kNoSign), height_(height + kNoSign), points_(points + kNoSign) {}
   Length(double width, double height, double points, std::vector<Term> terms);
 
   [[nodiscard]] double resolve(double width, double height) const;
@@ -43,6 +43,8 @@ class Length {
   friend bool operator==(const Length& a, const Length& b);
 
  private:
+  static constexpr double kNoSign = 0;  ///< added to a negative zero makes it a positive one
+
   void add(Term term, std::vector<Term>& kept);
 
   double width_ = 0;

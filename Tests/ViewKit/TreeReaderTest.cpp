@@ -1,0 +1,426 @@
+// What a reader of trees refuses, and where it says the fault is.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "ViewKit/TreeJson.hpp"
+#include "ViewKit/ViewKit.hpp"
+
+namespace viewkit {
+namespace {
+
+using ::testing::HasSubstr;
+using ::testing::StartsWith;
+
+std::expected<View, std::string> read(const std::string& json, const TreeLimits& limits = {}) {
+  const auto value = foundation::parseJson(json);
+  if (!value) return std::unexpected("not JSON: " + value.error().expected);
+  return readView(*value, limits);
+}
+
+std::string failure(const std::string& json, const TreeLimits& limits = {}) {
+  const auto view = read(json, limits);
+  return view ? "accepted" : view.error();
+}
+
+std::string element(const std::string& members) {
+  return "{\"type\":" + members + "}";
+}
+
+std::string modified(const std::string& modifier) {
+  return R"({"type":"Spacer","modifiers":[)" + modifier + "]}";
+}
+
+std::string nested(std::size_t depth) {
+  std::string json = R"({"type":"Spacer"})";
+  for (std::size_t i = 1; i < depth; ++i) {
+    json = R"({"type":"HStack","children":[)" + json + "]}";
+  }
+  return json;
+}
+
+std::string list(std::size_t count, const std::string& item) {
+  std::string json = "[";
+  for (std::size_t i = 0; i < count; ++i) json += (i == 0 ? "" : ",") + item;
+  return json + "]";
+}
+
+std::string deepLength(std::size_t choices) {
+  std::string json = "[1,0,0]";
+  for (std::size_t i = 0; i < choices; ++i) json = R"([0,0,0,["min",2,)" + json + ",[0,1,0]]]";
+  return json;
+}
+
+struct Refusal {
+  std::string name;
+  std::string json;
+  std::string message;
+};
+void PrintTo(const Refusal& refusal, std::ostream* out) {
+  *out << refusal.name;
+}
+
+class TreeRefusal : public ::testing::TestWithParam<Refusal> {};
+
+TEST_P(TreeRefusal, saysWhereAndWhat) {
+  EXPECT_EQ(failure(GetParam().json), GetParam().message);
+}
+
+const char* const kNumberInUnit = "expected a number in 0...1";
+
+std::vector<Refusal> nodeRefusals() {
+  return {
+      {"treeIsNoObject", "[]", "/: expected an object"},
+      {"treeIsNull", "null", "/: expected an object"},
+      {"typeMissing", "{}", "/type: expected a type's name"},
+      {"typeIsANumber", element("3"), "/type: expected a type's name"},
+      {"unknownElement", element(R"("Marquee")"), "/type: unknown element"},
+      {"unknownMember",
+       element(R"("Text","text":"x","colour":"red")"),
+       "/colour: unknown or repeated member"},
+      {"repeatedMember",
+       element(R"("Text","text":"x","text":"y")"),
+       "/text: unknown or repeated member"},
+      {"memberOfAnotherElement",
+       element(R"("Spacer","text":"x")"),
+       "/text: unknown or repeated member"},
+      {"unknownMemberIsEscaped",
+       element(R"("Spacer","a/b~\n":1)"),
+       "/a~1b~0?: unknown or repeated member"},
+      {"nameIsANumber", element(R"("Spacer","name":3)"), "/name: expected a string"},
+      {"childrenAreNoArray", element(R"("HStack","children":{})"), "/children: expected an array"},
+      {"childIsAString",
+       element(R"("HStack","children":["x"])"),
+       "/children/0: expected an object"},
+      {"modifiersAreNoArray",
+       element(R"("Spacer","modifiers":{})"),
+       "/modifiers: expected an array"},
+      {"modifierIsAString", modified(R"("padding")"), "/modifiers/0: expected an object"},
+      {"unknownModifier", modified(R"({"wobble":1})"), "/modifiers/0: unknown modifier"},
+      {"emptyModifier", modified("{}"), "/modifiers/0: unknown modifier"},
+      {"twoModifiersInOne",
+       modified(R"({"opacity":1,"zIndex":1})"),
+       "/modifiers/0/zIndex: unknown or repeated member"},
+      {"unknownModifierOption",
+       modified(R"({"frame":{"widht":1}})"),
+       "/modifiers/0/frame/widht: unknown or repeated member"},
+      {"frameIsANumber", modified(R"({"frame":3})"), "/modifiers/0/frame: expected an object"},
+      {"deepPath",
+       R"({"type":"HStack","children":[{"type":"Spacer"},{"type":"Spacer"},)"
+       R"({"type":"Circle","modifiers":[{"opacity":2}]}]})",
+       std::string("/children/2/modifiers/0/opacity: ") + kNumberInUnit},
+      {"pathThroughABackground",
+       modified(R"({"background":{"type":"Text","size":"big"}})"),
+       "/modifiers/0/background/size: expected a number in 0...1000000"},
+  };
+}
+
+std::vector<Refusal> valueRefusals() {
+  return {
+      {"textIsANumber", element(R"("Text","text":3)"), "/text: expected a string"},
+      {"textIsNull", element(R"("Text","text":null)"), "/text: expected a string"},
+      {"flagIsANumber",
+       element(R"("Text","text":"x","balanced":1)"),
+       "/balanced: expected true or false"},
+      {"unknownEnumValue",
+       element(R"("Text","text":"x","weight":"fat")"),
+       "/weight: expected regular, medium, semibold, bold, heavy"},
+      {"enumIsANumber",
+       element(R"("Text","text":"x","design":1)"),
+       "/design: expected standard, rounded"},
+      {"unknownAlignment",
+       element(R"("HStack","alignment":"up")"),
+       "/alignment: expected an alignment"},
+      {"alignmentIsANumber",
+       element(R"("HStack","alignment":1)"),
+       "/alignment: expected an alignment"},
+      {"spacingIsNull",
+       element(R"("HStack","spacing":null)"),
+       "/spacing: expected a number in -1000000...1000000"},
+      {"spacingIsAbsurd",
+       element(R"("HStack","spacing":1000001)"),
+       "/spacing: expected a number in -1000000...1000000"},
+      {"spacerIsNegative",
+       element(R"("Spacer","minLength":-1)"),
+       "/minLength: expected a number in 0...1000000"},
+      {"fontSizeIsNegative",
+       element(R"("Text","text":"x","size":-1)"),
+       "/size: expected a number in 0...1000000"},
+      {"noLines",
+       element(R"("Text","text":"x","lineLimit":0)"),
+       "/lineLimit: expected a number in 1...1000000"},
+      {"halfALine",
+       element(R"("Text","text":"x","lineLimit":1.5)"),
+       "/lineLimit: expected a whole number"},
+      {"scaleIsZero",
+       element(R"("Text","text":"x","minimumScale":0)"),
+       "/minimumScale: expected a number above 0...1"},
+      {"scaleIsAboveOne",
+       element(R"("Text","text":"x","minimumScale":1.5)"),
+       "/minimumScale: expected a number above 0...1"},
+      {"fractionIsAboveOne",
+       element(R"("Gauge","fraction":1.01)"),
+       std::string("/fraction: ") + kNumberInUnit},
+      {"trimIsNegative",
+       element(R"("Circle","trimFrom":-0.1)"),
+       std::string("/trimFrom: ") + kNumberInUnit},
+      {"lineWidthIsNegative",
+       element(R"("Circle","lineWidth":-1)"),
+       "/lineWidth: expected a number in 0...1000000"},
+      {"opacityIsNegative",
+       modified(R"({"opacity":-0.1})"),
+       std::string("/modifiers/0/opacity: ") + kNumberInUnit},
+      {"opacityIsNull",
+       modified(R"({"opacity":null})"),
+       std::string("/modifiers/0/opacity: ") + kNumberInUnit},
+      {"opacityIsInfinite",
+       modified(R"({"opacity":"infinity"})"),
+       std::string("/modifiers/0/opacity: ") + kNumberInUnit},
+      {"leastWidthIsInfinite",
+       modified(R"({"flexibleFrame":{"minWidth":"infinity"}})"),
+       "/modifiers/0/flexibleFrame/minWidth: expected a number in 0...1000000"},
+      {"mostWidthIsAnotherWord",
+       modified(R"({"flexibleFrame":{"maxWidth":"huge"}})"),
+       "/modifiers/0/flexibleFrame/maxWidth: expected a number in 0...1000000 or \"infinity\""},
+      {"mostHeightIsNegative",
+       modified(R"({"flexibleFrame":{"maxHeight":-1}})"),
+       "/modifiers/0/flexibleFrame/maxHeight: expected a number in 0...1000000 or \"infinity\""},
+      {"ratioIsZero",
+       modified(R"({"aspectRatio":0})"),
+       "/modifiers/0/aspectRatio: expected a number above 0...1000000"},
+      {"shadowRadiusIsNegative",
+       modified(R"({"shadow":"#000000","radius":-1})"),
+       "/modifiers/0/radius: expected a number in 0...1000000"},
+      {"threeInsets",
+       modified(R"({"padding":[1,2,3]})"),
+       "/modifiers/0/padding: expected 4 numbers"},
+      {"paddingIsANumber",
+       modified(R"({"padding":1})"),
+       "/modifiers/0/padding: expected 4 numbers"},
+      {"insetIsAString",
+       modified(R"({"padding":[1,"2",3,4]})"),
+       "/modifiers/0/padding/1: expected a number in -1000000...1000000"},
+      {"linkIsANumber", modified(R"({"link":1})"), "/modifiers/0/link: expected a string"},
+      {"unknownPrivacy",
+       modified(R"({"privacy":"secret"})"),
+       "/modifiers/0/privacy: expected masked, covered"},
+  };
+}
+
+std::vector<Refusal> drawingRefusals() {
+  const std::string notAColor =
+      "expected a colour: #RRGGBB/#RRGGBB or a role, then opacities in 0...1";
+  const std::string notALength = "expected a number or [w, h, points, term...]";
+  const auto paint = [](const std::string& value) {
+    return element(R"("Circle","paint":)" + value);
+  };
+  const auto width = [](const std::string& value) {
+    return modified(R"({"frame":{"width":)" + value + "}}");
+  };
+  const auto path = [](const std::string& steps) { return element(R"("Path","steps":)" + steps); };
+  const std::string atWidth = "/modifiers/0/frame/width";
+  return {
+      {"paintIsANumber", paint("1"), "/paint: " + notAColor},
+      {"colorIsShort", paint(R"("#FFF")"), "/paint: " + notAColor},
+      {"colorIsNotHexadecimal", paint(R"("#GGGGGG")"), "/paint: " + notAColor},
+      {"colorHasASign", paint(R"("#-12345")"), "/paint: " + notAColor},
+      {"colorWithoutDark", paint(R"("#FFFFFF/")"), "/paint: " + notAColor},
+      {"unknownRole", paint(R"("tertiary")"), "/paint: " + notAColor},
+      {"colorOpacityIsAboveOne", paint(R"("#FFFFFF 1.5")"), "/paint: " + notAColor},
+      {"colorOpacityIsNegative", paint(R"("#FFFFFF 1/-1")"), "/paint: " + notAColor},
+      {"colorOpacityIsNotANumber", paint(R"("primary nan")"), "/paint: " + notAColor},
+      {"colorOpacityIsMissing", paint(R"("primary ")"), "/paint: " + notAColor},
+      {"colorHasATail", paint(R"("#FFFFFF 0.5 ")"), "/paint: " + notAColor},
+      {"gradientHasAnUnknownMember",
+       paint(R"({"angle":3})"),
+       "/paint/angle: unknown or repeated member"},
+      {"gradientStopIsAColor",
+       paint(R"({"stops":["#FFFFFF"]})"),
+       "/paint/stops/0: expected a colour and its location"},
+      {"gradientLocationIsOutside",
+       paint(R"({"stops":[["#FFFFFF",2]]})"),
+       std::string("/paint/stops/0/1: ") + kNumberInUnit},
+      {"gradientStopHasNoColor", paint(R"({"stops":[[1,1]]})"), "/paint/stops/0/0: " + notAColor},
+      {"gradientEndIsANumber", paint(R"({"end":1})"), "/paint/end: expected 2 numbers"},
+      {"unknownClip",
+       modified(R"({"clip":{"type":"Star"}})"),
+       "/modifiers/0/clip/type: unknown shape"},
+      {"clipIsNoShape",
+       modified(R"({"clip":{"type":"Text"}})"),
+       "/modifiers/0/clip/type: unknown shape"},
+      {"clipWithAPaint",
+       modified(R"({"clip":{"type":"Circle","paint":"primary"}})"),
+       "/modifiers/0/clip/paint: unknown or repeated member"},
+      {"lengthIsAString", width(R"("W")"), atWidth + ": " + notALength},
+      {"lengthHasTwoParts", width("[1,2]"), atWidth + ": " + notALength},
+      {"lengthIsAbsurd", width("1e7"), atWidth + ": the length is too large"},
+      {"lengthFactorIsAbsurd",
+       width("[1e7,0,0]"),
+       atWidth + "/0: expected a number in -1000000...1000000"},
+      {"lengthAddsUpToTheAbsurd",
+       width(R"([0,0,1e6,["min",1e6,5,5]])"),
+       atWidth + ": the length is too large"},
+      {"widthIsNegative", width("-1"), atWidth + ": expected a number in 0...1000000"},
+      {"widthFoldsToANegative",
+       width(R"([0,0,0,["min",1,3,-1]])"),
+       atWidth + ": expected a number in 0...1000000"},
+      {"radiusIsNegative",
+       element(R"("RoundedRectangle","radius":-1)"),
+       "/radius: expected a number in 0...1000000"},
+      {"termIsANumber",
+       width("[0,0,0,1]"),
+       atWidth + "/3: expected [choice, factor, length, length]"},
+      {"termIsShort",
+       width(R"([0,0,0,["min",1,2]])"),
+       atWidth + "/3: expected [choice, factor, length, length]"},
+      {"unknownChoice", width(R"([0,0,0,["mid",1,2,3]])"), atWidth + "/3/0: expected min, max"},
+      {"termFactorIsAString",
+       width(R"([0,0,0,["min","1",2,3]])"),
+       atWidth + "/3/1: expected a number in -1000000...1000000"},
+      {"termLengthIsNull", width(R"([0,0,0,["min",1,2,null]])"), atWidth + "/3/3: " + notALength},
+      {"centerIsANumber", element(R"("Arc","center":1)"), "/center: expected two lengths"},
+      {"stepsAreNoArray", path("1"), "/steps: expected an array"},
+      {"stepIsEmpty", path("[[]]"), "/steps/0: expected a step: [letter, x, y...]"},
+      {"unknownStep", path(R"([["Z"],["Q",1,2]])"), "/steps/1/0: expected M, L, C, Z"},
+      {"stepLacksACoordinate", path(R"([["M",1]])"), "/steps/0: wrong number of coordinates"},
+      {"closeHasCoordinates", path(R"([["Z",1,2]])"), "/steps/0: wrong number of coordinates"},
+      {"coordinateIsAString", path(R"([["M",1,"2"]])"), "/steps/0/2: " + notALength},
+  };
+}
+
+std::vector<Refusal> pathRefusals() {
+  std::vector<Refusal> refusals;
+  const std::pair<const char*, const char*> paths[] = {{"absolute", "/etc/passwd"},
+                                                       {"parent", ".."},
+                                                       {"leadingParent", "../a.png"},
+                                                       {"innerParent", "Art/../../a.png"},
+                                                       {"trailingParent", "Art/.."},
+                                                       {"nul", "Art/a\\u0000.png"}};
+  for (const auto& [name, path] : paths) {
+    refusals.push_back({std::string(name) + "Path",
+                        element(R"("Image","path":")" + std::string(path) + "\""),
+                        "/path: expected a path below the container"});
+  }
+  return refusals;
+}
+
+const auto kName = [](const auto& info) { return info.param.name; };
+INSTANTIATE_TEST_SUITE_P(Nodes, TreeRefusal, ::testing::ValuesIn(nodeRefusals()), kName);
+INSTANTIATE_TEST_SUITE_P(Values, TreeRefusal, ::testing::ValuesIn(valueRefusals()), kName);
+INSTANTIATE_TEST_SUITE_P(Drawing, TreeRefusal, ::testing::ValuesIn(drawingRefusals()), kName);
+INSTANTIATE_TEST_SUITE_P(Paths, TreeRefusal, ::testing::ValuesIn(pathRefusals()), kName);
+
+TEST(TreeReader, dotsInsideANameAreNoParent) {
+  for (const char* path : {"Art/a..b.png", "...", "Art/..a", "a/./b", ""}) {
+    EXPECT_TRUE(read(element(R"("Image","path":")" + std::string(path) + "\"")).has_value())
+        << path;
+  }
+}
+
+TEST(TreeReader, boundsThemselvesAreAccepted) {
+  for (const std::string& json : {modified(R"({"opacity":0})"),
+                                  modified(R"({"opacity":1})"),
+                                  element(R"("Text","text":"x","minimumScale":1)"),
+                                  element(R"("Text","text":"x","lineLimit":1)"),
+                                  element(R"("HStack","spacing":-1000000)"),
+                                  element(R"("Spacer","minLength":1000000)")}) {
+    EXPECT_EQ(failure(json), "accepted") << json;
+  }
+}
+
+// ---- limits
+
+TEST(TreeLimits, depth) {
+  EXPECT_EQ(failure(nested(64)), "accepted");
+  EXPECT_THAT(failure(nested(65)), StartsWith("/children/0/children/0"));
+  EXPECT_THAT(failure(nested(65)), HasSubstr(": the tree is too deep"));
+}
+
+TEST(TreeLimits, contentsCountForTheDepth) {
+  const std::string inner = R"({"background":{"type":"Circle"}})";
+  for (const char* name : {"background", "overlay", "containerBackground"}) {
+    const std::string json =
+        modified(std::string("{\"") + name + R"(":{"type":"Circle","modifiers":[)" + inner + "]}}");
+    EXPECT_EQ(failure(json, {.depth = 3}), "accepted");
+    EXPECT_EQ(
+        failure(json, {.depth = 2}),
+        std::string("/modifiers/0/") + name + "/modifiers/0/background: the tree is too deep");
+  }
+}
+
+TEST(TreeLimits, nodes) {
+  const auto tree = [](std::size_t nodes) {
+    return element(R"("HStack","children":)" + list(nodes - 1, R"({"type":"Spacer"})"));
+  };
+  EXPECT_EQ(failure(tree(4000)), "accepted");
+  EXPECT_EQ(failure(tree(4001)), "/children/3999: the tree has too many nodes");
+  EXPECT_EQ(failure(tree(4002)), "/children: too many elements");
+}
+
+TEST(TreeLimits, contentsCountAsNodes) {
+  const std::string json = R"({"type":"HStack","children":[{"type":"Spacer"}],)"
+                           R"("modifiers":[{"background":{"type":"Circle"}}]})";
+  EXPECT_EQ(failure(json, {.nodes = 3}), "accepted");
+  EXPECT_EQ(failure(json, {.nodes = 2}), "/modifiers/0/background: the tree has too many nodes");
+}
+
+TEST(TreeLimits, strings) {
+  const auto text = [](std::size_t bytes) {
+    return element(R"("Text","text":")" + std::string(bytes, 'a') + "\"");
+  };
+  EXPECT_EQ(failure(text(16384)), "accepted");
+  EXPECT_EQ(failure(text(16385)), "/text: the string is too long");
+  EXPECT_EQ(failure(element(R"("Spacer","name":"abc")"), {.stringBytes = 2}),
+            "/name: the string is too long");
+  EXPECT_EQ(failure(modified(R"({"link":"abc"})"), {.stringBytes = 2}),
+            "/modifiers/0/link: the string is too long");
+}
+
+TEST(TreeLimits, modifiers) {
+  const auto tree = [](std::size_t count) {
+    return element(R"("Spacer","modifiers":)" + list(count, R"({"zIndex":1})"));
+  };
+  EXPECT_EQ(failure(tree(64)), "accepted");
+  EXPECT_EQ(failure(tree(65)), "/modifiers: too many modifiers");
+}
+
+TEST(TreeLimits, lengthDepth) {
+  const auto tree = [](std::size_t depth) {
+    return modified(R"({"offset":{"x":)" + deepLength(depth) + "}}");
+  };
+  EXPECT_EQ(failure(tree(8)), "accepted");
+  EXPECT_THAT(failure(tree(9)), HasSubstr(": the length is too deep"));
+}
+
+TEST(TreeLimits, lengthTerms) {
+  const std::string json =
+      modified(R"({"offset":{"x":[0,0,0,["min",1,[1,0,0],3],["max",1,[1,0,0],3]]}})");
+  EXPECT_EQ(failure(json, {.lengthTerms = 2}), "accepted");
+  EXPECT_EQ(failure(json, {.lengthTerms = 1}),
+            "/modifiers/0/offset/x/4: the length has too many terms");
+}
+
+TEST(TreeLimits, pathSteps) {
+  const std::string json = element(R"("Path","steps":[["Z"],["Z"]])");
+  EXPECT_EQ(failure(json, {.pathSteps = 2}), "accepted");
+  EXPECT_EQ(failure(json, {.pathSteps = 1}), "/steps: too many elements");
+}
+
+TEST(TreeLimits, gradientStops) {
+  const std::string json = element(R"("Circle","paint":{"stops":[["primary",0],["primary",1]]})");
+  EXPECT_EQ(failure(json, {.gradientStops = 2}), "accepted");
+  EXPECT_EQ(failure(json, {.gradientStops = 1}), "/paint/stops: too many elements");
+}
+
+TEST(TreeLimits, membersOfAnObject) {
+  std::string json = R"({"type":"Spacer")";
+  for (int i = 0; i < 32; ++i) json += ",\"a" + std::to_string(i) + "\":1";
+  EXPECT_EQ(failure(json + "}"), "/: too many members");
+}
+
+TEST(TreeLimits, namesInMessagesAreCut) {
+  EXPECT_EQ(failure(element(R"("Spacer",")" + std::string(1000, 'a') + "\":1")),
+            "/" + std::string(40, 'a') + ": unknown or repeated member");
+}
+
+}  // namespace
+}  // namespace viewkit

@@ -382,7 +382,9 @@ void JsonScanner::mismatch(std::string_view expected) {
 }
 
 void JsonScanner::note(const char* at, std::string_view expected, std::string_view found) {
-  noted_.push_back(
+  // A missing key is noted at the start of its object, after the problems within.
+  noted_.insert(
+      std::ranges::upper_bound(noted_, at, {}, &Noted::at),
       {at, {.pointer = pointer(), .expected = std::string(expected), .found = std::string(found)}});
   if (noted_.size() == kMaximumProblems) stopped_ = true;
 }
@@ -419,7 +421,6 @@ std::string JsonScanner::pointer() const {
 }
 
 std::vector<JsonProblem> JsonScanner::takeProblems() {
-  std::ranges::stable_sort(noted_, {}, &Noted::at);
   std::vector<JsonProblem> problems;
   std::size_t line = 1;
   const char* lineStart = begin_;

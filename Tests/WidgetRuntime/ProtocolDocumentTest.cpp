@@ -1,0 +1,57 @@
+// The examples of docs/protocol.md are a conversation that takes place.
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <sstream>
+#include <string>
+
+#include "FakeExtension.hpp"
+#include "Transcript.hpp"
+
+namespace widgetruntime {
+namespace {
+
+std::string fencedBlocks(const std::string& path) {
+  std::ifstream file(path);
+  std::string result;
+  std::string line;
+  bool isInside = false;
+  while (std::getline(file, line)) {
+    if (line.starts_with("```")) {
+      isInside = !isInside;
+    } else if (isInside) {
+      result += line + "\n";
+    }
+  }
+  return result;
+}
+
+// The document shows the first two widgets.
+WidgetBundle documentedBundle(const InitializeParameters& parameters) {
+  WidgetBundle bundle = fake::makeBundle(parameters);
+  bundle.widgets.resize(2);
+  return bundle;
+}
+
+TEST(ProtocolDocument, ExamplesAreReplayed) {
+  const std::string conversation = fencedBlocks(QUORVEL_SOURCE_DIR "/docs/protocol.md");
+  for (const std::string_view method : {method::kInitialize,
+                                        method::kPlaceholder,
+                                        method::kSnapshot,
+                                        method::kTimeline,
+                                        method::kOptions,
+                                        method::kPerform,
+                                        method::kDiagnose,
+                                        method::kShutdown,
+                                        method::kExit,
+                                        method::kCancelRequest}) {
+    EXPECT_NE(conversation.find("\"" + std::string(method) + "\""), std::string::npos) << method;
+  }
+  Dispatcher dispatcher({documentedBundle, fake::diagnose});
+  const auto handle = [&](std::string_view request) { return dispatcher.handle(request); };
+  EXPECT_EQ(replay(conversation, handle), joined(conversation));
+  EXPECT_TRUE(dispatcher.hasExited());
+}
+
+}  // namespace
+}  // namespace widgetruntime

@@ -37,11 +37,11 @@ View DueContent::amount(const WidgetSnapshot::Due& due, double size) const {
       .accessibilityLabel(amountAccessibilityLabel(due.amount, snapshot));
 }
 
-View DueContent::relativePill(const UpcomingDue& upcoming, double size) const {
+View DueContent::relativePill(const UpcomingDue& next, double size) const {
   const Color ground = environment.widgetRenderingMode == RenderingMode::fullColor
                            ? Color::black().withOpacity(0.28)
                            : Color::primary().withOpacity(0.14);
-  return caption(shortRelativeLabel(upcoming.days, snapshot.lang), size)
+  return caption(shortRelativeLabel(next.days, snapshot.lang), size)
       .font(size, FontWeight::semibold)
       .padding(Insets::horizontal(size * 0.65))
       .frame(FixedFrame{.height = size + 7})

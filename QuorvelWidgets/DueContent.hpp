@@ -31,7 +31,7 @@ struct DueContent {
   [[nodiscard]] std::string amountText(const WidgetSnapshot::Due& due) const;
   [[nodiscard]] viewkit::View amount(const WidgetSnapshot::Due& due, double size) const;
   /// How far away the payment is, on a dark capsule.
-  [[nodiscard]] viewkit::View relativePill(const UpcomingDue& upcoming, double size) const;
+  [[nodiscard]] viewkit::View relativePill(const UpcomingDue& next, double size) const;
   /// "Due Nov 23".
   [[nodiscard]] std::string dueDateLabel(const WidgetSnapshot::Due& due) const;
 };

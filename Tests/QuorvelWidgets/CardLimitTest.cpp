@@ -1,0 +1,210 @@
+#include <gmock/gmock.h>
+
+#include "QuorvelWidgets/CardFigures.hpp"
+#include "QuorvelWidgets/CardLimitView.hpp"
+#include "QuorvelWidgets/CardStack.hpp"
+#include "Tests/Support/Snapshots.hpp"
+#include "Tests/Support/ViewInspection.hpp"
+
+namespace quorvel {
+namespace {
+
+using ::testing::AllOf;
+using ::testing::Contains;
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using ::testing::Not;
+using ::testing::SizeIs;
+using widgetruntime::Environment;
+using widgetruntime::WidgetFamily;
+
+WidgetSnapshot::Card card(std::string id, double limit = 1000, double remaining = 800) {
+  WidgetSnapshot::Card result;
+  result.productName = "Card " + id;
+  result.id = std::move(id);
+  result.bankName = "Northbank";
+  result.last4 = "8478";
+  result.limit = limit;
+  result.remaining = remaining;
+  result.gradient = {"#315792", "#20375D"};
+  return result;
+}
+
+WidgetSnapshot snapshotOf(std::vector<WidgetSnapshot::Card> cards, std::string lang = "en") {
+  WidgetSnapshot snapshot = fixtures::emptySnapshot(std::move(lang));
+  for (const auto& each : cards) {
+    snapshot.totalLimit += each.limit;
+    snapshot.totalRemaining += each.remaining;
+  }
+  snapshot.cards = std::move(cards);
+  return snapshot;
+}
+
+WidgetSnapshot fiveCards() {
+  return snapshotOf({card("1"), card("2"), card("3"), card("4"), card("5")});
+}
+
+viewkit::View view(const CardEntry& entry, WidgetFamily family, Environment environment = {}) {
+  environment.widgetFamily = family;
+  return CardLimitView{.entry = entry, .environment = environment, .urlScheme = "quorvel-widget"};
+}
+
+std::vector<std::string> drawnIds(const std::vector<const WidgetSnapshot::Card*>& cards) {
+  std::vector<std::string> ids;
+  for (const auto* each : cards) ids.push_back(each->id);
+  return ids;
+}
+
+std::string link(const viewkit::View& view) {
+  return inspection::modifier<viewkit::WidgetURL>(view)->url;
+}
+
+TEST(CardUsage, FollowsTheRemainingPartOfTheLimit) {
+  EXPECT_EQ(usedFraction(1000, 1000), 0);
+  EXPECT_EQ(usedFraction(1000, 500), 0.5);
+  EXPECT_DOUBLE_EQ(usedFraction(1000, 200), 0.8);
+  EXPECT_EQ(usedFraction(1000, 1200), 0);
+  EXPECT_EQ(usedFraction(1000, -1), 1);
+  EXPECT_EQ(usedFraction(0, 10), 0);
+  EXPECT_EQ(usedFraction(-5, 10), 0);
+}
+
+TEST(CardUsage, AFractionThatIsNotFiniteCountsAsNothing) {
+  EXPECT_EQ(usedFraction(5e-324, -1e308), 0);
+}
+
+TEST(CardUsage, BothBoundsBelongToTheHeavierSide) {
+  EXPECT_EQ(usageOf(0.8), Usage::heavy);
+  EXPECT_EQ(usageOf(0.7999), Usage::considerable);
+  EXPECT_EQ(usageOf(0.5), Usage::considerable);
+  EXPECT_EQ(usageOf(0.4999), Usage::healthy);
+}
+
+TEST(CardUsage, APercentageRoundsHalvesAwayFromZero) {
+  const CardEntry entry{{}, snapshotOf({card("1", 1000, 875)}), {}};
+  EXPECT_THAT(inspection::texts(view(entry, WidgetFamily::systemSmall)),
+              Contains(AllOf(HasSubstr("13%"), HasSubstr("used"))));
+}
+
+TEST(CardOrder, TheChosenCardComesFirst) {
+  const WidgetSnapshot snapshot = fiveCards();
+  EXPECT_THAT(drawnIds(orderedCards(snapshot.cards, "3", 1)), ElementsAre("3"));
+  EXPECT_THAT(drawnIds(orderedCards(snapshot.cards, "3", 3)), ElementsAre("3", "1", "2"));
+  EXPECT_THAT(drawnIds(orderedCards(snapshot.cards, "3", 5)), ElementsAre("3", "1", "2", "4", "5"));
+}
+
+TEST(CardOrder, AStaleOrMissingChoiceKeepsTheDocumentsOrder) {
+  const WidgetSnapshot snapshot = fiveCards();
+  EXPECT_THAT(drawnIds(orderedCards(snapshot.cards, "gone", 3)), ElementsAre("1", "2", "3"));
+  EXPECT_THAT(drawnIds(orderedCards(snapshot.cards, std::nullopt, 3)), ElementsAre("1", "2", "3"));
+}
+
+TEST(CardOrder, TwoCardsOfTheChosenIdBothComeFirst) {
+  const WidgetSnapshot snapshot = snapshotOf({card("1"), card("x"), card("2"), card("x")});
+  const auto ordered = orderedCards(snapshot.cards, "x", 5);
+  EXPECT_THAT(drawnIds(ordered), ElementsAre("x", "x", "1", "2"));
+  EXPECT_EQ(ordered[0], &snapshot.cards[1]);
+  EXPECT_EQ(ordered[1], &snapshot.cards[3]);
+}
+
+TEST(CardLimitView, WithoutASnapshotAsksForTheApplication) {
+  const auto shown = view({}, WidgetFamily::systemMedium);
+  EXPECT_THAT(inspection::texts(shown),
+              ElementsAre("Remaining limit", "Open Quorvel to get started", "Open Quorvel"));
+  EXPECT_EQ(link(shown), "quorvel-widget://open/cards");
+}
+
+TEST(CardLimitView, WithoutCardsAsksForOneInTheSnapshotsLanguage) {
+  const CardEntry entry{{}, snapshotOf({}, "id"), {}};
+  const auto shown = view(entry, WidgetFamily::systemSmall);
+  EXPECT_THAT(inspection::texts(shown),
+              ElementsAre("Sisa limit", "Tambah kartu di Quorvel", "Tambah kartu"));
+  EXPECT_EQ(link(shown), "quorvel-widget://open/cards");
+}
+
+TEST(CardLimitView, AStaleChoiceShowsTheFirstCard) {
+  const CardEntry entry{{}, fiveCards(), "gone"};
+  const auto shown = view(entry, WidgetFamily::systemSmall);
+  EXPECT_THAT(inspection::texts(shown), Contains("Card 1"));
+  EXPECT_EQ(link(shown), "quorvel-widget://open/card/1");
+}
+
+TEST(CardLimitView, TheThirdCardChosen) {
+  const CardEntry entry{{}, fiveCards(), "3"};
+  EXPECT_THAT(inspection::texts(view(entry, WidgetFamily::systemSmall)), Contains("Card 3"));
+  const auto medium = inspection::texts(view(entry, WidgetFamily::systemMedium));
+  EXPECT_THAT(medium, AllOf(Contains("Card 3"), Contains("Card 1"), Contains("Card 2")));
+  EXPECT_THAT(medium, Not(Contains("Card 4")));
+  EXPECT_EQ(link(view(entry, WidgetFamily::systemSmall)), "quorvel-widget://open/card/3");
+  EXPECT_EQ(link(view(entry, WidgetFamily::systemMedium)), "quorvel-widget://open/cards");
+  EXPECT_EQ(link(view(entry, WidgetFamily::systemLarge)), "quorvel-widget://open/cards");
+}
+
+TEST(CardLimitView, SevenCardsShowThreeFacesAndCountSeven) {
+  WidgetSnapshot snapshot = fiveCards();
+  snapshot.cards.push_back(card("6"));
+  snapshot.cards.push_back(card("7"));
+  const CardEntry entry{{}, snapshot, {}};
+  const auto texts = inspection::texts(view(entry, WidgetFamily::systemMedium));
+  EXPECT_THAT(texts, Contains("7 cards"));
+  EXPECT_THAT(texts, Not(Contains("Card 4")));
+}
+
+TEST(CardStack, IsAsHighAsItsFacesNeed) {
+  const WidgetSnapshot snapshot = fiveCards();
+  const auto height = [&](std::size_t count) {
+    return CardStack{.cards = orderedCards(snapshot.cards, {}, count), .snapshot = snapshot}
+        .pileHeight();
+  };
+  EXPECT_EQ(height(0), 96);
+  EXPECT_EQ(height(1), 96);
+  EXPECT_EQ(height(3), 164);
+}
+
+TEST(CardLimitView, BothCausesOfPrivacyLookTheSame) {
+  CardEntry hidden{{}, fiveCards(), {}};
+  hidden.snapshot->isHidden = true;
+  const CardEntry open{{}, fiveCards(), {}};
+  Environment redacted;
+  redacted.redactionReasons.privacy = true;
+  for (const auto family :
+       {WidgetFamily::systemSmall, WidgetFamily::systemMedium, WidgetFamily::systemLarge}) {
+    const auto shown = view(hidden, family);
+    EXPECT_EQ(shown, view(open, family, redacted));
+    EXPECT_THAT(inspection::texts(shown), Not(Contains(HasSubstr("%"))));
+    EXPECT_THAT(inspection::texts(shown), Contains("••••"));
+  }
+  EXPECT_THAT(inspection::texts(view(hidden, WidgetFamily::systemSmall)),
+              Contains("Amounts hidden"));
+}
+
+TEST(CardLimitView, ArtCarriesItsOwnPrinting) {
+  WidgetSnapshot snapshot = snapshotOf({card("1")});
+  snapshot.cards[0].hasImage = true;
+  const CardEntry entry{{}, snapshot, {}};
+  const auto texts = inspection::texts(view(entry, WidgetFamily::systemSmall));
+  EXPECT_THAT(texts, Not(Contains("Card 1")));
+  EXPECT_THAT(texts, Not(Contains(HasSubstr("8478"))));
+}
+
+TEST(CardLimitView, AnEmptyProductNameLeavesTheBanks) {
+  WidgetSnapshot snapshot = snapshotOf({card("1")});
+  snapshot.cards[0].productName.clear();
+  snapshot.cards[0].last4 = "";
+  const CardEntry entry{{}, snapshot, {}};
+  const auto texts = inspection::texts(view(entry, WidgetFamily::systemSmall));
+  EXPECT_THAT(texts, Contains("Northbank"));
+  EXPECT_THAT(texts, Not(Contains(HasSubstr("••"))));
+}
+
+TEST(CardLimitView, TenThousandCardsDrawNoMoreThanThree) {
+  WidgetSnapshot snapshot = fiveCards();
+  const auto few = inspection::nodes(view({{}, snapshot, {}}, WidgetFamily::systemLarge)).size();
+  snapshot.cards.resize(10000, card("more"));
+  const auto many = inspection::nodes(view({{}, snapshot, {}}, WidgetFamily::systemLarge)).size();
+  EXPECT_EQ(many, few);
+}
+
+}  // namespace
+}  // namespace quorvel

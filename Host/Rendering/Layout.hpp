@@ -9,7 +9,8 @@
 
 namespace rendering {
 
-/// One question that layout worked out (repeated questions are answered from memory and not told).
+/// One question that layout worked out. Repeated ones are answered from memory, and modifiers
+/// without a say in layout pass them on: neither is told.
 struct LayoutStep {
   std::variant<const viewkit::Element*, const viewkit::Modifier*> what;
   int depth = 0;  ///< questions that are open around it

@@ -72,6 +72,7 @@ ItemId LayoutItems::addItem(const Node& node, const Context& context) {
   const auto id = static_cast<ItemId>(items_.size());
   LayoutItem& item = items_.emplace_back();
   item.source = &node;
+  item.answering = id;
   item.direction = context.direction;
   item.spacerAxis = context.spacerAxis;
   item.isSpacer = std::holds_alternative<SpacerElement>(node.element);
@@ -111,7 +112,18 @@ ItemId LayoutItems::addView(const View& view, Context context) {
     }
   }
   hang(addElement(node, context));
+  for (ItemId id = outer; id != around; id = children_[items_[id].firstChild]) {
+    items_[id].answering = answeringFor(id);
+  }
   return outer;
+}
+
+ItemId LayoutItems::answeringFor(ItemId id) const {
+  while (true) {
+    const auto* modifier = std::get_if<const Modifier*>(&items_[id].what);
+    if (!modifier || !isTransparent(**modifier)) return id;
+    id = children_[items_[id].firstChild];
+  }
 }
 
 ItemId LayoutItems::addElement(const Node& node, const Context& context) {
@@ -161,7 +173,8 @@ std::vector<StackChild>& LayoutItems::takeStackChildren(const LayoutItem& item) 
   return record;
 }
 
-Answer LayoutItems::measure(ItemId id, const Proposal& asked) {
+Answer LayoutItems::measure(ItemId asking, const Proposal& asked) {
+  const ItemId id = items_[asking].answering;
   const Proposal proposal = cleanProposal(asked);
   const double width = memoKey(proposal.width);
   const double height = memoKey(proposal.height);

@@ -54,6 +54,7 @@ class LayoutItems {
   ItemId addElement(const viewkit::Node& node, const Context& context);
   ItemId addItem(const viewkit::Node& node, const Context& context);
   void addChildren(ItemId parent, std::span<const viewkit::View> views, const Context& context);
+  [[nodiscard]] ItemId answeringFor(ItemId id) const;
   void addText(ItemId id, const viewkit::TextElement& text);
 
   [[nodiscard]] Answer workOut(ItemId id, const Proposal& proposal);

@@ -27,6 +27,15 @@ Proposal sizeOfRatio(double ratio, bool fill, const Proposal& proposal, const La
 
 }  // namespace
 
+bool isTransparent(const viewkit::Modifier& modifier) {
+  return !std::holds_alternative<viewkit::FixedFrame>(modifier) &&
+         !std::holds_alternative<viewkit::FlexibleFrame>(modifier) &&
+         !std::holds_alternative<viewkit::Padding>(modifier) &&
+         !std::holds_alternative<viewkit::Position>(modifier) &&
+         !std::holds_alternative<viewkit::AspectRatio>(modifier) &&
+         !std::holds_alternative<viewkit::FixedSize>(modifier);
+}
+
 Arrangement arrangeTransparent(const Proposal& proposal, const LayoutProbe& target) {
   const Answer answer = target(proposal);
   return {answer, {proposal, answer, {}}};

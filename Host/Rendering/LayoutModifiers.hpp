@@ -6,6 +6,9 @@
 
 namespace rendering {
 
+/// Whether the modifier answers as its target does, to the same proposal.
+[[nodiscard]] bool isTransparent(const viewkit::Modifier& modifier);
+
 [[nodiscard]] Arrangement arrangeTransparent(const Proposal& proposal, const LayoutProbe& target);
 
 /// The proposal less the insets goes to the target; the answer has them added again.

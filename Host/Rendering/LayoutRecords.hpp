@@ -30,7 +30,8 @@ struct LayoutItem {
   const viewkit::Node* source = nullptr;
   viewkit::LayoutDirection direction = viewkit::LayoutDirection::leftToRight;
   SpacerAxis spacerAxis = SpacerAxis::both;
-  bool isSpacer = false;         ///< a spacer, perhaps with modifiers
+  bool isSpacer = false;     ///< a spacer, perhaps with modifiers
+  ItemId answering = kNone;  ///< whose answer this item gives: its own or that of what it surrounds
   std::uint32_t firstChild = 0;  ///< in the tree's list of children
   std::uint32_t childCount = 0;
   std::uint32_t text = kNone;       ///< in the tree's texts

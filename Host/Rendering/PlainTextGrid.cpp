@@ -74,32 +74,39 @@ std::vector<Row> rowsOf(const std::vector<PlainLabel>& labels) {
 
 /// Labels start where their box does; those that alone end at the picture's right edge end there.
 int wantedStart(const SetLabel& set, const std::vector<PlainLabel>& all, const PlainGrid& grid) {
-  const PlainLabel& label = *set.label;
-  double rightmost = 0;
-  bool sharesLeft = false;
+  const Rect& box = set.label->box;
+  bool endsRow = box.x > grid.width - box.right() + kSameEdge;
   for (const PlainLabel& other : all) {
-    rightmost = std::max(rightmost, other.box.right());
-    sharesLeft |= &other != &label && std::abs(other.box.x - label.box.x) < kSameEdge;
+    if (&other == set.label) continue;
+    endsRow &= other.box.right() < box.right() + kSameEdge;
+    endsRow &= std::abs(other.box.x - box.x) >= kSameEdge;
   }
-  const bool endsRow = !sharesLeft && std::abs(rightmost - label.box.right()) < kSameEdge;
-  const double start =
-      endsRow ? label.box.right() / grid.cellWidth - set.width : label.box.x / grid.cellWidth;
+  const double start = endsRow ? box.right() / grid.cellWidth - set.width : box.x / grid.cellWidth;
   return std::max(0, static_cast<int>(std::lround(start)));
 }
 
-void spread(Row& row, const std::vector<PlainLabel>& all, const PlainGrid& grid) {
-  std::ranges::stable_sort(row, {}, [](const SetLabel& set) { return set.label->box.x; });
-  int limit = grid.columns;
-  for (SetLabel& set : row) set.start = wantedStart(set, all, grid);
-  for (auto it = row.rbegin(); it != row.rend(); ++it) {
-    it->start = std::min(it->start, limit - it->width);
-    limit = it->start - 1;
-  }
+void pushRight(Row& row) {
   int free = 0;
   for (SetLabel& set : row) {
     set.start = std::max(set.start, free);
     free = set.start + set.width + 1;
   }
+}
+
+void pushLeft(Row& row, int columns) {
+  int limit = columns;
+  for (auto it = row.rbegin(); it != row.rend(); ++it) {
+    it->start = std::min(it->start, limit - it->width);
+    limit = it->start - 1;
+  }
+}
+
+void spread(Row& row, const std::vector<PlainLabel>& all, const PlainGrid& grid) {
+  std::ranges::stable_sort(row, {}, [](const SetLabel& set) { return set.label->box.x; });
+  for (SetLabel& set : row) set.start = wantedStart(set, all, grid);
+  pushRight(row);
+  pushLeft(row, grid.columns);
+  pushRight(row);  // what is left of column 0 runs over the right edge instead
 }
 
 std::string textOf(const Row& row) {

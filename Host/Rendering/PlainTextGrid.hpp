@@ -24,6 +24,7 @@ struct PlainLabel {
 [[nodiscard]] std::string printable(std::string_view text);
 
 struct PlainGrid {
+  double width = 0;  ///< of the picture, in points
   double cellWidth = 1;
   double cellHeight = 1;
   int columns = 80;

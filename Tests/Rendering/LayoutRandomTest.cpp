@@ -163,7 +163,7 @@ std::size_t checkedCount(const PlacedNode& node) {
 
 TEST(LayoutRandom, SizesAreNumbersAndNothingIsLost) {
   FixedCellMeasurer measurer;
-  for (unsigned seed = 0; seed < 3000 && !testing::Test::HasFailure(); ++seed) {
+  for (unsigned seed = 0; seed < 1500 && !testing::Test::HasFailure(); ++seed) {
     const View view = TreeMaker(seed, false).view(4);
     for (const LayoutDirection direction : {kLtr, kRtl}) {
       const PlacedTree tree = layOut(view, {.size = {170, 120}, .direction = direction}, measurer);
@@ -176,7 +176,7 @@ TEST(LayoutRandom, AnswersToEveryKindOfProposal) {
   FixedCellMeasurer measurer;
   const std::optional<double> offers[] = {
       std::nullopt, 0, 1, 17.5, 200, 1e300, kInfinity, -3, kNan};
-  for (unsigned seed = 0; seed < 300 && !testing::Test::HasFailure(); ++seed) {
+  for (unsigned seed = 0; seed < 150 && !testing::Test::HasFailure(); ++seed) {
     const View view = TreeMaker(seed, seed % 2 == 0).view(3);
     for (const auto width : offers) {
       for (const auto height : offers) {

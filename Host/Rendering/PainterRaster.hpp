@@ -1,0 +1,77 @@
+// Exact coverage of filled and stroked paths, span by span, by FreeType's rasteriser.
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <vector>
+
+#include "Rendering/PainterPixels.hpp"
+#include "Rendering/ShapePath.hpp"
+
+struct FT_LibraryRec_;
+struct FT_StrokerRec_;
+
+namespace rendering {
+
+/// Takes spans of equal coverage, from top to bottom, from left to right.
+class SpanSink {
+ public:
+  virtual void span(int x, int y, int length, std::uint32_t coverage) = 0;
+
+ protected:
+  ~SpanSink() = default;
+};
+
+struct PathView {
+  std::span<const PathVerb> verbs;
+  std::span<const Point> points;
+};
+
+struct StrokeStyle {
+  double width = 1;  ///< pixels
+  viewkit::LineCap cap = viewkit::LineCap::butt;
+  viewkit::LineJoin join = viewkit::LineJoin::miter;
+};
+
+/// Points to pixels.
+struct PixelTransform {
+  double scaleX = 1;
+  double scaleY = 1;
+  double x = 0;
+  double y = 0;
+};
+
+class Rasterizer {
+ public:
+  explicit Rasterizer(FT_LibraryRec_* library) : library_(library) {}
+  ~Rasterizer();
+  Rasterizer(const Rasterizer&) = delete;
+  Rasterizer& operator=(const Rasterizer&) = delete;
+
+  void fill(PathView path,
+            const PixelTransform& transform,
+            bool evenOdd,
+            const PixelBox& clip,
+            SpanSink& sink);
+  void stroke(PathView path,
+              const PixelTransform& transform,
+              const StrokeStyle& style,
+              const PixelBox& clip,
+              SpanSink& sink);
+
+ private:
+  struct Vector {
+    long x;
+    long y;
+  };
+  void load(PathView path, const PixelTransform& transform);
+  void render(bool evenOdd, const PixelBox& clip, SpanSink& sink);
+
+  FT_LibraryRec_* library_;
+  FT_StrokerRec_* stroker_ = nullptr;
+  std::vector<Vector> points_;
+  std::vector<char> tags_;
+  std::vector<short> contours_;
+};
+
+}  // namespace rendering

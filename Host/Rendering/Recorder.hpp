@@ -1,0 +1,26 @@
+// From a placed tree to a draw list: colours resolved, redaction applied, images opened.
+#pragma once
+
+#include "Rendering/DrawList.hpp"
+#include "Rendering/FontMeasurer.hpp"
+#include "Rendering/ImageDecoder.hpp"
+#include "Rendering/PlacedTree.hpp"
+#include "Rendering/Renderer.hpp"
+#include "Rendering/SymbolLibrary.hpp"
+
+namespace rendering {
+
+/// What drawing needs besides the tree.
+struct RecorderTools {
+  FontMeasurer& measurer;
+  SymbolLibrary& symbols;
+  ImageStore& images;
+};
+
+/// Appends the tree's commands. The list refers to the symbol library's drawings.
+void record(const PlacedTree& tree,
+            const RenderOptions& options,
+            RecorderTools tools,
+            DrawList& list);
+
+}  // namespace rendering

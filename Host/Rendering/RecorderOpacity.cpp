@@ -1,0 +1,164 @@
+// Overlap tests on recorded commands.
+#include "Rendering/RecorderOpacity.hpp"
+
+#include <algorithm>
+
+namespace rendering {
+
+namespace {
+
+constexpr std::size_t kMostCompared = 16;
+
+bool overlap(const Rect& a, const Rect& b) {
+  return a.x < b.right() && b.x < a.right() && a.y < b.bottom() && b.y < a.bottom();
+}
+
+bool endsSomething(const DrawCommand& c) {
+  return std::holds_alternative<EndClip>(c) || std::holds_alternative<EndGroup>(c);
+}
+
+/// Commands whose colour alone carries their opacity.
+bool isPlain(const DrawCommand& c) {
+  return std::holds_alternative<FillRect>(c) || std::holds_alternative<FillPath>(c) ||
+         std::holds_alternative<StrokePath>(c) || std::holds_alternative<DrawGlyphs>(c) ||
+         std::holds_alternative<DrawSymbol>(c) || std::holds_alternative<DrawImage>(c);
+}
+
+bool canFold(const DrawList& list, std::size_t first) {
+  const std::size_t count = list.commands.size() - first;
+  if (count > kMostCompared) return false;
+  for (std::size_t i = first; i < list.commands.size(); ++i) {
+    const DrawCommand& a = list.commands[i];
+    if (std::holds_alternative<BeginClip>(a) || std::holds_alternative<EndClip>(a)) continue;
+    if (!isPlain(a)) return false;
+    for (std::size_t j = first; j < i; ++j) {
+      const DrawCommand& b = list.commands[j];
+      if (isPlain(b) && overlap(boundsOf(a), boundsOf(b))) return false;
+    }
+  }
+  return true;
+}
+
+bool isOpaque(const DrawList& list, const Ink& ink) {
+  if (ink.color.alpha < 1) return false;
+  if (ink.gradient < 0) return true;
+  return std::ranges::all_of(list.gradients[static_cast<std::size_t>(ink.gradient)].stops,
+                             [](const auto& stop) { return stop.color.alpha == 1; });
+}
+
+/// Whether one of the commands fills the rectangle completely.
+bool covers(const DrawList& list, std::size_t from, std::size_t to, const Rect& area) {
+  for (std::size_t i = from; i < to; ++i) {
+    const DrawCommand& c = list.commands[i];
+    if (const auto* rect = std::get_if<FillRect>(&c)) {
+      if (isOpaque(list, rect->ink) && contains(rect->rect, area)) return true;
+    }
+    if (std::holds_alternative<BeginGroup>(c)) return false;
+  }
+  return false;
+}
+
+}  // namespace
+
+bool contains(const Rect& outer, const Rect& inner) {
+  constexpr double kSlack = 1e-6;
+  return inner.x >= outer.x - kSlack && inner.y >= outer.y - kSlack &&
+         inner.right() <= outer.right() + kSlack && inner.bottom() <= outer.bottom() + kSlack;
+}
+
+Rect unite(const Rect& a, const Rect& b) {
+  const double x = std::min(a.x, b.x);
+  const double y = std::min(a.y, b.y);
+  return {x, y, std::max(a.right(), b.right()) - x, std::max(a.bottom(), b.bottom()) - y};
+}
+
+Rect intersect(const Rect& a, const Rect& b) {
+  const double x = std::max(a.x, b.x);
+  const double y = std::max(a.y, b.y);
+  return {x,
+          y,
+          std::max(0.0, std::min(a.right(), b.right()) - x),
+          std::max(0.0, std::min(a.bottom(), b.bottom()) - y)};
+}
+
+Rect boundsFrom(const DrawList& list, std::size_t first) {
+  Rect result;
+  bool any = false;
+  for (std::size_t i = first; i < list.commands.size(); ++i) {
+    const DrawCommand& command = list.commands[i];
+    if (endsSomething(command)) continue;
+    Rect b = boundsOf(command);
+    double deviation = 0;
+    Point offset;
+    if (const auto* shadow = std::get_if<DrawShadow>(&command)) {
+      deviation = shadow->deviation;
+      offset = shadow->offset;
+    } else if (const auto* content = std::get_if<DrawContentShadow>(&command)) {
+      deviation = content->deviation;
+      offset = content->offset;
+    }
+    const double reach = 3 * deviation;
+    b = {b.x + offset.x - reach, b.y + offset.y - reach, b.width + 2 * reach, b.height + 2 * reach};
+    result = any ? unite(result, b) : b;
+    any = true;
+  }
+  return result;
+}
+
+void applyOpacity(DrawList& list, std::size_t first, double opacity) {
+  const auto factor = static_cast<float>(std::clamp(opacity, 0.0, 1.0));
+  if (factor == 1 || first == list.commands.size()) return;
+  if (factor == 0) {
+    list.commands.resize(first);
+    return;
+  }
+  if (canFold(list, first)) {
+    for (std::size_t i = first; i < list.commands.size(); ++i) {
+      std::visit(
+          [&](auto& c) {
+            if constexpr (requires { c.ink; }) c.ink.color.alpha *= factor;
+            if constexpr (requires { c.opacity; }) c.opacity *= factor;
+          },
+          list.commands[i]);
+    }
+    return;
+  }
+  const Rect bounds = boundsFrom(list, first);
+  list.commands.insert(list.commands.begin() + static_cast<std::ptrdiff_t>(first),
+                       BeginGroup{factor, bounds});
+  list.commands.emplace_back(EndGroup{});
+}
+
+std::optional<FillPath> silhouetteFrom(DrawList& list, std::size_t first) {
+  const std::size_t end = list.commands.size();
+  if (first == end) return std::nullopt;
+  // A clip around everything, over ground that fills it.
+  if (const auto* clip = std::get_if<BeginClip>(&list.commands[first])) {
+    int depth = 0;
+    for (std::size_t i = first; i < end; ++i) {
+      if (std::holds_alternative<BeginClip>(list.commands[i])) ++depth;
+      if (std::holds_alternative<EndClip>(list.commands[i]) && --depth == 0 && i + 1 != end) {
+        return std::nullopt;
+      }
+    }
+    if (!covers(list, first + 1, end, clip->bounds)) return std::nullopt;
+    return FillPath{clip->path, clip->bounds, {}};
+  }
+  // An opaque shape below everything else.
+  FillPath base;
+  if (const auto* fill = std::get_if<FillPath>(&list.commands[first])) {
+    base = *fill;
+  } else if (const auto* rect = std::get_if<FillRect>(&list.commands[first])) {
+    Path path;
+    appendRectangle(path, rect->rect);
+    base = {list.add(path), rect->rect, rect->ink};
+  } else {
+    return std::nullopt;
+  }
+  if (!isOpaque(list, base.ink)) return std::nullopt;
+  if (end == first + 1) return base;
+  if (!std::holds_alternative<FillRect>(list.commands[first])) return std::nullopt;
+  return contains(base.bounds, boundsFrom(list, first + 1)) ? std::optional(base) : std::nullopt;
+}
+
+}  // namespace rendering

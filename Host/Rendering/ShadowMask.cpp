@@ -1,0 +1,125 @@
+// Blurring, and keeping what was blurred.
+#include "Rendering/ShadowMask.hpp"
+
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+
+namespace rendering {
+
+namespace {
+
+constexpr std::size_t kKept = 16;
+
+/// One pass over `count` values `step` apart; `line` is scratch.
+void meanPass(std::uint8_t* values,
+              int count,
+              std::ptrdiff_t step,
+              int radius,
+              std::vector<std::uint8_t>& line) {
+  line.resize(static_cast<std::size_t>(count));
+  for (int i = 0; i < count; ++i) line[i] = values[i * step];
+  const std::uint32_t size = static_cast<std::uint32_t>(2 * radius + 1);
+  const std::uint32_t factor = (1u << 24) / size;
+  std::uint32_t sum = 0;
+  for (int i = 0; i < std::min(radius, count); ++i) sum += line[i];
+  for (int i = 0; i < count; ++i) {
+    if (i + radius < count) sum += line[i + radius];
+    values[i * step] = static_cast<std::uint8_t>((std::uint64_t{sum} * factor + (1u << 23)) >> 24);
+    if (i - radius >= 0) sum -= line[i - radius];
+  }
+}
+
+class FillSink final : public SpanSink {
+ public:
+  explicit FillSink(ShadowMask& mask) : mask_(mask) {}
+  void span(int x, int y, int length, std::uint32_t coverage) override {
+    std::memset(mask_.coverage.data() +
+                    static_cast<std::ptrdiff_t>(y - mask_.box.top) * mask_.box.width() +
+                    (x - mask_.box.left),
+                static_cast<int>(coverage),
+                static_cast<std::size_t>(length));
+  }
+
+ private:
+  ShadowMask& mask_;
+};
+
+}  // namespace
+
+void blur(std::vector<std::uint8_t>& coverage, int width, int height, double deviation) {
+  if (!(deviation > 0.2) || width <= 0 || height <= 0) return;
+  // Three means of width w have the variance (w * w - 1) / 4; mix the two nearest odd widths.
+  const double ideal = std::sqrt(4 * deviation * deviation + 1);
+  const int lower = std::max(0, static_cast<int>((ideal - 1) / 2));
+  const double w = 2 * lower + 1;
+  const double excess = 12 * deviation * deviation - 3 * (w * w - 1);
+  const int wider = std::clamp(static_cast<int>(std::lround(excess / (4 * w + 4))), 0, 3);
+  std::vector<std::uint8_t> line;
+  for (int pass = 0; pass < 3; ++pass) {
+    const int radius = lower + (pass < wider ? 1 : 0);
+    if (radius == 0) continue;
+    for (int y = 0; y < height; ++y) {
+      meanPass(coverage.data() + static_cast<std::ptrdiff_t>(y) * width, width, 1, radius, line);
+    }
+    for (int x = 0; x < width; ++x) meanPass(coverage.data() + x, height, width, radius, line);
+  }
+}
+
+const ShadowMask& ShadowMasks::mask(PathView path,
+                                    double scale,
+                                    double deviation,
+                                    PixelBox* origin) {
+  double x = path.points.empty() ? 0 : path.points[0].x;
+  double y = path.points.empty() ? 0 : path.points[0].y;
+  double right = x;
+  double bottom = y;
+  for (const Point& p : path.points) {
+    x = std::min(x, p.x);
+    y = std::min(y, p.y);
+    right = std::max(right, p.x);
+    bottom = std::max(bottom, p.y);
+  }
+  const double left = std::floor(x * scale);
+  const double top = std::floor(y * scale);
+  *origin = pixelBox({left, top, 0, 0}, 1);
+  const double shiftX = std::round((x * scale - left) * 4) / 4;
+  const double shiftY = std::round((y * scale - top) * 4) / 4;
+
+  std::string key;
+  const auto add = [&](double value) {
+    const auto fixed =
+        static_cast<std::int32_t>(std::lround(std::clamp(value, -30000.0, 30000.0) * 64));
+    key.append(reinterpret_cast<const char*>(&fixed), sizeof fixed);
+  };
+  add(deviation);
+  add(shiftX);
+  add(shiftY);
+  for (const Point& p : path.points) {
+    add((p.x - x) * scale);
+    add((p.y - y) * scale);
+  }
+  for (PathVerb verb : path.verbs) key.push_back(static_cast<char>(verb));
+  for (auto entry = entries_.begin(); entry != entries_.end(); ++entry) {
+    if (entry->key != key) continue;
+    entries_.splice(entries_.begin(), entries_, entry);
+    return entry->mask;
+  }
+
+  const int room = static_cast<int>(std::ceil(3 * deviation)) + 1;
+  entries_.push_front({std::move(key), {}});
+  ShadowMask& mask = entries_.front().mask;
+  const PixelBox shape = pixelBox(
+      {shiftX, shiftY, std::min(right - x, 4000.0) * scale, std::min(bottom - y, 4000.0) * scale},
+      1);
+  mask.box = {shape.left - room, shape.top - room, shape.right + room, shape.bottom + room};
+  mask.coverage.assign(
+      static_cast<std::size_t>(mask.box.width()) * static_cast<std::size_t>(mask.box.height()), 0);
+  FillSink sink(mask);
+  raster_.fill(path, {scale, scale, shiftX - x * scale, shiftY - y * scale}, false, mask.box, sink);
+  blur(mask.coverage, mask.box.width(), mask.box.height(), deviation);
+  if (entries_.size() > kKept) entries_.pop_back();
+  return mask;
+}
+
+}  // namespace rendering

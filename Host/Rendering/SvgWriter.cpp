@@ -1,0 +1,429 @@
+// Commands become elements; what is cut out later masks what was written before.
+#include "Rendering/SvgWriter.hpp"
+
+#include <fmt/format.h>
+
+#include <cmath>
+#include <iterator>
+#include <map>
+#include <set>
+#include <span>
+
+#include "Rendering/PainterPixels.hpp"
+#include "Rendering/Renderer.hpp"
+
+namespace rendering {
+
+namespace {
+
+std::string number(double v) {
+  std::string text = fmt::format("{:.3f}", std::isfinite(v) ? v : 0);
+  while (text.back() == '0') text.pop_back();
+  if (text.back() == '.') text.pop_back();
+  return text == "-0" ? "0" : text;
+}
+
+std::string pathData(std::span<const PathVerb> verbs, std::span<const Point> points) {
+  std::string d;
+  std::size_t next = 0;
+  const auto add = [&](char verb, int count) {
+    d += verb;
+    for (int i = 0; i < count; ++i, ++next) {
+      if (i > 0) d += ' ';
+      d += number(points[next].x) + ' ' + number(points[next].y);
+    }
+  };
+  for (PathVerb verb : verbs) {
+    switch (verb) {
+      case PathVerb::move:
+        add('M', 1);
+        break;
+      case PathVerb::line:
+        add('L', 1);
+        break;
+      case PathVerb::cubic:
+        add('C', 3);
+        break;
+      case PathVerb::close:
+        add('Z', 0);
+        break;
+    }
+  }
+  return d;
+}
+
+std::string hex(const Rgba& c) {
+  return fmt::format("#{:02X}{:02X}{:02X}", c.red, c.green, c.blue);
+}
+
+std::string base64(const std::string& bytes) {
+  constexpr std::string_view kDigits =
+      "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
+  std::string out;
+  for (std::size_t i = 0; i < bytes.size(); i += 3) {
+    std::uint32_t value = 0;
+    for (std::size_t j = 0; j < 3; ++j) {
+      value = value << 8 | (i + j < bytes.size() ? static_cast<unsigned char>(bytes[i + j]) : 0u);
+    }
+    for (std::size_t j = 0; j < 4; ++j) {
+      out += i + j <= bytes.size() ? kDigits[(value >> (18 - 6 * j)) & 63] : '=';
+    }
+  }
+  return out;
+}
+
+class Writer {
+ public:
+  Writer(const DrawList& list, const FontLibrary& fonts) : list_(list), fonts_(fonts) {}
+
+  std::string write(double cornerRadius) {
+    levels_.push_back({});
+    const Rect all{0, 0, list_.size.width, list_.size.height};
+    if (cornerRadius > 0) {
+      Path path;
+      appendRounded(path, all, cornerRadius, viewkit::CornerStyle::continuous);
+      open(fmt::format("<g clip-path=\"url(#{})\">", clip(pathData(path.verbs, path.points))),
+           true);
+    }
+    play(0, list_.commands.size());
+    while (levels_.size() > 1) close();
+    return fmt::format(
+        "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"{0}\" height=\"{1}\" viewBox=\"0 0 {0} "
+        "{1}\">\n<defs>\n{2}</defs>\n{3}</svg>\n",
+        number(all.width),
+        number(all.height),
+        definitions_,
+        levels_.front().body);
+  }
+
+ private:
+  struct Level {
+    std::string opening;
+    bool group = false;  ///< what is cut out inside does not reach beyond it
+    std::string body;
+    std::string clip;  ///< id of the clip path that it applies
+  };
+
+  void open(std::string element, bool group, std::string clipId = {}) {
+    levels_.push_back({std::move(element), group, {}, std::move(clipId)});
+  }
+  void close() {
+    const Level level = std::move(levels_.back());
+    levels_.pop_back();
+    levels_.back().body += level.opening + "\n" + level.body + "</g>\n";
+  }
+
+  template <class... Args>
+  void line(fmt::format_string<Args...> format, Args&&... args) {
+    fmt::format_to(std::back_inserter(levels_.back().body), format, std::forward<Args>(args)...);
+    levels_.back().body += '\n';
+  }
+  template <class... Args>
+  void define(fmt::format_string<Args...> format, Args&&... args) {
+    fmt::format_to(std::back_inserter(definitions_), format, std::forward<Args>(args)...);
+    definitions_ += '\n';
+  }
+  std::string newId(char kind) { return fmt::format("{}{}", kind, nextId_++); }
+
+  std::string clip(const std::string& d) {
+    const std::string id = newId('c');
+    define("<clipPath id=\"{}\"><path d=\"{}\"/></clipPath>", id, d);
+    return id;
+  }
+
+  [[nodiscard]] std::string data(const PathSlice& s) const {
+    return pathData(std::span(list_.verbs).subspan(s.firstVerb, s.verbs),
+                    std::span(list_.points).subspan(s.firstPoint, s.points));
+  }
+
+  /// Attributes that colour a filling or a line.
+  std::string paint(const char* what, const Ink& ink) {
+    std::string value = hex(ink.color);
+    if (ink.gradient >= 0) {
+      const GradientInk& g = list_.gradients[static_cast<std::size_t>(ink.gradient)];
+      const std::string id = newId('g');
+      std::string stops;
+      for (const auto& stop : g.stops) {
+        stops += fmt::format("<stop offset=\"{}\" stop-color=\"{}\" stop-opacity=\"{}\"/>",
+                             number(stop.location),
+                             hex(stop.color),
+                             number(stop.color.alpha));
+      }
+      define(
+          "<linearGradient id=\"{}\" gradientUnits=\"userSpaceOnUse\" x1=\"{}\" y1=\"{}\" "
+          "x2=\"{}\" "
+          "y2=\"{}\">{}</linearGradient>",
+          id,
+          number(g.start.x),
+          number(g.start.y),
+          number(g.end.x),
+          number(g.end.y),
+          stops);
+      value = fmt::format("url(#{})", id);
+    }
+    std::string result = fmt::format("{}=\"{}\"", what, value);
+    if (ink.color.alpha < 1) {
+      result += fmt::format(" {}-opacity=\"{}\"", what, number(ink.color.alpha));
+    }
+    return result;
+  }
+
+  void play(std::size_t first, std::size_t last) {
+    for (std::size_t i = first; i < last; ++i) {
+      if (const auto* shadow = std::get_if<DrawContentShadow>(&list_.commands[i])) {
+        contentShadow(*shadow, i + 1);
+      } else {
+        std::visit([&](const auto& c) { put(c); }, list_.commands[i]);
+      }
+    }
+  }
+
+  void put(const FillRect& c) {
+    line("<rect x=\"{}\" y=\"{}\" width=\"{}\" height=\"{}\" {}/>",
+         number(c.rect.x),
+         number(c.rect.y),
+         number(c.rect.width),
+         number(c.rect.height),
+         paint("fill", c.ink));
+  }
+  void put(const FillPath& c) { line("<path d=\"{}\" {}/>", data(c.path), paint("fill", c.ink)); }
+  void put(const StrokePath& c) {
+    using viewkit::LineCap;
+    using viewkit::LineJoin;
+    line(
+        "<path d=\"{}\" fill=\"none\" stroke-width=\"{}\" stroke-linecap=\"{}\" "
+        "stroke-linejoin=\"{}\" "
+        "stroke-miterlimit=\"10\" {}/>",
+        data(c.path),
+        number(c.width),
+        c.cap == LineCap::round    ? "round"
+        : c.cap == LineCap::square ? "square"
+                                   : "butt",
+        c.join == LineJoin::round   ? "round"
+        : c.join == LineJoin::bevel ? "bevel"
+                                    : "miter",
+        paint("stroke", c.ink));
+  }
+
+  /// The outline in units of 1/1000 em, so that it can be used at every size.
+  std::string outline(const LineGlyph& glyph) {
+    std::string id = fmt::format("f{}-{}", glyph.font, glyph.glyph);
+    if (outlined_.insert(id).second) {
+      Path path;
+      fonts_.byId(glyph.font).appendOutline(glyph.glyph, 1000, 0, 0, path);
+      for (Point& p : path.points) p = {std::round(p.x), std::round(p.y)};
+      define("<path id=\"{}\" d=\"{}\"/>", id, pathData(path.verbs, path.points));
+    }
+    return id;
+  }
+
+  void put(const DrawGlyphs& c) {
+    // A gradient refers to the picture, not to the glyphs' own units.
+    const bool plain = c.ink.gradient < 0;
+    std::string uses;
+    for (std::uint32_t i = c.first; i < c.first + c.count; ++i) {
+      const LineGlyph& glyph = list_.glyphs[i];
+      uses += fmt::format("<use href=\"#{}\" transform=\"translate({} {}) scale({})\"/>",
+                          outline(glyph),
+                          number(glyph.x),
+                          number(glyph.y),
+                          fmt::format("{:.6f}", c.size / 1000));
+    }
+    if (plain && (c.ink.color.alpha == 1 || !c.joined)) {
+      line("<g {}>{}</g>", paint("fill", c.ink), uses);
+    } else if (plain) {
+      Ink full = c.ink;
+      full.color.alpha = 1;
+      line("<g opacity=\"{}\" {}>{}</g>", number(c.ink.color.alpha), paint("fill", full), uses);
+    } else {
+      masked(uses, c.bounds, c.ink);
+    }
+  }
+
+  /// A rectangle in the ink, seen through what is white in `content`.
+  void masked(const std::string& content, const Rect& bounds, const Ink& ink) {
+    const std::string id = newId('m');
+    define(
+        "<mask id=\"{}\" maskUnits=\"userSpaceOnUse\" x=\"{}\" y=\"{}\" width=\"{}\" "
+        "height=\"{}\"><g "
+        "fill=\"#FFFFFF\">{}</g></mask>",
+        id,
+        number(bounds.x),
+        number(bounds.y),
+        number(bounds.width),
+        number(bounds.height),
+        content);
+    line("<rect x=\"{}\" y=\"{}\" width=\"{}\" height=\"{}\" mask=\"url(#{})\" {}/>",
+         number(bounds.x),
+         number(bounds.y),
+         number(bounds.width),
+         number(bounds.height),
+         id,
+         paint("fill", ink));
+  }
+
+  void put(const DrawSymbol& c) {
+    std::string content;
+    bool erases = false;
+    for (const SymbolLayer& layer : c.drawing->layers) {
+      Path path = layer.path;
+      for (Point& p : path.points) {
+        p = {c.center.x + (c.mirrored ? -p.x : p.x) * c.size, c.center.y + p.y * c.size};
+      }
+      erases = erases || layer.erases;
+      const char* color = layer.erases ? "#000000" : "#FFFFFF";
+      content += fmt::format("<path d=\"{}\" fill=\"{}\"",
+                             pathData(path.verbs, path.points),
+                             layer.fills ? color : "none");
+      if (layer.evenOdd) content += " fill-rule=\"evenodd\"";
+      if (layer.stroke > 0) {
+        content += fmt::format(
+            " stroke=\"{}\" stroke-width=\"{}\" stroke-linejoin=\"round\" stroke-linecap=\"round\"",
+            color,
+            number(layer.stroke * c.size));
+      }
+      content += "/>";
+    }
+    const bool simple = !erases && c.drawing->layers.size() == 1 && c.ink.gradient < 0 &&
+                        c.drawing->layers[0].stroke == 0;
+    if (!simple) return masked(content, c.bounds, c.ink);
+    const std::string white = " fill=\"#FFFFFF\"";
+    content.replace(content.find(white), white.size(), ' ' + paint("fill", c.ink));
+    line("{}", content);
+  }
+
+  void put(const DrawImage& c) {
+    const DecodedImage& image = *list_.images[c.image];
+    Bitmap bitmap{image.width, image.height, image.width, image.pixels};
+    for (std::uint32_t& pixel : bitmap.pixels) {
+      if (c.colors == DrawImage::Colors::tinted)
+        pixel = scalePixel(premultiply(c.tint), pixel >> 24);
+    }
+    const char* filter = "";
+    if (c.colors == DrawImage::Colors::grey) {
+      filter = " style=\"filter:grayscale(1)\"";
+    }
+    std::string clipId = clip(fmt::format("M{} {}H{}V{}H{}Z",
+                                          number(c.bounds.x),
+                                          number(c.bounds.y),
+                                          number(c.bounds.right()),
+                                          number(c.bounds.bottom()),
+                                          number(c.bounds.x)));
+    line(
+        "<g clip-path=\"url(#{})\"><image x=\"{}\" y=\"{}\" width=\"{}\" height=\"{}\" "
+        "preserveAspectRatio=\"none\" opacity=\"{}\"{} href=\"data:image/png;base64,{}\"/></g>",
+        clipId,
+        number(c.target.x),
+        number(c.target.y),
+        number(c.target.width),
+        number(c.target.height),
+        number(c.opacity),
+        filter,
+        base64(encodePng(bitmap)));
+  }
+
+  std::string blurFilter(double deviation, const Rect& b) {
+    const double room = 3 * deviation + 1;
+    const std::string id = newId('b');
+    define(
+        "<filter id=\"{}\" filterUnits=\"userSpaceOnUse\" x=\"{}\" y=\"{}\" width=\"{}\" "
+        "height=\"{}\">"
+        "<feGaussianBlur stdDeviation=\"{}\"/></filter>",
+        id,
+        number(b.x - room),
+        number(b.y - room),
+        number(b.width + 2 * room),
+        number(b.height + 2 * room),
+        number(deviation));
+    return id;
+  }
+
+  void put(const DrawShadow& c) {
+    line("<path d=\"{}\" transform=\"translate({} {})\" filter=\"url(#{})\" {}/>",
+         data(c.path),
+         number(c.offset.x),
+         number(c.offset.y),
+         blurFilter(c.deviation, c.bounds),
+         paint("fill", {c.color}));
+  }
+
+  /// The content once more, reduced to its silhouette by the filter.
+  void contentShadow(const DrawContentShadow& c, std::size_t first) {
+    const double room = 3 * c.deviation + 1;
+    const std::string id = newId('b');
+    define(
+        "<filter id=\"{}\" filterUnits=\"userSpaceOnUse\" x=\"{}\" y=\"{}\" width=\"{}\" "
+        "height=\"{}\">"
+        "<feGaussianBlur in=\"SourceAlpha\" stdDeviation=\"{}\" result=\"s\"/><feFlood "
+        "flood-color=\"{}\" flood-opacity=\"{}\"/><feComposite in2=\"s\" "
+        "operator=\"in\"/></filter>",
+        id,
+        number(c.bounds.x - room),
+        number(c.bounds.y - room),
+        number(c.bounds.width + 2 * room),
+        number(c.bounds.height + 2 * room),
+        number(c.deviation),
+        hex(c.color),
+        number(c.color.alpha));
+    open(fmt::format("<g transform=\"translate({} {})\" filter=\"url(#{})\">",
+                     number(c.offset.x),
+                     number(c.offset.y),
+                     id),
+         true);
+    play(first, first + c.count);
+    close();
+  }
+
+  void put(const DrawContentShadow&) {}
+  void put(const BeginClip& c) {
+    std::string id = clip(data(c.path));
+    std::string element = fmt::format("<g clip-path=\"url(#{})\">", id);
+    open(std::move(element), false, std::move(id));
+  }
+  void put(const EndClip&) { close(); }
+  void put(const BeginGroup& c) {
+    open(c.opacity == 1 ? "<g>" : fmt::format("<g opacity=\"{}\">", number(c.opacity)), true);
+  }
+  void put(const EndGroup&) { close(); }
+
+  /// Everything that stands so far, out to the surrounding group, is put behind a mask with a hole.
+  void put(const ErasePath& c) {
+    const std::string id = newId('m');
+    std::string hole = fmt::format("<path d=\"{}\"/>", data(c.path));
+    for (std::size_t i = levels_.size(); i-- > 0;) {
+      Level& level = levels_[i];
+      if (!level.clip.empty())
+        hole = fmt::format("<g clip-path=\"url(#{})\">{}</g>", level.clip, hole);
+      if (level.group) break;
+    }
+    define(
+        "<mask id=\"{0}\" maskUnits=\"userSpaceOnUse\" x=\"0\" y=\"0\" width=\"{1}\" "
+        "height=\"{2}\"><rect width=\"{1}\" height=\"{2}\" fill=\"#FFFFFF\"/>{3}</mask>",
+        id,
+        number(list_.size.width),
+        number(list_.size.height),
+        hole);
+    for (std::size_t i = levels_.size(); i-- > 0;) {
+      Level& level = levels_[i];
+      if (!level.body.empty()) {
+        level.body = fmt::format("<g mask=\"url(#{})\">\n{}</g>\n", id, level.body);
+      }
+      if (level.group) break;
+    }
+  }
+
+  const DrawList& list_;
+  const FontLibrary& fonts_;
+  std::vector<Level> levels_;
+  std::string definitions_;
+  std::set<std::string> outlined_;
+  int nextId_ = 0;
+};
+
+}  // namespace
+
+std::string writeSvg(const DrawList& list, double cornerRadius, const FontLibrary& fonts) {
+  return Writer(list, fonts).write(cornerRadius);
+}
+
+}  // namespace rendering

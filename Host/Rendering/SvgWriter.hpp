@@ -1,0 +1,17 @@
+// A draw list as an SVG document: shapes and glyph outlines, no fonts, no text.
+#pragma once
+
+#include <string>
+
+#include "Rendering/DrawList.hpp"
+#include "Rendering/Font.hpp"
+
+namespace rendering {
+
+/// `cornerRadius` points are cut off the corners (continuous). Each glyph's outline stands once and
+/// is used by name.
+[[nodiscard]] std::string writeSvg(const DrawList& list,
+                                   double cornerRadius,
+                                   const FontLibrary& fonts);
+
+}  // namespace rendering

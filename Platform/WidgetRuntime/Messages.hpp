@@ -1,9 +1,9 @@
 // Every request and answer between a host and an extension, as records with their JSON form.
 //
-// Writers never fail. Readers check form and bounds and say in one line what is wrong and where
-// ("environments[1].mode:
-// ..."); unknown members are ignored. Instants travel as internet date-times, so fractions of a
-// second are dropped.
+// Writers never fail. Readers check form and bounds and say in one line what is wrong and where,
+// as in "environments[1].renderingMode: unknown name"; unknown members are ignored.
+//
+// Instants travel as internet date-times, so fractions of a second are dropped.
 #pragma once
 
 #include <cstddef>

@@ -68,7 +68,7 @@ struct Row {
 };
 
 TEST(Framing, ReadsHeadersAsTheyAreWritten) {
-  const std::string kindHeader = "Content-Type: application/vscode-jsonrpc; charset=utf-8\r\n";
+  const std::string kindHeader = "Content-Type: application/json; charset=utf-8\r\n";
   const std::vector<Row> rows{
       {"content-length: 2\r\n\r\n{}", {"{}"}},
       {"CONTENT-LENGTH:2\r\n\r\n{}", {"{}"}},

@@ -95,10 +95,11 @@ class BinaryWalk {
     if (low == 15 && !readCount(offset, count)) return false;
     switch (kind) {
       case 0x4:
-      case 0x5:
         return spend(offset, count, 1);
+      case 0x5:
+        return spend(offset, count, 1) && isWithoutNul(offset, count, 1);
       case 0x6:
-        return spend(offset, count, 2);
+        return spend(offset, count, 2) && isWithoutNul(offset, count, 2);
       case 0xA:
         return visitAll(offset, count, level);
       case 0xD:
@@ -106,6 +107,14 @@ class BinaryWalk {
       default:
         return false;
     }
+  }
+
+  /// The library ends the program over a string whose length is not that of its C string.
+  [[nodiscard]] bool isWithoutNul(std::size_t offset, std::uint64_t units, std::size_t size) const {
+    for (std::uint64_t i = 0; i < units; ++i) {
+      if (number(offset + i * size, size) == 0) return false;
+    }
+    return true;
   }
 
   bool readCount(std::size_t& offset, std::uint64_t& count) {
@@ -139,6 +148,7 @@ class BinaryWalk {
 }  // namespace
 
 bool isBoundedXmlPropertyList(std::string_view text) {
+  if (text.contains('\0') || text.contains("&#0") || text.contains("&#x0")) return false;
   int level = 0;
   while (skipThrough(text, "<")) {
     if (text.starts_with("!--")) {

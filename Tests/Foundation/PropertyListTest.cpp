@@ -173,6 +173,22 @@ TEST(PropertyListBinary, ReferenceOutsideTheTableIsMalformed) {
   EXPECT_FALSE(parsePropertyList(binary({"\xA1\x07"})));
 }
 
+TEST(PropertyListBinary, NulInAStringOrKeyIsMalformed) {
+  using std::string_literals::operator""s;
+  EXPECT_FALSE(
+      parsePropertyList(binary({"\x53"
+                                "a\0b"s})));
+  EXPECT_FALSE(parsePropertyList(binary({"\x61\0\0"s})));
+  EXPECT_FALSE(parsePropertyList(binary({"\xD1\x01\x02", "\x51\0"s, "\x09"})));
+}
+
+TEST(PropertyListXml, NulIsMalformed) {
+  for (const char* reference : {"&#0;", "&#00;", "&#x0;"}) {
+    EXPECT_FALSE(parsePropertyList(document("<string>a" + std::string(reference) + "</string>")));
+  }
+  EXPECT_FALSE(parsePropertyList(document("<string>a" + std::string(1, '\0') + "</string>")));
+}
+
 TEST(PropertyListEditing, SetsOneKeyAndKeepsTheRest) {
   const auto changed = xmlPropertyListBySetting(
       document(

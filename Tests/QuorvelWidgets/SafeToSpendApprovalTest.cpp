@@ -1,0 +1,104 @@
+// The trees of the safe-to-spend widget, state by state, as a person has approved them.
+#include <gtest/gtest.h>
+
+#include <set>
+
+#include "Tests/Support/Approval.hpp"
+#include "Tests/Support/SafeToSpendCases.hpp"
+#include "ViewKit/Dump.hpp"
+
+namespace quorvel {
+namespace {
+
+using widgetruntime::Environment;
+using widgetruntime::RenderingMode;
+using widgetruntime::WidgetFamily;
+
+constexpr const char* kElevenDaysAfter = "2025-03-25";
+constexpr const char* kFirst = "2025-03-01";
+constexpr const char* kToday = "2025-03-14";
+
+/// 61 % of 3000 is spent, 1166 is left.
+WidgetSnapshot normal(std::string lang = "en") {
+  return fixtures::snapshotWith(fixtures::budgetOf(3000, 1834, kElevenDaysAfter, kFirst),
+                                std::move(lang));
+}
+WidgetSnapshot exceeded() {
+  return fixtures::snapshotWith(fixtures::budgetOf(3000, 3210, kElevenDaysAfter, kFirst));
+}
+WidgetSnapshot lastDay() {
+  return fixtures::snapshotWith(fixtures::budgetOf(3000, 1834, kToday, kFirst));
+}
+WidgetSnapshot hidden() {
+  WidgetSnapshot snapshot = normal();
+  snapshot.isHidden = true;
+  return snapshot;
+}
+
+struct State {
+  std::string name;
+  std::optional<WidgetSnapshot> snapshot;
+  Environment environment;
+};
+
+std::vector<State> states() {
+  std::vector<State> all{{"normal", normal(), {}},
+                         {"exceeded", exceeded(), {}},
+                         {"last-day", lastDay(), {}},
+                         {"hidden", hidden(), {}},
+                         {"indonesian", normal("id"), {}},
+                         {"arabic", normal("ar"), {}}};
+  State bare{"without-background", normal(), {}};
+  bare.environment.showsWidgetContainerBackground = false;
+  State accented{"accented", normal(), bare.environment};
+  accented.environment.widgetRenderingMode = RenderingMode::accented;
+  State vibrant{"vibrant", normal(), bare.environment};
+  vibrant.environment.widgetRenderingMode = RenderingMode::vibrant;
+  State redacted{"redacted-arabic", normal("ar"), {}};
+  redacted.environment.redactionReasons.privacy = true;
+  all.insert(all.end(), {bare, accented, vibrant, redacted});
+  return all;
+}
+
+struct Layout {
+  std::string name;
+  WidgetFamily family;
+  SafeToSpendStyle style;
+};
+
+std::string dumpOf(const State& state, const Layout& layout) {
+  Environment environment = state.environment;
+  environment.widgetFamily = layout.family;
+  return viewkit::dump(
+      fixtures::safeToSpendView(fixtures::entryWith(state.snapshot, layout.style), environment));
+}
+
+TEST(SafeToSpendApproval, EveryLayoutInEveryState) {
+  const Layout layouts[] = {
+      {"accent", WidgetFamily::systemSmall, SafeToSpendStyle::accent},
+      {"ring", WidgetFamily::systemSmall, SafeToSpendStyle::ring},
+      {"medium", WidgetFamily::systemMedium, SafeToSpendStyle::accent},
+  };
+  std::set<std::string> names;
+  const auto approve = [&](const Layout& layout, const State& state) {
+    const std::string name = "SafeToSpend/" + layout.name + "-" + state.name;
+    names.insert(name);
+    EXPECT_TRUE(approval::matchesExpected(name, dumpOf(state, layout)));
+  };
+  for (const Layout& layout : layouts) {
+    for (const State& state : states()) approve(layout, state);
+  }
+  approve(layouts[0], {"no-budget", fixtures::emptySnapshot(), {}});
+  approve(layouts[0], {"no-snapshot", std::nullopt, {}});
+  for (const auto& [name, family] : {std::pair{"circular", WidgetFamily::accessoryCircular},
+                                     {"rectangular", WidgetFamily::accessoryRectangular},
+                                     {"inline", WidgetFamily::accessoryInline}}) {
+    State vibrant{"vibrant", normal(), {}};
+    vibrant.environment.widgetRenderingMode = RenderingMode::vibrant;
+    approve({name, family, SafeToSpendStyle::accent}, vibrant);
+  }
+  EXPECT_EQ(approval::expectedNames("SafeToSpend"), names);
+}
+
+}  // namespace
+}  // namespace quorvel

@@ -22,6 +22,7 @@ inline void PrintTo(const Sample& sample, std::ostream* out) {
 
 [[nodiscard]] std::vector<Sample> elementSamples();
 [[nodiscard]] std::vector<Sample> modifierSamples();
+[[nodiscard]] Sample documentedSample();
 [[nodiscard]] std::vector<Sample> allSamples();
 
 }  // namespace viewkit

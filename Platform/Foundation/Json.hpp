@@ -84,6 +84,7 @@ class JsonReader {
   }
   template <class T>
   void read(std::vector<T>& out) {
+    if constexpr (std::is_arithmetic_v<T>) out.reserve(32);  // most series are a month's days
     readArray(
         [](JsonReader& reader, void* vector) {
           reader.read(static_cast<std::vector<T>*>(vector)->emplace_back());

@@ -88,9 +88,9 @@ bool isLowSurrogate(char32_t unit) {
 
 struct JsonScanner::NumberParts {
   const char* start = nullptr;
-  bool negative = false;
+  bool isNegative = false;
   std::uint64_t mantissa = 0;  // all digits as one integer; exact up to 19 of them
-  std::int64_t digits = 0;     // how many, leading zeros not counted
+  std::int64_t digits = 0;     // how many, leading zeros included
   std::int64_t exponent = 0;   // of ten, for the mantissa
 };
 
@@ -272,39 +272,48 @@ bool JsonScanner::hexUnit(char32_t& unit) {
 
 bool JsonScanner::scanNumber(NumberParts& parts) {
   parts.start = at_;
-  const auto atDigit = [&] { return at_ != end_ && isDigit(*at_); };
-  const auto take = [&] {
-    parts.mantissa = parts.mantissa * 10 + static_cast<std::uint64_t>(*at_++ - '0');
-    if (parts.digits != 0 || parts.mantissa != 0) ++parts.digits;
+  const auto failAt = [&](const char* at, std::string_view expected) {
+    at_ = at;
+    return fail(expected);
+  };
+  const char* at = at_;
+  std::uint64_t mantissa = 0;
+  const auto takeDigits = [&, end = end_] {
+    const char* const first = at;
+    for (; at != end && isDigit(*at); ++at) {
+      mantissa = mantissa * 10 + static_cast<std::uint64_t>(*at - '0');
+    }
+    return at - first;
   };
 
-  if (*at_ == '-') {
-    parts.negative = true;
-    ++at_;
+  if (*at == '-') {
+    parts.isNegative = true;
+    ++at;
   }
-  if (!atDigit()) return fail("digit");
-  const bool leadingZero = *at_ == '0';
-  take();
-  if (leadingZero && atDigit()) return fail("no digit after a leading zero");
-  while (atDigit()) take();
-
-  if (at_ != end_ && *at_ == '.') {
-    ++at_;
-    if (!atDigit()) return fail("digit");
-    const char* const fraction = at_;
-    while (atDigit()) take();
-    parts.exponent = fraction - at_;
+  const char* const whole = at;
+  parts.digits = takeDigits();
+  if (parts.digits == 0) return failAt(at, "digit");
+  if (*whole == '0' && parts.digits > 1) return failAt(whole + 1, "no digit after a leading zero");
+  if (at != end_ && *at == '.') {
+    ++at;
+    const std::int64_t fraction = takeDigits();
+    if (fraction == 0) return failAt(at, "digit");
+    parts.digits += fraction;
+    parts.exponent = -fraction;
   }
-  if (at_ == end_ || (*at_ | 0x20) != 'e') return true;
-
-  ++at_;
-  const bool down = at_ != end_ && *at_ == '-';
-  if (down || (at_ != end_ && *at_ == '+')) ++at_;
-  if (!atDigit()) return fail("digit");
-  std::int64_t exponent = 0;
-  for (; atDigit(); ++at_)
-    exponent = std::min<std::int64_t>(exponent * 10 + (*at_ - '0'), 1LL << 48);
-  parts.exponent += down ? -exponent : exponent;
+  parts.mantissa = mantissa;
+  if (at != end_ && (*at | 0x20) == 'e') {
+    ++at;
+    const bool isDown = at != end_ && *at == '-';
+    if (isDown || (at != end_ && *at == '+')) ++at;
+    if (at == end_ || !isDigit(*at)) return failAt(at, "digit");
+    std::int64_t exponent = 0;
+    for (; at != end_ && isDigit(*at); ++at) {
+      exponent = std::min<std::int64_t>(exponent * 10 + (*at - '0'), 1LL << 48);
+    }
+    parts.exponent += isDown ? -exponent : exponent;
+  }
+  at_ = at;
   return true;
 }
 
@@ -313,27 +322,28 @@ bool JsonScanner::number(double& out) {
   NumberParts parts;
   if (!scanNumber(parts)) return false;
 
-  // A mantissa below 2^53 and a power of ten up to 10^22 are doubles themselves, so one operation
+  // A mantissa up to 2^53 and a power of ten up to 10^22 are doubles themselves, so one operation
   // rounds correctly.
   constexpr std::array<double, 23> kPowers = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
                                               1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
                                               1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
-  const bool isZero = parts.digits == 0;
-  if (isZero || (parts.digits <= 19 && parts.mantissa <= 1ULL << 53 && parts.exponent >= -22 &&
-                 parts.exponent <= 22)) {
+  const bool isExact = parts.digits <= 19 && parts.mantissa <= 1ULL << 53;
+  if (isExact && parts.exponent >= -22 && parts.exponent <= 22) {
     const auto mantissa = static_cast<double>(parts.mantissa);
-    const double magnitude = isZero               ? 0
-                             : parts.exponent < 0 ? mantissa / kPowers[-parts.exponent]
-                                                  : mantissa * kPowers[parts.exponent];
-    out = parts.negative ? -magnitude : magnitude;
+    const double magnitude = parts.exponent < 0 ? mantissa / kPowers[-parts.exponent]
+                                                : mantissa * kPowers[parts.exponent];
+    out = parts.isNegative ? -magnitude : magnitude;
     return true;
   }
+  if (std::from_chars(parts.start, at_, out).ec != std::errc::result_out_of_range) return true;
 
-  if (std::from_chars(parts.start, at_, out).ec == std::errc::result_out_of_range) {
-    out = parts.negative ? -0.0 : 0.0;
-    const bool isLarge = parts.digits + parts.exponent > 0;
-    if (isLarge) note(parts.start, "number within a double's range", "number too large");
+  out = parts.isNegative ? -0.0 : 0.0;
+  std::int64_t zeros = 0;
+  for (const char* at = parts.start; *at == '-' || *at == '.' || *at == '0'; ++at) {
+    if (*at == '0') ++zeros;
   }
+  const bool isLarge = parts.digits - zeros + parts.exponent > 0;
+  if (isLarge) note(parts.start, "number within a double's range", "number too large");
   return true;
 }
 

@@ -75,8 +75,8 @@ struct ThrowingProvider {
   [[noreturn]] Entry placeholder(const ProviderContext&) const {
     throw std::runtime_error("1234.56");
   }
-  [[noreturn]] Entry getSnapshot(const ProviderContext& c) const { return placeholder(c); }
-  [[noreturn]] widgetruntime::Timeline<Entry> getTimeline(const ProviderContext& c) const {
+  Entry getSnapshot(const ProviderContext& c) const { return placeholder(c); }
+  widgetruntime::Timeline<Entry> getTimeline(const ProviderContext& c) const {
     return {{placeholder(c)}, {}};
   }
 };

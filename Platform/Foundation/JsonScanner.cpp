@@ -21,6 +21,11 @@ namespace {
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 constexpr std::size_t kMaximumProblems = 100;
 
+/// The powers of ten that are doubles themselves.
+constexpr std::array<double, 23> kPowers = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                            1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
+                                            1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+
 bool isDigit(char c) {
   return c >= '0' && c <= '9';
 }
@@ -324,9 +329,6 @@ bool JsonScanner::number(double& out) {
 
   // A mantissa up to 2^53 and a power of ten up to 10^22 are doubles themselves, so one operation
   // rounds correctly.
-  constexpr std::array<double, 23> kPowers = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
-                                              1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
-                                              1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
   const bool isExact = parts.digits <= 19 && parts.mantissa <= 1ULL << 53;
   if (isExact && parts.exponent >= -22 && parts.exponent <= 22) {
     const auto mantissa = static_cast<double>(parts.mantissa);

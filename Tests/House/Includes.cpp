@@ -7,50 +7,32 @@ namespace {
 
 using Names = std::vector<std::string_view>;
 
-// fmt, POSIX and the C library may be used by any source that is not the extension's own.
-Names systemHeaders(std::initializer_list<std::string_view> more) {
-  Names names{"fmt/",
-              "sys/",
-              "dirent.h",
-              "fcntl.h",
-              "poll.h",
-              "pthread.h",
-              "signal.h",
-              "spawn.h",
-              "stdlib.h",
-              "string.h",
-              "time.h",
-              "unistd.h",
-              "errno.h",
-              "linux/"};
-  names.insert(names.end(), more);
-  return names;
-}
-
 std::vector<Room> makeRooms() {
   return {
-      {"Platform/Foundation", {"Foundation/"}, systemHeaders({"unicode/", "simdjson.h", "plist/"})},
-      {"Platform/ViewKit", {"ViewKit/", "Foundation/"}, {"fmt/"}},
-      {"Platform/WidgetRuntime", {"WidgetRuntime/", "ViewKit/", "Foundation/"}, systemHeaders({})},
+      {"Platform/Foundation", {"Foundation/"}, true, {"fmt/", "unicode/", "simdjson.h", "plist/"}},
+      {"Platform/ViewKit", {"ViewKit/", "Foundation/"}, false, {"fmt/"}},
+      {"Platform/WidgetRuntime", {"WidgetRuntime/", "ViewKit/", "Foundation/"}, true, {"fmt/"}},
       {"QuorvelWidgets/WidgetSupport",
        {"QuorvelWidgets/WidgetSupport/", "WidgetRuntime/", "ViewKit/", "Foundation/"},
+       false,
        {"fmt/"}},
       {"QuorvelWidgets",
        {"QuorvelWidgets/", "WidgetRuntime/", "ViewKit/", "Foundation/"},
+       false,
        {"fmt/"}},
       {"Host/Rendering",
        {"Rendering/", "ViewKit/"},
-       systemHeaders({"unicode/",
-                      "cairo",
-                      "hb",
-                      "ft2build.h",
-                      "freetype/",
-                      "png.h",
-                      "jpeglib.h",
-                      "setjmp.h"})},
-      {"Host/Session",
-       {"Session/", "WidgetRuntime/", "ViewKit/", "Foundation/"},
-       systemHeaders({})},
+       true,
+       {"fmt/",
+        "unicode/",
+        "cairo",
+        "hb",
+        "ft2build.h",
+        "freetype/",
+        "png.h",
+        "jpeglib.h",
+        "zlib.h"}},
+      {"Host/Session", {"Session/", "WidgetRuntime/", "ViewKit/", "Foundation/"}, true, {"fmt/"}},
       // The one place where extension and host meet.
       {"Host/Cli/main.cpp",
        {"Cli/",
@@ -60,11 +42,19 @@ std::vector<Room> makeRooms() {
         "WidgetRuntime/",
         "ViewKit/",
         "Foundation/"},
-       systemHeaders({})},
+       true,
+       {"fmt/"}},
       {"Host/Cli",
        {"Cli/", "Session/", "Rendering/", "WidgetRuntime/", "ViewKit/", "Foundation/"},
-       systemHeaders({"CLI/", "nlohmann/"})},
+       true,
+       {"fmt/", "CLI/", "nlohmann/"}},
   };
+}
+
+const Names& systemHeaders() {
+  static const Names names{
+      "sys/", "linux/", "dirent.h", "fcntl.h", "poll.h", "signal.h", "spawn.h", "unistd.h"};
+  return names;
 }
 
 bool beginsWithOneOf(std::string_view text, const Names& beginnings) {
@@ -86,6 +76,7 @@ bool isAllowed(const Room& room, std::string_view path, std::string_view header,
   if (quoted) return beginsWithOneOf(header, room.sees);
   if (isSlowStart(header)) return false;
   if (!isLibraryHeader(header)) return true;
+  if (room.callsSystem && beginsWithOneOf(header, systemHeaders())) return true;
   return path.ends_with(".cpp") && beginsWithOneOf(header, room.libraries);
 }
 

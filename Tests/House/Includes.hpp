@@ -12,6 +12,7 @@ namespace house {
 struct Room {
   std::string_view folder;             ///< below the source tree
   std::vector<std::string_view> sees;  ///< beginnings of quoted includes
+  bool callsSystem = false;            ///< POSIX and Linux headers
   std::vector<std::string_view>
       libraries;  ///< beginnings of library headers its .cpp files may include
 };

@@ -85,7 +85,7 @@ std::string perDayLabel(const SafeToSpendContent& content) {
   return unit;
 }
 
-View remainderLine(const SafeToSpendContent& content) {
+View remainderLine(const SafeToSpendContent& content, int lines) {
   const bool exceeded = isExceeded(content.budget);
   const double amount =
       exceeded ? content.budget.spent - content.budget.total : content.metrics.remaining;
@@ -96,14 +96,18 @@ View remainderLine(const SafeToSpendContent& content) {
                  .snapshot = content.snapshot,
                  .size = 12,
                  .weight = FontWeight::regular},
-          content.caption(content.text(exceeded ? "overBudget" : "left"), 12, 0.85),
+          content.caption(content.text(exceeded ? "overBudget" : "left"), 12, 0.85)
+              .lineLimit(lines),
       }
           .accessibility({.children = kCombined});
   if (!exceeded) return words;
-  // Centred on the line: on its baseline the round mark would hang below the words.
+  // Centred on the first line: on its baseline the round mark would hang below the words.
   return HStack{
-      {.spacing = 4},
-      Symbol{"exclamationmark.circle.fill"}.font(11).accessibilityHidden(),
+      {.alignment = VerticalAlignment::top, .spacing = 4},
+      Symbol{"exclamationmark.circle.fill"}
+          .font(11)
+          .frame(FixedFrame{.height = 14.5})
+          .accessibilityHidden(),
       words,
   };
 }

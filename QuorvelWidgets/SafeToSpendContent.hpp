@@ -61,7 +61,8 @@ struct SafeToSpendContent {
 /// The unit of an amount per day without a space before it: "/ day".
 [[nodiscard]] std::string perDayLabel(const SafeToSpendContent& content);
 
-/// What is left, or by how much the budget is exceeded, as one line of 12 points.
-[[nodiscard]] viewkit::View remainderLine(const SafeToSpendContent& content);
+/// What is left, or by how much the budget is exceeded, in 12 points; the words may take more than
+/// one line where there is room below.
+[[nodiscard]] viewkit::View remainderLine(const SafeToSpendContent& content, int lines = 1);
 
 }  // namespace quorvel

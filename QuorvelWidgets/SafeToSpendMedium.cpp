@@ -22,7 +22,7 @@ View pacePart(const SafeToSpendContent& content) {
   const View verdict = content.caption(content.text(content.pace.key), 11.5, 0.7)
                            .font(11.5, FontWeight::semibold)
                            .foregroundStyle(content.pace.color)
-                           .padding({.leading = 13, .bottom = 2, .trailing = 13});
+                           .padding({.leading = 17, .bottom = 2, .trailing = 17});
   const View gauge = SpentGauge{.spentFraction = content.visibleFraction(),
                                 .color = content.pace.color,
                                 .track = meterTrackColor(content.environment.widgetRenderingMode)}
@@ -30,7 +30,9 @@ View pacePart(const SafeToSpendContent& content) {
                          .overlay(verdict, Alignment::bottom);
   return VStack{
       {.alignment = HorizontalAlignment::leading, .spacing = 0},
-      safeToSpendHeader(content, content.accent.ink, palette::textPrimary),
+      // A long title may reach into the gap to the next part.
+      safeToSpendHeader(content, content.accent.ink, palette::textPrimary)
+          .padding({.trailing = -3}),
       Spacer{0},
       gauge,
   }
@@ -57,7 +59,7 @@ View remainderPart(const SafeToSpendContent& content) {
           .foregroundStyle(palette::textSecondary),
       Amount{.value = content.metrics.remaining, .snapshot = content.snapshot, .size = 22},
       when(isExceeded(content.budget),
-           [&] { return remainderLine(content).foregroundStyle(palette::statusCritical); }),
+           [&] { return remainderLine(content, 2).foregroundStyle(palette::statusCritical); }),
   };
   return VStack{
       {.alignment = HorizontalAlignment::leading, .spacing = 0},

@@ -15,10 +15,10 @@ using widgetruntime::RenderingMode;
 using widgetruntime::WidgetFamily;
 
 constexpr const char* kElevenDaysAfter = "2025-03-25";
-constexpr const char* kFirst = "2025-03-01";
+constexpr const char* kFirst = "2025-02-24";
 constexpr const char* kToday = "2025-03-14";
 
-/// 61 % of 3000 is spent, 1166 is left.
+/// 61 % of 3000 is spent, 1166 is left; 19 of 30 days have passed, 63 %.
 WidgetSnapshot normal(std::string lang = "en") {
   return fixtures::snapshotWith(fixtures::budgetOf(3000, 1834, kElevenDaysAfter, kFirst),
                                 std::move(lang));
@@ -35,6 +35,10 @@ WidgetSnapshot hidden() {
   return snapshot;
 }
 
+WidgetSnapshot aBitFast() {
+  return fixtures::snapshotWith(fixtures::budgetOf(3000, 2100, kElevenDaysAfter, kFirst));
+}
+
 struct State {
   std::string name;
   std::optional<WidgetSnapshot> snapshot;
@@ -45,6 +49,7 @@ std::vector<State> states() {
   std::vector<State> all{{"normal", normal(), {}},
                          {"exceeded", exceeded(), {}},
                          {"last-day", lastDay(), {}},
+                         {"a-bit-fast", aBitFast(), {}},
                          {"hidden", hidden(), {}},
                          {"indonesian", normal("id"), {}},
                          {"arabic", normal("ar"), {}}};

@@ -5,6 +5,7 @@
 #include "Cli/Output.hpp"
 #include "Cli/Picture.hpp"
 #include "Foundation/JsonWriter.hpp"
+#include "Rendering/SymbolData.hpp"
 
 namespace cli {
 namespace {
@@ -28,6 +29,16 @@ void examineFonts(Findings& findings) {
                         .where = font.path,
                         .advice = font.found ? "" : "apt-get install " + font.package});
   }
+}
+
+/// They are built in; a table without rows is a broken build.
+void examineSymbols(Findings& findings) {
+  using rendering::symboldata::kIconCount;
+  using rendering::symboldata::kNameCount;
+  findings.push_back({.what = "symbols",
+                      .found = kNameCount > 0 && kIconCount > 0,
+                      .where = fmt::format("built in: {} names, {} icons", kNameCount, kIconCount),
+                      .advice = "build again with the icon packages that ./dev installs"});
 }
 
 void examinePlaces(Findings& findings, const Options& options, const Program& program) {
@@ -107,6 +118,7 @@ Result<void> doctor(const Options& options, const Program& program) {
                                      : std::string{},
                       .advice = guest ? std::string{} : guest.error().line});
   if (guest) examineData(findings, *guest, deviceFrom(options.device, program.environment));
+  examineSymbols(findings);
   examineFonts(findings);
   if (auto done = print(options.json ? asJson(findings) : asText(findings)); !done) return done;
   for (const Finding& finding : findings) {

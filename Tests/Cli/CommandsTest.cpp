@@ -194,6 +194,8 @@ TEST_P(Commands, doctorFindsTheContainerAndTheDocument) {
   const Outcome outcome = run({"doctor", "--container", folder.path()});
   EXPECT_THAT(outcome.out, ::testing::ContainsRegex("found +container +" + folder.path().string()));
   EXPECT_THAT(outcome.out, ::testing::ContainsRegex("found +document +" + folder.path().string()));
+  EXPECT_THAT(outcome.out, ::testing::ContainsRegex("found +symbols +built in: [1-9][0-9]* names"));
+  EXPECT_THAT(outcome.out, ::testing::ContainsRegex("found +font +/.*/Inter-Regular.otf"));
   const Outcome missing = run({"doctor", "--container", (folder.path() / "none").string()});
   EXPECT_EQ(missing.status, 1);
   EXPECT_THAT(missing.out, ::testing::ContainsRegex("MISSING +container"));

@@ -21,6 +21,7 @@ struct DecodedImage {
   int height = 0;
   int sourceWidth = 0;  ///< of the file, before it was scaled down
   int sourceHeight = 0;
+  bool opaque = false;  ///< no pixel lets anything through
   std::vector<std::uint32_t> pixels;
 };
 

@@ -62,6 +62,8 @@ void ShrinkingImage::flush() {
 
 DecodedImage ShrinkingImage::finish() {
   flush();
+  image_.opaque =
+      std::ranges::all_of(image_.pixels, [](std::uint32_t pixel) { return pixel >> 24 == 255; });
   return std::move(image_);
 }
 

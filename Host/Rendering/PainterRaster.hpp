@@ -10,6 +10,7 @@
 
 struct FT_LibraryRec_;
 struct FT_StrokerRec_;
+struct FT_Vector_;
 
 namespace rendering {
 
@@ -65,6 +66,16 @@ class Rasterizer {
     long y;
   };
   void load(PathView path, const PixelTransform& transform);
+  void clear();
+  void endContour();
+  void addCurve(Vector a, Vector b, Vector end);
+  static int flattenMove(const FT_Vector_* to, void* user);
+  static int flattenLine(const FT_Vector_* to, void* user);
+  static int flattenConic(const FT_Vector_* control, const FT_Vector_* to, void* user);
+  static int flattenCubic(const FT_Vector_* a,
+                          const FT_Vector_* b,
+                          const FT_Vector_* to,
+                          void* user);
   void render(bool evenOdd, const PixelBox& clip, SpanSink& sink);
 
   FT_LibraryRec_* library_;

@@ -46,14 +46,29 @@ bool isOpaque(const DrawList& list, const Ink& ink) {
                              [](const auto& stop) { return stop.color.alpha == 1; });
 }
 
-/// Whether one of the commands fills the rectangle completely.
-bool covers(const DrawList& list, std::size_t from, std::size_t to, const Rect& area) {
+bool samePath(const DrawList& list, const PathSlice& a, const PathSlice& b) {
+  const auto same = [](const auto& all, std::uint32_t i, std::uint32_t j, std::uint32_t count) {
+    return std::equal(all.begin() + i, all.begin() + i + count, all.begin() + j);
+  };
+  return a.verbs == b.verbs && a.points == b.points &&
+         same(list.verbs, a.firstVerb, b.firstVerb, a.verbs) &&
+         same(list.points, a.firstPoint, b.firstPoint, a.points);
+}
+
+/// Whether one of the commands fills the clip completely.
+bool covers(const DrawList& list, std::size_t from, std::size_t to, const BeginClip& clip) {
   for (std::size_t i = from; i < to; ++i) {
     const DrawCommand& c = list.commands[i];
+    if (std::holds_alternative<BeginGroup>(c) || std::holds_alternative<BeginClip>(c)) return false;
     if (const auto* rect = std::get_if<FillRect>(&c)) {
-      if (isOpaque(list, rect->ink) && contains(rect->rect, area)) return true;
+      if (isOpaque(list, rect->ink) && contains(rect->rect, clip.bounds)) return true;
+    } else if (const auto* fill = std::get_if<FillPath>(&c)) {
+      if (isOpaque(list, fill->ink) && samePath(list, fill->path, clip.path)) return true;
+    } else if (const auto* image = std::get_if<DrawImage>(&c)) {
+      const bool solid = list.images[image->image]->opaque && image->opacity == 1 &&
+                         image->colors != DrawImage::Colors::tinted;
+      if (solid && contains(image->bounds, clip.bounds)) return true;
     }
-    if (std::holds_alternative<BeginGroup>(c)) return false;
   }
   return false;
 }
@@ -141,7 +156,7 @@ std::optional<FillPath> silhouetteFrom(DrawList& list, std::size_t first) {
         return std::nullopt;
       }
     }
-    if (!covers(list, first + 1, end, clip->bounds)) return std::nullopt;
+    if (!covers(list, first + 1, end, *clip)) return std::nullopt;
     return FillPath{clip->path, clip->bounds, {}};
   }
   // An opaque shape below everything else.

@@ -119,7 +119,6 @@ std::optional<bool> breaksBetween(Class before, Class after, bool spaces) {
   }
   if (before == IS && (isLetterOrDigit(after) || after == IS)) return false;
   if (before == CP && (isLetterOrDigit(after) || after == IS)) return false;
-  if (before == SY && after == NU) return false;
   return std::nullopt;
 }
 
@@ -132,6 +131,7 @@ bool analyzeSimple(std::string_view text,
   if (style.direction != viewkit::LayoutDirection::leftToRight) return false;
   Class before = Class::none;
   bool spaces = false;
+  bool marked = false;  // an isolate directly behind a sign: how the sign binds is no longer plain
   for (std::size_t at = 0; at < text.size();) {
     const auto begin = static_cast<std::uint32_t>(at);
     const char32_t character = next(text, at);
@@ -146,6 +146,7 @@ bool analyzeSimple(std::string_view text,
       const bool attached = before != Class::none && !spaces;
       if (!attached && !out.empty()) out.back().breakAfter = before != Class::OP;
       if (!attached) before = Class::AL;
+      marked = !isLetterOrDigit(before);
     } else if (type == Class::SP) {
       cluster.isSpace = true;
       spaces = true;
@@ -160,9 +161,10 @@ bool analyzeSimple(std::string_view text,
       before = type;
     } else {
       const auto breaks = breaksBetween(before, type, spaces);
-      if (!breaks) return false;
+      if (!breaks || (marked && !spaces)) return false;
       out.back().breakAfter = *breaks;
       before = type;
+      marked = false;
     }
     spaces = false;
     out.push_back(cluster);

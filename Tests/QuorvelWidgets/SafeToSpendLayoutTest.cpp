@@ -1,0 +1,176 @@
+// Where the safe-to-spend layouts put their parts, and what a host can read of them when hidden.
+#include <gtest/gtest.h>
+
+#include <memory>
+
+#include "Rendering/Layout.hpp"
+#include "Rendering/Renderer.hpp"
+#include "Tests/Support/SafeToSpendCases.hpp"
+
+namespace quorvel {
+namespace {
+
+using rendering::PlacedNode;
+using rendering::Rect;
+using rendering::Size;
+using widgetruntime::Environment;
+using widgetruntime::WidgetFamily;
+
+/// Every character is half an em wide, so that widths can be worked out by hand.
+class HalfEmMeasurer : public rendering::TextMeasurer {
+ public:
+  std::shared_ptr<const rendering::ShapedParagraph> shape(
+      std::string_view text, const rendering::TextStyle& style) override {
+    auto paragraph = std::make_shared<rendering::ShapedParagraph>();
+    paragraph->text = text;
+    paragraph->ellipsisAdvance = 0.5;
+    paragraph->direction = style.direction;
+    for (std::uint32_t i = 0; i < text.size(); ++i) {
+      const bool space = text[i] == ' ';
+      paragraph->clusters.push_back(
+          {.begin = i, .end = i + 1, .advance = 0.5, .breakAfter = space, .isSpace = space});
+    }
+    return paragraph;
+  }
+};
+
+WidgetSnapshot usual() {
+  return fixtures::snapshotWith(fixtures::budgetOf(3000, 1834, "2025-03-25", "2025-02-24"));
+}
+
+rendering::PlacedTree placed(const WidgetSnapshot& snapshot,
+                             SafeToSpendStyle style,
+                             WidgetFamily family,
+                             Size size) {
+  Environment environment;
+  environment.widgetFamily = family;
+  HalfEmMeasurer measurer;
+  return rendering::layOut(
+      fixtures::safeToSpendView(fixtures::entryWith(snapshot, style), environment),
+      {.size = size},
+      measurer);
+}
+
+/// The frame of the element that `matches`; the first in drawing order.
+template <class Matches>
+const PlacedNode* find(const PlacedNode& node, const Matches& matches) {
+  if (node.element() && matches(node)) return &node;
+  for (const PlacedNode& child : node.children) {
+    if (const PlacedNode* found = find(child, matches)) return found;
+  }
+  return nullptr;
+}
+
+Rect frameOfComponent(const rendering::PlacedTree& tree, std::string_view name) {
+  const auto* node =
+      find(tree.root, [&](const PlacedNode& n) { return n.source->component == name; });
+  return node ? node->frame : Rect{};
+}
+
+Rect frameOfText(const rendering::PlacedTree& tree, std::string_view text) {
+  const auto* node = find(tree.root, [&](const PlacedNode& n) {
+    const auto* element = std::get_if<viewkit::TextElement>(n.element());
+    return element && element->text == text;
+  });
+  return node ? node->frame : Rect{};
+}
+
+constexpr Size kSmall{170, 170};
+constexpr Size kMedium{364, 170};
+
+TEST(SafeToSpendLayout, TheRingsGaugeIsTheWidthOfTheContentAnd63High) {
+  const auto tree = placed(usual(), SafeToSpendStyle::ring, WidgetFamily::systemSmall, kSmall);
+  const Rect gauge = frameOfComponent(tree, "SpentGauge");
+  EXPECT_NEAR(gauge.width, 138, 0.01);
+  EXPECT_NEAR(gauge.height, 63, 0.01);
+  // Under it 6, a line of 21, 3 and a line of 11.5: 6 + 25.41 + 3 + 13.91 above the margin of 16.
+  EXPECT_NEAR(gauge.y + gauge.height, 170 - 16 - 48.32, 0.05);
+}
+
+TEST(SafeToSpendLayout, TheRingsGaugeGivesWayInASmallerWidget) {
+  const auto tree = placed(usual(), SafeToSpendStyle::ring, WidgetFamily::systemSmall, {158, 158});
+  // 126 less 14.5 of the header, 7, and the 48.32 below.
+  EXPECT_NEAR(frameOfComponent(tree, "SpentGauge").height, 56.18, 0.05);
+}
+
+TEST(SafeToSpendLayout, TheMeterStaysInItsPlaceInEveryState) {
+  WidgetSnapshot hidden = usual();
+  hidden.isHidden = true;
+  for (const WidgetSnapshot& snapshot :
+       {usual(),
+        fixtures::snapshotWith(fixtures::budgetOf(3000, 3210, "2025-03-25")),
+        fixtures::snapshotWith(fixtures::budgetOf(3000, 1834, "2025-03-14")),
+        hidden}) {
+    const auto tree = placed(snapshot, SafeToSpendStyle::accent, WidgetFamily::systemSmall, kSmall);
+    const Rect meter = frameOfComponent(tree, "WidgetMeter");
+    EXPECT_NEAR(meter.x, 16, 0.01);
+    EXPECT_NEAR(meter.width, 138, 0.01);
+    // Above the margin: a footer of 14.5 under a gap of 6.
+    EXPECT_NEAR(meter.y + meter.height, 170 - 16 - 14.5 - 6, 0.01);
+  }
+}
+
+TEST(SafeToSpendLayout, TheMediumPartsAre104AndTheRestAnd92) {
+  const auto tree = placed(usual(), SafeToSpendStyle::accent, WidgetFamily::systemMedium, kMedium);
+  const Rect gauge = frameOfComponent(tree, "SpentGauge");
+  EXPECT_NEAR(gauge.x, 16, 0.01);
+  EXPECT_NEAR(gauge.width, 104, 0.01);
+  EXPECT_NEAR(gauge.y + gauge.height, 154, 0.01);
+  EXPECT_NEAR(frameOfText(tree, "Left to spend").x, 16 + 104 + 12, 0.01);
+  EXPECT_NEAR(frameOfText(tree, "Days left").x, 364 - 16 - 92 + 12, 0.01);
+}
+
+TEST(SafeToSpendLayout, TheNarrowMediumSharesWhatTheTileLeaves) {
+  const auto tree =
+      placed(usual(), SafeToSpendStyle::accent, WidgetFamily::systemMedium, {338, 158});
+  // 338 - 32 - 24 - 92 is 190 for two parts.
+  EXPECT_NEAR(frameOfComponent(tree, "SpentGauge").width, 95, 0.01);
+  EXPECT_NEAR(frameOfText(tree, "Left to spend").x, 16 + 95 + 12, 0.01);
+}
+
+TEST(SafeToSpendLayout, AnAmountOfAnySizeStaysInTheWidget) {
+  WidgetSnapshot snapshot = fixtures::snapshotWith(fixtures::budgetOf(9e14, 1, "2025-03-15"));
+  snapshot.money.symbol = "CHF ";
+  for (const SafeToSpendStyle style : kSafeToSpendStyles) {
+    const auto tree = placed(snapshot, style, WidgetFamily::systemSmall, kSmall);
+    const Rect amount = frameOfComponent(tree, "Amount");
+    EXPECT_GE(amount.x, 16);
+    EXPECT_LE(amount.x + amount.width, 154.01);
+  }
+}
+
+/// 7391.42 of 9876.54 spent: 75 %; 2485.12 left, 248.51 a day.
+TEST(SafeToSpendForms, HiddenOnesHoldNoDigitOfAnAmountOrPercentage) {
+  rendering::Renderer renderer;
+  WidgetSnapshot snapshot =
+      fixtures::snapshotWith(fixtures::budgetOf(9876.54, 7391.42, "2025-03-24", "2025-02-22"));
+  snapshot.money.showDecimals = true;
+  for (const WidgetFamily family : {WidgetFamily::systemSmall, WidgetFamily::systemMedium}) {
+    for (const SafeToSpendStyle style : kSafeToSpendStyles) {
+      for (const bool byHost : {false, true}) {
+        Environment environment;
+        environment.widgetFamily = family;
+        environment.redactionReasons.privacy = byHost;
+        snapshot.isHidden = !byHost;
+        const auto view =
+            fixtures::safeToSpendView(fixtures::entryWith(snapshot, style), environment);
+        const rendering::RenderOptions options{
+            .size = family == WidgetFamily::systemSmall ? kSmall : kMedium,
+            .redaction = environment.redactionReasons};
+        const std::string words =
+            renderer.plainText(view, options) + renderer.accessibilityTree(view, options);
+        EXPECT_NE(words.find("10d left"), std::string::npos) << words;
+        for (const char* secret : {"$", "%", "7391", "7,391", "9,876", "2,485", "248.", "75"}) {
+          EXPECT_EQ(words.find(secret), std::string::npos) << secret << " in\n" << words;
+        }
+        const std::string svg = renderer.svg(view, options);
+        for (const char* secret : {"$", "7,391", "9,876", "2,485", "75%"}) {
+          EXPECT_EQ(svg.find(secret), std::string::npos) << secret;
+        }
+      }
+    }
+  }
+}
+
+}  // namespace
+}  // namespace quorvel

@@ -23,7 +23,8 @@ View mark(const DueTile& tile) {
     return WidgetIconTile{.symbol = *tile.due.symbol,
                           .color = ink,
                           .background = ink.withOpacity(0.18),
-                          .size = tile.size};
+                          .size = tile.size,
+                          .fallback = "receipt"};
   }
   const View letter = Text{foundation::uppercasedFirstCharacter(tile.due.name)}
                           .font(tile.size * 0.46, FontWeight::heavy)

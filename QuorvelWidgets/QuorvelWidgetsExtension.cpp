@@ -35,7 +35,8 @@ std::string containerPath(const InitializeParameters& parameters, const Snapshot
 widgetruntime::WidgetBundle makeBundle(const InitializeParameters& parameters) {
   const FileManager files = makeFileManager(parameters);
   const SnapshotStore store = makeStore(parameters, files);
-  widgetruntime::WidgetBundle bundle = makeQuorvelWidgetsBundle(store, files);
+  widgetruntime::WidgetBundle bundle =
+      makeQuorvelWidgetsBundle(store, files, parameters.offersControls);
   bundle.appGroup = store.appGroup();
   bundle.urlScheme = store.urlScheme();
   bundle.container = containerPath(parameters, store);

@@ -30,7 +30,8 @@ struct TreeLimits {
   std::size_t gradientStops = 64;
 };
 
-/// One value. Numbers that are not finite become null, which no reader accepts.
+/// One value. Numbers that are not finite become null, which no reader accepts; a string longer
+/// than a reader takes is cut between two characters.
 void writeView(foundation::JsonWriter& writer, const View& view);
 
 /// A view equal to the one that was written, component names included; or where the tree breaks

@@ -17,6 +17,16 @@ void appendShortest(std::string& out, double number) {
   out.append(digits, std::to_chars(digits, digits + sizeof digits, number).ptr);
 }
 
+// What no reader would take is cut between two characters: a document's overlong name must not cost
+// the whole tree.
+std::string_view withinLimit(std::string_view text) {
+  constexpr std::size_t kMost = TreeLimits{}.stringBytes;
+  if (text.size() <= kMost) return text;
+  std::size_t end = kMost;
+  while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0U) == 0x80U) --end;
+  return text.substr(0, end);
+}
+
 class TreeWriter {
  public:
   explicit TreeWriter(foundation::JsonWriter& json) : json_(json) {}
@@ -37,7 +47,7 @@ class TreeWriter {
   void put(bool flag) { json_.value(flag); }
   void put(int number) { json_.value(number); }
   void put(double number);
-  void put(const std::string& text) { json_.value(text); }
+  void put(const std::string& text) { json_.value(withinLimit(text)); }
   void put(const Length& length);
   void put(const Length::Term& term);
   void put(const LengthPoint& point);

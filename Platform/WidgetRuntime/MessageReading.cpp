@@ -231,6 +231,9 @@ Read<InitializeParameters> read(const JsonValue& json) {
   parameters.container = reader.optionalString("container");
   parameters.infoPlist = reader.optionalString("infoPlist");
   parameters.snapshotFile = reader.optionalString("snapshotFile");
+  if (json.member("offersControls") != nullptr) {
+    parameters.offersControls = reader.boolean("offersControls");
+  }
   return finish(std::move(parameters), problem);
 }
 

@@ -132,6 +132,7 @@ void write(JsonWriter& writer, const InitializeParameters& parameters) {
   writeOptional(writer, "container", parameters.container);
   writeOptional(writer, "infoPlist", parameters.infoPlist);
   writeOptional(writer, "snapshotFile", parameters.snapshotFile);
+  if (!parameters.offersControls) writer.member("offersControls", false);
   writer.endObject();
 }
 

@@ -1,6 +1,6 @@
 #include "QuorvelWidgets/WidgetSupport/CardArtTile.hpp"
 
-#include <array>
+#include <ranges>
 
 #include "QuorvelWidgets/WidgetSupport/SnapshotStore.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetColors.hpp"
@@ -13,8 +13,12 @@ std::vector<Color> faceColors(const std::vector<std::string>& gradient) {
   if (gradient.empty()) {
     return {Color::same(0x3F3F46), Color::same(0x27272A), Color::same(0x09090B)};
   }
+  // More stops than a face has room to show would only make the tree longer.
+  constexpr std::size_t kMostColors = 32;
   std::vector<Color> colors;
-  for (const std::string& color : gradient) colors.push_back(Color::same(parseHexColor(color)));
+  for (const std::string& color : gradient | std::views::take(kMostColors)) {
+    colors.push_back(Color::same(parseHexColor(color)));
+  }
   return colors;
 }
 

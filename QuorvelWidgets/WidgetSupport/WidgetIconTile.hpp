@@ -16,6 +16,7 @@ struct WidgetIconTile : viewkit::Modifiers<WidgetIconTile> {
   viewkit::Color color;
   viewkit::Color background;
   double size = 22;
+  std::string fallback;  ///< drawn where the symbol is unknown; empty: the host's choice
 
   [[nodiscard]] viewkit::View body() const;
 };

@@ -8,6 +8,8 @@
 #include "QuorvelWidgets/SpentGauge.hpp"
 #include "QuorvelWidgets/WidgetSupport/Palette.hpp"
 #include "QuorvelWidgets/WidgetSupport/WAccent.hpp"
+#include "QuorvelWidgets/WidgetSupport/WidgetColors.hpp"
+#include "QuorvelWidgets/WidgetSupport/WidgetContrast.hpp"
 #include "Tests/Support/SafeToSpendCases.hpp"
 #include "Tests/Support/ViewInspection.hpp"
 #include "ViewKit/Dump.hpp"
@@ -234,6 +236,17 @@ TEST(SafeToSpendView, TheMediumSurfaceGivesWayToTheBackdrop) {
   EXPECT_NE(inspection::component(draw(usual(), SafeToSpendStyle::ring, environment),
                                   "AccessoryBackdrop"),
             nullptr);
+}
+
+TEST(SafeToSpendView, TextsOnTheAccentTileAreLegible) {
+  const WAccent accent;
+  const auto fill = std::get<Color::Pair>(accent.fill.value);
+  const auto glyph = std::get<Color::Pair>(accent.glyph.value);
+  // The header stands at 0.92, the secondary lines at 0.88.
+  for (const double opacity : {1.0, 0.92, 0.88}) {
+    EXPECT_GE(contrastRatio(mixed(fill.light, glyph.light, opacity), fill.light), kTextContrast);
+    EXPECT_GE(contrastRatio(mixed(fill.dark, glyph.dark, opacity), fill.dark), kTextContrast);
+  }
 }
 
 // ---- gauge

@@ -49,17 +49,13 @@ PixelSource::PixelSource(const GradientInk& gradient, float opacity, double scal
 void SurfaceSink::span(int x, int y, int length, std::uint32_t coverage) {
   std::uint32_t* to = surface_.row(y) + x;
   const std::uint8_t* mask = mask_ ? mask_->row(y) + x : nullptr;
-  if (!source_.isSolid()) {
+  const bool solid = source_.isSolid();
+  if (!solid || mask) {
     for (int i = 0; i < length; ++i) {
       const std::uint32_t c = mask ? scaleByte(coverage, mask[i]) : coverage;
-      to[i] = over(scalePixel(source_.at(x + i, y), c), to[i]);
-    }
-    return;
-  }
-  if (mask) {
-    for (int i = 0; i < length; ++i) {
-      const std::uint32_t c = scaleByte(coverage, mask[i]);
-      if (c != 0) to[i] = over(scalePixel(source_.color(), c), to[i]);
+      if (c == 0) continue;
+      const std::uint32_t from = solid ? source_.color() : source_.at(x + i, y);
+      to[i] = over(c == 255 ? from : scalePixel(from, c), to[i]);
     }
     return;
   }

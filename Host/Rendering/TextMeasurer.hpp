@@ -1,4 +1,5 @@
-// How layout learns the widths of text, without knowing fonts. Everything is in em: advances grow linearly with size.
+// How layout learns the widths of text, without knowing fonts. Everything is in em: advances grow
+// linearly with size.
 #pragma once
 
 #include <cstdint>
@@ -15,11 +16,12 @@ namespace rendering {
 struct TextCluster {
   std::uint32_t begin = 0;  ///< bytes of the paragraph's text
   std::uint32_t end = 0;
-  double advance = 0;        ///< em
-  bool breakAfter = false;   ///< a line may end behind this cluster
+  double advance = 0;       ///< em
+  bool breakAfter = false;  ///< a line may end behind this cluster
   bool mustBreakAfter = false;
-  bool isSpace = false;      ///< hangs at a line's end
-  bool takesTracking = true; ///< letter spacing is added after it (not in joined scripts, not after ignorables)
+  bool isSpace = false;  ///< hangs at a line's end
+  bool takesTracking =
+      true;  ///< letter spacing is added after it (not in joined scripts, not after ignorables)
 };
 
 /// A text shaped once at size 1; measurers derive from it to keep their glyphs.
@@ -31,8 +33,8 @@ struct ShapedParagraph {
   viewkit::LayoutDirection direction = viewkit::LayoutDirection::leftToRight;
 };
 
-/// The line box of every text, em above and below the baseline: the same for all scripts so that rows do not jump
-/// between languages.
+/// The line box of every text, em above and below the baseline: the same for all scripts so that
+/// rows do not jump between languages.
 struct FontMetrics {
   double ascent = 0.96875;
   double descent = 0.2412;

@@ -34,8 +34,7 @@ struct FlexibleFrame {
   Alignment alignment{};
   friend bool operator==(const FlexibleFrame&, const FlexibleFrame&) = default;
 };
-/// A blurred silhouette behind the view; `radius` is the blur's standard deviation times two, in
-/// points.
+/// A blurred silhouette behind the view; `radius` is the blur's standard deviation in points.
 struct Shadow {
   Color color = Color::black();
   double radius = 0;

@@ -10,7 +10,7 @@ using namespace viewkit;
 using widgetruntime::RenderingMode;
 
 Color faceTextColor(RenderingMode mode) {
-  return mode == RenderingMode::fullColor ? Color::white() : Color::primary();
+  return mode == RenderingMode::accented ? Color::primary() : Color::white();
 }
 
 View cardFace(const WidgetSnapshot::Card& card,
@@ -20,10 +20,18 @@ View cardFace(const WidgetSnapshot::Card& card,
               RenderingMode mode) {
   const View tile = CardArtTile{
       .card = card, .cornerRadius = cornerRadius, .alignment = artAlignment, .renderingMode = mode};
-  const double veil = mode == RenderingMode::fullColor ? faceVeil(card.gradient, textOpacity) : 0;
+  const double veil = mode == RenderingMode::accented ? 0 : faceVeil(card.gradient, textOpacity);
   if (veil == 0) return tile;
   return tile.overlay(RoundedRectangle(cornerRadius, CornerStyle::continuous)
                           .fill(Color::black().withOpacity(veil)));
+}
+
+View accentedCutout(double cornerRadius) {
+  constexpr double kGap = 1.5;
+  return Rectangle()
+      .fill(Color::clear())
+      .padding(-kGap)
+      .cutout(RoundedRectangleShape{cornerRadius + kGap, CornerStyle::continuous});
 }
 
 View cardTitleText(const WidgetSnapshot::Card& card,

@@ -10,7 +10,7 @@
 
 namespace quorvel {
 
-/// White, or primary where the host tints.
+/// White on the face's colours, primary where an accented host takes them away.
 [[nodiscard]] viewkit::Color faceTextColor(widgetruntime::RenderingMode mode);
 
 /// The face under the veil that white text of `textOpacity` needs; takes the whole proposal.
@@ -19,6 +19,10 @@ namespace quorvel {
                                      viewkit::Alignment artAlignment,
                                      std::optional<double> textOpacity,
                                      widgetruntime::RenderingMode mode);
+
+/// Removes what lies behind an accented face and a line around it, so that the faces of a pile stay
+/// apart without colours.
+[[nodiscard]] viewkit::View accentedCutout(double cornerRadius);
 
 /// The user's card by its product or bank, bold; may be cut.
 [[nodiscard]] viewkit::View cardTitleText(const WidgetSnapshot::Card& card,

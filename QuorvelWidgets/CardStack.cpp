@@ -13,9 +13,9 @@ using widgetruntime::RenderingMode;
 namespace {
 
 View pill(const CardStack& stack, const WidgetSnapshot::Card& card) {
-  const Color ground = stack.renderingMode == RenderingMode::fullColor
-                           ? Color::black().withOpacity(0.55)
-                           : Color::primary().withOpacity(0.14);
+  const Color ground = stack.renderingMode == RenderingMode::accented
+                           ? Color::primary().withOpacity(0.14)
+                           : Color::black().withOpacity(0.55);
   return Amount{.value = card.remaining,
                 .snapshot = stack.snapshot,
                 .size = stack.pillSize,
@@ -29,18 +29,16 @@ View pill(const CardStack& stack, const WidgetSnapshot::Card& card) {
 
 View face(const CardStack& stack, std::size_t index) {
   const WidgetSnapshot::Card& card = *stack.cards[index];
-  const bool isFullColor = stack.renderingMode == RenderingMode::fullColor;
   View tile = cardFace(card,
                        stack.corner,
                        Alignment::top,
                        card.hasImage ? std::nullopt : std::optional{1.0},
                        stack.renderingMode);
-  if (index > 0 && isFullColor) {
+  if (index > 0 && stack.renderingMode == RenderingMode::fullColor) {
     tile = tile.shadow({.color = Color::black().withOpacity(0.28), .radius = 4, .x = 0, .y = -1});
   }
-  // Colours hide what lies behind a face; where the host takes them away, it is cut out.
-  if (!isFullColor) {
-    tile = tile.cutout(RoundedRectangleShape{stack.corner, CornerStyle::continuous});
+  if (stack.renderingMode == RenderingMode::accented) {
+    tile = tile.background(accentedCutout(stack.corner));
   }
   if (!card.hasImage) {
     tile =

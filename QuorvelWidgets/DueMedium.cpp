@@ -1,8 +1,10 @@
+#include "QuorvelWidgets/CardFace.hpp"
 #include "QuorvelWidgets/DueContent.hpp"
 #include "QuorvelWidgets/DueTile.hpp"
 #include "QuorvelWidgets/FaceStyle.hpp"
 #include "QuorvelWidgets/WidgetSupport/Palette.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetLink.hpp"
+#include "QuorvelWidgets/WidgetSupport/WidgetStrings.hpp"
 
 namespace quorvel {
 
@@ -34,7 +36,7 @@ View cardGround(const DueContent& content, const WidgetSnapshot::Due& due) {
   }
   // A card hides what lies behind it: with the canvas' colour, or by cutting it out where there are
   // no colours.
-  if (!isFullColor(content)) return Shape{shape}.fill(faint).cutout(shape);
+  if (!isFullColor(content)) return Shape{shape}.fill(faint).background(accentedCutout(kCorner));
   return Shape{shape}.fill(palette::canvas).overlay(Shape{shape}.fill(faint));
 }
 
@@ -45,7 +47,7 @@ View cardRow(const DueContent& content, const UpcomingDue& upcoming) {
       content.name(due, 13),
       when(due.subtitle.has_value(),
            [&] {
-             return Text{*due.subtitle}
+             return Text{isolatedName(*due.subtitle)}
                  .font(11)
                  .lineLimit(1)
                  .language(content.snapshot.lang)

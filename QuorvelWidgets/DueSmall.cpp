@@ -1,5 +1,6 @@
 #include "QuorvelWidgets/DueContent.hpp"
 #include "QuorvelWidgets/DueTile.hpp"
+#include "QuorvelWidgets/WidgetSupport/WidgetStrings.hpp"
 
 namespace quorvel {
 
@@ -21,7 +22,7 @@ View dueSmall(const DueContent& content) {
       content.name(*next.due, 13),
       when(next.due->subtitle.has_value(),
            [&] {
-             return Text{*next.due->subtitle}
+             return Text{isolatedName(*next.due->subtitle)}
                  .font(11)
                  .lineLimit(1)
                  .language(content.snapshot.lang)

@@ -179,6 +179,21 @@ struct ClusterFacts {
   bool space = false;
 };
 
+/// The script whose font draws a character. One that several scripts share (the Arabic tatweel, the
+/// danda) belongs to the first of them for which a font is always there.
+UScriptCode drawingScript(UChar32 c) {
+  UErrorCode error = U_ZERO_ERROR;
+  const UScriptCode script = uscript_getScript(c, &error);
+  if (U_FAILURE(error) || script != USCRIPT_COMMON) return script;
+  UScriptCode shared[32];
+  const std::int32_t count = uscript_getScriptExtensions(c, shared, 32, &error);
+  if (U_FAILURE(error)) return script;
+  for (const UScriptCode candidate : {USCRIPT_ARABIC, USCRIPT_DEVANAGARI, USCRIPT_HAN}) {
+    if (std::find(shared, shared + count, candidate) != shared + count) return candidate;
+  }
+  return script;
+}
+
 ClusterFacts factsOf(const std::u16string& text, std::int32_t begin, std::int32_t end) {
   ClusterFacts facts;
   facts.space = true;
@@ -188,11 +203,8 @@ ClusterFacts factsOf(const std::u16string& text, std::int32_t begin, std::int32_
     facts.space = facts.space && isBreakingSpace(c);
     facts.emoji = facts.emoji || isEmoji(c);
     if (!isIgnorable(c)) facts.drawn.push_back(static_cast<char32_t>(c));
-    UErrorCode error = U_ZERO_ERROR;
-    const UScriptCode script = uscript_getScript(c, &error);
-    if (facts.script == USCRIPT_COMMON && script != USCRIPT_INHERITED && U_SUCCESS(error)) {
-      facts.script = script;
-    }
+    const UScriptCode script = drawingScript(c);
+    if (facts.script == USCRIPT_COMMON && script != USCRIPT_INHERITED) facts.script = script;
   }
   return facts;
 }

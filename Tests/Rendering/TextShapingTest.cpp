@@ -169,6 +169,13 @@ TEST_F(TextShaping, AddsTrackingAfterEveryCluster) {
   EXPECT_NEAR(loose[2].x - tight[2].x, 1.0, 1e-9);
 }
 
+// A letter extender belongs to several scripts, so that its own script says nothing about its font.
+TEST_F(TextShaping, DrawsSharedCharactersInTheFontOfTheirScript) {
+  const TextStyle arabic{.language = "ar", .direction = LayoutDirection::rightToLeft};
+  EXPECT_THAT(filesOf("بـ", arabic), ElementsAre("NotoSansArabicUI-Regular.ttf"));
+  EXPECT_THAT(filesOf("क।", {.language = "hi"}), ElementsAre("NotoSansDevanagariUI-Regular.ttf"));
+}
+
 TEST_F(TextShaping, KeepsCombiningMarksInOneCluster) {
   const auto paragraph = shape("e\u0301a", {});
   ASSERT_EQ(paragraph->clusters.size(), 2u);

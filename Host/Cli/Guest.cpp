@@ -30,7 +30,7 @@ std::string valueOf(const foundation::ProcessEnvironment& environment, const std
 
 /// The folder that holds the application groups; nothing without a home.
 std::optional<std::string> containerRoot(const foundation::ProcessEnvironment& environment) {
-  const std::string data = valueOf(environment, "XDG_DATA_HOME");
+  std::string data = valueOf(environment, "XDG_DATA_HOME");
   if (data.starts_with('/')) return data;
   const std::string home = valueOf(environment, "HOME");
   if (home.empty()) return std::nullopt;

@@ -36,6 +36,7 @@ struct Finished {
 /// instead of shown.
 Result<Finished> runProgram(const std::vector<std::string>& command, bool captures) {
   std::vector<char*> arguments;
+  arguments.reserve(command.size() + 1);
   for (const std::string& word : command) arguments.push_back(const_cast<char*>(word.c_str()));
   arguments.push_back(nullptr);
   std::array<int, 2> pipe{-1, -1};

@@ -26,16 +26,16 @@ constexpr std::array<SampleTexts, kLanguageCount> kTexts{{
     {"Food & drinks", "Home internet"},
     {"Makanan & minuman", "Internet rumah"},
     {"Comida y bebida", "Internet en casa"},
-    {"Comida e bebida", "Internet residencial"},
-    {"Repas et boissons", "Internet maison"},
+    {"Alimentação", "Internet residencial"},
+    {"Repas et boissons", "Box Internet"},
     {"Essen & Trinken", "Internet zu Hause"},
     {"Еда и напитки", "Домашний интернет"},
-    {"食費", "自宅のインターネット"},
-    {"식비", "가정용 인터넷"},
+    {"食費", "インターネット料金"},
+    {"식비", "인터넷 요금"},
     {"餐饮", "家庭宽带"},
     {"餐飲", "家用網路"},
     {"खाना-पीना", "घर का इंटरनेट"},
-    {"طعام وشراب", "إنترنت المنزل"},
+    {"طعام وشراب", "الإنترنت المنزلي"},
 }};
 
 constexpr double kBudget = 3000;

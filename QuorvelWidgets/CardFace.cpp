@@ -30,8 +30,8 @@ View accentedCutout(double cornerRadius) {
   constexpr double kGap = 1.5;
   return Rectangle()
       .fill(Color::clear())
-      .padding(-kGap)
-      .cutout(RoundedRectangleShape{cornerRadius + kGap, CornerStyle::continuous});
+      .cutout(RoundedRectangleShape{cornerRadius + kGap, CornerStyle::continuous})
+      .padding(-kGap);
 }
 
 View cardTitleText(const WidgetSnapshot::Card& card,

@@ -34,27 +34,39 @@ std::string textOf(const JsonValue& value) {
   return writer.take();
 }
 
-JsonValue withOtherAmounts(const JsonValue& value, int step) {
-  if (const double* number = value.number())
-    return *number == 0 ? value : JsonValue(*number + 0.01 * (step % 9973));
-  if (const auto* array = value.array()) {
-    JsonValue::Array changed;
-    changed.reserve(array->size());
-    for (const JsonValue& element : *array) {
-      changed.push_back(withOtherAmounts(element, step * 7 + static_cast<int>(changed.size())));
+/// Walks the document and counts its amounts: neighbours change differently, and all of them by
+/// whole units, so that no text of the picture stays as it was.
+class OtherAmounts {
+ public:
+  explicit OtherAmounts(int step) : step_(step) {}
+
+  JsonValue of(const JsonValue& value) {
+    if (const double* number = value.number()) {
+      if (*number == 0) return value;
+      return *number + 1.01 * (step_ + (step_ * 37 + ++amounts_ * 11) % 101);
     }
-    return changed;
-  }
-  if (const auto* object = value.object()) {
-    JsonValue::Object changed;
-    changed.reserve(object->size());
-    for (const auto& [key, member] : *object) {
-      changed.emplace_back(key, key == "money" ? member : withOtherAmounts(member, step));
+    if (const auto* array = value.array()) {
+      JsonValue::Array changed;
+      changed.reserve(array->size());
+      for (const JsonValue& element : *array) changed.push_back(of(element));
+      return changed;
     }
-    return changed;
+    if (const auto* object = value.object()) {
+      JsonValue::Object changed;
+      changed.reserve(object->size());
+      for (const auto& [key, member] : *object) {
+        const bool stays = key == "money" || key == "changePercent";
+        changed.emplace_back(key, stays ? member : of(member));
+      }
+      return changed;
+    }
+    return value;
   }
-  return value;
-}
+
+ private:
+  int step_;
+  int amounts_ = 0;
+};
 
 }  // namespace
 
@@ -84,7 +96,7 @@ std::string documentText(const JsonValue& document,
 }
 
 std::string documentWithOtherAmounts(const JsonValue& document, int step) {
-  return textOf(withOtherAmounts(document, step));
+  return textOf(OtherAmounts(step % 9973).of(document));
 }
 
 }  // namespace cli

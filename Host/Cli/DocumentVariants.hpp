@@ -19,8 +19,8 @@ enum class DocumentState : std::uint8_t { asWritten, hidden, noData, noDocument 
                                        DocumentState state,
                                        std::string_view language);
 
-/// The document with every amount changed a little, differently for each `step`; zeros, text and
-/// the money style stay.
+/// The document with every amount changed, differently for each `step`; zeros, percentages, text
+/// and the money style stay.
 [[nodiscard]] std::string documentWithOtherAmounts(const foundation::JsonValue& document, int step);
 
 }  // namespace cli

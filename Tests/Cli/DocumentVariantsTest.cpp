@@ -50,5 +50,18 @@ TEST(DocumentVariants, amountsChangeWithEveryStepAndNothingElseDoes) {
             *second.member("budget")->member("total")->number());
 }
 
+TEST(DocumentVariants, neighbouringAmountsChangeDifferently) {
+  const auto before = parsed(R"({"total": 100, "left": 100, "daily": [5, 5]})");
+  const auto after = parsed(documentWithOtherAmounts(before, 3));
+  EXPECT_NE(*after.member("total")->number(), *after.member("left")->number());
+  EXPECT_NE(*after.member("daily")->array()->at(0).number(),
+            *after.member("daily")->array()->at(1).number());
+}
+
+TEST(DocumentVariants, percentagesStay) {
+  const auto after = parsed(documentWithOtherAmounts(parsed(R"({"changePercent": 5.5})"), 3));
+  EXPECT_EQ(*after.member("changePercent")->number(), 5.5);
+}
+
 }  // namespace
 }  // namespace cli

@@ -1,5 +1,5 @@
-// Our pictures are flat: long runs of one colour and rows that repeat the row above. One pass finds
-// both.
+// Our pictures are flat: long runs of one colour, rows that repeat the row above, and letters whose
+// edges have few shades. One pass over whole pixels finds all three.
 #include <zlib.h>
 
 #include <algorithm>
@@ -31,9 +31,14 @@ class BitWriter {
     held_ |= bits << used_;
     used_ += count;
     if (used_ >= 32) {
-      if (out_.size() < at_ + 8) out_.resize(out_.size() * 2 + 4096);
+      if (out_.size() < at_ + 8) [[unlikely]]
+        out_.resize(out_.size() * 2 + 4096);
       const auto low = static_cast<std::uint32_t>(held_);
-      for (int i = 0; i < 4; ++i) out_[at_ + i] = static_cast<char>(low >> (8 * i));
+      const std::array<char, 4> bytes{static_cast<char>(low),
+                                      static_cast<char>(low >> 8),
+                                      static_cast<char>(low >> 16),
+                                      static_cast<char>(low >> 24)};
+      std::memcpy(out_.data() + at_, bytes.data(), bytes.size());
       at_ += 4;
       held_ >>= 32;
       used_ -= 32;
@@ -88,11 +93,28 @@ std::uint32_t straight(std::uint32_t pixel) {
   return alpha << 24 | channel(16) | channel(8) | channel(0);
 }
 
-/// What a row is made of: literal pixels, copies of the pixel to the left or of pixels above.
-enum class Token : std::uint32_t { literals, left, above };
-constexpr std::uint32_t pack(Token token, std::uint32_t count) {
-  return static_cast<std::uint32_t>(token) << 30 | count;
-}
+/// Pixels that were there before, so many bytes back.
+struct Copy {
+  int pixels = 0;
+  std::uint32_t distance = 0;
+};
+
+/// Where a pixel, or it and the next one, was last seen.
+class LastSeen {
+ public:
+  struct Place {
+    int x = -1;  ///< below 0: nowhere
+    int y = 0;
+  };
+
+  Place& operator[](std::uint64_t pixels) {
+    return places_[(pixels * 0x9E3779B97F4A7C15u) >> (64 - kBits)];
+  }
+
+ private:
+  static constexpr int kBits = 12;
+  std::array<Place, 1u << kBits> places_{};
+};
 
 class Encoder {
  public:
@@ -103,6 +125,7 @@ class Encoder {
         mostPixels_(258 / channels_) {}
 
   std::string deflated() {
+    tokens_.reserve(static_cast<std::size_t>(bitmap_.height) * 64);
     for (int y = 0; y < bitmap_.height; ++y) tokenizeRow(y);
     std::string out("\x78\x01", 2);
     write(out);
@@ -123,7 +146,11 @@ class Encoder {
       std::uint64_t b[2];
       std::memcpy(a, pixel + i, 16);
       std::memcpy(b, above + i, 16);
-      if (((a[0] ^ b[0]) | (a[1] ^ b[1])) != 0) break;
+      const std::uint64_t first = a[0] ^ b[0];
+      const std::uint64_t second = a[1] ^ b[1];
+      if ((first | second) == 0) continue;
+      if (first == 0) i += 2;
+      return pixel[i] == above[i] ? i + 1 : i;
     }
     while (i < count && pixel[i] == above[i]) ++i;
     return i;
@@ -156,23 +183,58 @@ class Encoder {
     for (int x = 0; x < width;) {
       const int up = canCopy ? equalAbove(pixels + x, above + x, width - x) : 0;
       if (up == width - x || up >= kGoodCopy) {
-        x += copy(Token::above, up);
+        x += copy(fromAbove(up));
         continue;
       }
       const int left = x > 0 ? equalLeft(pixels + x, width - x) : 0;
-      if (up > 0 && up >= left) {
-        x += copy(Token::above, up);
-      } else if (left > 0) {
-        updateSums(pixels, above, x, left);
-        x += copy(Token::left, left);
+      Copy best = left >= up ? Copy{left, channels_} : fromAbove(up);
+      if (best.pixels == 0) best = earlier(x, y);
+      const int count = std::max(best.pixels, 1);
+      updateSums(pixels, above, x, count);
+      if (best.pixels > 0) {
+        copy(best);
       } else {
-        updateSums(pixels, above, x, 1);
         literal(straight(pixels[x]));
-        ++x;
       }
+      remember(x, y);
+      x += count;
     }
     literalRun_ = 0;
     finishRowSums();
+  }
+
+  [[nodiscard]] Copy fromAbove(int pixels) const {
+    return {pixels, static_cast<std::uint32_t>(rowBytes_)};
+  }
+
+  [[nodiscard]] std::uint64_t pair(int x, int y) const {
+    const std::uint32_t* pixel = row(y) + x;
+    return std::uint64_t{pixel[1]} << 32 | pixel[0];
+  }
+
+  void remember(int x, int y) {
+    const LastSeen::Place place{x, y};
+    pixels_[row(y)[x]] = place;
+    if (x + 1 < bitmap_.width) pairs_[pair(x, y)] = place;
+  }
+
+  /// From where this pixel and the next one, or it alone, was last seen.
+  Copy earlier(int x, int y) {
+    if (x + 1 < bitmap_.width) {
+      const Copy two = copyFrom(pairs_[pair(x, y)], x, y);
+      if (two.pixels > 1) return two;
+    }
+    return copyFrom(pixels_[row(y)[x]], x, y);
+  }
+
+  [[nodiscard]] Copy copyFrom(LastSeen::Place from, int x, int y) const {
+    if (from.x < 0) return {};
+    const auto distance = static_cast<std::size_t>(y - from.y) * rowBytes_ +
+                          static_cast<std::size_t>(x - from.x) * channels_;
+    if (distance > kFarthest) return {};
+    const int room = bitmap_.width - std::max(x, from.x);
+    return {equalAbove(row(y) + x, row(from.y) + from.x, room),
+            static_cast<std::uint32_t>(distance)};
   }
 
   void updateSums(const std::uint32_t* pixels, const std::uint32_t* above, int x, int count) {
@@ -190,16 +252,17 @@ class Encoder {
     sumA_ = static_cast<std::uint32_t>((sumA_ + a) % kAdlerBase);
   }
 
-  int copy(Token token, int count) {
+  int copy(const Copy& copy) {
     literalRun_ = 0;
-    tokens_.push_back(pack(token, static_cast<std::uint32_t>(count)));
-    return count;
+    tokens_.push_back(kCopyFlag | static_cast<std::uint32_t>(copy.pixels));
+    tokens_.push_back(copy.distance);
+    return copy.pixels;
   }
 
   void literal(std::uint32_t pixel) {
     if (literalRun_ == 0) {
       literalRun_ = tokens_.size();
-      tokens_.push_back(pack(Token::literals, 0));
+      tokens_.push_back(0);
     }
     ++tokens_[literalRun_];
     tokens_.push_back(pixel);
@@ -224,13 +287,13 @@ class Encoder {
       const std::uint32_t token = tokens_[i];
       if (token == kRowStart) {
         ++counts_[0];
-      } else if (token >> 30 == static_cast<std::uint32_t>(Token::literals)) {
+      } else if ((token & kCopyFlag) == 0) {
         i += token;
       } else {
-        const bool left = token >> 30 == static_cast<std::uint32_t>(Token::left);
-        eachMatch(token & kCountMask, [&](std::uint32_t part) {
+        const Code distance = distanceCode(tokens_[++i]);
+        eachMatch(token & ~kCopyFlag, [&](std::uint32_t part) {
           ++counts_[lengths_[part].symbol];
-          ++distanceCounts_[left ? left_.symbol : above_.symbol];
+          ++distanceCounts_[distance.symbol];
         });
       }
     }
@@ -240,8 +303,6 @@ class Encoder {
   void write(std::string& out) {
     lengths_.resize(mostPixels_ + 1);
     for (std::uint32_t i = 1; i <= mostPixels_; ++i) lengths_[i] = lengthCode(i * channels_);
-    left_ = distanceCode(channels_);
-    above_ = distanceCode(static_cast<unsigned>(std::min(rowBytes_, kFarthest)));
     countCopies();
     std::array<std::uint8_t, kLiterals> sizes{};
     std::array<std::uint16_t, kLiterals> codes{};
@@ -275,16 +336,15 @@ class Encoder {
       const std::uint32_t token = tokens_[i];
       if (token == kRowStart) {
         byte(0);
-      } else if (token >> 30 == static_cast<std::uint32_t>(Token::literals)) {
+      } else if ((token & kCopyFlag) == 0) {
         for (std::uint32_t end = token; end > 0; --end) {
           const std::uint32_t p = tokens_[++i];
           bytePair((p >> 16) & 255, (p >> 8) & 255);
           channels_ == 4 ? bytePair(p & 255, p >> 24) : byte(p & 255);
         }
       } else {
-        const bool left = token >> 30 == static_cast<std::uint32_t>(Token::left);
-        eachMatch(token & kCountMask,
-                  [&](std::uint32_t part) { match(lengths_[part], left ? left_ : above_); });
+        const Code distance = distanceCode(tokens_[++i]);
+        eachMatch(token & ~kCopyFlag, [&](std::uint32_t part) { match(lengths_[part], distance); });
       }
     }
     byte(kEndOfBlock);
@@ -336,8 +396,10 @@ class Encoder {
     }
   }
 
+  // A token is the start of a row, a copy's pixels and then its distance, or a number of literal
+  // pixels and then these.
   static constexpr std::uint32_t kRowStart = 0xFFFFFFFF;
-  static constexpr std::uint32_t kCountMask = 0x3FFFFFFF;
+  static constexpr std::uint32_t kCopyFlag = 0x80000000;
   static constexpr int kGoodCopy = 16;
 
   const Bitmap& bitmap_;
@@ -349,8 +411,8 @@ class Encoder {
   std::array<std::uint32_t, kLiterals> counts_{};
   std::array<std::uint32_t, kDistances> distanceCounts_{};
   std::vector<Code> lengths_;
-  Code left_{};
-  Code above_{};
+  LastSeen pixels_;
+  LastSeen pairs_;
   std::int64_t rowA_ = 0;
   std::int64_t rowB_ = 0;
   std::uint32_t sumA_ = 1;

@@ -109,6 +109,39 @@ TEST(Png, FlatPicturesAreSmall) {
   expectRoundTrip(blank(300, 1, 0x80808080));
 }
 
+constexpr int kStampSide = 12;
+
+/// Noise, the same wherever it stands.
+void stamp(Bitmap& bitmap, int left, int top) {
+  std::mt19937 random(11);
+  for (int y = top; y < top + kStampSide; ++y) {
+    for (int x = left; x < left + kStampSide; ++x) {
+      bitmap.pixels[static_cast<std::size_t>(y * bitmap.stride + x)] = premultiplied(255, random);
+    }
+  }
+}
+
+TEST(Png, WhatWasDrawnBeforeIsCopied) {
+  Bitmap bitmap = blank(200, 30, 0xFF336699);
+  constexpr int kStamps = 10;
+  for (int i = 0; i < kStamps; ++i) stamp(bitmap, 3 + 19 * i, 2 + i);
+  expectRoundTrip(bitmap);
+  constexpr std::size_t kNoiseBytes = 3 * kStampSide * kStampSide;
+  EXPECT_LT(encodePng(bitmap).size(), kStamps * kNoiseBytes / 2);
+}
+
+// Nearer and farther than a match reaches, and in rows of their own.
+TEST(Png, ScatteredCopiesPass) {
+  std::mt19937 random(13);
+  Bitmap bitmap = blank(200, 200, 0xFF336699);
+  for (int i = 0; i < 60; ++i) {
+    const auto place = [&] { return static_cast<int>(random() % (200 - kStampSide)); };
+    const int left = place();
+    stamp(bitmap, left, place());
+  }
+  expectRoundTrip(bitmap);
+}
+
 // A row that no match reaches back over.
 TEST(Png, VeryWidePicturesPass) {
   std::mt19937 random(9);

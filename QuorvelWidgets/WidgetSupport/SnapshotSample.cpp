@@ -25,10 +25,10 @@ struct SampleTexts {
 constexpr std::array<SampleTexts, kLanguageCount> kTexts{{
     {"Food & drinks", "Home internet"},
     {"Makanan & minuman", "Internet rumah"},
-    {"Comida y bebida", "Internet en casa"},
+    {"Alimentación", "Internet en casa"},
     {"Alimentação", "Internet residencial"},
-    {"Repas et boissons", "Box Internet"},
-    {"Essen & Trinken", "Internet zu Hause"},
+    {"Alimentation", "Box Internet"},
+    {"Gastronomie", "Internet zu Hause"},
     {"Еда и напитки", "Домашний интернет"},
     {"食費", "インターネット料金"},
     {"식비", "인터넷 요금"},

@@ -1,4 +1,5 @@
-// The result of layout: new records with absolute frames, one for each element and one for each modifier around it.
+// The result of layout: new records with absolute frames, one for each element and one for each
+// modifier around it.
 #pragma once
 
 #include <cstdint>
@@ -12,7 +13,8 @@
 
 namespace rendering {
 
-/// A line of a placed text: clusters [first, last) of the paragraph, then perhaps an ellipsis. x and baseline are absolute.
+/// A line of a placed text: clusters [first, last) of the paragraph, then perhaps an ellipsis. x
+/// and baseline are absolute.
 struct PlacedLine {
   std::uint32_t first = 0;
   std::uint32_t last = 0;
@@ -31,14 +33,15 @@ struct PlacedText {
   [[nodiscard]] bool isCut() const { return !lines.empty() && lines.back().ellipsis; }
 };
 
-/// `frame` is absolute, in points, already mirrored where the layout runs right to left; `proposal` is what relative
-/// lengths (radii, path points, gradients) of the carrier resolve against.
+/// `frame` is absolute, in points, already mirrored where the layout runs right to left; `proposal`
+/// is what relative lengths (radii, path points, gradients) of the carrier resolve against.
 ///
-/// An element's node has the children in drawing order (z indices applied). A modifier's node has its target as first child;
-/// Background and Overlay have their content as second child.
+/// An element's node has the children in drawing order (z indices applied). A modifier's node has
+/// its target as first child; Background and Overlay have their content as second child.
 struct PlacedNode {
   std::variant<const viewkit::Element*, const viewkit::Modifier*> what;
-  const viewkit::Node* source = nullptr;  ///< the view that it belongs to; alive as long as PlacedTree::root
+  const viewkit::Node* source =
+      nullptr;  ///< the view that it belongs to; alive as long as PlacedTree::root
   Rect frame;
   Size proposal;
   viewkit::LayoutDirection direction = viewkit::LayoutDirection::leftToRight;

@@ -16,16 +16,17 @@
 namespace rendering {
 
 struct RenderOptions {
-  Size size;           ///< points
-  double scale = 2;    ///< pixels a point
+  Size size;         ///< points
+  double scale = 2;  ///< pixels a point
   viewkit::Appearance appearance = viewkit::Appearance::light;
   viewkit::RenderingMode mode = viewkit::RenderingMode::fullColor;
-  std::optional<viewkit::Rgb> tint;  ///< of the accentable group in accented mode; default: the appearance's label colour
-  bool showsBackground = true;       ///< draw the container background and clip to the widget's corners
-  double cornerRadius = 22;          ///< points, continuous; 0 for accessories
+  std::optional<viewkit::Rgb>
+      tint;  ///< of the accentable group in accented mode; default: the appearance's label colour
+  bool showsBackground = true;  ///< draw the container background and clip to the widget's corners
+  double cornerRadius = 22;     ///< points, continuous; 0 for accessories
   viewkit::RedactionReasons redaction;
   viewkit::LayoutDirection direction = viewkit::LayoutDirection::leftToRight;
-  std::filesystem::path container;   ///< where image paths start; empty: no images
+  std::filesystem::path container;  ///< where image paths start; empty: no images
 };
 
 /// Premultiplied 0xAARRGGBB in native byte order, rows top down.
@@ -38,7 +39,8 @@ struct Bitmap {
 
 enum class PngSize { fast, small };
 
-/// Fonts, glyph images, symbols and decoded pictures, kept between renderings. Not for several threads at once.
+/// Fonts, glyph images, symbols and decoded pictures, kept between renderings. Not for several
+/// threads at once.
 class Renderer {
  public:
   Renderer();
@@ -52,11 +54,14 @@ class Renderer {
   [[nodiscard]] Bitmap bitmap(const viewkit::View& view, const RenderOptions& options);
   [[nodiscard]] std::string svg(const viewkit::View& view, const RenderOptions& options);
   /// Rows and columns as laid out, `columns` characters wide.
-  [[nodiscard]] std::string plainText(const viewkit::View& view, const RenderOptions& options, int columns = 80);
+  [[nodiscard]] std::string plainText(const viewkit::View& view,
+                                      const RenderOptions& options,
+                                      int columns = 80);
   /// One placed node a line, with its frame.
   [[nodiscard]] std::string placedDump(const viewkit::View& view, const RenderOptions& options);
   /// One accessible element a line, in reading order.
-  [[nodiscard]] std::string accessibilityTree(const viewkit::View& view, const RenderOptions& options);
+  [[nodiscard]] std::string accessibilityTree(const viewkit::View& view,
+                                              const RenderOptions& options);
 
  private:
   struct State;
@@ -65,7 +70,8 @@ class Renderer {
 
 [[nodiscard]] std::string encodePng(const Bitmap& bitmap, PngSize size = PngSize::fast);
 
-/// What a renderer needs on this machine: font files, found or missing, and the Debian package of each.
+/// What a renderer needs on this machine: font files, found or missing, and the Debian package of
+/// each.
 struct FontFile {
   std::string path;
   std::string package;

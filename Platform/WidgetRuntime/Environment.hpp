@@ -36,8 +36,8 @@ struct Environment {
   bool showsWidgetContainerBackground = true;
   viewkit::Insets systemMargins = viewkit::Insets::all(16);
   viewkit::LayoutDirection layoutDirection = viewkit::LayoutDirection::leftToRight;
-  foundation::Locale locale;      ///< the user's, from the request's device
-  foundation::TimeZone timeZone;  ///< likewise
+  foundation::Locale locale;                    ///< the user's, from the request's device
+  foundation::TimeZone timeZone;                ///< likewise
   std::vector<std::string> preferredLanguages;  ///< likewise; what speaks without a document
 
   /// The preview family when one is set, else the host's.

@@ -10,7 +10,8 @@ namespace {
 
 std::string drawn(const viewkit::View& view,
                   const rendering::RenderOptions& how,
-                  const Options& options) {
+                  const Options& options,
+                  const std::string& widgetName) {
   if (options.format == Format::tree) return viewkit::dump(view);
   rendering::Renderer renderer;
   switch (options.format) {
@@ -21,7 +22,7 @@ std::string drawn(const viewkit::View& view,
     case Format::placed:
       return renderer.placedDump(view, how);
     case Format::accessibility:
-      return renderer.accessibilityTree(view, how);
+      return renderer.accessibilityTree(view, how, widgetName);
     case Format::png:
     case Format::tree:
       break;
@@ -48,7 +49,7 @@ Result<void> render(const Options& options, const Program& program) {
       fetchView(*guest, entriesParameters(options.kind, family, options.picture, device));
   if (!view) return std::unexpected(view.error());
   const auto how = renderOptions(family, options.picture, device, guest->images());
-  return write(options.output.file, drawn(*view, how, options));
+  return write(options.output.file, drawn(*view, how, options, (*widget)->description.displayName));
 }
 
 }  // namespace cli

@@ -97,8 +97,11 @@ std::string Renderer::placedDump(const viewkit::View& view, const RenderOptions&
   return dumpPlaced(place(view, options));
 }
 
-std::string Renderer::accessibilityTree(const viewkit::View& view, const RenderOptions& options) {
-  return rendering::accessibilityTree(place(view, options), {.redaction = options.redaction});
+std::string Renderer::accessibilityTree(const viewkit::View& view,
+                                        const RenderOptions& options,
+                                        const std::string& name) {
+  return rendering::accessibilityTree(place(view, options),
+                                      {.redaction = options.redaction, .name = name});
 }
 
 }  // namespace rendering

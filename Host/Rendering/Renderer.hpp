@@ -59,9 +59,11 @@ class Renderer {
                                       int columns = 80);
   /// One placed node a line, with its frame.
   [[nodiscard]] std::string placedDump(const viewkit::View& view, const RenderOptions& options);
-  /// One accessible element a line, in reading order.
+  /// One accessible element a line, in reading order. `name` is the widget's: all that a
+  /// placeholder says.
   [[nodiscard]] std::string accessibilityTree(const viewkit::View& view,
-                                              const RenderOptions& options);
+                                              const RenderOptions& options,
+                                              const std::string& name = {});
 
  private:
   struct State;

@@ -64,7 +64,7 @@ TEST(Needed, theExtensionKnowsNoPixels) {
 TEST(Needed, theCommandLineLoadsNoEventLoopAndNoWebServer) {
   const Names needed = neededBy("quorvel-host");
   ASSERT_THAT(needed, ::testing::Contains("libc"));
-  const Names drawing{"libcairo", "libfreetype", "libharfbuzz", "libpng16", "libjpeg", "libz"};
+  const Names drawing{"libfreetype", "libharfbuzz", "libpng16", "libjpeg", "libz"};
   EXPECT_THAT(without(without(without(needed, languageRuntime()), foundation()), drawing),
               ::testing::IsEmpty());
 }

@@ -186,7 +186,7 @@ constexpr std::array<StringRow, kStringCount> kRows{{
       .fr = "Poste principal",
       .de = "Top-Kategorie",
       .ru = "Топ-категория",
-      .ja = "トップカテゴリ",
+      .ja = "支出トップ",
       .ko = "최다 지출 항목",
       .zhHans = "支出最多",
       .zhHant = "支出最多",

@@ -14,6 +14,7 @@ constexpr std::size_t kNoField = static_cast<std::size_t>(-1);
 
 /// Documents mostly follow the record's own order, so the field after the last one is tried first.
 std::size_t findField(std::span<const JsonField> fields, std::string_view key, std::size_t start) {
+  if (start < fields.size() && fields[start].key.data() == key.data()) return start;
   for (std::size_t i = start; i < fields.size(); ++i) {
     if (fields[i].key == key) return i;
   }
@@ -78,7 +79,10 @@ void JsonReader::readRecord(std::span<const JsonField> fields, void* record) {
   std::bitset<kMaximumJsonFields> seen;
   JsonScanner::Descent object(scanner);
   std::size_t expected = 0;
-  while (scanner.nextMember(object)) {
+  const auto guess = [&] {
+    return expected < fields.size() ? fields[expected].key : std::string_view{};
+  };
+  while (scanner.nextMember(object, guess())) {
     const std::size_t field = findField(fields, object.key(), expected);
     if (field == kNoField || seen[field]) {
       scanner.skipValue();

@@ -118,6 +118,12 @@ bool JsonScanner::open() {
   return true;
 }
 
+bool JsonScanner::isKey(std::string_view guess) const {
+  const std::size_t room = static_cast<std::size_t>(end_ - at_);
+  return !guess.empty() && room > guess.size() + 1 && at_[guess.size() + 1] == '"' &&
+         std::memcmp(at_ + 1, guess.data(), guess.size()) == 0;
+}
+
 bool JsonScanner::next(bool isFirst, char closing) {
   if (stopped_) return false;
   const char c = peek();
@@ -147,11 +153,16 @@ bool JsonScanner::nextElement(Descent& array) {
   return true;
 }
 
-bool JsonScanner::nextMember(Descent& object) {
+bool JsonScanner::nextMember(Descent& object, std::string_view guess) {
   object.place_ = Descent::Place::between;
   if (!next(object.count_ == 0, '}') || !atKey()) return false;
   ++object.count_;
 
+  if (isKey(guess)) {
+    object.setKey(guess);
+    at_ += guess.size() + 2;
+    return colon();
+  }
   const char* const quote = at_++;
   const char* const stop = plainEnd(at_, end_);
   if (stop != end_ && *stop == '"') {

@@ -67,8 +67,9 @@ class JsonScanner {
   /// Opens the array or object that the walk stands on. After it, `nextMember` or `nextElement` are
   /// called until they answer false, which closes it.
   bool open();
-  /// Reads the next member's key and colon.
-  bool nextMember(Descent& object);
+  /// Reads the next member's key and colon. A key that is the guess is found sooner, and is
+  /// the guess's own text.
+  bool nextMember(Descent& object, std::string_view guess = {});
   /// Stands before the next element.
   bool nextElement(Descent& array);
 
@@ -97,6 +98,7 @@ class JsonScanner {
   };
   struct NumberParts;
 
+  bool isKey(std::string_view guess) const;
   bool next(bool isFirst, char closing);
   bool atKey() { return peek() == '"' || fail("string"); }
   bool colon();

@@ -146,8 +146,9 @@ std::string summaryText(std::string_view key,
                      summary.p95);
 }
 
-std::string report(const Measured& measured) {
-  std::string text = fmt::format(R"({{"peer":"ours","n":{},)", measured.images.size());
+std::string report(const Measured& measured, std::string_view kind, std::string_view family) {
+  std::string text = fmt::format(
+      R"({{"peer":"ours","kind":"{}","family":"{}","n":{},)", kind, family, measured.images.size());
   text +=
       summaryText(
           "total_ms", measured.images, {kRead, kView, kEncode, kDecode, kLayout, kPaint, kPng}) +
@@ -223,7 +224,7 @@ Result<void> bench(const Options& options, const Program& program) {
                     options.output.png};
   const auto measured = measure(workshop, *file, *document, options);
   if (!measured) return std::unexpected(measured.error());
-  return print(report(*measured));
+  return print(report(*measured, options.kind, widgetruntime::name(family)));
 }
 
 }  // namespace cli

@@ -153,6 +153,9 @@ struct TextAnalyzer::State {
     if (found != lines.end()) return found->second.get();
     std::string locale(language);
     std::ranges::replace(locale, '-', '_');
+    // Japanese and Korean readers stumble over lines that end within a phrase; the phrases of both
+    // come with "ja".
+    if (language == "ja" || language == "ko") locale = "ja@lw=phrase";
     Breaks opened = openBreaks(UBRK_LINE, locale);
     return lines.emplace(std::string(language), std::move(opened)).first->second.get();
   }

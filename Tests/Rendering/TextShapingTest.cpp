@@ -214,7 +214,10 @@ TEST_F(TextShaping, BreaksWhereTheLanguageBreaks) {
   EXPECT_EQ(breaks("well-known", "en"), "well-|known");
   EXPECT_EQ(breaks("a\nb", "en"), "a\n!b");
   EXPECT_EQ(breaks("1\u00A0171 €", "fr"), "1\u00A0171 |€");
-  EXPECT_EQ(breaks("今月、残", "ja"), "今|月、|残") << "no line begins with a comma";
+  EXPECT_EQ(breaks("今月、残", "ja"), "今月、|残") << "no line begins with a comma";
+  EXPECT_EQ(breaks("月の予算を設定", "ja"), "月の|予算を|設定") << "a phrase stays whole";
+  EXPECT_EQ(breaks("카드를 추가", "ko"), "카드를 |추가") << "a word stays whole";
+  EXPECT_EQ(breaks("预算", "zh-Hans"), "预|算");
 }
 
 TEST_F(TextShaping, TheShortWayAgreesWithTheLongWay) {

@@ -36,10 +36,13 @@ View face(const CardLimitContent& content, const WidgetSnapshot::Card& card) {
                             .tracking(1)
                             .lineLimit(1)
                             .direction(LayoutDirection::leftToRight)
+                            .accessibilityLabel(*card.last4)
                             .foregroundStyle(faceTextColor(mode).withOpacity(kNumberOpacity))
                             .padding({.leading = 10, .bottom = 7}),
                         Alignment::bottomLeading);
   }
+  // What the art shows is said all the same.
+  if (card.hasImage) return tile.accessibilityLabel(cardTitle(card));
   return tile.accessibility({.children = Accessibility::Children::combine});
 }
 
@@ -63,8 +66,10 @@ View usageRow(const CardLimitContent& content, double fraction) {
 View cardLimitSmall(const CardLimitContent& content) {
   const WidgetSnapshot::Card& card = *content.cards.front();
   const double fraction = usedFraction(card.limit, card.remaining);
+  // The amount above it says that it is hidden.
   const View footer = content.snapshot.isHidden ? WidgetPrivacyNote{.lang = content.snapshot.lang,
                                                                     .color = palette::textSecondary}
+                                                      .accessibilityHidden()
                                                 : usageRow(content, fraction);
   const View remaining =
       VStack{

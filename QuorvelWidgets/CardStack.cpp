@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "QuorvelWidgets/CardFace.hpp"
+#include "QuorvelWidgets/CardFigures.hpp"
 #include "QuorvelWidgets/WidgetSupport/Amount.hpp"
 
 namespace quorvel {
@@ -11,6 +12,9 @@ using namespace viewkit;
 using widgetruntime::RenderingMode;
 
 namespace {
+
+/// What a face's title leaves to the pill: a long amount shrinks before it reaches the title.
+constexpr double kPillRoom = 80;
 
 View pill(const CardStack& stack, const WidgetSnapshot::Card& card) {
   const Color ground = stack.renderingMode == RenderingMode::accented
@@ -24,7 +28,8 @@ View pill(const CardStack& stack, const WidgetSnapshot::Card& card) {
       .padding(Insets::horizontal(stack.pillSize * 0.7))
       .frame(FixedFrame{.height = stack.pillSize + 8.5})
       .background(Capsule().fill(ground))
-      .padding({.top = 6, .trailing = 7});
+      .padding({.top = 6, .trailing = 7})
+      .frame(FlexibleFrame{.maxWidth = kPillRoom - 2, .alignment = Alignment::topTrailing});
 }
 
 View face(const CardStack& stack, std::size_t index) {
@@ -40,10 +45,12 @@ View face(const CardStack& stack, std::size_t index) {
   if (stack.renderingMode == RenderingMode::accented) {
     tile = tile.background(accentedCutout(stack.corner));
   }
-  if (!card.hasImage) {
+  if (card.hasImage) {
+    tile = tile.accessibilityLabel(cardTitle(card));
+  } else {
     tile =
         tile.overlay(cardTitleText(card, stack.pillSize, stack.snapshot.lang, stack.renderingMode)
-                         .padding({.top = 9, .leading = 10, .trailing = 80}),
+                         .padding({.top = 9, .leading = 10, .trailing = kPillRoom}),
                      Alignment::topLeading);
   }
   const FixedFrame frame{.width = stack.width ? std::optional<Length>{*stack.width} : std::nullopt,

@@ -1,5 +1,6 @@
 #include "QuorvelWidgets/DueContent.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetEnvironment.hpp"
+#include "QuorvelWidgets/WidgetSupport/WidgetMoneyStyle.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetStrings.hpp"
 
 namespace quorvel {
@@ -11,6 +12,14 @@ namespace {
 
 View calendarSymbol(double size) {
   return Symbol{"calendar"}.font(size, FontWeight::semibold).accessibilityHidden();
+}
+
+// What a person would say of the next payment in one breath.
+Accessibility spoken(const DueContent& content) {
+  const UpcomingDue& next = content.upcoming.front();
+  return {.label = relativeLabel(next.days, content.snapshot.lang) + ", " + next.due->name + ", " +
+                   amountAccessibilityLabel(next.due->amount, content.snapshot),
+          .children = Accessibility::Children::ignore};
 }
 
 View inlineLine(const DueContent& content) {
@@ -27,7 +36,8 @@ View inlineLine(const DueContent& content) {
           .minimumScaleFactor(0.8)
           .language(content.snapshot.lang)
           .privacySensitive(PrivacyTreatment::masked),
-  };
+  }
+      .accessibility(spoken(content));
 }
 
 View circular(const DueContent& content) {
@@ -36,7 +46,8 @@ View circular(const DueContent& content) {
       {.spacing = 1},
       calendarSymbol(16),
       content.caption(relativeLabel(next.days, content.snapshot.lang), 11).minimumScaleFactor(0.6),
-  };
+  }
+      .accessibility(spoken(content));
 }
 
 View rectangular(const DueContent& content) {
@@ -58,7 +69,8 @@ View rectangular(const DueContent& content) {
   }
       .padding({.top = 6, .leading = 10, .bottom = 6, .trailing = 10})
       .frame(FlexibleFrame{
-          .maxWidth = kInfinity, .maxHeight = kInfinity, .alignment = Alignment::leading});
+          .maxWidth = kInfinity, .maxHeight = kInfinity, .alignment = Alignment::leading})
+      .accessibility(spoken(content));
 }
 
 }  // namespace

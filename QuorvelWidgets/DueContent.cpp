@@ -43,6 +43,7 @@ View DueContent::relativePill(const UpcomingDue& next, double size) const {
                            : Color::primary().withOpacity(0.14);
   return caption(shortRelativeLabel(next.days, snapshot.lang), size)
       .font(size, FontWeight::semibold)
+      .accessibilityLabel(relativeLabel(next.days, snapshot.lang))
       .padding(Insets::horizontal(size * 0.65))
       .frame(FixedFrame{.height = size + 7})
       .background(Capsule().fill(ground));

@@ -31,7 +31,8 @@ View dueSmall(const DueContent& content) {
            }),
       content.amount(*next.due, 22).padding({.top = 6}),
       content.caption(content.dueDateLabel(*next.due), 11).opacity(0.85).padding({.top = 1}),
-  };
+  }
+      .accessibility({.children = Accessibility::Children::combine});
 }
 
 }  // namespace quorvel

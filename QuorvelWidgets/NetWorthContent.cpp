@@ -63,7 +63,8 @@ View NetWorthContent::chart(bool showsGrid) const {
 
 View NetWorthContent::change() const {
   if (snapshot.isHidden) {
-    return WidgetPrivacyNote{.lang = snapshot.lang, .color = palette::textSecondary};
+    return WidgetPrivacyNote{.lang = snapshot.lang, .color = palette::textSecondary}
+        .accessibilityHidden();  // the amount beside it says it
   }
   if (!netWorth.changePercent) return {};
   return WidgetChange{.value = *netWorth.changePercent, .precision = kChangePrecision, .size = 12};

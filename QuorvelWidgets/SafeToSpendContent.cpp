@@ -36,6 +36,10 @@ Text SafeToSpendContent::percentage(double size) const {
       .numericTransition();
 }
 
+std::string SafeToSpendContent::spokenPercentage() const {
+  return std::to_string(wholePercent(metrics.spentFraction)) + "% " + text("used");
+}
+
 std::string dayPhrase(std::int64_t daysLeft, std::string_view lang) {
   if (daysLeft == 0) return WidgetStrings::text("lastDay", lang);
   const std::string days = daysLeft < 1 ? WidgetStrings::text("today", lang)
@@ -43,8 +47,20 @@ std::string dayPhrase(std::int64_t daysLeft, std::string_view lang) {
   return days + " " + WidgetStrings::text("left", lang);
 }
 
-Text dayCaption(const SafeToSpendContent& content, double size) {
-  return content.caption(dayPhrase(content.metrics.daysLeft, content.snapshot.lang), size, 0.8);
+namespace {
+
+/// "11 days left" for "11d left"; a single day has no word of its own in the plural's text.
+std::string spokenDayPhrase(std::int64_t daysLeft, std::string_view lang) {
+  if (daysLeft < 2) return dayPhrase(daysLeft, lang);
+  return std::to_string(daysLeft) + " " + WidgetStrings::text("daysLeftMonth", lang);
+}
+
+}  // namespace
+
+View dayCaption(const SafeToSpendContent& content, double size) {
+  const std::int64_t days = content.metrics.daysLeft;
+  return content.caption(dayPhrase(days, content.snapshot.lang), size, 0.8)
+      .accessibilityLabel(spokenDayPhrase(days, content.snapshot.lang));
 }
 
 View safeToSpendHeader(const SafeToSpendContent& content, Color symbol, Color title) {
@@ -71,10 +87,12 @@ View amountWithUnit(const SafeToSpendContent& content,
       Amount{.value = content.mainAmount(), .snapshot = content.snapshot, .size = size};
   if (!unit) return amount;
   const Text caption = content.caption(*unit, unitSize, 0.85);
+  const bool isPerDay = *unit == perDayLabel(content);
   return HStack{
       {.alignment = VerticalAlignment::firstTextBaseline, .spacing = 4},
       amount,
-      unitColor ? caption.foregroundStyle(*unitColor) : caption.view(),
+      (unitColor ? caption.foregroundStyle(*unitColor) : caption.view())
+          .accessibilityLabel(isPerDay ? content.text("perDay") : *unit),
   }
       .accessibility({.children = kCombined});
 }

@@ -38,13 +38,15 @@ struct SafeToSpendContent {
   [[nodiscard]] viewkit::Text caption(std::string text, double size, double leastScale) const;
   /// The whole percentage with its sign, as one figure.
   [[nodiscard]] viewkit::Text percentage(double size) const;
+  /// "61% used".
+  [[nodiscard]] std::string spokenPercentage() const;
 };
 
 /// Days left in words: "12d left", "Last day".
 [[nodiscard]] std::string dayPhrase(std::int64_t daysLeft, std::string_view lang);
 
 /// The day phrase as a caption.
-[[nodiscard]] viewkit::Text dayCaption(const SafeToSpendContent& content, double size);
+[[nodiscard]] viewkit::View dayCaption(const SafeToSpendContent& content, double size);
 
 /// The widget's own header: bare symbol and title in one row of 14.5 points.
 [[nodiscard]] viewkit::View safeToSpendHeader(const SafeToSpendContent& content,

@@ -49,7 +49,8 @@ View spentFigure(const SafeToSpendContent& content) {
           content.caption(content.text("used"), 11.5, 0.85).foregroundStyle(palette::textSecondary),
       },
   }
-      .accessibility({.children = Accessibility::Children::combine});
+      .accessibility(
+          {.label = content.spokenPercentage(), .children = Accessibility::Children::ignore});
 }
 
 View remainderPart(const SafeToSpendContent& content) {
@@ -79,13 +80,15 @@ View tileGround(const SafeToSpendContent& content) {
 View tile(const SafeToSpendContent& content) {
   const Color faint = palette::textPrimary.withOpacity(0.9);
   const auto label = [&](std::string_view key) {
-    return content.caption(content.text(key), 11, 0.8).foregroundStyle(faint);
+    return content.caption(content.text(key), 11, 0.8).lineLimit(2).foregroundStyle(faint);
   };
-  return VStack{
+  const View perDay = VStack{
       {.alignment = HorizontalAlignment::leading, .spacing = 0},
       amountWithUnit(content, 17, std::nullopt, 11),
       label(content.isLastDay() ? "leftForToday" : "perDay").padding({.top = 3}),
-      Spacer{0},
+  };
+  const View daysLeft = VStack{
+      {.alignment = HorizontalAlignment::leading, .spacing = 0},
       label("daysLeft"),
       Text{std::to_string(content.metrics.daysLeft)}
           .font(17, FontWeight::bold)
@@ -93,6 +96,12 @@ View tile(const SafeToSpendContent& content) {
           .minimumScaleFactor(0.8)
           .direction(LayoutDirection::leftToRight)
           .padding({.top = 3}),
+  };
+  return VStack{
+      {.alignment = HorizontalAlignment::leading, .spacing = 0},
+      perDay.accessibility({.children = Accessibility::Children::combine}),
+      Spacer{0},
+      daysLeft.accessibilityHidden(),  // the day phrase says it
   }
       .frame(part(kInfinity))
       .padding(12)

@@ -18,7 +18,9 @@ View gauge(const SafeToSpendContent& content) {
                               .track = meterTrackColor(content.environment.widgetRenderingMode)}
                        .frame(FlexibleFrame{.maxWidth = kInfinity, .maxHeight = kGaugeHeight});
   if (content.isHidden()) return arc;
-  return arc.overlay(content.percentage(20).padding({.bottom = 2}), Alignment::bottom);
+  const View percentage =
+      content.percentage(20).padding({.bottom = 2}).accessibilityLabel(content.spokenPercentage());
+  return arc.overlay(percentage, Alignment::bottom);
 }
 
 View column(const SafeToSpendContent& content) {

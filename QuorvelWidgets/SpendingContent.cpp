@@ -6,6 +6,7 @@
 #include "QuorvelWidgets/WidgetSupport/Palette.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetColors.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetHeader.hpp"
+#include "QuorvelWidgets/WidgetSupport/WidgetMoneyStyle.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetPrivacyNote.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetStrings.hpp"
 
@@ -47,7 +48,8 @@ Color SpendingContent::categoryColor() const {
 
 View SpendingContent::comparisonLine() const {
   if (snapshot.isHidden) {
-    return WidgetPrivacyNote{.lang = snapshot.lang, .color = palette::textSecondary};
+    return WidgetPrivacyNote{.lang = snapshot.lang, .color = palette::textSecondary}
+        .accessibilityHidden();  // the amount above says it
   }
   const auto percent = changeAgainstLastMonth(spending);
   const auto change = percent ? describeChange(*percent, 1, false) : std::nullopt;
@@ -60,7 +62,8 @@ View SpendingContent::comparisonLine() const {
           .font(kSize, FontWeight::semibold)
           .lineLimit(1)
           .direction(LayoutDirection::leftToRight)
-          .privacySensitive(PrivacyTreatment::masked),
+          .privacySensitive(PrivacyTreatment::masked)
+          .accessibilityLabel(change->spoken),
   };
   return HStack{
       {.alignment = VerticalAlignment::firstTextBaseline, .spacing = 4},
@@ -69,6 +72,12 @@ View SpendingContent::comparisonLine() const {
   }
       .foregroundStyle(palette::textSecondary)
       .accessibility({.children = Accessibility::Children::combine});
+}
+
+Accessibility SpendingContent::spokenCategory() const {
+  return {.label = text("topCategory") + ", " + spending.topCategory.value_or("") + ", " +
+                   amountAccessibilityLabel(spending.topCategoryAmount, snapshot),
+          .children = Accessibility::Children::ignore};
 }
 
 Text SpendingContent::categoryName(double size) const {

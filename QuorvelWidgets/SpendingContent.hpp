@@ -34,6 +34,8 @@ struct SpendingContent {
   [[nodiscard]] viewkit::Color categoryColor() const;
   /// Change against last month in words, or that amounts are hidden; empty without a comparison.
   [[nodiscard]] viewkit::View comparisonLine() const;
+  /// Title, name and amount of the top category, as a person would say them.
+  [[nodiscard]] viewkit::Accessibility spokenCategory() const;
   /// The user's own name for the top category.
   [[nodiscard]] viewkit::Text categoryName(double size) const;
 };

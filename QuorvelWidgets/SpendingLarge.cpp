@@ -25,7 +25,8 @@ View hero(const SpendingContent& content) {
     return HStack{
         {.spacing = 8},
         amount,
-        WidgetPrivacyNote{.lang = content.snapshot.lang, .color = palette::textSecondary},
+        WidgetPrivacyNote{.lang = content.snapshot.lang, .color = palette::textSecondary}
+            .accessibilityHidden(),  // the amount beside it says it
     };
   }
   const auto percent = changeAgainstLastMonth(content.spending);
@@ -77,7 +78,9 @@ View categoryBlock(const SpendingContent& content) {
                      .size = 28,
                      .fallback = "tag.fill"},
       Spacer{0},
-      content.caption(content.text("topCategory"), 11, 0.8).foregroundStyle(palette::textSecondary),
+      content.caption(content.text("topCategory"), 11, 0.8)
+          .lineLimit(2)
+          .foregroundStyle(palette::textSecondary),
       Amount{.value = content.spending.topCategoryAmount,
              .snapshot = content.snapshot,
              .size = 28,
@@ -89,7 +92,7 @@ View categoryBlock(const SpendingContent& content) {
           .maxWidth = kInfinity, .maxHeight = kInfinity, .alignment = Alignment::leading})
       .background(RoundedRectangle(14, CornerStyle::continuous)
                       .fill(groundColor(palette::surface, content.environment)))
-      .accessibility({.children = kCombined});
+      .accessibility(content.spokenCategory());
 }
 
 View monthRow(const SpendingContent& content) {

@@ -39,7 +39,7 @@ View categoryTile(const SpendingContent& content) {
       .frame(FixedFrame{.width = kTileWidth, .height = kHeight, .alignment = Alignment::leading})
       .background(RoundedRectangle(14, CornerStyle::continuous)
                       .fill(groundColor(palette::surface, content.environment)))
-      .accessibility({.children = Accessibility::Children::combine});
+      .accessibility(content.spokenCategory());
 }
 
 // The tile is laid over the figures' row because it is as high as they are, not the other way

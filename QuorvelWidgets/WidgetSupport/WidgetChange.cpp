@@ -15,7 +15,8 @@ View WidgetChange::body() const {
       Text{change->text}
           .font(size, FontWeight::semibold)
           .lineLimit(1)
-          .direction(LayoutDirection::leftToRight),
+          .direction(LayoutDirection::leftToRight)
+          .accessibilityLabel(change->spoken),
   }
       .foregroundStyle(change->color)
       .privacySensitive(PrivacyTreatment::covered);

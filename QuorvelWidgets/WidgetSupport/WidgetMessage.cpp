@@ -31,7 +31,7 @@ View labelView(const WidgetMessage& message) {
   const Text label = Text{message.label.value_or("")}
                          .font(12, FontWeight::semibold)
                          .lineLimit(1)
-                         .minimumScaleFactor(0.85)
+                         .minimumScaleFactor(0.75)
                          .language(message.lang);
   if (message.titleIsStatus) return label.foregroundStyle(palette::statusGood);
   const View ground =

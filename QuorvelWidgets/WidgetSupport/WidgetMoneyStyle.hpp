@@ -47,6 +47,7 @@ struct ChangeDescription {
   std::string symbol;  ///< "arrow.up.right", "arrow.down.right" or "arrow.right"
   std::string text;    ///< "3.3%"
   viewkit::Color color;
+  std::string spoken;  ///< "-3.3%": without the arrow the sign has to be said
 
   friend bool operator==(const ChangeDescription&, const ChangeDescription&) = default;
 };

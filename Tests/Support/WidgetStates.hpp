@@ -1,0 +1,302 @@
+// Every layout that a person can place, and the states in which a document can put it.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <set>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "Foundation/Instant.hpp"
+#include "QuorvelWidgets/CardLimitView.hpp"
+#include "QuorvelWidgets/DueWidgetView.hpp"
+#include "QuorvelWidgets/NetWorthWidgetView.hpp"
+#include "QuorvelWidgets/SafeToSpendView.hpp"
+#include "QuorvelWidgets/SpendingWidgetView.hpp"
+#include "QuorvelWidgets/WidgetSupport/SnapshotSample.hpp"
+#include "QuorvelWidgets/WidgetSupport/WidgetLanguage.hpp"
+
+namespace fixtures {
+
+using quorvel::WidgetSnapshot;
+using widgetruntime::Environment;
+using widgetruntime::WidgetFamily;
+
+enum class WidgetKind : std::uint8_t { cardLimit, due, netWorth, accentTile, ring, spending };
+
+struct WidgetLayout {
+  std::string_view name;
+  WidgetKind kind;
+  WidgetFamily family;
+};
+
+/// The declared families, the two looks of safe-to-spend, and the accessory forms that are drawn
+/// for previews.
+inline constexpr WidgetLayout kLayouts[] = {
+    {"card-limit-small", WidgetKind::cardLimit, WidgetFamily::systemSmall},
+    {"card-limit-medium", WidgetKind::cardLimit, WidgetFamily::systemMedium},
+    {"card-limit-large", WidgetKind::cardLimit, WidgetFamily::systemLarge},
+    {"due-small", WidgetKind::due, WidgetFamily::systemSmall},
+    {"due-medium", WidgetKind::due, WidgetFamily::systemMedium},
+    {"due-rectangular", WidgetKind::due, WidgetFamily::accessoryRectangular},
+    {"due-inline", WidgetKind::due, WidgetFamily::accessoryInline},
+    {"due-circular", WidgetKind::due, WidgetFamily::accessoryCircular},
+    {"net-worth-small", WidgetKind::netWorth, WidgetFamily::systemSmall},
+    {"net-worth-medium", WidgetKind::netWorth, WidgetFamily::systemMedium},
+    {"net-worth-large", WidgetKind::netWorth, WidgetFamily::systemLarge},
+    {"accent-tile", WidgetKind::accentTile, WidgetFamily::systemSmall},
+    {"ring", WidgetKind::ring, WidgetFamily::systemSmall},
+    {"safe-to-spend-medium", WidgetKind::accentTile, WidgetFamily::systemMedium},
+    {"spending-small", WidgetKind::spending, WidgetFamily::systemSmall},
+    {"spending-medium", WidgetKind::spending, WidgetFamily::systemMedium},
+    {"spending-large", WidgetKind::spending, WidgetFamily::systemLarge},
+};
+
+struct WidgetState {
+  std::string_view name;
+  foundation::Instant date;
+  std::optional<WidgetSnapshot> snapshot;
+  Environment environment;
+};
+
+inline viewkit::View viewOf(const WidgetLayout& layout, const WidgetState& state) {
+  using namespace quorvel;
+  Environment environment = state.environment;
+  environment.widgetFamily = layout.family;
+  const std::string scheme = "quorvel-widget";
+  const auto safeToSpend = [&](SafeToSpendStyle style) {
+    const SafeToSpendEntry entry{state.date, state.snapshot, style};
+    return SafeToSpendView{.entry = entry, .environment = environment, .urlScheme = scheme}.body();
+  };
+  const SnapshotEntry entry{state.date, state.snapshot};
+  switch (layout.kind) {
+    case WidgetKind::cardLimit: {
+      const CardEntry cards{state.date, state.snapshot, std::nullopt};
+      return CardLimitView{.entry = cards, .environment = environment, .urlScheme = scheme}.body();
+    }
+    case WidgetKind::due:
+      return DueWidgetView{.entry = entry, .environment = environment, .urlScheme = scheme}.body();
+    case WidgetKind::netWorth:
+      return NetWorthWidgetView{.entry = entry, .environment = environment, .urlScheme = scheme}
+          .body();
+    case WidgetKind::accentTile:
+      return safeToSpend(SafeToSpendStyle::accent);
+    case WidgetKind::ring:
+      return safeToSpend(SafeToSpendStyle::ring);
+    case WidgetKind::spending:
+      return SpendingWidgetView{.entry = entry, .environment = environment, .urlScheme = scheme}
+          .body();
+  }
+  return {};
+}
+
+inline foundation::Instant morningOf(std::string_view day) {
+  return *foundation::parseInternetDateTime(std::string{day} + "T09:30:00Z");
+}
+
+/// The sample document of a day, in a language, with as many cards as the tallest layout draws.
+inline WidgetSnapshot richSnapshot(std::string_view lang, foundation::Instant date) {
+  WidgetSnapshot snapshot =
+      quorvel::sampleSnapshot({.now = date, .preferredLanguages = {std::string{lang}}});
+  snapshot.cards.push_back(
+      {"d", "Northbank", "Evergreen", "0417", 6000, 5240, {"#1F6F54", "#0E3B2D"}, false});
+  snapshot.cards.push_back(
+      {"e", "Harbor Bank", "Mulberry", "7730", 4000, 1870, {"#7A2E52", "#3D1629"}, false});
+  return snapshot;
+}
+
+inline WidgetSnapshot renamed(WidgetSnapshot snapshot, const std::string& name) {
+  for (auto& card : snapshot.cards) card.productName = name;
+  for (auto& due : snapshot.dues) due.name = due.subtitle.emplace(name);
+  snapshot.spending->topCategory = name;
+  return snapshot;
+}
+
+/// Every amount times `factor`.
+inline WidgetSnapshot scaled(WidgetSnapshot snapshot, double factor) {
+  std::vector<double*> amounts{&snapshot.totalLimit,
+                               &snapshot.totalRemaining,
+                               &snapshot.budget->total,
+                               &snapshot.budget->spent,
+                               &snapshot.spending->spent,
+                               &snapshot.spending->lastMonthSpent,
+                               &snapshot.spending->topCategoryAmount,
+                               &snapshot.netWorth->value,
+                               &snapshot.netWorth->assets,
+                               &snapshot.netWorth->liabilities,
+                               &*snapshot.netWorth->liquid,
+                               &*snapshot.netWorth->nonLiquid};
+  for (auto& card : snapshot.cards) amounts.insert(amounts.end(), {&card.limit, &card.remaining});
+  for (auto& due : snapshot.dues) amounts.push_back(&due.amount);
+  for (auto& point : snapshot.netWorth->history) amounts.push_back(&point.value);
+  for (double& day : snapshot.spending->daily) amounts.push_back(&day);
+  for (double* amount : amounts) *amount *= factor;
+  return snapshot;
+}
+
+namespace detail {
+
+inline constexpr const char* kLongName =
+    "The Extraordinarily Long Name That Somebody Gave To This Payment And Never Shortened Again";
+
+inline void addDocumentStates(std::vector<WidgetState>& states, std::string_view lang) {
+  const auto now = morningOf("2025-03-14");
+  const WidgetSnapshot rich = richSnapshot(lang, now);
+  const auto add = [&](std::string_view name, const std::function<void(WidgetSnapshot&)>& change) {
+    WidgetSnapshot snapshot = rich;
+    change(snapshot);
+    states.push_back({name, now, std::move(snapshot), {}});
+  };
+  add("full", [](auto&) {});
+  add("empty", [](auto& s) {
+    s.cards.clear();
+    s.dues.clear();
+    s.budget.reset();
+    s.spending.reset();
+    s.netWorth.reset();
+  });
+  add("hidden", [](auto& s) { s.isHidden = true; });
+  add("exceeded", [](auto& s) { s.budget->spent = s.budget->total + 210; });
+  add("exceeded-hidden", [](auto& s) {
+    s.budget->spent = s.budget->total + 210;
+    s.isHidden = true;
+  });
+  add("a-bit-fast", [](auto& s) { s.budget->spent = 1550; });
+  add("critical-pace", [](auto& s) { s.budget->spent = 2900; });
+  add("middle-use", [](auto& s) {
+    s.totalRemaining = 12000;
+    for (auto& card : s.cards) card.remaining = card.limit * 0.4;
+  });
+  add("heavy-use", [](auto& s) {
+    s.totalRemaining = 300;
+    for (auto& card : s.cards) card.remaining = 0;
+  });
+  add("due-today", [](auto& s) {
+    s.dues[0].dueDate = "2025-03-14";
+    s.dues[1].dueDate = "2025-03-15";
+    s.dues[2].dueDate = "2026-03-15";
+  });
+  add("bare-dues", [](auto& s) {
+    for (auto& due : s.dues) {
+      due.cardId.reset();
+      due.face.reset();
+      due.subtitle.reset();
+      due.brandId.reset();
+      due.symbol.reset();
+    }
+  });
+  add("light-faces", [](auto& s) {
+    for (auto& card : s.cards) card.gradient = {"#FFFFFF", "#F2D16B"};
+    for (auto& due : s.dues) due.face = {"#FFFFFF", "#F2D16B"};
+  });
+  add("spent-more", [](auto& s) {
+    s.spending->lastMonthSpent = 630;
+    s.netWorth->changePercent = -3.3;
+  });
+  add("unchanged", [](auto& s) {
+    s.spending->lastMonthSpent = s.spending->spent;
+    s.netWorth->changePercent = 0;
+  });
+  add("nothing-to-compare", [](auto& s) {
+    s.spending->lastMonthSpent = 0;
+    s.netWorth->changePercent.reset();
+  });
+  add("no-category", [](auto& s) { s.spending->topCategory.reset(); });
+  add("no-split", [](auto& s) { s.netWorth->liquid.reset(); });
+  add("negative-net-worth", [](auto& s) {
+    s.netWorth->value = -97260.5;
+    for (auto& point : s.netWorth->history) point.value *= -1;
+  });
+  add("one-of-each", [](auto& s) {
+    s.cards.resize(1);
+    s.dues.resize(1);
+    s.netWorth->history.resize(1);
+  });
+  add("nine-cards", [](auto& s) {
+    while (s.cards.size() < 9) s.cards.push_back(s.cards[s.cards.size() - 5]);
+  });
+  add("no-history", [](auto& s) {
+    s.netWorth->history.clear();
+    s.spending->daily.clear();
+  });
+  add("sixty-months", [](auto& s) {
+    s.netWorth->history.clear();
+    for (int month = 0; month < 60; ++month) {
+      const std::string number = std::to_string(month % 12 + 101).substr(1);
+      s.netWorth->history.push_back(
+          {std::to_string(2020 + month / 12) + "-" + number, 50000 + 700.0 * month});
+    }
+  });
+  states.push_back({"long-names", now, renamed(rich, kLongName), {}});
+  states.push_back(
+      {"emoji-names", now, renamed(rich, "👨‍👩‍👧‍👦🏠 Familie 🇮🇩"), {}});
+  states.push_back({"thai-names", now, renamed(rich, "ธนาคารกรุงเทพ บัตรเครดิต"), {}});
+  states.push_back({"hebrew-names", now, renamed(rich, "תשלום חודשי לחברת החשמל"), {}});
+  states.push_back({"huge-amounts", now, scaled(rich, 123456789.123), {}});
+  states.push_back({"tiny-amounts", now, scaled(rich, 1e-5), {}});
+  states.back().snapshot->money.showDecimals = true;
+  states.push_back({"long-currency", now, rich, {}});
+  states.back().snapshot->money = {.symbol = "Rp ", .showDecimals = true, .conversionRate = 16250};
+}
+
+inline void addDayStates(std::vector<WidgetState>& states, std::string_view lang) {
+  for (const auto& [name, day] : {std::pair{"last-of-month", "2025-03-31"},
+                                  std::pair{"first-of-month", "2025-03-01"},
+                                  std::pair{"twenty-eight-days", "2025-02-10"}}) {
+    const auto date = morningOf(day);
+    states.push_back({name, date, richSnapshot(lang, date), {}});
+  }
+  states.push_back({"last-day-exceeded", states[states.size() - 3].date, {}, {}});
+  states.back().snapshot = states[states.size() - 4].snapshot;
+  states.back().snapshot->budget->spent = 3500;
+}
+
+inline void addHostStates(std::vector<WidgetState>& states, std::string_view lang) {
+  const auto now = morningOf("2025-03-14");
+  const WidgetSnapshot rich = richSnapshot(lang, now);
+  const auto add = [&](std::string_view name, const std::function<void(Environment&)>& change) {
+    states.push_back({name, now, rich, {}});
+    change(states.back().environment);
+  };
+  add("redacted", [](auto& e) { e.redactionReasons.privacy = true; });
+  add("placeholder", [](auto& e) { e.redactionReasons.placeholder = true; });
+  const auto bare = [](auto& e) { e.showsWidgetContainerBackground = false; };
+  add("without-background", bare);
+  add("accented", [&](auto& e) {
+    bare(e);
+    e.widgetRenderingMode = widgetruntime::RenderingMode::accented;
+  });
+  add("vibrant", [&](auto& e) {
+    bare(e);
+    e.widgetRenderingMode = widgetruntime::RenderingMode::vibrant;
+  });
+  add("no-snapshot", [&](auto& e) { e.preferredLanguages = {std::string{lang}}; });
+  states.back().snapshot.reset();
+  states.back().environment.layoutDirection = quorvel::layoutDirection(lang);
+}
+
+}  // namespace detail
+
+inline std::vector<WidgetState> widgetStates(std::string_view lang) {
+  std::vector<WidgetState> states;
+  detail::addDocumentStates(states, lang);
+  detail::addDayStates(states, lang);
+  detail::addHostStates(states, lang);
+  return states;
+}
+
+/// What the user wrote, not the widgets: these alone may be cut.
+inline std::set<std::string> userTexts(const std::optional<WidgetSnapshot>& snapshot) {
+  std::set<std::string> texts;
+  if (!snapshot) return texts;
+  for (const auto& card : snapshot->cards) texts.insert({card.productName, card.bankName});
+  for (const auto& due : snapshot->dues) texts.insert({due.name, due.subtitle.value_or(due.name)});
+  if (snapshot->spending) texts.insert(snapshot->spending->topCategory.value_or(""));
+  texts.erase("");
+  return texts;
+}
+
+}  // namespace fixtures

@@ -1,0 +1,89 @@
+// What a screen reader says of each widget, as a person has read and approved it.
+#include <gtest/gtest.h>
+
+#include "Rendering/AccessibilityTree.hpp"
+#include "Rendering/Renderer.hpp"
+#include "Tests/Support/Approval.hpp"
+#include "Tests/Support/WidgetSamples.hpp"
+#include "Tests/Support/WidgetStates.hpp"
+
+namespace quorvel {
+namespace {
+
+using fixtures::WidgetLayout;
+using fixtures::WidgetState;
+
+/// A host gives accessory families little room; the elements do not depend on it.
+constexpr rendering::Size kSize{364, 382};
+
+std::string spoken(rendering::Renderer& renderer,
+                   const WidgetLayout& layout,
+                   const WidgetState& state) {
+  const auto tree = renderer.place(fixtures::viewOf(layout, state), {.size = kSize});
+  std::string lines;
+  for (const auto& element : rendering::accessibleElements(
+           tree, {.redaction = state.environment.redactionReasons, .name = "The widget"})) {
+    lines += element.label;
+    if (!element.value.empty()) lines += " = " + element.value;
+    if (!element.link.empty()) lines += " -> " + element.link;
+    lines += "\n";
+  }
+  return lines;
+}
+
+std::vector<WidgetState> englishStates() {
+  const auto now = fixtures::februaryTenth();
+  std::vector<WidgetState> states;
+  const auto add = [&](std::string_view name, const auto& change) {
+    states.push_back({name, now, fixtures::smallSnapshot(), {}});
+    change(states.back());
+  };
+  add("fallen, overspent, with art", [](WidgetState& s) {
+    s.snapshot->netWorth->changePercent = -3.26;
+    s.snapshot->spending->lastMonthSpent = 1000;
+    s.snapshot->budget->spent = 2010;
+    for (auto& card : s.snapshot->cards) card.hasImage = true;
+  });
+  add("long amounts", [](WidgetState& s) {
+    s.snapshot->money.showDecimals = true;
+    s.snapshot->totalRemaining = s.snapshot->cards[0].remaining = 1234567890.5;
+    s.snapshot->netWorth->value = -1234567890.5;
+    s.snapshot->spending->spent = 1234567890.5;
+    s.snapshot->dues[1].amount = 1234567890.5;
+    s.snapshot->budget->total = 1234567890.5;
+  });
+  add("hidden", [](WidgetState& s) { s.snapshot->isHidden = true; });
+  add("redacted", [](WidgetState& s) { s.environment.redactionReasons.privacy = true; });
+  add("placeholder", [](WidgetState& s) { s.environment.redactionReasons.placeholder = true; });
+  add("empty", [](WidgetState& s) {
+    s.snapshot->cards.clear();
+    s.snapshot->dues.clear();
+    s.snapshot->budget.reset();
+    s.snapshot->netWorth.reset();
+    s.snapshot->spending.reset();
+  });
+  add("no snapshot", [](WidgetState& s) { s.snapshot.reset(); });
+  return states;
+}
+
+TEST(AccessibilityApproval, EveryLayoutReadsLikeASentence) {
+  rendering::Renderer renderer;
+  std::set<std::string> names;
+  for (const WidgetLayout& layout : fixtures::kLayouts) {
+    std::string text;
+    for (const std::string_view lang : kLanguageCodes) {
+      const WidgetState full{lang, fixtures::februaryTenth(), fixtures::smallSnapshot(lang), {}};
+      text += "== " + std::string{lang} + "\n" + spoken(renderer, layout, full);
+    }
+    for (const WidgetState& state : englishStates()) {
+      text += "== " + std::string{state.name} + "\n" + spoken(renderer, layout, state);
+    }
+    const std::string name = "Accessibility/" + std::string{layout.name};
+    names.insert(name);
+    EXPECT_TRUE(approval::matchesExpected(name, text));
+  }
+  EXPECT_EQ(approval::expectedNames("Accessibility"), names);
+}
+
+}  // namespace
+}  // namespace quorvel

@@ -1,0 +1,279 @@
+// Whatever a document holds, as long as it fits the format, every widget can be laid out.
+#include <gmock/gmock.h>
+
+#include <cmath>
+#include <random>
+
+#include "Foundation/JsonValue.hpp"
+#include "Foundation/JsonWriter.hpp"
+#include "Rendering/Renderer.hpp"
+#include "Tests/Support/PlacedTexts.hpp"
+#include "Tests/Support/WidgetStates.hpp"
+#include "ViewKit/TreeJson.hpp"
+
+namespace quorvel {
+namespace {
+
+using fixtures::WidgetLayout;
+using fixtures::WidgetState;
+using inspection::inkBox;
+using rendering::Rect;
+using widgetruntime::WidgetFamily;
+
+/// Chooses within the format, with a liking for its edges.
+class Chooser {
+ public:
+  explicit Chooser(unsigned seed) : random_(seed) {}
+
+  std::size_t below(std::size_t end) { return random_() % end; }
+  bool coin() { return below(2) == 0; }
+  template <class T, std::size_t N>
+  T oneOf(const T (&values)[N]) {
+    return values[below(N)];
+  }
+  double amount() {
+    static constexpr double kEdges[] = {
+        0, -0.0, 0.005, -1, 1, 999.5, 15.99, 1e6, -1e9, 9e18, 1e300, -1e308, 5e-324};
+    if (coin()) return oneOf(kEdges);
+    return static_cast<double>(random_() % 2000000) / 100 - 5000;
+  }
+  std::string text() {
+    static constexpr const char* kTexts[] = {"",
+                                             "A",
+                                             "Everyday",
+                                             "two\nlines",
+                                             "نص عربي مع رقم 12",
+                                             "👨‍👩‍👧‍👦",
+                                             "\u202Eabc\u2066",
+                                             "mnmnmnmnmnmnmnmnmnmnmnmnmnmnmnmnmnmnmnmnmnmnmnmnmn",
+                                             "e\u0301\u0301\u0301\u0301\u0301",
+                                             "日本語の長い名前がここに入ります"};
+    return oneOf(kTexts);
+  }
+  std::string day() {
+    static constexpr const char* kDays[] = {
+        "2025-03-14", "2025-03-15", "2025-04-01", "2099-12-31", "2025-02-30", "", "soon", "1-1-1"};
+    return oneOf(kDays);
+  }
+  std::string month() {
+    static constexpr const char* kMonths[] = {"2025-03", "2025-02", "2025-13", "", "March"};
+    return coin() ? "2025-03" : oneOf(kMonths);
+  }
+  std::string color() {
+    static constexpr const char* kColors[] = {"#315792", "#FFFFFF", "#000000", "red", "", "#12"};
+    return oneOf(kColors);
+  }
+  WidgetSnapshot::Shade shade() { return {color(), color()}; }
+  template <class Make>
+  auto maybe(const Make& make) -> std::optional<decltype(make())> {
+    if (coin()) return std::nullopt;
+    return make();
+  }
+  template <class Make>
+  auto list(std::size_t most, const Make& make) {
+    std::vector<decltype(make())> items(below(most + 1));
+    for (auto& item : items) item = make();
+    return items;
+  }
+
+ private:
+  std::mt19937 random_;
+};
+
+WidgetSnapshot randomSnapshot(Chooser& choose) {
+  const auto text = [&] { return choose.text(); };
+  const auto amount = [&] { return choose.amount(); };
+  const auto colors = [&] { return choose.list(4, [&] { return choose.color(); }); };
+  const auto days = [&] { return choose.list(40, amount); };
+  WidgetSnapshot snapshot;
+  snapshot.generatedAt = fixtures::morningOf("2025-03-14");
+  snapshot.isHidden = choose.below(4) == 0;
+  snapshot.lang = std::string{kLanguageCodes[choose.below(kLanguageCount)]};
+  snapshot.money = {.symbol = choose.coin() ? "$" : text(),
+                    .showDecimals = choose.coin(),
+                    .conversionRate = choose.maybe(amount)};
+  snapshot.dues = choose.list(5, [&] {
+    return WidgetSnapshot::Due{.id = text(),
+                               .name = text(),
+                               .amount = amount(),
+                               .dueDate = choose.day(),
+                               .kind = text(),
+                               .cardId = choose.maybe(text),
+                               .face = choose.maybe(colors),
+                               .subtitle = choose.maybe(text),
+                               .brandId = choose.maybe(text),
+                               .symbol = choose.maybe(text)};
+  });
+  snapshot.cards = choose.list(7, [&] {
+    return WidgetSnapshot::Card{.id = text(),
+                                .bankName = text(),
+                                .productName = text(),
+                                .last4 = choose.maybe(text),
+                                .limit = amount(),
+                                .remaining = amount(),
+                                .gradient = colors(),
+                                .hasImage = choose.coin()};
+  });
+  snapshot.totalLimit = amount();
+  snapshot.totalRemaining = amount();
+  snapshot.budget = choose.maybe([&] {
+    return WidgetSnapshot::Budget{.total = amount(),
+                                  .spent = amount(),
+                                  .periodEnd = choose.day(),
+                                  .periodStart = choose.maybe([&] { return choose.day(); })};
+  });
+  snapshot.spending = choose.maybe([&] {
+    return WidgetSnapshot::Spending{
+        .month = choose.month(),
+        .spent = amount(),
+        .lastMonthSpent = amount(),
+        .topCategory = choose.maybe(text),
+        .topCategoryAmount = amount(),
+        .daily = days(),
+        .topCategoryIcon = choose.maybe(text),
+        .topCategoryColor = choose.maybe([&] { return choose.shade(); })};
+  });
+  snapshot.netWorth = choose.maybe([&] {
+    return WidgetSnapshot::NetWorth{
+        .value = amount(),
+        .changePercent = choose.maybe(amount),
+        .assets = amount(),
+        .liabilities = amount(),
+        .history = choose.list(70,
+                               [&] {
+                                 return WidgetSnapshot::NetWorth::Point{choose.month(), amount()};
+                               }),
+        .liquid = choose.maybe(amount),
+        .nonLiquid = choose.maybe(amount)};
+  });
+  snapshot.accent = choose.maybe([&] {
+    return WidgetSnapshot::Accent{choose.shade(), choose.shade(), choose.shade()};
+  });
+  return snapshot;
+}
+
+rendering::Size sizeOf(WidgetFamily family) {
+  static constexpr rendering::Size kSizes[] = {
+      {158, 158}, {338, 158}, {338, 354}, {72, 72}, {160, 72}, {234, 26}};
+  return kSizes[static_cast<std::size_t>(family)];
+}
+
+bool isSound(const Rect& frame) {
+  return std::isfinite(frame.x) && std::isfinite(frame.y) && std::isfinite(frame.width) &&
+         std::isfinite(frame.height) && frame.width >= 0 && frame.height >= 0;
+}
+
+bool overlap(const Rect& a, const Rect& b) {
+  const Rect both = inspection::intersection(a, b);
+  return both.width > 0.5 && both.height > 0.5;
+}
+
+/// What is wrong with a laid-out tree; empty when nothing is.
+std::string faultOf(const rendering::PlacedTree& tree) {
+  const auto found = inspection::find(tree);
+  for (const auto* node : found.all) {
+    if (!isSound(node->frame)) return "a frame is not sound";
+  }
+  std::vector<std::pair<Rect, std::string>> lines;
+  for (const auto& text : found.texts) {
+    for (const auto& line : text.node->text->lines) {
+      const Rect box = inkBox(*text.node->text, line);
+      const std::string& words = text.element().text;
+      if (box.x < -0.5 || box.right() > tree.size.width + 0.5 || box.y < -0.5 ||
+          box.bottom() > tree.size.height + 0.5) {
+        return "\"" + words + "\" leaves the widget";
+      }
+      for (const auto& [other, otherWords] : lines) {
+        if (overlap(box, other)) return "\"" + words + "\" overlaps \"" + otherWords + "\"";
+      }
+      lines.emplace_back(box, words);
+    }
+  }
+  return {};
+}
+
+TEST(RandomDocuments, EveryWidgetLaysThemOutSoundly) {
+  rendering::Renderer renderer;
+  constexpr unsigned kDocuments = 300;
+  for (unsigned seed = 1; seed <= kDocuments; ++seed) {
+    Chooser choose{seed};
+    const WidgetSnapshot snapshot = randomSnapshot(choose);
+    const auto decoded = decodeWidgetSnapshot(encodeWidgetSnapshot(snapshot));
+    ASSERT_TRUE(decoded) << "seed " << seed;
+    ASSERT_EQ(*decoded, snapshot) << "seed " << seed;
+    const WidgetState state{"random", fixtures::morningOf("2025-03-14"), *decoded, {}};
+    for (const WidgetLayout& layout : fixtures::kLayouts) {
+      const auto tree =
+          renderer.place(fixtures::viewOf(layout, state), {.size = sizeOf(layout.family)});
+      EXPECT_EQ(faultOf(tree), "") << layout.name << ", seed " << seed;
+    }
+  }
+}
+
+// ---- size
+
+std::string wireOf(const WidgetLayout& layout, const WidgetState& state) {
+  foundation::JsonWriter writer;
+  viewkit::writeView(writer, fixtures::viewOf(layout, state));
+  return writer.take();
+}
+
+WidgetState decodedState(const WidgetSnapshot& snapshot) {
+  return {"decoded",
+          fixtures::morningOf("2025-03-14"),
+          decodeWidgetSnapshot(encodeWidgetSnapshot(snapshot)).value(),
+          {}};
+}
+
+TEST(LargeDocuments, GiveTreesOfTheSameSize) {
+  WidgetSnapshot few = fixtures::richSnapshot("en", fixtures::morningOf("2025-03-14"));
+  WidgetSnapshot many = few;
+  many.dues.resize(100000, few.dues.front());
+  while (few.cards.size() < 10) few.cards.push_back(few.cards.back());
+  // The count is a text of its own: 10 and 10000 differ by three digits and a comma.
+  many.cards.resize(10000, few.cards.back());
+  const WidgetState small = decodedState(few);
+  const WidgetState large = decodedState(many);
+  for (const WidgetLayout& layout : fixtures::kLayouts) {
+    const std::size_t grown = layout.name == "card-limit-medium" ? 3 : 0;
+    EXPECT_EQ(wireOf(layout, large).size(), wireOf(layout, small).size() + grown) << layout.name;
+  }
+}
+
+TEST(LargeDocuments, LongHistoriesAreCutToWhatCanBeSeen) {
+  WidgetSnapshot snapshot = fixtures::richSnapshot("en", fixtures::morningOf("2025-03-14"));
+  snapshot.netWorth->history.assign(240, {"2025-01", 1});
+  snapshot.spending->daily.assign(31, 5);
+  const WidgetState small = decodedState(snapshot);
+  snapshot.netWorth->history.resize(100000, {"2025-01", 1});
+  snapshot.spending->daily.resize(100000, 5);
+  const WidgetState large = decodedState(snapshot);
+  for (const WidgetLayout& layout : fixtures::kLayouts) {
+    EXPECT_EQ(wireOf(layout, large).size(), wireOf(layout, small).size()) << layout.name;
+  }
+}
+
+TEST(LargeDocuments, ANameOfAMegabyteStillGivesAReadableTree) {
+  const std::string name(1 << 20, 'n');
+  WidgetSnapshot snapshot =
+      fixtures::renamed(fixtures::richSnapshot("en", fixtures::morningOf("2025-03-14")), name);
+  snapshot.money.symbol = name;
+  for (auto& card : snapshot.cards) card.id = card.bankName = card.last4.emplace(name);
+  for (auto& due : snapshot.dues) {
+    due.id = due.cardId.emplace(name);
+    due.brandId = due.symbol = name;
+  }
+  snapshot.spending->topCategoryIcon = name;
+  const WidgetState state = decodedState(snapshot);
+  for (const WidgetLayout& layout : fixtures::kLayouts) {
+    const std::string wire = wireOf(layout, state);
+    EXPECT_LT(wire.size(), std::size_t{1} << 20) << layout.name;
+    const auto json = foundation::parseJson(wire);
+    ASSERT_TRUE(json) << layout.name;
+    const auto view = viewkit::readView(*json);
+    EXPECT_TRUE(view) << layout.name << ": " << (view ? "" : view.error());
+  }
+}
+
+}  // namespace
+}  // namespace quorvel

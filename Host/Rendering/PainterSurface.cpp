@@ -69,16 +69,17 @@ void SurfaceSink::span(int x, int y, int length, std::uint32_t coverage) {
 }
 
 void SurfaceSink::row(int x, int y, int length, const std::uint8_t* coverage) {
-  if (mask_ || !source_.isSolid()) {
+  if (!source_.isSolid()) {
     for (int i = 0; i < length; ++i) {
       if (coverage[i] != 0) span(x + i, y, 1, coverage[i]);
     }
     return;
   }
   std::uint32_t* to = surface_.row(y) + x;
+  const std::uint8_t* mask = mask_ ? mask_->row(y) + x : nullptr;
   const std::uint32_t color = source_.color();
   for (int i = 0; i < length; ++i) {
-    const std::uint32_t c = coverage[i];
+    const std::uint32_t c = mask ? scaleByte(coverage[i], mask[i]) : coverage[i];
     if (c == 0) continue;
     to[i] = over(c == 255 ? color : scalePixel(color, c), to[i]);
   }

@@ -11,22 +11,52 @@ namespace {
 
 constexpr std::size_t kKept = 16;
 
-/// One pass over `count` values `step` apart; `line` is scratch.
-void meanPass(std::uint8_t* values,
-              int count,
-              std::ptrdiff_t step,
-              int radius,
-              std::vector<std::uint8_t>& line) {
-  line.resize(static_cast<std::size_t>(count));
-  for (int i = 0; i < count; ++i) line[i] = values[i * step];
-  const std::uint32_t size = static_cast<std::uint32_t>(2 * radius + 1);
-  const std::uint32_t factor = (1u << 24) / size;
+/// A sum of values within the radius becomes their mean.
+class Mean {
+ public:
+  explicit Mean(int radius) : factor_((1u << 24) / static_cast<std::uint32_t>(2 * radius + 1)) {}
+  [[nodiscard]] std::uint8_t of(std::uint32_t sum) const {
+    // At most 255 * 2^24 + 2^23, so 32 bits hold it.
+    return static_cast<std::uint8_t>((sum * factor_ + (1u << 23)) >> 24);
+  }
+
+ private:
+  std::uint32_t factor_;
+};
+
+/// One pass over a row; `line` is scratch.
+void meanAlong(std::uint8_t* values, int count, int radius, std::vector<std::uint8_t>& line) {
+  line.assign(values, values + count);
+  const Mean mean(radius);
   std::uint32_t sum = 0;
   for (int i = 0; i < std::min(radius, count); ++i) sum += line[i];
   for (int i = 0; i < count; ++i) {
     if (i + radius < count) sum += line[i + radius];
-    values[i * step] = static_cast<std::uint8_t>((std::uint64_t{sum} * factor + (1u << 23)) >> 24);
+    values[i] = mean.of(sum);
     if (i - radius >= 0) sum -= line[i - radius];
+  }
+}
+
+/// One pass over all columns at once, row after row as they lie in memory.
+void meanAcross(std::vector<std::uint8_t>& values, int width, int height, int radius) {
+  const std::vector<std::uint8_t> before = values;
+  const auto rowOf = [width](auto& rows, int y) {
+    return rows.data() + static_cast<std::ptrdiff_t>(y) * width;
+  };
+  std::vector<std::uint32_t> sums(static_cast<std::size_t>(width));
+  const auto add = [&](int y) {
+    const std::uint8_t* row = rowOf(before, y);
+    for (int x = 0; x < width; ++x) sums[x] += row[x];
+  };
+  const Mean mean(radius);
+  for (int y = 0; y < std::min(radius, height); ++y) add(y);
+  for (int y = 0; y < height; ++y) {
+    if (y + radius < height) add(y + radius);
+    std::uint8_t* to = rowOf(values, y);
+    for (int x = 0; x < width; ++x) to[x] = mean.of(sums[x]);
+    if (y < radius) continue;
+    const std::uint8_t* leaves = rowOf(before, y - radius);
+    for (int x = 0; x < width; ++x) sums[x] -= leaves[x];
   }
 }
 
@@ -60,9 +90,9 @@ void blur(std::vector<std::uint8_t>& coverage, int width, int height, double dev
     const int radius = lower + (pass < wider ? 1 : 0);
     if (radius == 0) continue;
     for (int y = 0; y < height; ++y) {
-      meanPass(coverage.data() + static_cast<std::ptrdiff_t>(y) * width, width, 1, radius, line);
+      meanAlong(coverage.data() + static_cast<std::ptrdiff_t>(y) * width, width, radius, line);
     }
-    for (int x = 0; x < width; ++x) meanPass(coverage.data() + x, height, width, radius, line);
+    meanAcross(coverage, width, height, radius);
   }
 }
 

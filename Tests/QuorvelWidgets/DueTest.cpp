@@ -150,7 +150,8 @@ TEST(DueWidgetView, TheSmallLayoutNamesTheDay) {
   EXPECT_THAT(inspection::texts(view(entry, WidgetFamily::systemSmall)),
               ElementsAre("N", "3d left", "Netflix", "$125", "Due Mar 17"));
   entry.snapshot->dues[0].subtitle = "Monthly";
-  EXPECT_THAT(inspection::texts(view(entry, WidgetFamily::systemLarge)), Contains("\u2068Monthly\u2069"));
+  EXPECT_THAT(inspection::texts(view(entry, WidgetFamily::systemLarge)),
+              Contains("\u2068Monthly\u2069"));
 }
 
 DueTile tile(const WidgetSnapshot::Due& due, RenderingMode mode = RenderingMode::fullColor) {

@@ -174,7 +174,7 @@ TEST(Dispatcher, EndsATimelineOfLargeEntriesWhereTheMessageIsFull) {
 TEST(Dispatcher, RefusesWhatCannotBeSent) {
   const auto timeline = timelineOf("Huge");
   ASSERT_FALSE(timeline);
-  EXPECT_THAT(timeline.error(), testing::StartsWith("an entry of Huge takes 2200"));
+  EXPECT_THAT(timeline.error(), testing::StartsWith("an entry of Huge takes 220"));
 }
 
 TEST(Dispatcher, SaysNothingOfWhatABundleThrew) {

@@ -83,8 +83,15 @@ struct ThrowingProvider {
 
 inline viewkit::View body(const Entry& entry, const Environment& environment) {
   const std::string text = environment.redactionReasons.privacy ? "hidden" : entry.text;
-  return viewkit::Text{text}.widgetURL("fake://open/" +
-                                       std::string(name(environment.familyInForce())));
+  const std::string link = "fake://open/" + std::string(name(environment.familyInForce()));
+  // One text may not be longer than a tree's strings: a large entry has many.
+  constexpr std::size_t kPiece = 16'000;
+  if (text.size() <= kPiece) return viewkit::Text{text}.widgetURL(link);
+  std::vector<viewkit::View> pieces;
+  for (std::size_t at = 0; at < text.size(); at += kPiece) {
+    pieces.push_back(viewkit::Text{text.substr(at, kPiece)});
+  }
+  return viewkit::VStack{{}, std::move(pieces)}.widgetURL(link);
 }
 
 inline widgetruntime::IntentDescription cardIntent() {

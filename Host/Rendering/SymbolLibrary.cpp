@@ -148,20 +148,22 @@ void append(std::vector<SymbolLayer>& to, std::vector<SymbolLayer> layers, bool 
   }
 }
 
-std::vector<SymbolLayer> compose(FontLibrary& fonts, const SymbolSpec& spec, FontWeight weight) {
+std::vector<SymbolLayer> compose(FontLibrary& fonts,
+                                 const SymbolRecipe& recipe,
+                                 FontWeight weight) {
   std::vector<SymbolLayer> layers;
-  const bool contained = spec.container != SymbolContainer::none;
-  if (contained) layers.push_back(containerLayer(spec.container, weight));
+  const bool contained = recipe.container != SymbolContainer::none;
+  if (contained) layers.push_back(containerLayer(recipe.container, weight));
   const bool cutsOut = contained && layers.front().fills;
   append(layers,
-         spec.icon >= 0 ? placedIcon(spec.icon, weight, contained ? kContained : 1, 0, 0)
-                        : letterLayers(fonts, spec.letters),
+         recipe.icon >= 0 ? placedIcon(recipe.icon, weight, contained ? kContained : 1, 0, 0)
+                          : letterLayers(fonts, recipe.letters),
          cutsOut);
-  if (spec.badge >= 0) {
+  if (recipe.badge >= 0) {
     SymbolLayer ring;
     appendCircle(ring.path, {kBadgeX, kBadgeY}, kBootstrapBox / 2 * kContained + kBadgeGap);
     append(layers, {ring}, true);
-    append(layers, placedIcon(spec.badge, weight, kContained, kBadgeX, kBadgeY));
+    append(layers, placedIcon(recipe.badge, weight, kContained, kBadgeX, kBadgeY));
   }
   return layers;
 }

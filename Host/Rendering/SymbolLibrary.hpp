@@ -18,20 +18,20 @@ namespace rendering {
 enum class SymbolContainer : std::uint8_t { none, circle, solidCircle, square, solidSquare };
 
 /// What a name stands for.
-struct SymbolSpec {
+struct SymbolRecipe {
   int icon = -1;   ///< -1: `letters` stand in its place
   int badge = -1;  ///< an icon, or -1
   SymbolContainer container = SymbolContainer::none;
   std::string letters;  ///< in capitals
-  friend bool operator==(const SymbolSpec&, const SymbolSpec&) = default;
+  friend bool operator==(const SymbolRecipe&, const SymbolRecipe&) = default;
 };
 
 /// A row of the table.
-[[nodiscard]] std::optional<SymbolSpec> findSymbol(std::string_view name);
+[[nodiscard]] std::optional<SymbolRecipe> findSymbol(std::string_view name);
 
 /// Every name gives a symbol: its own row; without its last modifiers; the longest known beginning;
 /// letters in a container; then `fallback` by the same rules; at last a tag.
-[[nodiscard]] SymbolSpec resolveSymbol(std::string_view name, std::string_view fallback = {});
+[[nodiscard]] SymbolRecipe resolveSymbol(std::string_view name, std::string_view fallback = {});
 
 /// Names that turn round where text runs from right to left.
 [[nodiscard]] bool mirrorsInRightToLeft(std::string_view name);

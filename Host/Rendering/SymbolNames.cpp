@@ -33,68 +33,68 @@ std::string_view withoutModifier(std::string_view name) {
   return modifier ? name.substr(0, dot) : std::string_view{};
 }
 
-std::optional<SymbolSpec> findWithOrWithoutFill(std::string_view name, bool filledFirst) {
+std::optional<SymbolRecipe> findWithOrWithoutFill(std::string_view name, bool filledFirst) {
   const std::string filled = std::string(name) + ".fill";
-  if (auto spec = findSymbol(filledFirst ? std::string_view(filled) : name)) return spec;
+  if (auto recipe = findSymbol(filledFirst ? std::string_view(filled) : name)) return recipe;
   return findSymbol(filledFirst ? name : std::string_view(filled));
 }
 
 /// "7.circle.fill", "a.square": up to two digits or one letter in a container.
-std::optional<SymbolSpec> lettersInContainer(std::string_view name) {
+std::optional<SymbolRecipe> lettersInContainer(std::string_view name) {
   const std::size_t dot = name.find('.');
   if (dot == std::string_view::npos) return std::nullopt;
   const std::string_view letters = name.substr(0, dot);
   const bool letter = letters.size() == 1 && letters[0] >= 'a' && letters[0] <= 'z';
   if (!letter && !(isNumber(letters) && letters.size() <= 2)) return std::nullopt;
-  SymbolSpec spec;
+  SymbolRecipe recipe;
   const std::string_view shape = name.substr(dot + 1);
   if (shape == "circle")
-    spec.container = SymbolContainer::circle;
+    recipe.container = SymbolContainer::circle;
   else if (shape == "circle.fill")
-    spec.container = SymbolContainer::solidCircle;
+    recipe.container = SymbolContainer::solidCircle;
   else if (shape == "square")
-    spec.container = SymbolContainer::square;
+    recipe.container = SymbolContainer::square;
   else if (shape == "square.fill")
-    spec.container = SymbolContainer::solidSquare;
+    recipe.container = SymbolContainer::solidSquare;
   else
     return std::nullopt;
   for (char c : letters) {
-    spec.letters += static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+    recipe.letters += static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
   }
-  return spec;
+  return recipe;
 }
 
-std::optional<SymbolSpec> resolveKnown(std::string_view name) {
-  if (auto spec = findSymbol(name)) return spec;
+std::optional<SymbolRecipe> resolveKnown(std::string_view name) {
+  if (auto recipe = findSymbol(name)) return recipe;
   const bool filled = name.ends_with(".fill");
   for (auto rest = withoutModifier(name); !rest.empty(); rest = withoutModifier(rest)) {
-    if (auto spec = findWithOrWithoutFill(rest, filled)) return spec;
+    if (auto recipe = findWithOrWithoutFill(rest, filled)) return recipe;
   }
   for (std::size_t dot = name.rfind('.'); dot != std::string_view::npos && dot > 0;
        dot = name.rfind('.', dot - 1)) {
-    if (auto spec = findWithOrWithoutFill(name.substr(0, dot), filled)) return spec;
+    if (auto recipe = findWithOrWithoutFill(name.substr(0, dot), filled)) return recipe;
   }
   return lettersInContainer(name);
 }
 
 }  // namespace
 
-std::optional<SymbolSpec> findSymbol(std::string_view name) {
+std::optional<SymbolRecipe> findSymbol(std::string_view name) {
   const auto nameOf = [](const NameRow& row) {
     return std::string_view(symboldata::kNameText + row.name);
   };
   const NameRow* end = symboldata::kNames + symboldata::kNameCount;
   const NameRow* row = std::ranges::lower_bound(symboldata::kNames, end, name, {}, nameOf);
   if (row == end || nameOf(*row) != name) return std::nullopt;
-  return SymbolSpec{row->icon, row->badge, static_cast<SymbolContainer>(row->container), {}};
+  return SymbolRecipe{row->icon, row->badge, static_cast<SymbolContainer>(row->container), {}};
 }
 
-SymbolSpec resolveSymbol(std::string_view name, std::string_view fallback) {
-  if (auto spec = resolveKnown(name)) return *std::move(spec);
+SymbolRecipe resolveSymbol(std::string_view name, std::string_view fallback) {
+  if (auto recipe = resolveKnown(name)) return *std::move(recipe);
   if (!fallback.empty()) {
-    if (auto spec = resolveKnown(fallback)) return *std::move(spec);
+    if (auto recipe = resolveKnown(fallback)) return *std::move(recipe);
   }
-  return findSymbol(kGeneric).value_or(SymbolSpec{});
+  return findSymbol(kGeneric).value_or(SymbolRecipe{});
 }
 
 bool mirrorsInRightToLeft(std::string_view name) {

@@ -53,9 +53,9 @@ TEST(Symbol, EveryRowResolvesToAnOutlineInItsBox) {
   ASSERT_EQ(names.size(), symboldata::kNameCount);
   ASSERT_GT(names.size(), 1600u);
   for (const std::string& name : names) {
-    const auto spec = findSymbol(name);
-    ASSERT_TRUE(spec) << name;
-    const auto layers = iconLayers(spec->icon);
+    const auto recipe = findSymbol(name);
+    ASSERT_TRUE(recipe) << name;
+    const auto layers = iconLayers(recipe->icon);
     ASSERT_FALSE(layers.empty()) << name;
     for (const SymbolLayer& layer : layers) {
       ASSERT_FALSE(layer.path.empty()) << name;
@@ -92,10 +92,10 @@ TEST(Symbol, ThenTheLongestKnownBeginningCounts) {
 }
 
 TEST(Symbol, LettersAndNumbersStandInTheirContainer) {
-  const SymbolSpec seven = resolveSymbol("7.circle.fill");
+  const SymbolRecipe seven = resolveSymbol("7.circle.fill");
   EXPECT_EQ(seven.letters, "7");
   EXPECT_EQ(seven.container, SymbolContainer::solidCircle);
-  const SymbolSpec q = resolveSymbol("q.square");
+  const SymbolRecipe q = resolveSymbol("q.square");
   EXPECT_EQ(q.letters, "Q");
   EXPECT_EQ(q.container, SymbolContainer::square);
 }

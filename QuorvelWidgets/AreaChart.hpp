@@ -9,6 +9,9 @@
 
 namespace quorvel {
 
+/// Kept free at a chart's trailing end, so that the dot ends at the margin.
+inline constexpr double kChartEndInset = 5;
+
 /// Takes the whole proposal. Decorative for assistive technology; covered where the host redacts.
 struct AreaChart : viewkit::Modifiers<AreaChart> {
   static constexpr std::string_view kName = "AreaChart";
@@ -16,7 +19,7 @@ struct AreaChart : viewkit::Modifiers<AreaChart> {
   std::vector<double> points;  ///< oldest first
   viewkit::Color accent;       ///< of the line
   bool showsGrid = false;
-  double endInset = 5;  ///< kept free at the trailing end, for the dot
+  double endInset = kChartEndInset;
   widgetruntime::RenderingMode renderingMode = widgetruntime::RenderingMode::fullColor;
 
   [[nodiscard]] viewkit::View body() const;
@@ -28,7 +31,7 @@ struct HiddenChart : viewkit::Modifiers<HiddenChart> {
 
   viewkit::Color color;
   bool showsGrid = false;
-  double endInset = 5;
+  double endInset = kChartEndInset;
   widgetruntime::RenderingMode renderingMode = widgetruntime::RenderingMode::fullColor;
 
   [[nodiscard]] viewkit::View body() const;

@@ -1,5 +1,6 @@
 #include <vector>
 
+#include "QuorvelWidgets/AreaChart.hpp"
 #include "QuorvelWidgets/ChartGeometry.hpp"
 #include "QuorvelWidgets/NetWorthContent.hpp"
 #include "QuorvelWidgets/WidgetSupport/Amount.hpp"
@@ -12,8 +13,6 @@ namespace quorvel {
 using namespace viewkit;
 
 namespace {
-
-constexpr double kEndInset = 5;
 
 View hero(const NetWorthContent& content) {
   // The privacy note has no figure to share a baseline with.
@@ -43,7 +42,7 @@ View monthLabel(const NetWorthContent& content, std::size_t index, std::size_t c
     return label.frame(first);
   }
   const double along = static_cast<double>(index) / static_cast<double>(count - 1);
-  return label.position((kWidth - kEndInset) * along, kHeight / 2);
+  return label.position((kWidth - kChartEndInset) * along, kHeight / 2);
 }
 
 View monthLabels(const NetWorthContent& content) {

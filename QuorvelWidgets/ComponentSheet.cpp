@@ -3,7 +3,7 @@
 #include <limits>
 #include <utility>
 
-#include "QuorvelWidgets/SpentGauge.hpp"
+#include "QuorvelWidgets/SafeToSpend/SpentGauge.hpp"
 #include "QuorvelWidgets/WidgetSupport/AccessoryBackdrop.hpp"
 #include "QuorvelWidgets/WidgetSupport/Amount.hpp"
 #include "QuorvelWidgets/WidgetSupport/CardArtTile.hpp"

@@ -1,11 +1,11 @@
 #include "QuorvelWidgets/QuorvelWidgetsBundle.hpp"
 
-#include "QuorvelWidgets/AddExpenseIntent.hpp"
-#include "QuorvelWidgets/CardLimitWidget.hpp"
-#include "QuorvelWidgets/DueWidget.hpp"
-#include "QuorvelWidgets/NetWorthWidget.hpp"
-#include "QuorvelWidgets/SafeToSpendWidget.hpp"
-#include "QuorvelWidgets/SpendingWidget.hpp"
+#include "QuorvelWidgets/AddExpense/AddExpenseIntent.hpp"
+#include "QuorvelWidgets/CardLimit/CardLimitWidget.hpp"
+#include "QuorvelWidgets/Due/DueWidget.hpp"
+#include "QuorvelWidgets/NetWorth/NetWorthWidget.hpp"
+#include "QuorvelWidgets/SafeToSpend/SafeToSpendWidget.hpp"
+#include "QuorvelWidgets/Spending/SpendingWidget.hpp"
 
 namespace quorvel {
 

@@ -9,8 +9,8 @@
 
 #include "Foundation/DayString.hpp"
 #include "Foundation/FileManager.hpp"
-#include "QuorvelWidgets/SafeToSpendMetrics.hpp"
-#include "QuorvelWidgets/UpcomingDues.hpp"
+#include "QuorvelWidgets/Due/UpcomingDues.hpp"
+#include "QuorvelWidgets/SafeToSpend/SafeToSpendMetrics.hpp"
 
 namespace quorvel {
 

@@ -16,10 +16,11 @@ target_compile_options(
             -Wno-missing-field-initializers
             -fno-omit-frame-pointer)
 
-# quorvel_room(NAME INCLUDE_ROOT dir SEES targets... USES libraries...): SEES are public, USES private.
+# quorvel_room(NAME INCLUDE_ROOT dir FOLDER dir SEES targets... USES libraries...): the sources of FOLDER (the current
+# one); SEES are public, USES private.
 function(quorvel_room name)
-  cmake_parse_arguments(ROOM "" "INCLUDE_ROOT" "SEES;USES" ${ARGN})
-  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
+  cmake_parse_arguments(ROOM "" "INCLUDE_ROOT;FOLDER" "SEES;USES" ${ARGN})
+  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${ROOM_FOLDER}/*.cpp)
   list(FILTER sources EXCLUDE REGEX "/main\\.cpp$")
   add_library(${name} STATIC ${sources})
   target_include_directories(${name} PUBLIC ${ROOM_INCLUDE_ROOT})
@@ -35,6 +36,7 @@ function(quorvel_tests name)
   file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
   add_executable(${name} ${sources})
   target_link_libraries(${name} PRIVATE quorvel_options ${ROOM_SEES} GTest::gmock GTest::gtest_main)
+  target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR})
   target_compile_definitions(${name} PRIVATE QUORVEL_SOURCE_DIR="${CMAKE_SOURCE_DIR}"
                                              QUORVEL_BINARY_DIR="${CMAKE_BINARY_DIR}")
   gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST PROPERTIES TIMEOUT 120)

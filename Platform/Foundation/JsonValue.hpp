@@ -20,15 +20,15 @@ class JsonValue {
                                                                   ///< equal keys counts
 
   JsonValue() = default;
-  JsonValue(std::nullptr_t) {}                               // NOLINT(google-explicit-constructor)
-  JsonValue(bool v) : value_(v) {}                           // NOLINT(google-explicit-constructor)
-  JsonValue(double v) : value_(v) {}                         // NOLINT(google-explicit-constructor)
-  JsonValue(int v) : value_(static_cast<double>(v)) {}       // NOLINT(google-explicit-constructor)
-  JsonValue(std::string v) : value_(std::move(v)) {}         // NOLINT(google-explicit-constructor)
-  JsonValue(std::string_view v) : value_(std::string(v)) {}  // NOLINT(google-explicit-constructor)
-  JsonValue(const char* v) : value_(std::string(v)) {}       // NOLINT(google-explicit-constructor)
-  JsonValue(Array v) : value_(std::move(v)) {}               // NOLINT(google-explicit-constructor)
-  JsonValue(Object v) : value_(std::move(v)) {}              // NOLINT(google-explicit-constructor)
+  JsonValue(std::nullptr_t) {}
+  JsonValue(bool v) : value_(v) {}
+  JsonValue(double v) : value_(v) {}
+  JsonValue(int v) : value_(static_cast<double>(v)) {}
+  JsonValue(std::string v) : value_(std::move(v)) {}
+  JsonValue(std::string_view v) : value_(std::string(v)) {}
+  JsonValue(const char* v) : value_(std::string(v)) {}
+  JsonValue(Array v) : value_(std::move(v)) {}
+  JsonValue(Object v) : value_(std::move(v)) {}
 
   [[nodiscard]] bool isNull() const { return value_.index() == 0; }
   /// Null when the value is of another type.

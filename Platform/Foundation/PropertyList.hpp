@@ -27,15 +27,15 @@ class PropertyList {
   using Dictionary = std::map<std::string, PropertyList, std::less<>>;
 
   PropertyList() : value_(Dictionary()) {}
-  PropertyList(bool v) : value_(v) {}                      // NOLINT(google-explicit-constructor)
-  PropertyList(std::int64_t v) : value_(v) {}              // NOLINT(google-explicit-constructor)
-  PropertyList(double v) : value_(v) {}                    // NOLINT(google-explicit-constructor)
-  PropertyList(std::string v) : value_(std::move(v)) {}    // NOLINT(google-explicit-constructor)
-  PropertyList(const char* v) : value_(std::string(v)) {}  // NOLINT(google-explicit-constructor)
-  PropertyList(Instant v) : value_(v) {}                   // NOLINT(google-explicit-constructor)
-  PropertyList(Data v) : value_(std::move(v)) {}           // NOLINT(google-explicit-constructor)
-  PropertyList(Array v) : value_(std::move(v)) {}          // NOLINT(google-explicit-constructor)
-  PropertyList(Dictionary v) : value_(std::move(v)) {}     // NOLINT(google-explicit-constructor)
+  PropertyList(bool v) : value_(v) {}
+  PropertyList(std::int64_t v) : value_(v) {}
+  PropertyList(double v) : value_(v) {}
+  PropertyList(std::string v) : value_(std::move(v)) {}
+  PropertyList(const char* v) : value_(std::string(v)) {}
+  PropertyList(Instant v) : value_(v) {}
+  PropertyList(Data v) : value_(std::move(v)) {}
+  PropertyList(Array v) : value_(std::move(v)) {}
+  PropertyList(Dictionary v) : value_(std::move(v)) {}
 
   /// Null when the value is of another type.
   [[nodiscard]] const bool* boolean() const { return std::get_if<bool>(&value_); }

@@ -18,7 +18,7 @@ class Length {
   /// `factor * min(a, b)` or `factor * max(a, b)`.
   struct Term;
 
-  // NOLINTNEXTLINE(google-explicit-constructor): 4 is a length
+  // Implicit: 4 is a length.
   Length(double points = 0) : points_(points + kNoSign) {}
   Length(double width, double height, double points)
       : width_(width + kNoSign), height_(height + kNoSign), points_(points + kNoSign) {}

@@ -28,7 +28,7 @@ namespace viewkit {
 /// The View's modifiers on everything that converts to a View.
 template <class Self>
 struct Modifiers {
-  // NOLINTNEXTLINE(google-explicit-constructor): it stands for a View
+  // Implicit: it stands for a View.
   operator View() const { return self(); }
 
   [[nodiscard]] View frame(FixedFrame f) const { return self().frame(std::move(f)); }

@@ -8,8 +8,6 @@
 
 #include <array>
 #include <cstdlib>
-#include <fstream>
-#include <sstream>
 #include <stdexcept>
 
 namespace cli {
@@ -97,28 +95,6 @@ Outcome runHost(const Words& words, const std::map<std::string, std::string>& en
   ::close(out.ends[0]);
   ::close(errors.ends[0]);
   return outcome;
-}
-
-TemporaryFolder::TemporaryFolder() {
-  std::string name = (fs::temp_directory_path() / "quorvel-cli-XXXXXX").string();
-  if (::mkdtemp(name.data()) == nullptr) throw std::runtime_error("no temporary folder");
-  path_ = name;
-}
-
-TemporaryFolder::~TemporaryFolder() {
-  std::error_code ignored;
-  fs::remove_all(path_, ignored);
-}
-
-std::string TemporaryFolder::write(const std::string& name, const std::string& text) const {
-  std::ofstream(path_ / name, std::ios::binary) << text;
-  return (path_ / name).string();
-}
-
-std::string contentsOf(const fs::path& file) {
-  std::ostringstream text;
-  text << std::ifstream(file, std::ios::binary).rdbuf();
-  return text.str();
 }
 
 }  // namespace cli

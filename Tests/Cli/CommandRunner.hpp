@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "Tests/Support/TemporaryFolder.hpp"
+
 namespace cli {
 
 struct Outcome {
@@ -25,22 +27,7 @@ using Words = std::vector<std::string>;
 [[nodiscard]] Outcome runHost(const Words& words,
                               const std::map<std::string, std::string>& environment = {});
 
-/// A folder of its own, removed with everything in it.
-class TemporaryFolder {
- public:
-  TemporaryFolder();
-  ~TemporaryFolder();
-  TemporaryFolder(const TemporaryFolder&) = delete;
-  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-
-  [[nodiscard]] const std::filesystem::path& path() const { return path_; }
-  /// Writes a file and returns its path.
-  std::string write(const std::string& name, const std::string& text) const;
-
- private:
-  std::filesystem::path path_;
-};
-
-[[nodiscard]] std::string contentsOf(const std::filesystem::path& file);
+using testsupport::contentsOf;
+using testsupport::TemporaryFolder;
 
 }  // namespace cli

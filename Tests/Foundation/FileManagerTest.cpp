@@ -4,33 +4,35 @@
 #include <unistd.h>
 
 #include "Foundation/FileManager.hpp"
-#include "TemporaryFolder.hpp"
+#include "Tests/Support/TemporaryFolder.hpp"
 
 namespace foundation {
 namespace {
+
+using testsupport::TemporaryFolder;
 
 TEST(ReadFile, GivesTheBytesOfARegularFile) {
   const TemporaryFolder folder;
   folder.write("a", std::string_view("x\0y", 3));
   folder.write("empty", "");
-  EXPECT_EQ(readFile(folder.path("a")), std::string("x\0y", 3));
-  EXPECT_EQ(readFile(folder.path("empty")), "");
-  EXPECT_EQ(contentsOfFile(folder.path("a")), std::string("x\0y", 3));
+  EXPECT_EQ(readFile(folder.at("a")), std::string("x\0y", 3));
+  EXPECT_EQ(readFile(folder.at("empty")), "");
+  EXPECT_EQ(contentsOfFile(folder.at("a")), std::string("x\0y", 3));
 }
 
 TEST(ReadFile, LimitIsInclusive) {
   const TemporaryFolder folder;
   folder.write("a", "12345");
-  EXPECT_EQ(readFile(folder.path("a"), 5), "12345");
-  EXPECT_EQ(readFile(folder.path("a"), 4), std::unexpected(FileError::tooLarge));
+  EXPECT_EQ(readFile(folder.at("a"), 5), "12345");
+  EXPECT_EQ(readFile(folder.at("a"), 4), std::unexpected(FileError::tooLarge));
 }
 
 TEST(ReadFile, HundredMegabytesAreRefusedBySizeAlone) {
   const TemporaryFolder folder;
   folder.write("large", "");
-  std::filesystem::resize_file(folder.path("large"), 100'000'000);
-  EXPECT_EQ(readFile(folder.path("large")), std::unexpected(FileError::tooLarge));
-  EXPECT_EQ(contentsOfFile(folder.path("large")), std::nullopt);
+  std::filesystem::resize_file(folder.at("large"), 100'000'000);
+  EXPECT_EQ(readFile(folder.at("large")), std::unexpected(FileError::tooLarge));
+  EXPECT_EQ(contentsOfFile(folder.at("large")), std::nullopt);
 }
 
 TEST(ReadFile, FilesThatGrowBeyondTheirSizeStillMeetTheLimit) {
@@ -41,35 +43,35 @@ TEST(ReadFile, FilesThatGrowBeyondTheirSizeStillMeetTheLimit) {
 
 TEST(ReadFile, MissingFileAndDanglingLink) {
   const TemporaryFolder folder;
-  std::filesystem::create_symlink(folder.path("nowhere"), folder.path("link"));
-  EXPECT_EQ(readFile(folder.path("nowhere")), std::unexpected(FileError::missing));
-  EXPECT_EQ(readFile(folder.path("link")), std::unexpected(FileError::missing));
-  EXPECT_EQ(readFile(folder.path("nowhere/below")), std::unexpected(FileError::missing));
+  std::filesystem::create_symlink(folder.at("nowhere"), folder.at("link"));
+  EXPECT_EQ(readFile(folder.at("nowhere")), std::unexpected(FileError::missing));
+  EXPECT_EQ(readFile(folder.at("link")), std::unexpected(FileError::missing));
+  EXPECT_EQ(readFile(folder.at("nowhere/below")), std::unexpected(FileError::missing));
   EXPECT_EQ(readFile(""), std::unexpected(FileError::missing));
 }
 
 TEST(ReadFile, LinkToAFileIsFollowed) {
   const TemporaryFolder folder;
   folder.write("a", "x");
-  std::filesystem::create_symlink(folder.path("a"), folder.path("link"));
-  EXPECT_EQ(readFile(folder.path("link")), "x");
+  std::filesystem::create_symlink(folder.at("a"), folder.at("link"));
+  EXPECT_EQ(readFile(folder.at("link")), "x");
 }
 
 TEST(ReadFile, LinkToItselfIsUnreadable) {
   const TemporaryFolder folder;
-  std::filesystem::create_symlink(folder.path("loop"), folder.path("loop"));
-  EXPECT_EQ(readFile(folder.path("loop")), std::unexpected(FileError::unreadable));
+  std::filesystem::create_symlink(folder.at("loop"), folder.at("loop"));
+  EXPECT_EQ(readFile(folder.at("loop")), std::unexpected(FileError::unreadable));
 }
 
 TEST(ReadFile, DirectoryIsNoFile) {
   const TemporaryFolder folder;
-  EXPECT_EQ(readFile(folder.path()), std::unexpected(FileError::notRegular));
+  EXPECT_EQ(readFile(folder.path().string()), std::unexpected(FileError::notRegular));
 }
 
 TEST(ReadFile, PipeWithoutAWriterDoesNotBlock) {
   const TemporaryFolder folder;
-  ASSERT_EQ(::mkfifo(folder.path("pipe").c_str(), 0600), 0);
-  EXPECT_EQ(readFile(folder.path("pipe")), std::unexpected(FileError::notRegular));
+  ASSERT_EQ(::mkfifo(folder.at("pipe").c_str(), 0600), 0);
+  EXPECT_EQ(readFile(folder.at("pipe")), std::unexpected(FileError::notRegular));
 }
 
 TEST(ReadFile, DevicesAreNoFiles) {
@@ -81,8 +83,8 @@ TEST(ReadFile, FileWithoutPermission) {
   if (::geteuid() == 0) GTEST_SKIP() << "root may read everything";
   const TemporaryFolder folder;
   folder.write("secret", "x");
-  ASSERT_EQ(::chmod(folder.path("secret").c_str(), 0), 0);
-  EXPECT_EQ(readFile(folder.path("secret")), std::unexpected(FileError::notPermitted));
+  ASSERT_EQ(::chmod(folder.at("secret").c_str(), 0), 0);
+  EXPECT_EQ(readFile(folder.at("secret")), std::unexpected(FileError::notPermitted));
 }
 
 TEST(ReadFile, PathWithANulNamesNothing) {
@@ -109,24 +111,25 @@ TEST(PathComponents, AreJoinedByExactlyOneSlash) {
 
 TEST(Container, IsTheGroupsFolderBelowTheRoot) {
   const TemporaryFolder folder;
-  std::filesystem::create_directory(folder.path("group.app.x"));
-  const FileManager files(folder.path());
+  std::filesystem::create_directory(folder.at("group.app.x"));
+  const FileManager files(folder.path().string());
   EXPECT_EQ(files.containerURLForSecurityApplicationGroupIdentifier("group.app.x"),
-            folder.path("group.app.x"));
+            folder.at("group.app.x"));
   EXPECT_EQ(files.containerURLForSecurityApplicationGroupIdentifier("group.app.y"), std::nullopt);
 }
 
 TEST(Container, MustBeADirectory) {
   const TemporaryFolder folder;
   folder.write("file", "x");
-  EXPECT_EQ(FileManager(folder.path()).containerURLForSecurityApplicationGroupIdentifier("file"),
-            std::nullopt);
+  EXPECT_EQ(
+      FileManager(folder.path().string()).containerURLForSecurityApplicationGroupIdentifier("file"),
+      std::nullopt);
 }
 
 TEST(Container, IdentifierIsOnePlainFolderName) {
   const TemporaryFolder folder;
-  std::filesystem::create_directories(folder.path("a/b"));
-  const FileManager files(folder.path("a"));
+  std::filesystem::create_directories(folder.at("a/b"));
+  const FileManager files(folder.at("a"));
   for (const char* identifier : {"", ".", "..", "b/", "/b", "../a", "b/../b"}) {
     EXPECT_EQ(files.containerURLForSecurityApplicationGroupIdentifier(identifier), std::nullopt)
         << identifier;
@@ -137,11 +140,10 @@ TEST(Container, IdentifierIsOnePlainFolderName) {
 
 TEST(Container, MayBeGivenItself) {
   const TemporaryFolder folder;
-  const FileManager files = FileManager::withContainer(folder.path("own"));
+  const FileManager files = FileManager::withContainer(folder.at("own"));
   EXPECT_EQ(files.containerURLForSecurityApplicationGroupIdentifier("group.any"), std::nullopt);
-  std::filesystem::create_directory(folder.path("own"));
-  EXPECT_EQ(files.containerURLForSecurityApplicationGroupIdentifier("group.any"),
-            folder.path("own"));
+  std::filesystem::create_directory(folder.at("own"));
+  EXPECT_EQ(files.containerURLForSecurityApplicationGroupIdentifier("group.any"), folder.at("own"));
   EXPECT_EQ(files.containerURLForSecurityApplicationGroupIdentifier(".."), std::nullopt);
 }
 

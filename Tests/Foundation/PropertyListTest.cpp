@@ -3,10 +3,12 @@
 
 #include "Foundation/Bundle.hpp"
 #include "Foundation/PropertyList.hpp"
-#include "TemporaryFolder.hpp"
+#include "Tests/Support/TemporaryFolder.hpp"
 
 namespace foundation {
 namespace {
+
+using testsupport::TemporaryFolder;
 
 std::string document(std::string_view content) {
   return R"(<?xml version="1.0" encoding="UTF-8"?><plist version="1.0">)" + std::string(content) +
@@ -210,7 +212,7 @@ TEST(BundleInformation, GivesValuesWithTheirTypes) {
   folder.write(
       "Info.plist",
       document("<dict><key>Name</key><string> </string><key>N</key><integer>3</integer></dict>"));
-  const Bundle bundle = Bundle::withInformationAt(folder.path("Info.plist"));
+  const Bundle bundle = Bundle::withInformationAt(folder.at("Info.plist"));
   ASSERT_NE(bundle.objectForInfoDictionaryKey("Name"), nullptr);
   EXPECT_EQ(*bundle.objectForInfoDictionaryKey("Name")->string(), " ");
   EXPECT_EQ(bundle.objectForInfoDictionaryKey("N")->string(), nullptr);
@@ -222,7 +224,7 @@ TEST(BundleInformation, MissingOrMalformedIsEmpty) {
   folder.write("broken.plist", "<plist><dict>");
   folder.write("array.plist", document("<array/>"));
   for (const char* name : {"none.plist", "broken.plist", "array.plist", ""}) {
-    EXPECT_TRUE(Bundle::withInformationAt(folder.path(name)).infoDictionary().empty()) << name;
+    EXPECT_TRUE(Bundle::withInformationAt(folder.at(name)).infoDictionary().empty()) << name;
   }
 }
 

@@ -8,10 +8,12 @@
 
 #include "Foundation/PropertyList.hpp"
 #include "Foundation/UserDefaults.hpp"
-#include "TemporaryFolder.hpp"
+#include "Tests/Support/TemporaryFolder.hpp"
 
 namespace foundation {
 namespace {
+
+using testsupport::TemporaryFolder;
 
 constexpr std::string_view kSuite = "group.x";
 constexpr std::string_view kFile = "Library/Preferences/group.x.plist";
@@ -19,7 +21,8 @@ constexpr std::string_view kFile = "Library/Preferences/group.x.plist";
 class UserDefaultsTest : public testing::Test {
  protected:
   [[nodiscard]] UserDefaults open() const {
-    return *UserDefaults::initWithSuiteName(kSuite, FileManager::withContainer(folder.path()));
+    return *UserDefaults::initWithSuiteName(kSuite,
+                                            FileManager::withContainer(folder.path().string()));
   }
   void writeValues(std::string_view content) const {
     folder.write(kFile, "<plist version=\"1.0\"><dict>" + std::string(content) + "</dict></plist>");
@@ -29,8 +32,8 @@ class UserDefaultsTest : public testing::Test {
 };
 
 TEST_F(UserDefaultsTest, NoContainerNoSuite) {
-  EXPECT_FALSE(UserDefaults::initWithSuiteName(kSuite, FileManager(folder.path())));
-  EXPECT_FALSE(UserDefaults::initWithSuiteName("..", FileManager(folder.path())));
+  EXPECT_FALSE(UserDefaults::initWithSuiteName(kSuite, FileManager(folder.path().string())));
+  EXPECT_FALSE(UserDefaults::initWithSuiteName("..", FileManager(folder.path().string())));
 }
 
 TEST_F(UserDefaultsTest, OpeningWritesNothing) {
@@ -44,20 +47,20 @@ TEST_F(UserDefaultsTest, FlagIsSeenByOthersAtOnce) {
   EXPECT_TRUE(open().boolForKey("flag"));
   EXPECT_TRUE(open().setBool(false, "flag"));
   EXPECT_FALSE(open().boolForKey("flag"));
-  EXPECT_EQ(open().path(), folder.path(kFile));
+  EXPECT_EQ(open().path(), folder.at(kFile));
 }
 
 TEST_F(UserDefaultsTest, IsStoredAsABooleanOnceHoweverOftenSet) {
   ASSERT_TRUE(open().setBool(true, "flag"));
   ASSERT_TRUE(open().setBool(true, "flag"));
-  EXPECT_EQ(parsePropertyList(*contentsOfFile(folder.path(kFile))),
+  EXPECT_EQ(parsePropertyList(*contentsOfFile(folder.at(kFile))),
             PropertyList(PropertyList::Dictionary{{"flag", true}}));
 }
 
 TEST_F(UserDefaultsTest, OtherKeysAreKept) {
   writeValues("<key>name</key><string>x</string><key>n</key><integer>-5</integer>");
   ASSERT_TRUE(open().setBool(true, "flag"));
-  EXPECT_EQ(parsePropertyList(*contentsOfFile(folder.path(kFile))),
+  EXPECT_EQ(parsePropertyList(*contentsOfFile(folder.at(kFile))),
             PropertyList(
                 PropertyList::Dictionary{{"flag", true}, {"n", std::int64_t{-5}}, {"name", "x"}}));
 }
@@ -66,12 +69,12 @@ TEST_F(UserDefaultsTest, LeavesNoTemporaryFileAndIsPrivate) {
   ASSERT_TRUE(open().setBool(true, "flag"));
   std::size_t files = 0;
   for ([[maybe_unused]] const auto& entry :
-       std::filesystem::directory_iterator(folder.path("Library/Preferences"))) {
+       std::filesystem::directory_iterator(folder.at("Library/Preferences"))) {
     ++files;
   }
   EXPECT_EQ(files, 1U);
   struct stat status {};
-  ASSERT_EQ(::stat(folder.path(kFile).c_str(), &status), 0);
+  ASSERT_EQ(::stat(folder.at(kFile).c_str(), &status), 0);
   EXPECT_EQ(status.st_mode & 0777, 0600U);
 }
 
@@ -84,12 +87,12 @@ TEST_F(UserDefaultsTest, LeftoverTemporaryFileIsNoObstacle) {
 TEST_F(UserDefaultsTest, MalformedFileIsRefusedAndLeftAsItIs) {
   folder.write(kFile, "<plist><dict>precious");
   EXPECT_EQ(open().setBool(true, "flag"), std::unexpected(DefaultsError::malformed));
-  EXPECT_EQ(contentsOfFile(folder.path(kFile)), "<plist><dict>precious");
+  EXPECT_EQ(contentsOfFile(folder.at(kFile)), "<plist><dict>precious");
   EXPECT_FALSE(open().boolForKey("flag"));
 }
 
 TEST_F(UserDefaultsTest, FileThatCannotBeReadIsRefused) {
-  std::filesystem::create_directories(folder.path(kFile));
+  std::filesystem::create_directories(folder.at(kFile));
   EXPECT_EQ(open().setBool(true, "flag"), std::unexpected(DefaultsError::unreadable));
 }
 

@@ -7,6 +7,14 @@ namespace {
 
 using Names = std::vector<std::string_view>;
 
+// No widget sees another. `includes` is the folder with its slash.
+Room widgetRoom(std::string_view includes) {
+  return {includes.substr(0, includes.size() - 1),
+          {includes, "QuorvelWidgets/WidgetSupport/", "WidgetRuntime/", "ViewKit/", "Foundation/"},
+          false,
+          {"fmt/"}};
+}
+
 std::vector<Room> makeRooms() {
   return {
       {"Platform/Foundation", {"Foundation/"}, true, {"fmt/", "unicode/", "simdjson.h", "plist/"}},
@@ -16,6 +24,12 @@ std::vector<Room> makeRooms() {
        {"QuorvelWidgets/WidgetSupport/", "WidgetRuntime/", "ViewKit/", "Foundation/"},
        false,
        {"fmt/"}},
+      widgetRoom("QuorvelWidgets/AddExpense/"),
+      widgetRoom("QuorvelWidgets/CardLimit/"),
+      widgetRoom("QuorvelWidgets/Due/"),
+      widgetRoom("QuorvelWidgets/NetWorth/"),
+      widgetRoom("QuorvelWidgets/SafeToSpend/"),
+      widgetRoom("QuorvelWidgets/Spending/"),
       {"QuorvelWidgets",
        {"QuorvelWidgets/", "WidgetRuntime/", "ViewKit/", "Foundation/"},
        false,

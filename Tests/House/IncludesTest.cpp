@@ -52,15 +52,19 @@ TEST(Includes, anArrowBackwardsIsFound) {
               ElementsAre("Platform/ViewKit/View.cpp:2: Rendering/Layout.hpp"));
   EXPECT_THAT(
       forbiddenIncludes("QuorvelWidgets/WidgetSupport/Money.cpp",
-                        "#include \"QuorvelWidgets/DueWidget.hpp\""),
-      ElementsAre("QuorvelWidgets/WidgetSupport/Money.cpp:1: QuorvelWidgets/DueWidget.hpp"));
+                        "#include \"QuorvelWidgets/Due/DueWidget.hpp\""),
+      ElementsAre("QuorvelWidgets/WidgetSupport/Money.cpp:1: QuorvelWidgets/Due/DueWidget.hpp"));
+  EXPECT_THAT(
+      forbiddenIncludes("QuorvelWidgets/Spending/DailyBars.cpp",
+                        "#include \"QuorvelWidgets/Due/DueTile.hpp\""),
+      ElementsAre("QuorvelWidgets/Spending/DailyBars.cpp:1: QuorvelWidgets/Due/DueTile.hpp"));
 }
 
 TEST(Includes, onlyTheProgramComposesExtensionAndHost) {
-  const std::string text = "#include \"QuorvelWidgets/DueWidget.hpp\"\n";
+  const std::string text = "#include \"QuorvelWidgets/Due/DueWidget.hpp\"\n";
   EXPECT_THAT(forbiddenIncludes("Host/Cli/main.cpp", text), IsEmpty());
   EXPECT_THAT(forbiddenIncludes("Host/Cli/Options.cpp", text),
-              ElementsAre("Host/Cli/Options.cpp:1: QuorvelWidgets/DueWidget.hpp"));
+              ElementsAre("Host/Cli/Options.cpp:1: QuorvelWidgets/Due/DueWidget.hpp"));
 }
 
 TEST(Includes, librariesStayInTheSourcesOfTheirRoom) {

@@ -1,8 +1,8 @@
 #include <gmock/gmock.h>
 
-#include "QuorvelWidgets/CardFigures.hpp"
-#include "QuorvelWidgets/CardLimitView.hpp"
-#include "QuorvelWidgets/CardStack.hpp"
+#include "QuorvelWidgets/CardLimit/CardFigures.hpp"
+#include "QuorvelWidgets/CardLimit/CardLimitView.hpp"
+#include "QuorvelWidgets/CardLimit/CardStack.hpp"
 #include "Tests/Support/Snapshots.hpp"
 #include "Tests/Support/ViewInspection.hpp"
 

@@ -2,8 +2,8 @@
 
 #include <limits>
 
-#include "QuorvelWidgets/ChartGeometry.hpp"
-#include "QuorvelWidgets/NetWorthContent.hpp"
+#include "QuorvelWidgets/NetWorth/ChartGeometry.hpp"
+#include "QuorvelWidgets/NetWorth/NetWorthContent.hpp"
 
 namespace quorvel {
 namespace {

@@ -1,8 +1,8 @@
 #include <gmock/gmock.h>
 
-#include "QuorvelWidgets/DueTile.hpp"
-#include "QuorvelWidgets/DueWidgetView.hpp"
-#include "QuorvelWidgets/UpcomingDues.hpp"
+#include "QuorvelWidgets/Due/DueTile.hpp"
+#include "QuorvelWidgets/Due/DueWidgetView.hpp"
+#include "QuorvelWidgets/Due/UpcomingDues.hpp"
 #include "Tests/Support/Snapshots.hpp"
 #include "Tests/Support/ViewInspection.hpp"
 

@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 
-#include "QuorvelWidgets/AreaChart.hpp"
-#include "QuorvelWidgets/NetWorthWidgetView.hpp"
+#include "QuorvelWidgets/NetWorth/AreaChart.hpp"
+#include "QuorvelWidgets/NetWorth/NetWorthWidgetView.hpp"
 #include "Tests/Support/Snapshots.hpp"
 #include "Tests/Support/ViewInspection.hpp"
 

@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 
-#include "QuorvelWidgets/BudgetPace.hpp"
-#include "QuorvelWidgets/SafeToSpendContent.hpp"
-#include "QuorvelWidgets/SafeToSpendMetrics.hpp"
-#include "QuorvelWidgets/SpentGauge.hpp"
+#include "QuorvelWidgets/SafeToSpend/BudgetPace.hpp"
+#include "QuorvelWidgets/SafeToSpend/SafeToSpendContent.hpp"
+#include "QuorvelWidgets/SafeToSpend/SafeToSpendMetrics.hpp"
+#include "QuorvelWidgets/SafeToSpend/SpentGauge.hpp"
 #include "QuorvelWidgets/WidgetSupport/Palette.hpp"
 #include "Tests/Support/SafeToSpendCases.hpp"
 

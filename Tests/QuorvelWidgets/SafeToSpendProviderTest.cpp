@@ -1,14 +1,11 @@
 #include <gmock/gmock.h>
-#include <unistd.h>
-
-#include <filesystem>
-#include <fstream>
 
 #include "Foundation/Bundle.hpp"
 #include "Foundation/FileManager.hpp"
-#include "QuorvelWidgets/SafeToSpendProvider.hpp"
+#include "QuorvelWidgets/SafeToSpend/SafeToSpendProvider.hpp"
 #include "QuorvelWidgets/WidgetSupport/SnapshotSample.hpp"
 #include "Tests/Support/SafeToSpendCases.hpp"
+#include "Tests/Support/TemporaryFolder.hpp"
 
 namespace quorvel {
 namespace {
@@ -48,19 +45,12 @@ TEST(SafeToSpendIntent, DescribesItsOneParameter) {
 
 class SafeToSpendProviderTest : public ::testing::Test {
  protected:
-  void SetUp() override {
-    folder_ = std::filesystem::path{::testing::TempDir()} /
-              ("safe-to-spend-" + std::to_string(::getpid()));
-    std::filesystem::create_directories(folder_);
-  }
-  void TearDown() override { std::filesystem::remove_all(folder_); }
-
   [[nodiscard]] SafeToSpendProvider provider() const {
     return {SnapshotStore{foundation::Bundle{},
-                          foundation::FileManager::withContainer(folder_.string())}};
+                          foundation::FileManager::withContainer(folder_.path().string())}};
   }
   void writeDocument(const WidgetSnapshot& snapshot) const {
-    std::ofstream{folder_ / kSnapshotFileName} << encodeWidgetSnapshot(snapshot);
+    folder_.write(kSnapshotFileName, encodeWidgetSnapshot(snapshot));
   }
 
   static ProviderContext context(bool isPreview) {
@@ -70,7 +60,7 @@ class SafeToSpendProviderTest : public ::testing::Test {
     return context;
   }
 
-  std::filesystem::path folder_;
+  testsupport::TemporaryFolder folder_;
 };
 
 TEST_F(SafeToSpendProviderTest, TheGalleryShowsTheSampleWithoutADocument) {

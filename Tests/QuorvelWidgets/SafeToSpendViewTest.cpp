@@ -4,8 +4,8 @@
 #include <tuple>
 
 #include "Foundation/JsonWriter.hpp"
-#include "QuorvelWidgets/SafeToSpendView.hpp"
-#include "QuorvelWidgets/SpentGauge.hpp"
+#include "QuorvelWidgets/SafeToSpend/SafeToSpendView.hpp"
+#include "QuorvelWidgets/SafeToSpend/SpentGauge.hpp"
 #include "QuorvelWidgets/WidgetSupport/Palette.hpp"
 #include "QuorvelWidgets/WidgetSupport/WAccent.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetColors.hpp"

@@ -1,14 +1,11 @@
 #include <gmock/gmock.h>
-#include <unistd.h>
-
-#include <filesystem>
-#include <fstream>
 
 #include "Foundation/Bundle.hpp"
 #include "Foundation/FileManager.hpp"
-#include "QuorvelWidgets/CardProvider.hpp"
-#include "QuorvelWidgets/SelectCardIntent.hpp"
+#include "QuorvelWidgets/CardLimit/CardProvider.hpp"
+#include "QuorvelWidgets/CardLimit/SelectCardIntent.hpp"
 #include "Tests/Support/Snapshots.hpp"
+#include "Tests/Support/TemporaryFolder.hpp"
 
 namespace quorvel {
 namespace {
@@ -20,12 +17,8 @@ using widgetruntime::ProviderContext;
 class SelectCardTest : public ::testing::Test {
  protected:
   void SetUp() override {
-    folder_ =
-        std::filesystem::path{::testing::TempDir()} / ("select-card-" + std::to_string(::getpid()));
-    std::filesystem::create_directories(folder_);
     context_.device.now = *foundation::parseInternetDateTime("2025-03-14T09:30:00Z");
   }
-  void TearDown() override { std::filesystem::remove_all(folder_); }
 
   void writeCards(const std::vector<std::pair<std::string, std::string>>& idsAndProducts) {
     WidgetSnapshot snapshot = fixtures::emptySnapshot();
@@ -36,14 +29,14 @@ class SelectCardTest : public ::testing::Test {
       card.productName = product;
       snapshot.cards.push_back(card);
     }
-    std::ofstream{folder_ / "widget-snapshot.json"} << encodeWidgetSnapshot(snapshot);
+    folder_.write(kSnapshotFileName, encodeWidgetSnapshot(snapshot));
   }
 
   [[nodiscard]] SnapshotStore store() const {
-    return {foundation::Bundle{}, foundation::FileManager::withContainer(folder_.string())};
+    return {foundation::Bundle{}, foundation::FileManager::withContainer(folder_.path().string())};
   }
 
-  std::filesystem::path folder_;
+  testsupport::TemporaryFolder folder_;
   ProviderContext context_;
 };
 

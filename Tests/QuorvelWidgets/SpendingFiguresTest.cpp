@@ -3,7 +3,7 @@
 #include <cmath>
 #include <limits>
 
-#include "QuorvelWidgets/SpendingFigures.hpp"
+#include "QuorvelWidgets/Spending/SpendingFigures.hpp"
 #include "QuorvelWidgets/WidgetSupport/Palette.hpp"
 #include "ViewKit/Length.hpp"
 
@@ -21,7 +21,7 @@ constexpr double kInf = std::numeric_limits<double>::infinity();
 
 std::vector<Color> heatOf(std::size_t count) {
   std::vector<Color> heat;
-  for (std::size_t i = 0; i < count; ++i) heat.push_back(Color::same(0x100000 + i));
+  for (viewkit::Rgb i = 0; i < count; ++i) heat.push_back(Color::same(0x100000 + i));
   return heat;
 }
 

@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 
-#include "QuorvelWidgets/MonthHeatmap.hpp"
-#include "QuorvelWidgets/SpendingWidgetView.hpp"
+#include "QuorvelWidgets/Spending/MonthHeatmap.hpp"
+#include "QuorvelWidgets/Spending/SpendingWidgetView.hpp"
 #include "Tests/Support/Snapshots.hpp"
 #include "Tests/Support/ViewInspection.hpp"
 

@@ -9,7 +9,7 @@
 namespace rendering {
 namespace {
 
-using namespace viewkit;  // NOLINT(google-build-using-namespace): reads like a view
+using namespace viewkit;
 
 class DrawLists : public testing::Test {
  protected:

@@ -5,16 +5,16 @@
 #include <algorithm>
 #include <cmath>
 #include <filesystem>
-#include <fstream>
 #include <functional>
 
 #include "Rendering/Renderer.hpp"
+#include "Tests/Support/TemporaryFolder.hpp"
 #include "ViewKit/ViewKit.hpp"
 
 namespace rendering {
 namespace {
 
-using namespace viewkit;  // NOLINT(google-build-using-namespace): reads like a view
+using namespace viewkit;
 
 class Painting : public testing::Test {
  protected:
@@ -384,14 +384,9 @@ TEST_F(Painting, StrangeNumbersDrawNothingAndDoNoHarm) {
 class PaintingImages : public Painting {
  protected:
   void SetUp() override {
-    directory = std::filesystem::path(testing::TempDir()) / "painting-images";
-    std::filesystem::remove_all(directory);
     std::filesystem::create_directories(directory / "container" / "sub");
     options = plain(8, 4);
     options.container = directory / "container";
-  }
-  void write(const std::string& name, const std::string& bytes) {
-    std::ofstream(directory / name, std::ios::binary) << bytes;
   }
   /// Left half red, right half blue.
   static std::string halves(int width, int height) {
@@ -406,12 +401,13 @@ class PaintingImages : public Painting {
   }
   bool showsStandIn(const View& view) { return at(draw(view, options), 4, 2) == 0xFF00FF00; }
 
-  std::filesystem::path directory;
+  testsupport::TemporaryFolder folder;
+  const std::filesystem::path directory = folder.path();
   RenderOptions options;
 };
 
 TEST_F(PaintingImages, AreScaledIntoTheirFrame) {
-  write("container/sub/h.png", halves(80, 40));
+  folder.write("container/sub/h.png", halves(80, 40));
   const Bitmap b = draw(image("sub/h.png"), options);
   EXPECT_EQ(at(b, 0, 0), 0xFFFF0000);
   EXPECT_EQ(at(b, 2, 3), 0xFFFF0000);
@@ -420,7 +416,7 @@ TEST_F(PaintingImages, AreScaledIntoTheirFrame) {
 }
 
 TEST_F(PaintingImages, FillCoversAndFitLeavesRoom) {
-  write("container/s.png", halves(40, 40));
+  folder.write("container/s.png", halves(40, 40));
   const Bitmap fill = draw(image("s.png", ImageElement::ContentMode::fill), options);
   EXPECT_EQ(at(fill, 0, 0), 0xFFFF0000);
   EXPECT_EQ(at(fill, 7, 3), 0xFF0000FF);
@@ -431,10 +427,10 @@ TEST_F(PaintingImages, FillCoversAndFitLeavesRoom) {
 }
 
 TEST_F(PaintingImages, StandInsReplaceWhatCannotBeRead) {
-  write("container/good.png", halves(8, 4));
-  write("container/text.png", "no picture");
-  write("container/cut.png", halves(80, 40).substr(0, 60));
-  write("outside.png", halves(8, 4));
+  folder.write("container/good.png", halves(8, 4));
+  folder.write("container/text.png", "no picture");
+  folder.write("container/cut.png", halves(80, 40).substr(0, 60));
+  folder.write("outside.png", halves(8, 4));
   std::filesystem::create_symlink(directory / "outside.png", directory / "container" / "link.png");
   std::filesystem::create_directory_symlink(directory, directory / "container" / "up");
   EXPECT_FALSE(showsStandIn(image("good.png")));
@@ -463,18 +459,18 @@ TEST_F(PaintingImages, HugePicturesAreRefusedByTheirHeader) {
     huge[static_cast<std::size_t>(i) + 2] = static_cast<char>(30000 >> 8);
     huge[static_cast<std::size_t>(i) + 3] = static_cast<char>(30000 & 255);
   }
-  write("container/huge.png", huge);
+  folder.write("container/huge.png", huge);
   EXPECT_TRUE(showsStandIn(image("huge.png")));
-  write("container/long.png", halves(8, 4));
+  folder.write("container/long.png", halves(8, 4));
   std::filesystem::resize_file(directory / "container" / "long.png", std::uintmax_t{1} << 30);
   EXPECT_TRUE(showsStandIn(image("long.png")));
 }
 
 TEST_F(PaintingImages, AChangedFileIsReadAgain) {
-  write("container/a.png", halves(8, 4));
+  folder.write("container/a.png", halves(8, 4));
   EXPECT_EQ(at(draw(image("a.png"), options), 0, 0), 0xFFFF0000);
   Bitmap blue{8, 4, 8, std::vector<std::uint32_t>(32, 0xFF0000FF)};
-  write("container/a.png", encodePng(blue));
+  folder.write("container/a.png", encodePng(blue));
   EXPECT_EQ(at(draw(image("a.png"), options), 0, 0), 0xFF0000FF);
 }
 

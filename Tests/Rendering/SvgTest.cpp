@@ -12,7 +12,7 @@
 namespace rendering {
 namespace {
 
-using namespace viewkit;  // NOLINT(google-build-using-namespace): reads like a view
+using namespace viewkit;
 
 /// Tags are balanced and properly nested, attributes quoted; the ids that are referred to exist,
 /// once.

@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "Foundation/Instant.hpp"
-#include "QuorvelWidgets/SafeToSpendView.hpp"
+#include "QuorvelWidgets/SafeToSpend/SafeToSpendView.hpp"
 #include "Tests/Support/Snapshots.hpp"
 
 namespace fixtures {

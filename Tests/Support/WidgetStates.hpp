@@ -11,11 +11,11 @@
 #include <vector>
 
 #include "Foundation/Instant.hpp"
-#include "QuorvelWidgets/CardLimitView.hpp"
-#include "QuorvelWidgets/DueWidgetView.hpp"
-#include "QuorvelWidgets/NetWorthWidgetView.hpp"
-#include "QuorvelWidgets/SafeToSpendView.hpp"
-#include "QuorvelWidgets/SpendingWidgetView.hpp"
+#include "QuorvelWidgets/CardLimit/CardLimitView.hpp"
+#include "QuorvelWidgets/Due/DueWidgetView.hpp"
+#include "QuorvelWidgets/NetWorth/NetWorthWidgetView.hpp"
+#include "QuorvelWidgets/SafeToSpend/SafeToSpendView.hpp"
+#include "QuorvelWidgets/Spending/SpendingWidgetView.hpp"
 #include "QuorvelWidgets/WidgetSupport/SnapshotSample.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetLanguage.hpp"
 

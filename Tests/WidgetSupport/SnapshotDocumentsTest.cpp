@@ -98,7 +98,7 @@ class SchemaChecker {
 
 const SchemaChecker& schema() {
   static const SchemaChecker checker(
-      json::parse(test::readText(kSource / "docs/widget-snapshot.schema.json")));
+      json::parse(testsupport::contentsOf(kSource / "docs/widget-snapshot.schema.json")));
   return checker;
 }
 
@@ -111,7 +111,7 @@ bool schemaAccepts(const std::string& text) {
 class SnapshotAcceptedDocument : public testing::TestWithParam<fs::path> {};
 
 TEST_P(SnapshotAcceptedDocument, DecodesAndFitsTheSchema) {
-  const std::string text = test::readText(GetParam());
+  const std::string text = testsupport::contentsOf(GetParam());
   const auto snapshot = decodeWidgetSnapshot(text);
   EXPECT_TRUE(snapshot) << snapshot.error().problems.front().pointer << ": "
                         << snapshot.error().problems.front().found;
@@ -119,7 +119,7 @@ TEST_P(SnapshotAcceptedDocument, DecodesAndFitsTheSchema) {
 }
 
 TEST_P(SnapshotAcceptedDocument, SurvivesEncoding) {
-  const auto snapshot = decodeWidgetSnapshot(test::readText(GetParam()));
+  const auto snapshot = decodeWidgetSnapshot(testsupport::contentsOf(GetParam()));
   ASSERT_TRUE(snapshot);
   const std::string written = encodeWidgetSnapshot(*snapshot);
   EXPECT_EQ(decodeWidgetSnapshot(written), snapshot);
@@ -134,7 +134,7 @@ INSTANTIATE_TEST_SUITE_P(Samples,
 class SnapshotRejectedDocument : public testing::TestWithParam<fs::path> {};
 
 TEST_P(SnapshotRejectedDocument, IsRejectedWithAReason) {
-  const auto snapshot = decodeWidgetSnapshot(test::readText(GetParam()));
+  const auto snapshot = decodeWidgetSnapshot(testsupport::contentsOf(GetParam()));
   ASSERT_FALSE(snapshot);
   ASSERT_FALSE(snapshot.error().problems.empty());
   const foundation::JsonProblem& problem = snapshot.error().problems.front();
@@ -147,7 +147,8 @@ TEST_P(SnapshotRejectedDocument, DoesNotFitTheSchemaEither) {
   // A schema knows neither the calendar nor which of two equal keys is read.
   const std::set<std::string> beyondASchema{"day_that_does_not_exist",
                                             "first_of_equal_keys_counts"};
-  EXPECT_EQ(schemaAccepts(test::readText(GetParam())), beyondASchema.contains(nameOf(GetParam())));
+  EXPECT_EQ(schemaAccepts(testsupport::contentsOf(GetParam())),
+            beyondASchema.contains(nameOf(GetParam())));
 }
 
 INSTANTIATE_TEST_SUITE_P(Samples,
@@ -161,7 +162,7 @@ TEST(SnapshotDocuments, ThereAreSamplesOfBothKinds) {
 }
 
 TEST(SnapshotDocuments, ExamplesOfTheManualAreAccepted) {
-  const std::string manual = test::readText(kSource / "docs/snapshot.md");
+  const std::string manual = testsupport::contentsOf(kSource / "docs/snapshot.md");
   const std::string fence = "```json\n";
   std::size_t examples = 0;
   for (std::size_t at = manual.find(fence); at != std::string::npos;
@@ -194,7 +195,8 @@ std::map<std::string, bool> recordKeys() {
 }
 
 TEST(SnapshotDocuments, SchemaListsTheKeysOfTheRecords) {
-  const json whole = json::parse(test::readText(kSource / "docs/widget-snapshot.schema.json"));
+  const json whole =
+      json::parse(testsupport::contentsOf(kSource / "docs/widget-snapshot.schema.json"));
   EXPECT_EQ(schemaKeys(whole, ""), recordKeys<WidgetSnapshot>());
   EXPECT_EQ(schemaKeys(whole, "moneyStyle"), recordKeys<WidgetMoneyStyle>());
   EXPECT_EQ(schemaKeys(whole, "due"), recordKeys<WidgetSnapshot::Due>());

@@ -1,16 +1,12 @@
 // Documents, devices and folders that several tests share.
 #pragma once
 
-#include <unistd.h>
-
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
 #include <nlohmann/json.hpp>
 #include <string>
 #include <string_view>
 
 #include "Foundation/Device.hpp"
+#include "Tests/Support/TemporaryFolder.hpp"
 
 namespace quorvel::test {
 
@@ -56,31 +52,6 @@ inline foundation::Device device(std::int64_t now,
   return {{now, 0}, {std::move(zone)}, {"en_US"}, std::move(languages)};
 }
 
-/// A directory that goes with its owner.
-class TemporaryFolder {
- public:
-  TemporaryFolder() {
-    std::string name = (std::filesystem::temp_directory_path() / "quorvel-XXXXXX").string();
-    path_ = mkdtemp(name.data());
-  }
-  ~TemporaryFolder() { std::filesystem::remove_all(path_); }
-  TemporaryFolder(const TemporaryFolder&) = delete;
-  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-
-  [[nodiscard]] const std::filesystem::path& path() const { return path_; }
-
-  void write(const std::string& name, std::string_view text) const {
-    std::filesystem::create_directories((path_ / name).parent_path());
-    std::ofstream(path_ / name, std::ios::binary) << text;
-  }
-
- private:
-  std::filesystem::path path_;
-};
-
-inline std::string readText(const std::filesystem::path& path) {
-  std::ifstream file(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
-}
+using testsupport::TemporaryFolder;
 
 }  // namespace quorvel::test

@@ -1,0 +1,29 @@
+// A card's face with what keeps its texts legible, and the texts themselves.
+#pragma once
+
+#include <optional>
+#include <string_view>
+
+#include "QuorvelWidgets/WidgetSupport/WidgetSnapshot.hpp"
+#include "ViewKit/ViewKit.hpp"
+#include "WidgetRuntime/Environment.hpp"
+
+namespace quorvel {
+
+/// White on the face's colours, primary where an accented host takes them away.
+[[nodiscard]] viewkit::Color faceTextColor(widgetruntime::RenderingMode mode);
+
+/// The face under the veil that white text of `textOpacity` needs; takes the whole proposal.
+[[nodiscard]] viewkit::View cardFace(const WidgetSnapshot::Card& card,
+                                     double cornerRadius,
+                                     viewkit::Alignment artAlignment,
+                                     std::optional<double> textOpacity,
+                                     widgetruntime::RenderingMode mode);
+
+/// The user's card by its product or bank, bold; may be cut.
+[[nodiscard]] viewkit::View cardTitleText(const WidgetSnapshot::Card& card,
+                                          double size,
+                                          std::string_view lang,
+                                          widgetruntime::RenderingMode mode);
+
+}  // namespace quorvel

@@ -1,0 +1,52 @@
+#include "QuorvelWidgets/CardLimit/CardLimitContent.hpp"
+
+#include <utility>
+
+#include "QuorvelWidgets/CardLimit/CardFigures.hpp"
+#include "QuorvelWidgets/WidgetSupport/Palette.hpp"
+#include "QuorvelWidgets/WidgetSupport/WidgetHeader.hpp"
+#include "QuorvelWidgets/WidgetSupport/WidgetMoneyStyle.hpp"
+#include "QuorvelWidgets/WidgetSupport/WidgetStrings.hpp"
+
+namespace quorvel {
+
+using namespace viewkit;
+
+std::string CardLimitContent::text(std::string_view key) const {
+  return WidgetStrings::text(key, snapshot.lang);
+}
+
+Text CardLimitContent::caption(std::string words, double size) const {
+  return Text{std::move(words)}.font(size).lineLimit(1).minimumScaleFactor(0.8).language(
+      snapshot.lang);
+}
+
+View CardLimitContent::header(bool compact) const {
+  return WidgetHeader{.symbol = std::string{kCardSymbol},
+                      .text = text("remainingLimit"),
+                      .compact = compact,
+                      .accent = accent,
+                      .lang = snapshot.lang};
+}
+
+double CardLimitContent::totalUsed() const {
+  return usedFraction(snapshot.totalLimit, snapshot.totalRemaining);
+}
+
+Color CardLimitContent::usageColor(double fraction) const {
+  switch (usageOf(fraction)) {
+    case Usage::heavy:
+      return palette::statusCritical;
+    case Usage::considerable:
+      return accent.ink;
+    case Usage::healthy:
+      break;
+  }
+  return palette::statusGood;
+}
+
+Text CardLimitContent::usedText(double fraction, double size) const {
+  return caption(isolatedAmount(percentText(fraction)) + " " + text("used"), size);
+}
+
+}  // namespace quorvel

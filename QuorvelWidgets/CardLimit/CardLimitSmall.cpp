@@ -1,0 +1,91 @@
+#include "QuorvelWidgets/CardLimit/CardFace.hpp"
+#include "QuorvelWidgets/CardLimit/CardFigures.hpp"
+#include "QuorvelWidgets/CardLimit/CardLimitContent.hpp"
+#include "QuorvelWidgets/WidgetSupport/Amount.hpp"
+#include "QuorvelWidgets/WidgetSupport/Palette.hpp"
+#include "QuorvelWidgets/WidgetSupport/WidgetMeter.hpp"
+#include "QuorvelWidgets/WidgetSupport/WidgetPrivacyNote.hpp"
+
+namespace quorvel {
+
+using namespace viewkit;
+
+namespace {
+
+constexpr double kNumberOpacity = 0.8;
+
+bool showsNumber(const WidgetSnapshot::Card& card) {
+  return !card.hasImage && card.last4 && !card.last4->empty();
+}
+
+// Art that carries its own printing gets no text over it.
+View face(const CardLimitContent& content, const WidgetSnapshot::Card& card) {
+  const auto mode = content.environment.widgetRenderingMode;
+  std::optional<double> weakestText;
+  if (!card.hasImage) weakestText = showsNumber(card) ? kNumberOpacity : 1;
+  View tile =
+      cardFace(card, 9, Alignment::center, weakestText, mode).frame(FixedFrame{.height = 52});
+  if (!card.hasImage) {
+    tile = tile.overlay(cardTitleText(card, 10.5, content.snapshot.lang, mode)
+                            .padding({.top = 8, .leading = 10, .trailing = 10}),
+                        Alignment::topLeading);
+  }
+  if (showsNumber(card)) {
+    tile = tile.overlay(Text{"•• " + *card.last4}
+                            .font(9.5, FontWeight::semibold)
+                            .tracking(1)
+                            .lineLimit(1)
+                            .direction(LayoutDirection::leftToRight)
+                            .accessibilityLabel(*card.last4)
+                            .foregroundStyle(faceTextColor(mode).withOpacity(kNumberOpacity))
+                            .padding({.leading = 10, .bottom = 7}),
+                        Alignment::bottomLeading);
+  }
+  // What the art shows is said all the same.
+  if (card.hasImage) return tile.accessibilityLabel(cardTitle(card));
+  return tile.accessibility({.children = Accessibility::Children::combine});
+}
+
+View usageRow(const CardLimitContent& content, double fraction) {
+  return HStack{
+      {.spacing = 7},
+      WidgetMeter{.fraction = fraction,
+                  .color = content.usageColor(fraction),
+                  .track = meterTrackColor(content.environment.widgetRenderingMode),
+                  .height = 5}
+          .accessibilityHidden(),
+      content.usedText(fraction, 11)
+          .foregroundStyle(palette::textSecondary)
+          .privacySensitive(PrivacyTreatment::masked)
+          .layoutPriority(1),
+  };
+}
+
+}  // namespace
+
+View cardLimitSmall(const CardLimitContent& content) {
+  const WidgetSnapshot::Card& card = *content.cards.front();
+  const double fraction = usedFraction(card.limit, card.remaining);
+  // The amount above it says that it is hidden.
+  const View footer = content.snapshot.isHidden ? WidgetPrivacyNote{.lang = content.snapshot.lang,
+                                                                    .color = palette::textSecondary}
+                                                      .accessibilityHidden()
+                                                : usageRow(content, fraction);
+  const View remaining =
+      VStack{
+          {.alignment = HorizontalAlignment::leading, .spacing = 0},
+          content.caption(content.text("remaining"), 11.5).foregroundStyle(palette::textSecondary),
+          Amount{.value = card.remaining, .snapshot = content.snapshot, .size = 21}.padding(
+              {.top = 1}),
+      }
+          .accessibility({.children = Accessibility::Children::combine});
+  return VStack{
+      {.alignment = HorizontalAlignment::leading, .spacing = 0},
+      face(content, card),
+      remaining.padding({.top = 9}),
+      Spacer{4},
+      footer,
+  };
+}
+
+}  // namespace quorvel

@@ -1,0 +1,51 @@
+#include "QuorvelWidgets/CardLimit/CardLimitView.hpp"
+
+#include "QuorvelWidgets/CardLimit/CardFigures.hpp"
+#include "QuorvelWidgets/CardLimit/CardLimitContent.hpp"
+#include "QuorvelWidgets/WidgetSupport/Palette.hpp"
+#include "QuorvelWidgets/WidgetSupport/WidgetEnvironment.hpp"
+#include "QuorvelWidgets/WidgetSupport/WidgetLink.hpp"
+#include "QuorvelWidgets/WidgetSupport/WidgetScaffold.hpp"
+
+namespace quorvel {
+
+using namespace viewkit;
+using widgetruntime::WidgetFamily;
+
+namespace {
+
+constexpr EmptyState kNoSnapshot{kCardSymbol, "remainingLimit", "signIn", "openQuorvel"};
+constexpr EmptyState kNoCards{kCardSymbol, "remainingLimit", "noCards", "addCard"};
+
+std::size_t mostCards(WidgetFamily family) {
+  if (family == WidgetFamily::systemLarge) return 5;
+  return family == WidgetFamily::systemMedium ? 3 : 1;
+}
+
+}  // namespace
+
+View CardLimitView::body() const {
+  WidgetScaffold scaffold{entry.snapshot, environment, widgetLink(urlScheme, "cards")};
+  if (!entry.snapshot) return scaffold.root(scaffold.message(kNoSnapshot));
+  const WidgetSnapshot& snapshot = *entry.snapshot;
+  if (snapshot.cards.empty()) return scaffold.root(scaffold.message(kNoCards));
+  const WidgetFamily family = environment.familyInForce();
+  const CardLimitContent content{
+      .snapshot = withEffectivePrivacy(snapshot, environment),
+      .cards = orderedCards(snapshot.cards, entry.cardId, mostCards(family)),
+      .cardCount = snapshot.cards.size(),
+      .accent = WAccent{snapshot.accent},
+      .environment = environment};
+  const Color primary = palette::textPrimary;
+  if (family == WidgetFamily::systemLarge) {
+    return scaffold.root(cardLimitLarge(content).foregroundStyle(primary));
+  }
+  // The pile of the medium layout reaches beyond the margins, which its column applies itself.
+  if (family == WidgetFamily::systemMedium) {
+    return scaffold.root(cardLimitMedium(content).foregroundStyle(primary), false);
+  }
+  scaffold.link = widgetLink(urlScheme, "card/" + content.cards.front()->id);
+  return scaffold.root(cardLimitSmall(content).foregroundStyle(primary));
+}
+
+}  // namespace quorvel

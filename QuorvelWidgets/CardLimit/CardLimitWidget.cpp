@@ -1,0 +1,28 @@
+#include "QuorvelWidgets/CardLimit/CardLimitWidget.hpp"
+
+#include "QuorvelWidgets/CardLimit/CardLimitView.hpp"
+#include "QuorvelWidgets/CardLimit/CardProvider.hpp"
+
+namespace quorvel {
+
+using widgetruntime::Environment;
+using widgetruntime::WidgetFamily;
+
+widgetruntime::Widget CardLimitWidget::configuration(const SnapshotStore& store) {
+  return widgetruntime::makeIntentConfiguration(
+      {.kind = std::string{kKind},
+       .displayName = "Remaining Limit",
+       .description = "How much limit is left on your cards.",
+       .families = {WidgetFamily::systemSmall,
+                    WidgetFamily::systemMedium,
+                    WidgetFamily::systemLarge}},
+      SelectCardIntent::description(store),
+      CardProvider{store},
+      [store](const CardEntry& entry, const Environment& environment) {
+        return CardLimitView{
+            .entry = entry, .environment = environment, .urlScheme = store.urlScheme()}
+            .body();
+      });
+}
+
+}  // namespace quorvel

@@ -1,0 +1,89 @@
+#include "QuorvelWidgets/Due/DueContent.hpp"
+#include "QuorvelWidgets/WidgetSupport/WidgetEnvironment.hpp"
+#include "QuorvelWidgets/WidgetSupport/WidgetMoneyStyle.hpp"
+#include "QuorvelWidgets/WidgetSupport/WidgetStrings.hpp"
+
+namespace quorvel {
+
+using namespace viewkit;
+using widgetruntime::WidgetFamily;
+
+namespace {
+
+View calendarSymbol(double size) {
+  return Symbol{"calendar"}.font(size, FontWeight::semibold).accessibilityHidden();
+}
+
+// What a person would say of the next payment in one breath.
+Accessibility spoken(const DueContent& content) {
+  const UpcomingDue& next = content.upcoming.front();
+  return {.label = relativeLabel(next.days, content.snapshot.lang) + ", " + next.due->name + ", " +
+                   amountAccessibilityLabel(next.due->amount, content.snapshot),
+          .children = Accessibility::Children::ignore};
+}
+
+View inlineLine(const DueContent& content) {
+  const UpcomingDue& next = content.upcoming.front();
+  const std::string words = relativeLabel(next.days, content.snapshot.lang) + " · " +
+                            isolatedName(next.due->name) + " · " +
+                            isolatedAmount(content.amountText(*next.due));
+  return HStack{
+      {.spacing = 5},
+      calendarSymbol(13),
+      Text{words}
+          .font(13, FontWeight::medium)
+          .lineLimit(1)
+          .minimumScaleFactor(0.8)
+          .language(content.snapshot.lang)
+          .privacySensitive(PrivacyTreatment::masked),
+  }
+      .accessibility(spoken(content));
+}
+
+View circular(const DueContent& content) {
+  const UpcomingDue& next = content.upcoming.front();
+  return VStack{
+      {.spacing = 1},
+      calendarSymbol(16),
+      content.caption(relativeLabel(next.days, content.snapshot.lang), 11).minimumScaleFactor(0.6),
+  }
+      .accessibility(spoken(content));
+}
+
+View rectangular(const DueContent& content) {
+  const UpcomingDue& next = content.upcoming.front();
+  const Color secondary = secondaryTextColor(content.environment);
+  const View label =
+      HStack{
+          {.spacing = 4},
+          calendarSymbol(11.5),
+          content.caption(relativeLabel(next.days, content.snapshot.lang), 11.5)
+              .font(11.5, FontWeight::semibold),
+      }
+          .foregroundStyle(secondary);
+  return VStack{
+      {.alignment = HorizontalAlignment::leading, .spacing = 1},
+      label,
+      content.amount(*next.due, 21),
+      content.name(*next.due, 11).font(11).foregroundStyle(secondary),
+  }
+      .padding({.top = 6, .leading = 10, .bottom = 6, .trailing = 10})
+      .frame(FlexibleFrame{
+          .maxWidth = kInfinity, .maxHeight = kInfinity, .alignment = Alignment::leading})
+      .accessibility(spoken(content));
+}
+
+}  // namespace
+
+View dueAccessory(const DueContent& content) {
+  switch (content.environment.familyInForce()) {
+    case WidgetFamily::accessoryInline:
+      return inlineLine(content);
+    case WidgetFamily::accessoryCircular:
+      return circular(content);
+    default:
+      return rectangular(content);
+  }
+}
+
+}  // namespace quorvel

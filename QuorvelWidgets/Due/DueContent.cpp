@@ -1,0 +1,60 @@
+#include "QuorvelWidgets/Due/DueContent.hpp"
+
+#include <utility>
+
+#include "Foundation/DayString.hpp"
+#include "QuorvelWidgets/WidgetSupport/WidgetDates.hpp"
+#include "QuorvelWidgets/WidgetSupport/WidgetMoneyStyle.hpp"
+#include "QuorvelWidgets/WidgetSupport/WidgetStrings.hpp"
+
+namespace quorvel {
+
+using namespace viewkit;
+using widgetruntime::RenderingMode;
+
+Text DueContent::caption(std::string words, double size) const {
+  return Text{std::move(words)}.font(size).lineLimit(1).minimumScaleFactor(0.8).language(
+      snapshot.lang);
+}
+
+Text DueContent::name(const WidgetSnapshot::Due& due, double size) const {
+  return Text{due.name}.font(size, FontWeight::semibold).lineLimit(1).language(snapshot.lang);
+}
+
+std::string DueContent::amountText(const WidgetSnapshot::Due& due) const {
+  return snapshot.isHidden ? "••••" : snapshot.money.format(due.amount);
+}
+
+View DueContent::amount(const WidgetSnapshot::Due& due, double size) const {
+  return Text{amountText(due)}
+      .font(size, FontWeight::bold)
+      .tracking(size * -0.02)
+      .lineLimit(1)
+      .minimumScaleFactor(0.55)
+      .direction(LayoutDirection::leftToRight)
+      .numericTransition()
+      .privacySensitive(PrivacyTreatment::masked)
+      .accessibilityLabel(amountAccessibilityLabel(due.amount, snapshot));
+}
+
+View DueContent::relativePill(const UpcomingDue& next, double size) const {
+  const Color ground = environment.widgetRenderingMode == RenderingMode::fullColor
+                           ? Color::black().withOpacity(0.28)
+                           : Color::primary().withOpacity(0.14);
+  return caption(shortRelativeLabel(next.days, snapshot.lang), size)
+      .font(size, FontWeight::semibold)
+      .accessibilityLabel(relativeLabel(next.days, snapshot.lang))
+      .padding(Insets::horizontal(size * 0.65))
+      .frame(FixedFrame{.height = size + 7})
+      .background(Capsule().fill(ground));
+}
+
+std::string DueContent::dueDateLabel(const WidgetSnapshot::Due& due) const {
+  const auto day = foundation::parseDayString(due.dueDate);
+  const auto instant = day ? calendar.date(day->year, day->month, day->day) : std::nullopt;
+  if (!instant) return {};
+  return WidgetStrings::text("due", snapshot.lang) + " " +
+         dueDateText(*instant, snapshot.lang, environment.timeZone);
+}
+
+}  // namespace quorvel

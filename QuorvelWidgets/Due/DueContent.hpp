@@ -1,0 +1,43 @@
+// What every layout of the due widget draws from, and the pieces they share.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "QuorvelWidgets/Due/UpcomingDues.hpp"
+#include "QuorvelWidgets/WidgetSupport/WidgetSnapshot.hpp"
+#include "ViewKit/ViewKit.hpp"
+#include "WidgetRuntime/Environment.hpp"
+
+namespace quorvel {
+
+inline constexpr std::string_view kDueSymbol = "calendar.badge.clock";
+/// As many as the tallest layout shows.
+inline constexpr std::size_t kMostDues = 3;
+
+struct DueContent {
+  WidgetSnapshot snapshot;            ///< its `isHidden` is the effective privacy
+  std::vector<UpcomingDue> upcoming;  ///< at least one
+  std::string urlScheme;
+  widgetruntime::Environment environment;
+  const foundation::Calendar& calendar;
+
+  /// A caption: one line in the snapshot's language.
+  [[nodiscard]] viewkit::Text caption(std::string text, double size) const;
+  /// The user's own name of a payment; may be cut.
+  [[nodiscard]] viewkit::Text name(const WidgetSnapshot::Due& due, double size) const;
+  /// The full money text, never the short form; "••••" when amounts are hidden.
+  [[nodiscard]] std::string amountText(const WidgetSnapshot::Due& due) const;
+  [[nodiscard]] viewkit::View amount(const WidgetSnapshot::Due& due, double size) const;
+  /// How far away the payment is, on a dark capsule.
+  [[nodiscard]] viewkit::View relativePill(const UpcomingDue& next, double size) const;
+  /// "Due Nov 23".
+  [[nodiscard]] std::string dueDateLabel(const WidgetSnapshot::Due& due) const;
+};
+
+[[nodiscard]] viewkit::View dueSmall(const DueContent& content);
+[[nodiscard]] viewkit::View dueMedium(const DueContent& content);
+[[nodiscard]] viewkit::View dueAccessory(const DueContent& content);
+
+}  // namespace quorvel

@@ -1,0 +1,61 @@
+#include "QuorvelWidgets/Due/DueTile.hpp"
+
+#include "Foundation/Characters.hpp"
+#include "QuorvelWidgets/WidgetSupport/FaceStyle.hpp"
+#include "QuorvelWidgets/WidgetSupport/SnapshotStore.hpp"
+#include "QuorvelWidgets/WidgetSupport/WidgetIconTile.hpp"
+
+namespace quorvel {
+
+using namespace viewkit;
+using widgetruntime::RenderingMode;
+
+namespace {
+
+// What a host tints keeps no white, only opacity.
+Color inkOf(const DueTile& tile) {
+  return tile.renderingMode == RenderingMode::fullColor ? Color::white() : Color::primary();
+}
+
+View mark(const DueTile& tile) {
+  const Color ink = inkOf(tile);
+  if (tile.due.symbol) {
+    return WidgetIconTile{.symbol = *tile.due.symbol,
+                          .color = ink,
+                          .background = ink.withOpacity(0.18),
+                          .size = tile.size,
+                          .fallback = "receipt"};
+  }
+  const View letter = Text{foundation::uppercasedFirstCharacter(tile.due.name)}
+                          .font(tile.size * 0.46, FontWeight::heavy)
+                          .lineLimit(1)
+                          .minimumScaleFactor(0.5)
+                          .foregroundStyle(ink)
+                          .frame(FixedFrame{.width = tile.size, .height = tile.size});
+  return letter.background(
+      RoundedRectangle(tile.size * 0.3, CornerStyle::continuous).fill(ink.withOpacity(0.18)));
+}
+
+View drawnTile(const DueTile& tile) {
+  const View plain = mark(tile);
+  if (tile.onFace || tile.renderingMode != RenderingMode::fullColor) return plain;
+  const View face = faceGround(tile.due.face.value_or(std::vector<std::string>{}), std::nullopt)
+                        .clip(RoundedRectangleShape{tile.size * 0.3, CornerStyle::continuous});
+  return plain.background(face);
+}
+
+}  // namespace
+
+View DueTile::body() const {
+  const View drawn = drawnTile(*this);
+  const bool hasBrand = due.brandId && renderingMode != RenderingMode::accented;
+  if (!hasBrand) return drawn.accessibilityHidden();
+  const ImageElement brand{.path = brandImagePath(*due.brandId),
+                           .mode = ImageElement::ContentMode::stretch};
+  return Image{brand, drawn}
+      .frame(FixedFrame{.width = size, .height = size})
+      .clip(RoundedRectangleShape{size * 0.3, CornerStyle::continuous})
+      .accessibilityHidden();
+}
+
+}  // namespace quorvel

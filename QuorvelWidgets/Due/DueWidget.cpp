@@ -1,0 +1,25 @@
+#include "QuorvelWidgets/Due/DueWidget.hpp"
+
+#include "QuorvelWidgets/Due/DueWidgetView.hpp"
+#include "QuorvelWidgets/WidgetSupport/SnapshotProvider.hpp"
+
+namespace quorvel {
+
+using widgetruntime::Environment;
+using widgetruntime::WidgetFamily;
+
+widgetruntime::Widget DueWidget::configuration(const SnapshotStore& store) {
+  return widgetruntime::makeStaticConfiguration(
+      {.kind = std::string{kKind},
+       .displayName = "Next Due",
+       .description = "Card bills, bills and loans due next.",
+       .families = {WidgetFamily::systemSmall, WidgetFamily::systemMedium}},
+      SnapshotProvider{store},
+      [store](const SnapshotEntry& entry, const Environment& environment) {
+        return DueWidgetView{
+            .entry = entry, .environment = environment, .urlScheme = store.urlScheme()}
+            .body();
+      });
+}
+
+}  // namespace quorvel

@@ -1,0 +1,84 @@
+#include "QuorvelWidgets/NetWorth/NetWorthContent.hpp"
+
+#include <algorithm>
+#include <cmath>
+#include <span>
+#include <utility>
+
+#include "QuorvelWidgets/NetWorth/AreaChart.hpp"
+#include "QuorvelWidgets/WidgetSupport/Palette.hpp"
+#include "QuorvelWidgets/WidgetSupport/WidgetChange.hpp"
+#include "QuorvelWidgets/WidgetSupport/WidgetHeader.hpp"
+#include "QuorvelWidgets/WidgetSupport/WidgetMeter.hpp"
+#include "QuorvelWidgets/WidgetSupport/WidgetPrivacyNote.hpp"
+#include "QuorvelWidgets/WidgetSupport/WidgetStrings.hpp"
+
+namespace quorvel {
+
+using namespace viewkit;
+
+namespace {
+
+// A point a half pixel apart is the most that the widest chart can show.
+constexpr std::size_t kMostPoints = 240;
+constexpr int kChangePrecision = 1;
+
+}  // namespace
+
+std::string NetWorthContent::text(std::string_view key) const {
+  return WidgetStrings::text(key, snapshot.lang);
+}
+
+Text NetWorthContent::caption(std::string words, double size) const {
+  return Text{std::move(words)}.font(size).lineLimit(1).minimumScaleFactor(0.85).language(
+      snapshot.lang);
+}
+
+View NetWorthContent::header(bool compact) const {
+  return WidgetHeader{.symbol = std::string{kNetWorthSymbol},
+                      .text = text("netWorth"),
+                      .compact = compact,
+                      .accent = accent,
+                      .lang = snapshot.lang};
+}
+
+std::span<const WidgetSnapshot::NetWorth::Point> NetWorthContent::history() const {
+  const std::span all{netWorth.history};
+  return all.last(std::min(all.size(), kMostPoints));
+}
+
+View NetWorthContent::chart(bool showsGrid) const {
+  if (snapshot.isHidden) {
+    return HiddenChart{.color = meterTrackColor(environment.widgetRenderingMode),
+                       .showsGrid = showsGrid,
+                       .renderingMode = environment.widgetRenderingMode};
+  }
+  std::vector<double> values;
+  for (const auto& point : history()) values.push_back(point.value);
+  return AreaChart{.points = std::move(values),
+                   .accent = accent.ink,
+                   .showsGrid = showsGrid,
+                   .renderingMode = environment.widgetRenderingMode};
+}
+
+View NetWorthContent::change() const {
+  if (snapshot.isHidden) {
+    return WidgetPrivacyNote{.lang = snapshot.lang, .color = palette::textSecondary}
+        .accessibilityHidden();  // the amount beside it says it
+  }
+  if (!netWorth.changePercent) return {};
+  return WidgetChange{.value = *netWorth.changePercent, .precision = kChangePrecision, .size = 12};
+}
+
+std::optional<std::string> comparedMonth(const WidgetSnapshot::NetWorth& netWorth) {
+  const auto& history = netWorth.history;
+  if (!netWorth.changePercent || history.size() < 2) return std::nullopt;
+  const auto& previous = history[history.size() - 2];
+  const double percent = (netWorth.value - previous.value) / std::abs(previous.value) * 100;
+  const auto shown = describeChange(*netWorth.changePercent, kChangePrecision, true);
+  const auto borneOut = describeChange(percent, kChangePrecision, true);
+  if (!shown || shown != borneOut) return std::nullopt;
+  return previous.month;
+}
+
+}  // namespace quorvel

@@ -1,0 +1,51 @@
+#include "QuorvelWidgets/NetWorth/NetWorthContent.hpp"
+#include "QuorvelWidgets/NetWorth/NetWorthPieces.hpp"
+#include "QuorvelWidgets/WidgetSupport/Amount.hpp"
+#include "QuorvelWidgets/WidgetSupport/Palette.hpp"
+
+namespace quorvel {
+
+using namespace viewkit;
+
+namespace {
+
+View row(const NetWorthContent& content, std::string_view key, double amount, const Color& color) {
+  return HStack{
+      {.spacing = 6},
+      Circle().fill(color).frame(FixedFrame{.width = 7, .height = 7}).accessibilityHidden(),
+      content.caption(content.text(key), 11.5).foregroundStyle(palette::textSecondary),
+      Spacer{4},
+      Amount{.value = amount,
+             .snapshot = content.snapshot,
+             .size = 11.5,
+             .weight = FontWeight::semibold}
+          .layoutPriority(1),
+  }
+      .accessibility({.children = Accessibility::Children::combine});
+}
+
+}  // namespace
+
+View netWorthMedium(const NetWorthContent& content) {
+  const View rows = VStack{
+      {.alignment = HorizontalAlignment::leading, .spacing = 6},
+      row(content, "assets", content.netWorth.assets, palette::assetGreen),
+      row(content, "liabilities", content.netWorth.liabilities, palette::liabilityPink),
+  };
+  const View figures = VStack{
+      {.alignment = HorizontalAlignment::leading, .spacing = 0},
+      content.header(false),
+      Amount{.value = content.netWorth.value, .snapshot = content.snapshot, .size = 24}.padding(
+          {.top = 8}),
+      changeRow(content).padding({.top = 6}),
+      Spacer{0},
+      rows.padding({.top = 3}),
+  };
+  return HStack{
+      {.alignment = VerticalAlignment::top, .spacing = 14},
+      figures.frame(FixedFrame{.width = 150, .alignment = Alignment::topLeading}),
+      content.chart(true),
+  };
+}
+
+}  // namespace quorvel

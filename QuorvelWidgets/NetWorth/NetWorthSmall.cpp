@@ -1,0 +1,21 @@
+#include "QuorvelWidgets/NetWorth/NetWorthContent.hpp"
+#include "QuorvelWidgets/NetWorth/NetWorthPieces.hpp"
+#include "QuorvelWidgets/WidgetSupport/Amount.hpp"
+
+namespace quorvel {
+
+using namespace viewkit;
+
+View netWorthSmall(const NetWorthContent& content) {
+  return VStack{
+      {.alignment = HorizontalAlignment::leading, .spacing = 0},
+      content.header(true),
+      Amount{.value = content.netWorth.value, .snapshot = content.snapshot, .size = 21}.padding(
+          {.top = 9}),
+      changeRow(content).padding({.top = 6}),
+      Spacer{0},
+      content.chart(false).frame(FixedFrame{.height = 54}),
+  };
+}
+
+}  // namespace quorvel

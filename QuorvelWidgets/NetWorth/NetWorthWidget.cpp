@@ -1,0 +1,27 @@
+#include "QuorvelWidgets/NetWorth/NetWorthWidget.hpp"
+
+#include "QuorvelWidgets/NetWorth/NetWorthWidgetView.hpp"
+#include "QuorvelWidgets/WidgetSupport/SnapshotProvider.hpp"
+
+namespace quorvel {
+
+using widgetruntime::Environment;
+using widgetruntime::WidgetFamily;
+
+widgetruntime::Widget NetWorthWidget::configuration(const SnapshotStore& store) {
+  return widgetruntime::makeStaticConfiguration(
+      {.kind = std::string{kKind},
+       .displayName = "Net Worth",
+       .description = "Your net worth and how it's trending.",
+       .families = {WidgetFamily::systemSmall,
+                    WidgetFamily::systemMedium,
+                    WidgetFamily::systemLarge}},
+      SnapshotProvider{store},
+      [store](const SnapshotEntry& entry, const Environment& environment) {
+        return NetWorthWidgetView{
+            .entry = entry, .environment = environment, .urlScheme = store.urlScheme()}
+            .body();
+      });
+}
+
+}  // namespace quorvel

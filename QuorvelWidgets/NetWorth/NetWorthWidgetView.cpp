@@ -1,0 +1,40 @@
+#include "QuorvelWidgets/NetWorth/NetWorthWidgetView.hpp"
+
+#include "QuorvelWidgets/NetWorth/NetWorthContent.hpp"
+#include "QuorvelWidgets/WidgetSupport/Palette.hpp"
+#include "QuorvelWidgets/WidgetSupport/WidgetEnvironment.hpp"
+#include "QuorvelWidgets/WidgetSupport/WidgetLink.hpp"
+#include "QuorvelWidgets/WidgetSupport/WidgetScaffold.hpp"
+
+namespace quorvel {
+
+using namespace viewkit;
+using widgetruntime::WidgetFamily;
+
+namespace {
+
+constexpr EmptyState kNoSnapshot{kNetWorthSymbol, "netWorth", "signIn", "openQuorvel"};
+constexpr EmptyState kNoNetWorth{kNetWorthSymbol, "netWorth", "noNetWorth", "addAssets"};
+
+View layout(const NetWorthContent& content, WidgetFamily family) {
+  if (family == WidgetFamily::systemLarge) return netWorthLarge(content);
+  if (family == WidgetFamily::systemMedium) return netWorthMedium(content);
+  return netWorthSmall(content);
+}
+
+}  // namespace
+
+View NetWorthWidgetView::body() const {
+  const WidgetScaffold scaffold{entry.snapshot, environment, widgetLink(urlScheme, "dashboard")};
+  if (!entry.snapshot) return scaffold.root(scaffold.message(kNoSnapshot));
+  const WidgetSnapshot& snapshot = *entry.snapshot;
+  if (!snapshot.netWorth) return scaffold.root(scaffold.message(kNoNetWorth));
+  const NetWorthContent content{.snapshot = withEffectivePrivacy(snapshot, environment),
+                                .netWorth = *snapshot.netWorth,
+                                .accent = WAccent{snapshot.accent},
+                                .environment = environment};
+  return scaffold.root(
+      layout(content, environment.familyInForce()).foregroundStyle(palette::textPrimary));
+}
+
+}  // namespace quorvel

@@ -1,0 +1,63 @@
+#include "QuorvelWidgets/SafeToSpend/SafeToSpendLayouts.hpp"
+#include "QuorvelWidgets/WidgetSupport/WidgetEnvironment.hpp"
+
+namespace quorvel {
+
+using namespace viewkit;
+using widgetruntime::WidgetFamily;
+
+namespace {
+
+std::string unit(const SafeToSpendContent& content) {
+  return content.isLastDay() ? content.text("left") : perDayLabel(content);
+}
+
+View circular(const SafeToSpendContent& content) {
+  return VStack{
+      {.spacing = 0},
+      amountWithUnit(content, 17, std::nullopt, 0),
+      content.caption(content.text(content.isLastDay() ? "left" : "perDay"), 10, 0.7)
+          .foregroundStyle(secondaryTextColor(content.environment)),
+  }
+      .padding(Insets::horizontal(10));
+}
+
+View rectangular(const SafeToSpendContent& content) {
+  const Color secondary = secondaryTextColor(content.environment);
+  return VStack{
+      {.alignment = HorizontalAlignment::leading, .spacing = 1},
+      safeToSpendHeader(content, Color::primary(), Color::primary()),
+      amountWithUnit(content, 17, unit(content), 11, secondary),
+      dayCaption(content, 11).foregroundStyle(secondary),
+  }
+      .frame(FlexibleFrame{
+          .maxWidth = kInfinity, .maxHeight = kInfinity, .alignment = Alignment::leading})
+      .padding({.top = 6, .leading = 10, .bottom = 6, .trailing = 10});
+}
+
+View inlineRow(const SafeToSpendContent& content) {
+  return HStack{
+      {.spacing = 5},
+      Symbol{std::string{kSafeToSpendSymbol}}.font(15, FontWeight::medium).accessibilityHidden(),
+      amountWithUnit(content, 15, unit(content), 15),
+  };
+}
+
+View layout(const SafeToSpendContent& content) {
+  switch (content.environment.familyInForce()) {
+    case WidgetFamily::accessoryCircular:
+      return circular(content);
+    case WidgetFamily::accessoryInline:
+      return inlineRow(content);
+    default:
+      return rectangular(content);
+  }
+}
+
+}  // namespace
+
+View safeToSpendAccessory(const SafeToSpendContent& content) {
+  return layout(content).foregroundStyle(Color::primary());
+}
+
+}  // namespace quorvel

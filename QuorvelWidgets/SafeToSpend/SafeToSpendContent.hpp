@@ -1,0 +1,70 @@
+// What every safe-to-spend layout draws from, and the pieces they share.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "QuorvelWidgets/SafeToSpend/BudgetPace.hpp"
+#include "QuorvelWidgets/SafeToSpend/SafeToSpendMetrics.hpp"
+#include "QuorvelWidgets/WidgetSupport/WAccent.hpp"
+#include "QuorvelWidgets/WidgetSupport/WidgetSnapshot.hpp"
+#include "ViewKit/ViewKit.hpp"
+#include "WidgetRuntime/Environment.hpp"
+
+namespace quorvel {
+
+inline constexpr std::string_view kSafeToSpendSymbol = "gauge.with.needle";
+
+struct SafeToSpendContent {
+  WidgetSnapshot snapshot;  ///< its `isHidden` is the effective privacy
+  WidgetSnapshot::Budget budget;
+  SafeToSpendMetrics metrics;
+  BudgetPace pace;
+  WAccent accent;
+  widgetruntime::Environment environment;
+  bool showsBackground = true;
+
+  [[nodiscard]] bool isHidden() const { return snapshot.isHidden; }
+  [[nodiscard]] bool isLastDay() const { return !metrics.perDay.has_value(); }
+  /// The share that meters and gauges show: none while amounts are hidden.
+  [[nodiscard]] double visibleFraction() const { return isHidden() ? 0 : metrics.spentFraction; }
+  /// The amount per day; on the last day the whole remainder.
+  [[nodiscard]] double mainAmount() const { return metrics.perDay.value_or(metrics.remaining); }
+
+  [[nodiscard]] std::string text(std::string_view key) const;
+  /// A caption: one line in the snapshot's language.
+  [[nodiscard]] viewkit::Text caption(std::string text, double size, double leastScale) const;
+  /// The whole percentage with its sign, as one figure.
+  [[nodiscard]] viewkit::Text percentage(double size) const;
+  /// "61% used".
+  [[nodiscard]] std::string spokenPercentage() const;
+};
+
+/// Days left in words: "12d left", "Last day".
+[[nodiscard]] std::string dayPhrase(std::int64_t daysLeft, std::string_view lang);
+
+/// The day phrase as a caption.
+[[nodiscard]] viewkit::View dayCaption(const SafeToSpendContent& content, double size);
+
+/// The widget's own header: bare symbol and title in one row of 14.5 points.
+[[nodiscard]] viewkit::View safeToSpendHeader(const SafeToSpendContent& content,
+                                              viewkit::Color symbol,
+                                              viewkit::Color title);
+
+/// An amount with its unit on the same baseline; the unit may be absent.
+[[nodiscard]] viewkit::View amountWithUnit(const SafeToSpendContent& content,
+                                           double size,
+                                           const std::optional<std::string>& unit,
+                                           double unitSize,
+                                           std::optional<viewkit::Color> unitColor = std::nullopt);
+
+/// The unit of an amount per day without a space before it: "/ day".
+[[nodiscard]] std::string perDayLabel(const SafeToSpendContent& content);
+
+/// What is left, or by how much the budget is exceeded, in 12 points; the words may take more than
+/// one line where there is room below.
+[[nodiscard]] viewkit::View remainderLine(const SafeToSpendContent& content, int lines = 1);
+
+}  // namespace quorvel

@@ -1,0 +1,68 @@
+#include "QuorvelWidgets/SafeToSpend/SafeToSpendView.hpp"
+
+#include <optional>
+
+#include "Foundation/Calendar.hpp"
+#include "QuorvelWidgets/SafeToSpend/SafeToSpendLayouts.hpp"
+#include "QuorvelWidgets/WidgetSupport/AccessoryBackdrop.hpp"
+#include "QuorvelWidgets/WidgetSupport/WidgetEnvironment.hpp"
+#include "QuorvelWidgets/WidgetSupport/WidgetLink.hpp"
+#include "QuorvelWidgets/WidgetSupport/WidgetScaffold.hpp"
+
+namespace quorvel {
+
+using namespace viewkit;
+using widgetruntime::WidgetFamily;
+
+namespace {
+
+constexpr EmptyState kNoSnapshot{kSafeToSpendSymbol, "safeToSpend", "signIn", "openQuorvel"};
+constexpr EmptyState kNoBudget{kSafeToSpendSymbol, "safeToSpend", "noBudget", "setBudget"};
+
+std::optional<SafeToSpendContent> makeContent(const SafeToSpendView& view) {
+  if (!view.entry.snapshot || !view.entry.snapshot->budget) return std::nullopt;
+  const WidgetSnapshot& snapshot = *view.entry.snapshot;
+  const WidgetSnapshot::Budget& budget = *snapshot.budget;
+  const foundation::Calendar calendar{view.environment.locale, view.environment.timeZone};
+  const auto metrics = makeSafeToSpendMetrics(
+      budget.total, budget.spent, budget.periodEnd, view.entry.date, calendar);
+  if (!metrics) return std::nullopt;
+  return SafeToSpendContent{.snapshot = withEffectivePrivacy(snapshot, view.environment),
+                            .budget = budget,
+                            .metrics = *metrics,
+                            .pace = budgetPace(budget, view.entry.date, calendar),
+                            .accent = WAccent{snapshot.accent},
+                            .environment = view.environment,
+                            .showsBackground = view.showsBackground};
+}
+
+/// The accent tile is for the small family; wider ones have room for everything.
+bool isAccentTile(const SafeToSpendView& view) {
+  return view.environment.familyInForce() == WidgetFamily::systemSmall &&
+         view.entry.style == SafeToSpendStyle::accent;
+}
+
+View layout(const SafeToSpendView& view, const SafeToSpendContent& content) {
+  const WidgetFamily family = view.environment.familyInForce();
+  if (isAccessory(family)) return safeToSpendAccessory(content);
+  if (family != WidgetFamily::systemSmall) return safeToSpendMedium(content);
+  return isAccentTile(view) ? safeToSpendAccentTile(content) : safeToSpendRing(content);
+}
+
+}  // namespace
+
+View SafeToSpendView::body() const {
+  const WidgetScaffold scaffold{entry.snapshot, environment, widgetLink(urlScheme, "budget")};
+  if (!entry.snapshot) return scaffold.root(scaffold.message(kNoSnapshot));
+  const auto content = makeContent(*this);
+  if (!content) return scaffold.root(scaffold.message(kNoBudget));
+
+  WidgetChrome chrome = scaffold.chrome(layout(*this, *content));
+  if (isAccentTile(*this)) {
+    chrome.background = Rectangle().fill(content->accent.fill);
+    if (!showsBackground) chrome.backdrop = AccessoryBackdrop{.showsBackground = false};
+  }
+  return chrome;
+}
+
+}  // namespace quorvel

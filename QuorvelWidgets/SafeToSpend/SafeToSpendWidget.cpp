@@ -1,0 +1,26 @@
+#include "QuorvelWidgets/SafeToSpend/SafeToSpendWidget.hpp"
+
+#include "QuorvelWidgets/SafeToSpend/SafeToSpendProvider.hpp"
+#include "QuorvelWidgets/SafeToSpend/SafeToSpendView.hpp"
+
+namespace quorvel {
+
+using widgetruntime::Environment;
+using widgetruntime::WidgetFamily;
+
+widgetruntime::Widget SafeToSpendWidget::configuration(const SnapshotStore& store) {
+  return widgetruntime::makeIntentConfiguration(
+      {.kind = std::string{kKind},
+       .displayName = "Safe to Spend",
+       .description = "How much you can spend per day to stay on budget.",
+       .families = {WidgetFamily::systemSmall, WidgetFamily::systemMedium}},
+      SafeToSpendIntent::description(),
+      SafeToSpendProvider{store},
+      [store](const SafeToSpendEntry& entry, const Environment& environment) {
+        return SafeToSpendView{
+            .entry = entry, .environment = environment, .urlScheme = store.urlScheme()}
+            .body();
+      });
+}
+
+}  // namespace quorvel

@@ -1,0 +1,134 @@
+#include "Foundation/Locale.hpp"
+#include "QuorvelWidgets/Spending/MonthHeatmap.hpp"
+#include "QuorvelWidgets/Spending/SpendingContent.hpp"
+#include "QuorvelWidgets/Spending/SpendingFigures.hpp"
+#include "QuorvelWidgets/WidgetSupport/Amount.hpp"
+#include "QuorvelWidgets/WidgetSupport/Palette.hpp"
+#include "QuorvelWidgets/WidgetSupport/WidgetChange.hpp"
+#include "QuorvelWidgets/WidgetSupport/WidgetIconTile.hpp"
+#include "QuorvelWidgets/WidgetSupport/WidgetLanguage.hpp"
+#include "QuorvelWidgets/WidgetSupport/WidgetPrivacyNote.hpp"
+#include "QuorvelWidgets/WidgetSupport/WidgetScaffold.hpp"
+
+namespace quorvel {
+
+using namespace viewkit;
+
+namespace {
+
+constexpr auto kCombined = Accessibility::Children::combine;
+
+View hero(const SpendingContent& content) {
+  const View amount =
+      Amount{.value = content.spending.spent, .snapshot = content.snapshot, .size = 32};
+  if (content.snapshot.isHidden) {
+    return HStack{
+        {.spacing = 8},
+        amount,
+        WidgetPrivacyNote{.lang = content.snapshot.lang, .color = palette::textSecondary}
+            .accessibilityHidden(),  // the amount beside it says it
+    };
+  }
+  const auto percent = changeAgainstLastMonth(content.spending);
+  return HStack{
+      {.alignment = VerticalAlignment::firstTextBaseline, .spacing = 8},
+      amount,
+      when(percent.has_value(),
+           [&] {
+             return WidgetChange{
+                 .value = *percent, .precision = 1, .favorableWhenPositive = false, .size = 12}
+                 .layoutPriority(1);
+           }),
+  };
+}
+
+View statistic(const SpendingContent& content, std::string_view key, double amount) {
+  return VStack{
+      {.alignment = HorizontalAlignment::leading, .spacing = 2},
+      content.caption(content.text(key), 11, 0.8).foregroundStyle(palette::textSecondary),
+      Amount{.value = amount,
+             .snapshot = content.snapshot,
+             .size = 13.5,
+             .weight = FontWeight::semibold},
+  }
+      .padding(10)
+      .frame(FlexibleFrame{.maxWidth = kInfinity, .alignment = Alignment::leading})
+      .background(RoundedRectangle(12, CornerStyle::continuous)
+                      .fill(groundColor(palette::surface, content.environment)))
+      .accessibility({.children = kCombined});
+}
+
+View statistics(const SpendingContent& content) {
+  const SpendingStatistics figures = spendingStatistics(content.spending, content.today.day);
+  return HStack{
+      {.spacing = 8},
+      statistic(content, "today", figures.today),
+      statistic(content, "average", figures.average),
+      statistic(content, "lastMonth", figures.lastMonth),
+  };
+}
+
+View categoryBlock(const SpendingContent& content) {
+  const Color color = content.categoryColor();
+  return VStack{
+      {.alignment = HorizontalAlignment::leading, .spacing = 0},
+      WidgetIconTile{.symbol = content.spending.topCategoryIcon.value_or("tag.fill"),
+                     .color = color,
+                     .background = color.withOpacity(0.16),
+                     .size = 28,
+                     .fallback = "tag.fill"},
+      Spacer{0},
+      content.caption(content.text("topCategory"), 11, 0.8)
+          .lineLimit(2)
+          .foregroundStyle(palette::textSecondary),
+      Amount{.value = content.spending.topCategoryAmount,
+             .snapshot = content.snapshot,
+             .size = 28,
+             .weight = FontWeight::semibold},
+      content.categoryName(13),
+  }
+      .padding(10)
+      .frame(FlexibleFrame{
+          .maxWidth = kInfinity, .maxHeight = kInfinity, .alignment = Alignment::leading})
+      .background(RoundedRectangle(14, CornerStyle::continuous)
+                      .fill(groundColor(palette::surface, content.environment)))
+      .accessibility(content.spokenCategory());
+}
+
+View monthRow(const SpendingContent& content) {
+  const MonthHeatmap map{
+      .daily = content.spending.daily,
+      .today = content.today.day,
+      .daysInMonth = content.daysInMonth,
+      .weekdayOfFirst = content.weekdayOfFirst,
+      .firstWeekday = foundation::firstWeekday(content.environment.locale),
+      .weekdayNames = foundation::narrowWeekdayNames(localeFor(content.snapshot.lang)),
+      .lang = content.snapshot.lang,
+      .heat = content.accent.heat,
+      .renderingMode = content.environment.widgetRenderingMode};
+  const bool hasCategory = content.spending.topCategory.has_value();
+  return HStack{
+      {.spacing = 12},
+      map,
+      when(hasCategory, [&] { return categoryBlock(content); }),
+  }
+      .frame(FlexibleFrame{.maxWidth = kInfinity})
+      .frame(FixedFrame{.height = map.height()});
+}
+
+}  // namespace
+
+View spendingLarge(const SpendingContent& content) {
+  return VStack{
+      {.alignment = HorizontalAlignment::leading, .spacing = 0},
+      content.header(false),
+      Spacer{0},
+      hero(content).padding({.top = 10}),
+      Spacer{0},
+      statistics(content).padding({.top = 14}),
+      Spacer{0},
+      monthRow(content).padding({.top = 18}),
+  };
+}
+
+}  // namespace quorvel

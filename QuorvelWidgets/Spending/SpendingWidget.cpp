@@ -1,0 +1,27 @@
+#include "QuorvelWidgets/Spending/SpendingWidget.hpp"
+
+#include "QuorvelWidgets/Spending/SpendingWidgetView.hpp"
+#include "QuorvelWidgets/WidgetSupport/SnapshotProvider.hpp"
+
+namespace quorvel {
+
+using widgetruntime::Environment;
+using widgetruntime::WidgetFamily;
+
+widgetruntime::Widget SpendingWidget::configuration(const SnapshotStore& store) {
+  return widgetruntime::makeStaticConfiguration(
+      {.kind = std::string{kKind},
+       .displayName = "Spending This Month",
+       .description = "This month's spending vs last month.",
+       .families = {WidgetFamily::systemSmall,
+                    WidgetFamily::systemMedium,
+                    WidgetFamily::systemLarge}},
+      SnapshotProvider{store},
+      [store](const SnapshotEntry& entry, const Environment& environment) {
+        return SpendingWidgetView{
+            .entry = entry, .environment = environment, .urlScheme = store.urlScheme()}
+            .body();
+      });
+}
+
+}  // namespace quorvel

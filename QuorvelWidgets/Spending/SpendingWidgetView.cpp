@@ -1,0 +1,54 @@
+#include "QuorvelWidgets/Spending/SpendingWidgetView.hpp"
+
+#include "Foundation/DayString.hpp"
+#include "QuorvelWidgets/Spending/SpendingContent.hpp"
+#include "QuorvelWidgets/WidgetSupport/Palette.hpp"
+#include "QuorvelWidgets/WidgetSupport/WidgetEnvironment.hpp"
+#include "QuorvelWidgets/WidgetSupport/WidgetLink.hpp"
+#include "QuorvelWidgets/WidgetSupport/WidgetScaffold.hpp"
+
+namespace quorvel {
+
+using namespace viewkit;
+using widgetruntime::WidgetFamily;
+
+namespace {
+
+constexpr EmptyState kNoSnapshot{kSpendingSymbol, "spentThisMonth", "signIn", "openQuorvel"};
+constexpr EmptyState kNoSpending{kSpendingSymbol, "spentThisMonth", "noSpending", "newMonth", true};
+
+SpendingContent makeContent(const SpendingWidgetView& view, const foundation::Calendar& calendar) {
+  const WidgetSnapshot& snapshot = *view.entry.snapshot;
+  const foundation::DateComponents today = calendar.components(view.entry.date);
+  const auto first = calendar.date(today.year, today.month, 1);
+  return {.snapshot = withEffectivePrivacy(snapshot, view.environment),
+          .spending = *snapshot.spending,
+          .accent = WAccent{snapshot.accent},
+          .environment = view.environment,
+          .today = today,
+          .weekdayOfFirst = first ? calendar.components(*first).weekday : 1,
+          .daysInMonth = calendar.daysInMonth(today.year, today.month)};
+}
+
+View layout(const SpendingContent& content, WidgetFamily family) {
+  if (family == WidgetFamily::systemLarge) return spendingLarge(content);
+  if (family == WidgetFamily::systemMedium) return spendingMedium(content);
+  return spendingSmall(content);
+}
+
+}  // namespace
+
+View SpendingWidgetView::body() const {
+  const WidgetScaffold scaffold{entry.snapshot, environment, widgetLink(urlScheme, "spending")};
+  if (!entry.snapshot) return scaffold.root(scaffold.message(kNoSnapshot));
+  const foundation::Calendar calendar{environment.locale, environment.timeZone};
+  const auto& spending = entry.snapshot->spending;
+  if (!spending || spending->month != foundation::monthString(entry.date, calendar)) {
+    return scaffold.root(scaffold.message(kNoSpending));
+  }
+  const SpendingContent content = makeContent(*this, calendar);
+  return scaffold.root(
+      layout(content, environment.familyInForce()).foregroundStyle(palette::textPrimary));
+}
+
+}  // namespace quorvel

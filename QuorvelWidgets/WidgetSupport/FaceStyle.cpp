@@ -1,0 +1,34 @@
+#include "QuorvelWidgets/WidgetSupport/FaceStyle.hpp"
+
+#include "QuorvelWidgets/WidgetSupport/CardArtTile.hpp"
+#include "QuorvelWidgets/WidgetSupport/WidgetContrast.hpp"
+
+namespace quorvel {
+
+using namespace viewkit;
+
+double faceVeil(const std::vector<std::string>& colors, std::optional<double> textOpacity) {
+  if (!textOpacity) return 0;
+  std::vector<Rgb> stops;
+  for (const Color& color : faceColors(colors)) {
+    stops.push_back(std::get<Color::Pair>(color.value).light);
+  }
+  return leastVeil(stops, 0xFFFFFF, *textOpacity);
+}
+
+View faceGround(const std::vector<std::string>& colors, std::optional<double> textOpacity) {
+  const View gradient = LinearGradient(Gradient::even(faceColors(colors), {0, 0}, {1, 1}));
+  const double veil = faceVeil(colors, textOpacity);
+  if (veil == 0) return gradient;
+  return gradient.overlay(Rectangle().fill(Color::black().withOpacity(veil)));
+}
+
+View accentedCutout(double cornerRadius) {
+  constexpr double kGap = 1.5;
+  return Rectangle()
+      .fill(Color::clear())
+      .cutout(RoundedRectangleShape{cornerRadius + kGap, CornerStyle::continuous})
+      .padding(-kGap);
+}
+
+}  // namespace quorvel

@@ -1,0 +1,27 @@
+// What texts stand on: a face's gradient under a veil that keeps white texts legible, and the cut
+// that keeps faces apart where an accented host takes their colours.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "ViewKit/ViewKit.hpp"
+
+namespace quorvel {
+
+/// The least black veil over a face under which white text of that opacity has enough contrast; 0
+/// without text.
+[[nodiscard]] double faceVeil(const std::vector<std::string>& colors,
+                              std::optional<double> textOpacity);
+
+/// A face's colours ("#RRGGBB"; the default face when there are none) from corner to corner, as a
+/// rectangle under its veil. Takes the whole proposal.
+[[nodiscard]] viewkit::View faceGround(const std::vector<std::string>& colors,
+                                       std::optional<double> textOpacity);
+
+/// Removes what lies behind an accented face and a line around it, so that the faces of a pile stay
+/// apart without colours.
+[[nodiscard]] viewkit::View accentedCutout(double cornerRadius);
+
+}  // namespace quorvel

@@ -69,6 +69,19 @@ void JsonReader::read(Instant& out) {
   }
 }
 
+void JsonReader::read(std::vector<double>& out) {
+  JsonScanner& scanner = state_.scanner;
+  if (scanner.peek() != '[') return scanner.mismatch("array");
+  if (!scanner.open()) return;
+  out.reserve(32);  // most series are a month's days
+  JsonScanner::Descent array(scanner);
+  scanner.plainNumbers(array, out);
+  while (scanner.nextElement(array)) {
+    read(out.emplace_back());
+    scanner.plainNumbers(array, out);
+  }
+}
+
 void JsonReader::readRecord(std::span<const JsonField> fields, void* record) {
   JsonScanner& scanner = state_.scanner;
   if (scanner.peek() != '{') return scanner.mismatch("object");
@@ -110,6 +123,10 @@ void JsonReader::readArray(void (*element)(JsonReader&, void*), void* out) {
   if (!scanner.open()) return;
   JsonScanner::Descent array(scanner);
   while (scanner.nextElement(array)) element(*this, out);
+}
+
+std::size_t JsonReader::expectedElements(std::size_t count) const {
+  return state_.scanner.expectedElements(count);
 }
 
 std::optional<JsonFailure> decodeJsonRecord(std::string_view document,

@@ -20,7 +20,6 @@
 #include <span>
 #include <string>
 #include <string_view>
-#include <type_traits>
 #include <vector>
 
 #include "Foundation/Instant.hpp"
@@ -68,6 +67,7 @@ class JsonReader {
   void read(double& out);
   void read(std::string& out);
   void read(Instant& out);  ///< an internet date-time string
+  void read(std::vector<double>& out);
   void readRecord(std::span<const JsonField> fields, void* record);
 
   template <JsonRecord T>
@@ -84,10 +84,11 @@ class JsonReader {
   }
   template <class T>
   void read(std::vector<T>& out) {
-    if constexpr (std::is_arithmetic_v<T>) out.reserve(32);  // most series are a month's days
     readArray(
         [](JsonReader& reader, void* vector) {
-          reader.read(static_cast<std::vector<T>*>(vector)->emplace_back());
+          auto& list = *static_cast<std::vector<T>*>(vector);
+          if (list.size() == list.capacity()) list.reserve(reader.expectedElements(list.size()));
+          reader.read(list.emplace_back());
         },
         &out);
   }
@@ -97,6 +98,7 @@ class JsonReader {
   explicit JsonReader(struct JsonReaderState& state) : state_(state) {}
   bool readNull();  ///< consumes a null; false leaves the value to be read
   void readArray(void (*element)(JsonReader&, void*), void* out);
+  [[nodiscard]] std::size_t expectedElements(std::size_t count) const;
 
   struct JsonReaderState& state_;
 };

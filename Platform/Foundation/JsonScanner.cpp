@@ -8,7 +8,9 @@
 #include <array>
 #include <bit>
 #include <charconv>
+#include <cmath>
 #include <cstdint>
+#include <cstdlib>
 #include <cstring>
 #include <ranges>
 #include <utility>
@@ -21,17 +23,45 @@ namespace {
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 constexpr std::size_t kMaximumProblems = 100;
 
-/// The powers of ten that are doubles themselves.
-constexpr std::array<double, 23> kPowers = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
-                                            1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
-                                            1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+constexpr std::array<double, 16> kPowers = {
+    1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
 
 bool isDigit(char c) {
   return c >= '0' && c <= '9';
 }
 
+/// Reads a number of at most fifteen digits and without an exponent, most numbers of a document,
+/// and answers what follows it; null for any other, which is left to be read.
+inline const char* readPlainNumber(const char* at, const char* end, double& out) {
+  const bool isNegative = *at == '-';
+  if (isNegative) ++at;
+  std::uint64_t digits = 0;
+  const auto takeDigits = [&] {
+    const char* const first = at;
+    for (; at != end && isDigit(*at); ++at) {
+      digits = digits * 10 + static_cast<std::uint64_t>(*at - '0');
+    }
+    return at - first;
+  };
+  const char* const whole = at;
+  const std::ptrdiff_t wholes = takeDigits();
+  if (wholes == 0 || (wholes > 1 && *whole == '0')) return nullptr;
+  std::ptrdiff_t fractions = 0;
+  if (at != end && *at == '.') {
+    ++at;
+    fractions = takeDigits();
+    if (fractions == 0) return nullptr;
+  }
+  if (wholes + fractions > 15 || (at != end && (*at | 0x20) == 'e')) return nullptr;
+  // Both are doubles themselves, so one division rounds correctly.
+  auto magnitude = static_cast<double>(digits);
+  if (fractions > 0) magnitude /= kPowers[static_cast<std::size_t>(fractions)];
+  out = isNegative ? -magnitude : magnitude;
+  return at;
+}
+
 /// The first quotation mark, backslash or control character; `end` when there is none.
-const char* plainEnd(const char* at, const char* end) {
+inline const char* plainEnd(const char* at, const char* end) {
   constexpr std::uint64_t kOnes = 0x0101010101010101;
   constexpr std::uint64_t kTops = 0x8080808080808080;
   const auto zeroBytes = [](std::uint64_t w) { return (w - kOnes) & ~w; };
@@ -91,14 +121,6 @@ bool isLowSurrogate(char32_t unit) {
 
 }  // namespace
 
-struct JsonScanner::NumberParts {
-  const char* start = nullptr;
-  bool isNegative = false;
-  std::uint64_t mantissa = 0;  // all digits as one integer; exact up to 19 of them
-  std::int64_t digits = 0;     // how many, leading zeros included
-  std::int64_t exponent = 0;   // of ten, for the mantissa
-};
-
 JsonScanner::JsonScanner(std::string_view text, std::size_t maximumDepth, std::size_t maximumString)
     : maximumDepth_(std::min(maximumDepth, kMaximumDepth)), maximumString_(maximumString) {
   if (text.starts_with(kByteOrderMark)) text.remove_prefix(kByteOrderMark.size());
@@ -118,13 +140,13 @@ bool JsonScanner::open() {
   return true;
 }
 
-bool JsonScanner::isKey(std::string_view guess) const {
+inline bool JsonScanner::isKey(std::string_view guess) const {
   const std::size_t room = static_cast<std::size_t>(end_ - at_);
   return !guess.empty() && room > guess.size() + 1 && at_[guess.size() + 1] == '"' &&
          std::memcmp(at_ + 1, guess.data(), guess.size()) == 0;
 }
 
-bool JsonScanner::next(bool isFirst, char closing) {
+inline bool JsonScanner::next(bool isFirst, char closing) {
   if (stopped_) return false;
   const char c = peek();
   if (!isFirst && c == ',') {
@@ -139,7 +161,7 @@ bool JsonScanner::next(bool isFirst, char closing) {
   return isFirst || fail(closing == '}' ? "comma or end of object" : "comma or end of array");
 }
 
-bool JsonScanner::colon() {
+inline bool JsonScanner::colon() {
   if (peek() != ':') return fail("colon");
   ++at_;
   return true;
@@ -286,48 +308,30 @@ bool JsonScanner::hexUnit(char32_t& unit) {
   return true;
 }
 
-bool JsonScanner::scanNumber(NumberParts& parts) {
-  parts.start = at_;
+bool JsonScanner::skipNumber() {
   const auto failAt = [&](const char* at, std::string_view expected) {
     at_ = at;
     return fail(expected);
   };
   const char* at = at_;
-  std::uint64_t mantissa = 0;
-  const auto takeDigits = [&, end = end_] {
+  const auto skipDigits = [&, end = end_] {
     const char* const first = at;
-    for (; at != end && isDigit(*at); ++at) {
-      mantissa = mantissa * 10 + static_cast<std::uint64_t>(*at - '0');
-    }
-    return at - first;
+    while (at != end && isDigit(*at)) ++at;
+    return at != first;
   };
 
-  if (*at == '-') {
-    parts.isNegative = true;
-    ++at;
-  }
+  if (*at == '-') ++at;
   const char* const whole = at;
-  parts.digits = takeDigits();
-  if (parts.digits == 0) return failAt(at, "digit");
-  if (*whole == '0' && parts.digits > 1) return failAt(whole + 1, "no digit after a leading zero");
+  if (!skipDigits()) return failAt(at, "digit");
+  if (*whole == '0' && at > whole + 1) return failAt(whole + 1, "no digit after a leading zero");
   if (at != end_ && *at == '.') {
     ++at;
-    const std::int64_t fraction = takeDigits();
-    if (fraction == 0) return failAt(at, "digit");
-    parts.digits += fraction;
-    parts.exponent = -fraction;
+    if (!skipDigits()) return failAt(at, "digit");
   }
-  parts.mantissa = mantissa;
   if (at != end_ && (*at | 0x20) == 'e') {
     ++at;
-    const bool isDown = at != end_ && *at == '-';
-    if (isDown || (at != end_ && *at == '+')) ++at;
-    if (at == end_ || !isDigit(*at)) return failAt(at, "digit");
-    std::int64_t exponent = 0;
-    for (; at != end_ && isDigit(*at); ++at) {
-      exponent = std::min<std::int64_t>(exponent * 10 + (*at - '0'), 1LL << 48);
-    }
-    parts.exponent += isDown ? -exponent : exponent;
+    if (at != end_ && (*at == '-' || *at == '+')) ++at;
+    if (!skipDigits()) return failAt(at, "digit");
   }
   at_ = at;
   return true;
@@ -335,29 +339,42 @@ bool JsonScanner::scanNumber(NumberParts& parts) {
 
 bool JsonScanner::number(double& out) {
   if (stopped_) return false;
-  NumberParts parts;
-  if (!scanNumber(parts)) return false;
-
-  // A mantissa up to 2^53 and a power of ten up to 10^22 are doubles themselves, so one operation
-  // rounds correctly.
-  const bool isExact = parts.digits <= 19 && parts.mantissa <= 1ULL << 53;
-  if (isExact && parts.exponent >= -22 && parts.exponent <= 22) {
-    const auto mantissa = static_cast<double>(parts.mantissa);
-    const double magnitude = parts.exponent < 0 ? mantissa / kPowers[-parts.exponent]
-                                                : mantissa * kPowers[parts.exponent];
-    out = parts.isNegative ? -magnitude : magnitude;
+  if (const char* const after = readPlainNumber(at_, end_, out)) {
+    at_ = after;
     return true;
   }
-  if (std::from_chars(parts.start, at_, out).ec != std::errc::result_out_of_range) return true;
+  const char* const start = at_;
+  if (!skipNumber()) return false;
+  if (std::from_chars(start, at_, out).ec != std::errc::result_out_of_range) return true;
 
-  out = parts.isNegative ? -0.0 : 0.0;
-  std::int64_t zeros = 0;
-  for (const char* at = parts.start; *at == '-' || *at == '.' || *at == '0'; ++at) {
-    if (*at == '0') ++zeros;
-  }
-  const bool isLarge = parts.digits - zeros + parts.exponent > 0;
-  if (isLarge) note(parts.start, "number within a double's range", "number too large");
+  // Too small for a double reads as zero.
+  const bool isLarge = std::isinf(std::strtod(std::string(start, at_).c_str(), nullptr));
+  out = *start == '-' ? -0.0 : 0.0;
+  if (isLarge) note(start, "number within a double's range", "number too large");
   return true;
+}
+
+void JsonScanner::plainNumbers(Descent& array, std::vector<double>& out) {
+  // The walk itself stays before the comma: whatever is not a plain number is not begun here.
+  for (const char* at = afterSpace(at_); at != end_; at = afterSpace(at_)) {
+    if (array.count_ > 0) {
+      if (*at != ',') return;
+      at = afterSpace(at + 1);
+    }
+    double value = 0;
+    const char* const after = at == end_ ? nullptr : readPlainNumber(at, end_, value);
+    if (after == nullptr) return;
+    out.push_back(value);
+    ++array.count_;
+    at_ = after;
+  }
+}
+
+std::size_t JsonScanner::expectedElements(std::size_t count) const {
+  if (count == 0) return 1;
+  const auto taken = static_cast<double>(at_ - innermost_->begin_);
+  const double scale = static_cast<double>(end_ - innermost_->begin_) / taken;
+  return static_cast<std::size_t>(static_cast<double>(count) * std::clamp(scale, 1.5, 8.0)) + 1;
 }
 
 bool JsonScanner::skipContainer() {
@@ -388,8 +405,7 @@ bool JsonScanner::skipValue() {
     default:
       break;
   }
-  NumberParts parts;
-  return typeName(first).empty() ? fail("value") : scanNumber(parts);
+  return typeName(first).empty() ? fail("value") : skipNumber();
 }
 
 bool JsonScanner::finish() {

@@ -22,7 +22,8 @@ class JsonScanner {
   /// problem's place.
   class Descent {
    public:
-    explicit Descent(JsonScanner& scanner) : scanner_(scanner), parent_(scanner.innermost_) {
+    explicit Descent(JsonScanner& scanner)
+        : scanner_(scanner), parent_(scanner.innermost_), begin_(scanner.at_) {
       scanner.innermost_ = this;
     }
     ~Descent() { scanner_.innermost_ = parent_; }
@@ -43,6 +44,7 @@ class JsonScanner {
 
     JsonScanner& scanner_;
     const Descent* parent_;
+    const char* begin_;
     Place place_ = Place::between;
     std::size_t count_ = 0;  // members or elements begun
     std::string_view key_;
@@ -60,7 +62,7 @@ class JsonScanner {
 
   /// The next byte that is not white space, left in place; NUL at the end.
   char peek() {
-    while (at_ != end_ && (*at_ == ' ' || *at_ == '\n' || *at_ == '\r' || *at_ == '\t')) ++at_;
+    at_ = afterSpace(at_);
     return at_ == end_ ? '\0' : *at_;
   }
 
@@ -72,6 +74,12 @@ class JsonScanner {
   bool nextMember(Descent& object, std::string_view guess = {});
   /// Stands before the next element.
   bool nextElement(Descent& array);
+  /// Takes elements for as long as they are numbers in plain notation; `nextElement` takes what
+  /// follows.
+  void plainNumbers(Descent& array, std::vector<double>& out);
+  /// How many elements the innermost array will have, going by the first `count` of them; more than
+  /// these, and no more than a small multiple.
+  [[nodiscard]] std::size_t expectedElements(std::size_t count) const;
 
   bool literal(std::string_view name);
   /// A text that cannot be held is noted, and reads as empty.
@@ -96,8 +104,10 @@ class JsonScanner {
     const char* at;
     JsonProblem problem;
   };
-  struct NumberParts;
-
+  [[nodiscard]] const char* afterSpace(const char* at) const {
+    while (at != end_ && (*at == ' ' || *at == '\n' || *at == '\r' || *at == '\t')) ++at;
+    return at;
+  }
   bool isKey(std::string_view guess) const;
   bool next(bool isFirst, char closing);
   bool atKey() { return peek() == '"' || fail("string"); }
@@ -105,7 +115,7 @@ class JsonScanner {
   bool isWithinString(std::size_t size, const char* quote);
   bool skipContainer();
   bool skipString();
-  bool scanNumber(NumberParts& parts);
+  bool skipNumber();
   bool escape(std::string* out, bool& isText);
   bool hexUnit(char32_t& unit);
   bool unescape(std::string& out, bool& isText);

@@ -62,6 +62,24 @@ TEST(JsonRecord, ReadsEveryKindOfMember) {
   EXPECT_EQ(report->best, std::nullopt);
 }
 
+TEST(JsonRecord, ListsOfUnevenElementsAreWhole) {
+  // The first elements are as good as nothing beside the others, and the other way round.
+  for (const bool startsSmall : {true, false}) {
+    std::string figures;
+    for (int i = 0; i < 5000; ++i) {
+      const bool isSmall = startsSmall == (i < 20);
+      figures += (i == 0 ? "" : ",") +
+                 (R"({"month":")" + std::string(isSmall ? 0 : 300, 'm') + R"(","value":)") +
+                 std::to_string(i) + "}";
+    }
+    const auto report = decodeJson<Report>(
+        with(std::string(kReport), R"({"month":"2025-03","value":97260})", figures));
+    ASSERT_TRUE(report);
+    ASSERT_THAT(report->figures, SizeIs(5000));
+    for (int i = 0; i < 5000; ++i) EXPECT_EQ(report->figures[static_cast<std::size_t>(i)].value, i);
+  }
+}
+
 TEST(JsonRecord, OrderOfKeysDoesNotMatter) {
   const auto report = decodeJson<Report>(
       R"({"figures":[],"daily":[],"total":3,"title":"x","isFinal":false,"writtenAt":"2025-03-14T09:30:00Z"})");
@@ -221,6 +239,26 @@ TEST(JsonNumber, IntegersOfAnyLengthAreRounded) {
   EXPECT_EQ(readAs<double>("18446744073709551616"), 0x1p64);
   EXPECT_EQ(readAs<double>("1" + std::string(300, '0')), 1e300);
   EXPECT_EQ(readAs<double>("0.000000000000000000000000000001"), 1e-30);
+}
+
+TEST(JsonNumber, AListMixesAllNotations) {
+  EXPECT_THAT(
+      readAs<std::vector<double>>("[ 1 ,-2.5,\n1e3, 12345678901234567, 0.1 ,-0, 999999999999999]"),
+      testing::Optional(
+          ElementsAre(1, -2.5, 1000, 12345678901234567.0, 0.1, 0, 999999999999999.0)));
+  EXPECT_THAT(readAs<std::vector<double>>("[ ]"), testing::Optional(testing::IsEmpty()));
+}
+
+TEST(JsonNumber, AProblemInAListIsPlaced) {
+  const auto problems =
+      problemsOf(with(std::string(kReport), "[1,2.5,0]", "[1,\"x\",1e400,2, 01]"));
+  ASSERT_THAT(problems, SizeIs(3));
+  EXPECT_EQ(problems[0].pointer, "/daily/1");
+  EXPECT_EQ(problems[0].found, "string");
+  EXPECT_EQ(problems[1].pointer, "/daily/2");
+  EXPECT_EQ(problems[1].found, "number too large");
+  EXPECT_EQ(problems[2].pointer, "/daily/4");
+  EXPECT_EQ(problems[2].expected, "no digit after a leading zero");
 }
 
 TEST(JsonNumber, MinusZeroKeepsItsSign) {

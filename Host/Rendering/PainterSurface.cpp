@@ -47,41 +47,46 @@ PixelSource::PixelSource(const GradientInk& gradient, float opacity, double scal
 }
 
 void SurfaceSink::span(int x, int y, int length, std::uint32_t coverage) {
+  if (!mask_) return run(x, y, length, coverage);
+  // Inside and outside of the clip's edge the mask stays the same for long.
+  const std::uint8_t* mask = mask_->row(y) + x;
+  for (int i = 0; i < length;) {
+    const int first = i;
+    while (i < length && mask[i] == mask[first]) ++i;
+    const std::uint32_t c = scaleByte(coverage, mask[first]);
+    if (c != 0) run(x + first, y, i - first, c);
+  }
+}
+
+inline void SurfaceSink::run(int x, int y, int length, std::uint32_t coverage) {
   std::uint32_t* to = surface_.row(y) + x;
-  const std::uint8_t* mask = mask_ ? mask_->row(y) + x : nullptr;
-  const bool solid = source_.isSolid();
-  if (!solid || mask) {
+  if (!source_.isSolid()) {
     for (int i = 0; i < length; ++i) {
-      const std::uint32_t c = mask ? scaleByte(coverage, mask[i]) : coverage;
-      if (c == 0) continue;
-      const std::uint32_t from = solid ? source_.color() : source_.at(x + i, y);
-      to[i] = over(c == 255 ? from : scalePixel(from, c), to[i]);
+      const std::uint32_t from = source_.at(x + i, y);
+      to[i] = over(coverage == 255 ? from : scalePixel(from, coverage), to[i]);
     }
     return;
   }
   const std::uint32_t color =
       coverage == 255 ? source_.color() : scalePixel(source_.color(), coverage);
-  if (color >> 24 == 255) {
+  const std::uint32_t rest = 255 - (color >> 24);
+  if (rest == 0) {
     std::fill_n(to, length, color);
   } else {
-    for (int i = 0; i < length; ++i) to[i] = over(color, to[i]);
+    for (int i = 0; i < length; ++i) to[i] = color + scalePixel(to[i], rest);
   }
 }
 
 void SurfaceSink::row(int x, int y, int length, const std::uint8_t* coverage) {
-  if (!source_.isSolid()) {
-    for (int i = 0; i < length; ++i) {
-      if (coverage[i] != 0) span(x + i, y, 1, coverage[i]);
-    }
-    return;
-  }
-  std::uint32_t* to = surface_.row(y) + x;
   const std::uint8_t* mask = mask_ ? mask_->row(y) + x : nullptr;
-  const std::uint32_t color = source_.color();
-  for (int i = 0; i < length; ++i) {
-    const std::uint32_t c = mask ? scaleByte(coverage[i], mask[i]) : coverage[i];
-    if (c == 0) continue;
-    to[i] = over(c == 255 ? color : scalePixel(color, c), to[i]);
+  for (int i = 0; i < length;) {
+    const int first = i;
+    const auto isSame = [&] {
+      return coverage[i] == coverage[first] && (!mask || mask[i] == mask[first]);
+    };
+    while (i < length && isSame()) ++i;
+    const std::uint32_t c = mask ? scaleByte(coverage[first], mask[first]) : coverage[first];
+    if (c != 0) run(x + first, y, i - first, c);
   }
 }
 

@@ -66,6 +66,9 @@ class SurfaceSink final : public SpanSink {
   void row(int x, int y, int length, const std::uint8_t* coverage);
 
  private:
+  /// Pixels of one coverage, whatever the mask.
+  void run(int x, int y, int length, std::uint32_t coverage);
+
   const Surface& surface_;
   const PixelSource& source_;
   const CoverageMap* mask_;

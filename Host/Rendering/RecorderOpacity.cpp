@@ -73,6 +73,28 @@ bool covers(const DrawList& list, std::size_t from, std::size_t to, const BeginC
   return false;
 }
 
+/// One past the end of the clip that begins there.
+std::size_t clipEnd(const DrawList& list, std::size_t begin) {
+  int depth = 0;
+  std::size_t i = begin;
+  do {
+    if (std::holds_alternative<BeginClip>(list.commands[i])) ++depth;
+    if (std::holds_alternative<EndClip>(list.commands[i])) --depth;
+    ++i;
+  } while (depth > 0);
+  return i;
+}
+
+/// Whether the commands from there on fill that path and do nothing else.
+bool fillOnly(const DrawList& list, std::size_t from, const PathSlice& path) {
+  return std::all_of(list.commands.begin() + static_cast<std::ptrdiff_t>(from),
+                     list.commands.end(),
+                     [&](const DrawCommand& command) {
+                       const auto* fill = std::get_if<FillPath>(&command);
+                       return fill && samePath(list, fill->path, path);
+                     });
+}
+
 }  // namespace
 
 bool contains(const Rect& outer, const Rect& inner) {
@@ -145,35 +167,27 @@ void applyOpacity(DrawList& list, std::size_t first, double opacity) {
 }
 
 std::optional<FillPath> silhouetteFrom(DrawList& list, std::size_t first) {
-  const std::size_t end = list.commands.size();
-  if (first == end) return std::nullopt;
-  // A clip around everything, over ground that fills it.
+  if (first == list.commands.size()) return std::nullopt;
+  std::optional<FillPath> base;
+  std::size_t rest = first + 1;
+  bool isRectangle = false;
   if (const auto* clip = std::get_if<BeginClip>(&list.commands[first])) {
-    int depth = 0;
-    for (std::size_t i = first; i < end; ++i) {
-      if (std::holds_alternative<BeginClip>(list.commands[i])) ++depth;
-      if (std::holds_alternative<EndClip>(list.commands[i]) && --depth == 0 && i + 1 != end) {
-        return std::nullopt;
-      }
-    }
-    if (!covers(list, first + 1, end, *clip)) return std::nullopt;
-    return FillPath{clip->path, clip->bounds, {}};
-  }
-  // An opaque shape below everything else.
-  FillPath base;
-  if (const auto* fill = std::get_if<FillPath>(&list.commands[first])) {
-    base = *fill;
+    rest = clipEnd(list, first);
+    if (covers(list, first + 1, rest, *clip)) base = FillPath{clip->path, clip->bounds, {}};
+  } else if (const auto* fill = std::get_if<FillPath>(&list.commands[first])) {
+    if (isOpaque(list, fill->ink)) base = *fill;
   } else if (const auto* rect = std::get_if<FillRect>(&list.commands[first])) {
-    Path path;
-    appendRectangle(path, rect->rect);
-    base = {list.add(path), rect->rect, rect->ink};
-  } else {
-    return std::nullopt;
+    isRectangle = true;
+    if (isOpaque(list, rect->ink)) {
+      Path path;
+      appendRectangle(path, rect->rect);
+      base = FillPath{list.add(path), rect->rect, rect->ink};
+    }
   }
-  if (!isOpaque(list, base.ink)) return std::nullopt;
-  if (end == first + 1) return base;
-  if (!std::holds_alternative<FillRect>(list.commands[first])) return std::nullopt;
-  return contains(base.bounds, boundsFrom(list, first + 1)) ? std::optional(base) : std::nullopt;
+  if (!base || rest == list.commands.size()) return base;
+  const bool staysWithin = isRectangle ? contains(base->bounds, boundsFrom(list, rest))
+                                       : fillOnly(list, rest, base->path);
+  return staysWithin ? base : std::nullopt;
 }
 
 }  // namespace rendering

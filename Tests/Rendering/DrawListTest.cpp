@@ -90,6 +90,22 @@ TEST_F(DrawLists, AShadowOfAnOpaqueClipIsThatOfItsShape) {
             "  rect 15.00,5.00 10.00x10.00 #FF0000\n");
 }
 
+TEST_F(DrawLists, AVeilOfTheSameShapeThrowsNoShadowOfItsOwn) {
+  const View veil = Circle().fill(Color::black().withOpacity(0.2));
+  const Shadow shadow{Color::black(), 4, 0, 0};
+  for (const View& ground : {View{box(Color::same(0xFF0000)).clip(CircleShape{})},
+                             View{Circle().fill(Color::white())}}) {
+    const View view =
+        ground.overlay(veil).shadow(shadow).frame(FixedFrame{.width = 10, .height = 10});
+    EXPECT_TRUE(recorded(view).starts_with("shadow 15.00,5.00 10.00x10.00 ")) << recorded(view);
+  }
+  const View wider = View{Circle().fill(Color::white())}
+                         .overlay(Rectangle().fill(Color::black().withOpacity(0.2)))
+                         .shadow(shadow)
+                         .frame(FixedFrame{.width = 10, .height = 10});
+  EXPECT_TRUE(recorded(wider).starts_with("shadow of 2 ")) << recorded(wider);
+}
+
 TEST_F(DrawLists, AShadowOfATranslucentViewIsThatOfItsPixels) {
   const View view = box(Color::same(0xFF0000).withOpacity(0.5)).shadow({Color::black(), 4, 0, 0});
   EXPECT_EQ(recorded(view),

@@ -49,18 +49,10 @@ void readBoth(int out, int errors, Outcome& outcome) {
   }
 }
 
-}  // namespace
-
-fs::path builtProgram(const std::string& name) {
-  return fs::path(QUORVEL_BINARY_DIR) / "bin" / name;
-}
-
-fs::path example(const std::string& name) {
-  return fs::path(QUORVEL_SOURCE_DIR) / "Examples" / name;
-}
-
-Outcome runHost(const Words& words, const std::map<std::string, std::string>& environment) {
-  const std::string program = builtProgram("quorvel-host").string();
+Outcome run(const std::string& program,
+            const Words& words,
+            const std::map<std::string, std::string>& environment,
+            const fs::path& input) {
   std::vector<std::string> arguments{program};
   arguments.insert(arguments.end(), words.begin(), words.end());
   std::map<std::string, std::string> variables{{"PATH", "/usr/bin:/bin"}, {"HOME", "/nonexistent"}};
@@ -72,7 +64,7 @@ Outcome runHost(const Words& words, const std::map<std::string, std::string>& en
   Pipe errors;
   posix_spawn_file_actions_t actions;
   posix_spawn_file_actions_init(&actions);
-  posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
+  posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, input.c_str(), O_RDONLY, 0);
   posix_spawn_file_actions_adddup2(&actions, out.ends[1], STDOUT_FILENO);
   posix_spawn_file_actions_adddup2(&actions, errors.ends[1], STDERR_FILENO);
   pid_t child = 0;
@@ -95,6 +87,24 @@ Outcome runHost(const Words& words, const std::map<std::string, std::string>& en
   ::close(out.ends[0]);
   ::close(errors.ends[0]);
   return outcome;
+}
+
+}  // namespace
+
+fs::path builtProgram(const std::string& name) {
+  return fs::path(QUORVEL_BINARY_DIR) / "bin" / name;
+}
+
+fs::path example(const std::string& name) {
+  return fs::path(QUORVEL_SOURCE_DIR) / "Examples" / name;
+}
+
+Outcome runHost(const Words& words, const std::map<std::string, std::string>& environment) {
+  return run(builtProgram("quorvel-host"), words, environment, "/dev/null");
+}
+
+Outcome runExtension(const fs::path& input) {
+  return run(builtProgram("quorvel-widgets"), {}, {}, input);
 }
 
 }  // namespace cli

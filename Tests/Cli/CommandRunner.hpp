@@ -27,6 +27,9 @@ using Words = std::vector<std::string>;
 [[nodiscard]] Outcome runHost(const Words& words,
                               const std::map<std::string, std::string>& environment = {});
 
+/// The extension, fed from a file until its end.
+[[nodiscard]] Outcome runExtension(const std::filesystem::path& input);
+
 using testsupport::contentsOf;
 using testsupport::TemporaryFolder;
 

@@ -5,11 +5,14 @@
 #include <string>
 
 #include "FakeExtension.hpp"
-#include "Transcript.hpp"
+#include "Tests/Support/Transcript.hpp"
 #include "WidgetRuntime/Dispatcher.hpp"
 
 namespace widgetruntime {
 namespace {
+
+using testsupport::joined;
+using testsupport::replay;
 
 using testing::HasSubstr;
 

@@ -6,10 +6,13 @@
 #include <string>
 
 #include "FakeExtension.hpp"
-#include "Transcript.hpp"
+#include "Tests/Support/Transcript.hpp"
 
 namespace widgetruntime {
 namespace {
+
+using testsupport::joined;
+using testsupport::replay;
 
 std::string fencedBlocks(const std::string& path) {
   std::ifstream file(path);

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-namespace widgetruntime {
+namespace testsupport {
 
 /// The same transcript with the answers that `handle` gives to its requests; no "< " line where it
 /// gives none. A line that starts with blanks continues the one before it, without them.
@@ -15,4 +15,4 @@ std::string replay(std::string_view transcript,
 /// The transcript with its continued lines joined, so that it can be compared with a replay.
 std::string joined(std::string_view transcript);
 
-}  // namespace widgetruntime
+}  // namespace testsupport

@@ -1,8 +1,8 @@
-#include "Transcript.hpp"
+#include "Tests/Support/Transcript.hpp"
 
 #include <vector>
 
-namespace widgetruntime {
+namespace testsupport {
 
 namespace {
 
@@ -44,4 +44,4 @@ std::string joined(std::string_view transcript) {
   return result;
 }
 
-}  // namespace widgetruntime
+}  // namespace testsupport

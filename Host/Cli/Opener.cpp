@@ -11,7 +11,7 @@
 #include <cstring>
 #include <vector>
 
-extern char** environ;  // NOLINT(readability-redundant-declaration): POSIX leaves it to the user
+extern char** environ;  // POSIX leaves it to the user
 
 namespace cli {
 namespace {

@@ -8,7 +8,7 @@
 #include "QuorvelWidgets/QuorvelWidgetsExtension.hpp"
 #include "QuorvelWidgets/WidgetSupport/SnapshotSample.hpp"
 
-extern char** environ;  // NOLINT(readability-redundant-declaration): POSIX leaves it to the user
+extern char** environ;  // POSIX leaves it to the user
 
 namespace {
 

@@ -18,6 +18,7 @@ using Elements = std::vector<AccessibleElement>;
 /// The children in the order in which the view names them, whatever the order of drawing.
 std::vector<const PlacedNode*> inTreeOrder(const PlacedNode& node) {
   std::vector<const PlacedNode*> result;
+  result.reserve(node.children.size());
   for (const PlacedNode& child : node.children) result.push_back(&child);
   if (node.modifier() || !node.source) return result;
   const auto& views = node.source->children;

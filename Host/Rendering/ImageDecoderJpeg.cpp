@@ -20,7 +20,7 @@ struct ErrorHandler {
 };
 
 void fail(j_common_ptr info) {
-  std::longjmp(reinterpret_cast<ErrorHandler*>(info->err)->jump, 1);  // NOLINT: as libjpeg wants it
+  std::longjmp(reinterpret_cast<ErrorHandler*>(info->err)->jump, 1);
 }
 void ignoreMessage(j_common_ptr) {}
 void ignoreLevel(j_common_ptr, int) {}
@@ -39,12 +39,12 @@ void fromInks(const std::uint8_t* from, std::uint8_t* to) {
   for (int i = 0; i < 3; ++i) to[i] = static_cast<std::uint8_t>(scaleByte(from[i], from[3]));
 }
 
-bool decode(Decoding& d, std::string_view bytes, Size wanted) {
-  if (setjmp(d.errors.jump)) return false;  // NOLINT
+std::optional<DecodedImage> decode(Decoding& d, std::string_view bytes, Size wanted) {
+  if (setjmp(d.errors.jump)) return std::nullopt;
   jpeg_create_decompress(&d.info);
   jpeg_mem_src(&d.info, reinterpret_cast<const unsigned char*>(bytes.data()), bytes.size());
-  if (jpeg_read_header(&d.info, TRUE) != JPEG_HEADER_OK) return false;
-  if (!isBearable(d.info.image_width, d.info.image_height)) return false;
+  if (jpeg_read_header(&d.info, TRUE) != JPEG_HEADER_OK) return std::nullopt;
+  if (!isBearable(d.info.image_width, d.info.image_height)) return std::nullopt;
   const bool inks = d.info.jpeg_color_space == JCS_CMYK || d.info.jpeg_color_space == JCS_YCCK;
   d.info.out_color_space = inks ? JCS_CMYK : JCS_RGB;
   const int sourceWidth = static_cast<int>(d.info.image_width);
@@ -58,13 +58,13 @@ bool decode(Decoding& d, std::string_view bytes, Size wanted) {
   const int width = static_cast<int>(d.info.output_width);
   const int height = static_cast<int>(d.info.output_height);
   const int channels = inks ? 4 : 3;
-  if (d.info.output_components != channels) return false;
+  if (d.info.output_components != channels) return std::nullopt;
   d.image.emplace(width, height, shrinkFactor(width, height, wanted));
   d.line.resize(static_cast<std::size_t>(width) * 4);
   d.rgba.assign(static_cast<std::size_t>(width) * 4, 255);
   while (d.info.output_scanline < d.info.output_height) {
     JSAMPROW rows[1] = {d.line.data()};
-    if (jpeg_read_scanlines(&d.info, rows, 1) != 1) return false;
+    if (jpeg_read_scanlines(&d.info, rows, 1) != 1) return std::nullopt;
     for (int x = 0; x < width; ++x) {
       const std::uint8_t* from = d.line.data() + static_cast<std::ptrdiff_t>(x) * channels;
       std::uint8_t* to = d.rgba.data() + static_cast<std::ptrdiff_t>(x) * 4;
@@ -78,7 +78,10 @@ bool decode(Decoding& d, std::string_view bytes, Size wanted) {
     }
     d.image->row(d.rgba.data());
   }
-  return true;
+  DecodedImage image = d.image->finish();
+  image.sourceWidth = sourceWidth;
+  image.sourceHeight = sourceHeight;
+  return image;
 }
 
 }  // namespace
@@ -93,11 +96,7 @@ std::optional<DecodedImage> decodeJpeg(std::string_view bytes, Size wanted) {
   d.errors.base.error_exit = fail;
   d.errors.base.output_message = ignoreMessage;
   d.errors.base.emit_message = ignoreLevel;
-  if (!decode(d, bytes, wanted)) return std::nullopt;
-  DecodedImage image = d.image->finish();
-  image.sourceWidth = static_cast<int>(d.info.image_width);
-  image.sourceHeight = static_cast<int>(d.info.image_height);
-  return image;
+  return decode(d, bytes, wanted);
 }
 
 }  // namespace rendering

@@ -48,17 +48,17 @@ void expandToRgba(png_structp png) {
 }
 
 // No object with a destructor is made between setjmp and the calls that may jump.
-bool decode(Decoding& d, Size wanted) {
-  if (setjmp(png_jmpbuf(d.png))) return false;  // NOLINT: how libpng reports errors
+std::optional<DecodedImage> decode(Decoding& d, Size wanted) {
+  if (setjmp(png_jmpbuf(d.png))) return std::nullopt;
   png_read_info(d.png, d.info);
   const std::uint64_t width = png_get_image_width(d.png, d.info);
   const std::uint64_t height = png_get_image_height(d.png, d.info);
-  if (!isBearable(width, height)) return false;
+  if (!isBearable(width, height)) return std::nullopt;
   expandToRgba(d.png);
   const int passes = png_set_interlace_handling(d.png);
-  if (passes > 1 && width * height > kLargestInterlaced) return false;
+  if (passes > 1 && width * height > kLargestInterlaced) return std::nullopt;
   png_read_update_info(d.png, d.info);
-  if (png_get_rowbytes(d.png, d.info) != width * 4) return false;
+  if (png_get_rowbytes(d.png, d.info) != width * 4) return std::nullopt;
   const int w = static_cast<int>(width);
   const int h = static_cast<int>(height);
   d.image.emplace(w, h, shrinkFactor(w, h, wanted));
@@ -74,7 +74,7 @@ bool decode(Decoding& d, Size wanted) {
       d.image->row(d.bytes.data());
     }
   }
-  return true;
+  return d.image->finish();
 }
 
 }  // namespace
@@ -90,8 +90,7 @@ std::optional<DecodedImage> decodePng(std::string_view bytes, Size wanted) {
   d.info = png_create_info_struct(d.png);
   if (!d.info) return std::nullopt;
   png_set_read_fn(d.png, &d.input, readBytes);
-  if (!decode(d, wanted)) return std::nullopt;
-  return d.image->finish();
+  return decode(d, wanted);
 }
 
 }  // namespace rendering

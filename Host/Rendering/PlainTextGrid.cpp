@@ -62,6 +62,7 @@ bool belongsTo(const Row& row, const PlainLabel& label) {
 
 std::vector<Row> rowsOf(const std::vector<PlainLabel>& labels) {
   std::vector<const PlainLabel*> order;
+  order.reserve(labels.size());
   for (const PlainLabel& label : labels) order.push_back(&label);
   std::ranges::stable_sort(order, {}, [](const PlainLabel* label) { return label->baseline; });
   std::vector<Row> rows;

@@ -35,7 +35,7 @@ class OutlineReader {
   std::vector<SymbolLayer> read() {
     enum Op { end, nonZero, evenOdd, move, line, cubic, close };
     std::vector<SymbolLayer> layers;
-    for (int op = *at_++; op != end; op = *at_++) {
+    for (int op = byte(); op != end; op = byte()) {
       switch (op) {
         case nonZero:
           layers.emplace_back();
@@ -66,12 +66,13 @@ class OutlineReader {
   }
 
  private:
+  unsigned char byte() { return static_cast<unsigned char>(*at_++); }
   int number() {
     unsigned value = 0;
     for (unsigned shift = 0;; shift += 7) {
-      const auto byte = static_cast<unsigned char>(*at_++);
-      value |= (byte & 0x7Fu) << shift;
-      if (byte < 0x80) break;
+      const unsigned part = byte();
+      value |= (part & 0x7F) << shift;
+      if (part < 0x80) break;
     }
     const int half = static_cast<int>(value >> 1);
     return (value & 1) != 0 ? ~half : half;

@@ -187,12 +187,13 @@ std::optional<Result<JsonValue>> ChildProcess::State::readAnswer(const Exchange&
   if (count <= 0) return std::unexpected(ended("closed its output"));
   decoder.append({bytes.data(), static_cast<std::size_t>(count)});
 
-  auto message = decoder.next();
-  if (!message) return malformed("broken frame: " + message.error().message);
-  if (!*message) return std::nullopt;
+  const auto received = decoder.next();
+  if (!received) return malformed("broken frame: " + received.error().message);
+  const std::optional<std::string>& message = *received;
+  if (!message) return std::nullopt;
   if (exchange.written < exchange.requestSize) return malformed("answered before it was asked");
   if (decoder.pending() > 0) return malformed("more than one answer");
-  return readResult(**message, exchange.id);
+  return readResult(*message, exchange.id);
 }
 
 std::optional<Result<JsonValue>> ChildProcess::State::run(Exchange& exchange,

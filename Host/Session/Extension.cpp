@@ -39,10 +39,10 @@ Extension::Extension(std::unique_ptr<Transport> transport,
                      Deadlines deadlines)
     : transport_(std::move(transport)), parameters_(std::move(parameters)), deadlines_(deadlines) {}
 
-Result<void> Extension::prepare() {
-  if (initialized_ && transport_->isRunning()) return {};
+Result<const InitializeAnswer*> Extension::prepare() {
+  if (initialized_ && transport_->isRunning()) return &*initialized_;
   initialized_.reset();
-  if (auto started = transport_->start(); !started) return started;
+  if (auto started = transport_->start(); !started) return std::unexpected(started.error());
   auto json = transport_->call(
       method::kInitialize, widgetruntime::encode(parameters_), deadlines_.initialize);
   if (!json) return std::unexpected(std::move(json.error()));
@@ -51,8 +51,7 @@ Result<void> Extension::prepare() {
   if (answer->protocolVersion != widgetruntime::kProtocolVersion) {
     return unreadable(method::kInitialize, "another protocol version");
   }
-  initialized_ = std::move(*answer);
-  return {};
+  return &initialized_.emplace(std::move(*answer));
 }
 
 template <class Answer>
@@ -82,8 +81,9 @@ Result<EntriesAnswer> Extension::entries(std::string_view name,
 }
 
 Result<InitializeAnswer> Extension::initialize() {
-  if (auto ready = prepare(); !ready) return std::unexpected(std::move(ready.error()));
-  return *initialized_;
+  const auto offer = prepare();
+  if (!offer) return std::unexpected(offer.error());
+  return **offer;
 }
 
 Result<EntriesAnswer> Extension::placeholder(const EntriesParameters& parameters) {

@@ -51,7 +51,8 @@ class Extension {
   [[nodiscard]] Transport& transport() { return *transport_; }
 
  private:
-  [[nodiscard]] Result<void> prepare();
+  /// Starts what does not run.
+  [[nodiscard]] Result<const widgetruntime::InitializeAnswer*> prepare();
   template <class Answer>
   [[nodiscard]] Result<Answer> ask(std::string_view method,
                                    const std::string& parametersJson,

@@ -48,10 +48,9 @@ std::string DateFormatter::string(Instant instant) const {
   constexpr std::int64_t kFarSeconds = 15'000'000'000'000;
   const std::int64_t seconds = std::clamp(instant.seconds, -kFarSeconds, kFarSeconds);
   const std::int64_t local = seconds + state_->rules.offsetAt(seconds);
-  const double milliseconds =
-      static_cast<double>(local) * 1000 + static_cast<double>(instant.nanoseconds / 1'000'000);
+  const std::int64_t milliseconds = local * 1000 + instant.nanoseconds / 1'000'000;
   icu::UnicodeString text;
-  state_->format->format(milliseconds, text);
+  state_->format->format(static_cast<double>(milliseconds), text);
   text.toUTF8String(out);
   return out;
 }

@@ -13,9 +13,8 @@ std::optional<std::int64_t> parseInteger(std::string_view text) {
   if (text.starts_with('+')) text.remove_prefix(1);
   if (text.starts_with('-')) return std::nullopt;  // a hyphen separates, so this is "+-"
   std::int64_t value = 0;
-  const char* const end = text.data() + text.size();
-  const auto result = std::from_chars(text.data(), end, value);
-  if (result.ec != std::errc() || result.ptr != end) return std::nullopt;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+  if (error != std::errc() || end != text.data() + text.size()) return std::nullopt;
   return value;
 }
 

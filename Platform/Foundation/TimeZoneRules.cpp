@@ -260,8 +260,7 @@ std::optional<TimeZoneRules> TimeZoneRules::load(std::string_view identifier) {
   return file ? parse(*file) : std::nullopt;
 }
 
-void TimeZoneRules::appendYear(std::int64_t year, std::vector<ClockChange>& out) const {
-  const Yearly& y = *yearly_;
+void TimeZoneRules::appendYear(const Yearly& y, std::int64_t year, std::vector<ClockChange>& out) {
   // Each rule's wall time is that of the offset in force before it.
   ClockChange summer{
       wallSeconds(y.toSummer, year) - y.standardOffset, y.standardOffset, y.summerOffset};
@@ -285,7 +284,7 @@ std::vector<ClockChange> TimeZoneRules::changesBetween(std::int64_t from, std::i
   const std::int64_t lastYear = civilFromDays(floorDiv(to, kSecondsOfDay)).year + 1;
   for (std::int64_t year = civilFromDays(floorDiv(start, kSecondsOfDay)).year - 1; year <= lastYear;
        ++year) {
-    appendYear(year, yearly);
+    appendYear(*yearly_, year, yearly);
   }
   std::ranges::copy_if(yearly, std::back_inserter(out), [&](const ClockChange& change) {
     return change.at > start && change.at <= to && change.before != change.after;

@@ -52,7 +52,7 @@ class TimeZoneRules {
   };
 
   static bool parseFooter(std::string_view text, TimeZoneRules& rules);
-  void appendYear(std::int64_t year, std::vector<ClockChange>& out) const;
+  static void appendYear(const Yearly& yearly, std::int64_t year, std::vector<ClockChange>& out);
 
   std::int32_t firstOffset_ = 0;
   std::vector<ClockChange> changes_;

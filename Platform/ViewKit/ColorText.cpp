@@ -24,10 +24,11 @@ bool takeOne(std::string_view& text, char c) {
 std::optional<Rgb> takeRgb(std::string_view& text) {
   constexpr std::size_t kDigits = 6;
   if (!takeOne(text, '#') || text.size() < kDigits) return std::nullopt;
-  Rgb rgb = 0;
-  const char* const end = text.data() + kDigits;
-  if (std::from_chars(text.data(), end, rgb, 16).ptr != end) return std::nullopt;
+  const std::string_view digits = text.substr(0, kDigits);
   text.remove_prefix(kDigits);
+  Rgb rgb = 0;
+  const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), rgb, 16);
+  if (end != digits.data() + digits.size()) return std::nullopt;
   return rgb;
 }
 
@@ -45,8 +46,7 @@ std::optional<Color> takeGround(std::string_view& text) {
 }
 
 bool takeOpacity(std::string_view& text, double& opacity) {
-  const char* const end = text.data() + text.size();
-  const auto [rest, error] = std::from_chars(text.data(), end, opacity);
+  const auto [rest, error] = std::from_chars(text.data(), text.data() + text.size(), opacity);
   text.remove_prefix(static_cast<std::size_t>(rest - text.data()));
   return error == std::errc{} && opacity >= 0 && opacity <= 1;
 }

@@ -123,8 +123,8 @@ bool TreeReader::read(const Json& json, std::vector<GradientStop>& out) {
 }
 
 bool TreeReader::read(const Json& json, Gradient& out) {
-  std::optional<ObjectCursor> cursor;
-  return open(json, cursor) && readMembers(*cursor, out) && close(*cursor);
+  auto cursor = open(json);
+  return cursor && readMembers(*cursor, out) && close(*cursor);
 }
 
 bool TreeReader::read(const Json& json, Paint& out) {

@@ -53,7 +53,7 @@ class TreeDump {
   }
   template <class T>
   void put(const std::optional<T>& value) {
-    put(*value);
+    if (value) put(*value);
   }
 
   std::string out_;

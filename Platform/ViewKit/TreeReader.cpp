@@ -55,12 +55,13 @@ bool TreeReader::at(std::size_t index) {
 
 // ---- records
 
-bool TreeReader::open(const Json& json, std::optional<ObjectCursor>& out) {
+std::optional<ObjectCursor> TreeReader::open(const Json& json) {
   const Json::Object* object = json.object();
-  if (object == nullptr) return fail("expected an object");
-  if (object->size() > ObjectCursor::kMostMembers) return fail("too many members");
-  out.emplace(*object);
-  return true;
+  if (object != nullptr && object->size() <= ObjectCursor::kMostMembers) {
+    return ObjectCursor{*object};
+  }
+  fail(object == nullptr ? "expected an object" : "too many members");
+  return std::nullopt;
 }
 
 bool TreeReader::close(const ObjectCursor& cursor) {
@@ -78,8 +79,8 @@ bool TreeReader::readPlain(ObjectCursor& cursor, Out& out) {
 template <class M>
 bool TreeReader::readNested(ObjectCursor& cursor, Modifier& out) {
   const Json* json = cursor.take(MembersOf<M>::kName);
-  std::optional<ObjectCursor> members;
-  return (open(*json, members) && readMembers(*members, out.emplace<M>()) && close(*members)) ||
+  auto members = open(*json);
+  return (members && readMembers(*members, out.emplace<M>()) && close(*members)) ||
          at(MembersOf<M>::kName);
 }
 
@@ -146,8 +147,8 @@ bool TreeReader::read(const Json& json, View& out) {
   if (depth_ >= limits_.depth) return fail("the tree is too deep");
   if (nodes_ >= limits_.nodes) return fail("the tree has too many nodes");
   ++nodes_;
-  std::optional<ObjectCursor> cursor;
-  if (!open(json, cursor)) return false;
+  auto cursor = open(json);
+  if (!cursor) return false;
   Node node;
   ++depth_;
   const bool ok = readNode(*cursor, node) && close(*cursor);
@@ -197,10 +198,9 @@ bool TreeReader::readGeometry(std::string_view type, ObjectCursor& cursor, Shape
 }
 
 bool TreeReader::read(const Json& json, ShapeGeometry& out) {
-  std::optional<ObjectCursor> cursor;
+  auto cursor = open(json);
   std::string_view type;
-  return open(json, cursor) && readType(*cursor, type) && readGeometry(type, *cursor, out) &&
-         close(*cursor);
+  return cursor && readType(*cursor, type) && readGeometry(type, *cursor, out) && close(*cursor);
 }
 
 bool TreeReader::read(const Json& json, std::vector<View>& out) {
@@ -219,8 +219,8 @@ bool TreeReader::readModifiers(const Json& json, std::vector<Modifier>& out) {
 }
 
 bool TreeReader::readModifier(const Json& json, Modifier& out) {
-  std::optional<ObjectCursor> cursor;
-  if (!open(json, cursor)) return false;
+  auto cursor = open(json);
+  if (!cursor) return false;
   const auto* form = TreeForms::findModifier(cursor->object());
   if (form == nullptr) return fail("unknown modifier");
   return (this->*form->read)(*cursor, out) && close(*cursor);

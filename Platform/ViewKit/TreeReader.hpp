@@ -72,7 +72,7 @@ class TreeReader {
   friend struct TreeForms;
 
   // Records
-  bool open(const Json& json, std::optional<ObjectCursor>& out);
+  std::optional<ObjectCursor> open(const Json& json);
   bool close(const ObjectCursor& cursor);
   template <class T>
   bool readMembers(ObjectCursor& cursor, T& record);

@@ -66,7 +66,11 @@ class TreeWriter {
   }
   template <class T>
   void put(const std::optional<T>& value) {
-    put(*value);
+    if (value) {
+      put(*value);
+    } else {
+      json_.null();
+    }
   }
   template <class T>
   void put(const std::vector<T>& values);

@@ -146,9 +146,9 @@ Dispatcher::Answer Dispatcher::answer(const RpcRequest& request) {
     return fail(RpcErrorCode::methodNotFound, fmt::format("unknown method \"{}\"", name));
   }
   if (!bundle_) return fail(RpcErrorCode::notInitialized, "initialize comes first");
-  if (asksForEntries) return entries(name, request.parameters);
-  if (name == method::kOptions) return options(request.parameters);
-  if (name == method::kPerform) return perform(request.parameters);
+  if (asksForEntries) return entries(*bundle_, name, request.parameters);
+  if (name == method::kOptions) return options(*bundle_, request.parameters);
+  if (name == method::kPerform) return perform(*bundle_, request.parameters);
   return diagnose(request.parameters);
 }
 
@@ -170,18 +170,20 @@ Dispatcher::Answer Dispatcher::initialize(const JsonValue& json) {
                                  describe(*bundle_)});
 }
 
-Dispatcher::Answer Dispatcher::entries(std::string_view name, const JsonValue& json) {
+Dispatcher::Answer Dispatcher::entries(const WidgetBundle& bundle,
+                                       std::string_view name,
+                                       const JsonValue& json) {
   const auto parameters = read<EntriesParameters>(json);
   if (!parameters) return fail(RpcErrorCode::invalidParameters, parameters.error());
-  const Widget* widget = findWidget(*bundle_, parameters->kind);
+  const Widget* widget = findWidget(bundle, parameters->kind);
   if (widget == nullptr) return unknown("widget kind", parameters->kind);
   return writeTimeline(ask(*widget, name, *parameters), *parameters, name == method::kTimeline);
 }
 
-Dispatcher::Answer Dispatcher::options(const JsonValue& json) const {
+Dispatcher::Answer Dispatcher::options(const WidgetBundle& bundle, const JsonValue& json) {
   const auto request = read<OptionsParameters>(json);
   if (!request) return fail(RpcErrorCode::invalidParameters, request.error());
-  const Widget* widget = findWidget(*bundle_, request->kind);
+  const Widget* widget = findWidget(bundle, request->kind);
   if (widget == nullptr) return unknown("widget kind", request->kind);
   const IntentParameter* parameter = nullptr;
   if (widget->configuration) {
@@ -192,10 +194,10 @@ Dispatcher::Answer Dispatcher::options(const JsonValue& json) const {
   }
   if (parameter == nullptr) return unknown("parameter", request->parameter);
 
+  const auto& ids = request->identifiers;
   OptionsAnswer answer;
   if (parameter->type == IntentParameter::Type::enumeration) {
     for (const IntentOption& option : parameter->cases) {
-      const auto& ids = request->identifiers;
       if (!ids || std::ranges::find(*ids, option.id) != ids->end()) {
         answer.options.push_back(option);
       }
@@ -204,18 +206,16 @@ Dispatcher::Answer Dispatcher::options(const JsonValue& json) const {
     return encode(answer);
   }
   const EntityQuery& query = parameter->query;
-  answer.options =
-      offered(request->identifiers ? query.entitiesForIdentifiers(*request->identifiers)
-                                   : query.suggestedEntities());
+  answer.options = offered(ids ? query.entitiesForIdentifiers(*ids) : query.suggestedEntities());
   if (auto option = query.defaultResult()) answer.defaultOption = std::move(option->id);
   return encode(answer);
 }
 
-Dispatcher::Answer Dispatcher::perform(const JsonValue& json) const {
+Dispatcher::Answer Dispatcher::perform(const WidgetBundle& bundle, const JsonValue& json) {
   const auto request = read<PerformParameters>(json);
   if (!request) return fail(RpcErrorCode::invalidParameters, request.error());
   const Action* action = findNamed(
-      bundle_->actions, [](const Action& a) { return std::string_view{a.name}; }, request->intent);
+      bundle.actions, [](const Action& a) { return std::string_view{a.name}; }, request->intent);
   if (action == nullptr) return unknown("intent", request->intent);
   action->perform();
   return encode(PerformAnswer{action->openAppWhenRun});

@@ -40,9 +40,13 @@ class Dispatcher {
 
   [[nodiscard]] Answer answer(const RpcRequest& request);
   [[nodiscard]] Answer initialize(const foundation::JsonValue& parameters);
-  [[nodiscard]] Answer entries(std::string_view method, const foundation::JsonValue& parameters);
-  [[nodiscard]] Answer options(const foundation::JsonValue& parameters) const;
-  [[nodiscard]] Answer perform(const foundation::JsonValue& parameters) const;
+  [[nodiscard]] static Answer entries(const WidgetBundle& bundle,
+                                      std::string_view method,
+                                      const foundation::JsonValue& parameters);
+  [[nodiscard]] static Answer options(const WidgetBundle& bundle,
+                                      const foundation::JsonValue& parameters);
+  [[nodiscard]] static Answer perform(const WidgetBundle& bundle,
+                                      const foundation::JsonValue& parameters);
   [[nodiscard]] Answer diagnose(const foundation::JsonValue& parameters) const;
 
   ExtensionDefinition definition_;

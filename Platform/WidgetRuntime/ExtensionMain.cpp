@@ -99,15 +99,15 @@ class EntryLoop {
     if (count <= 0) return;
     decoder_.append({bytes.data(), static_cast<std::size_t>(count)});
     while (!status_) {
-      auto message = decoder_.next();
-      if (!message) {
-        say("broken frame: " + message.error().message + "\n");
+      const auto received = decoder_.next();
+      if (!received) {
+        say("broken frame: " + received.error().message + "\n");
         status_ = 1;
-      } else if (!*message) {
         return;
-      } else {
-        take(**message);
       }
+      const std::optional<std::string>& message = *received;
+      if (!message) return;
+      take(*message);
     }
   }
 

@@ -95,11 +95,11 @@ std::expected<std::optional<std::string>, FrameError> FrameDecoder::fail(std::st
   return std::unexpected(*error_);
 }
 
-std::expected<bool, FrameError> FrameDecoder::readHeader() {
+std::expected<std::optional<std::size_t>, FrameError> FrameDecoder::readHeader() {
   const std::string_view rest = std::string_view{buffer_}.substr(position_);
   const std::size_t end = rest.substr(0, kMaximumHeader).find(kHeaderEnd);
   if (end == std::string_view::npos) {
-    if (rest.size() < kMaximumHeader) return false;
+    if (rest.size() < kMaximumHeader) return std::nullopt;
     return std::unexpected(FrameError{fmt::format("no end of header in {} bytes", kMaximumHeader)});
   }
   const auto length = parseLength(rest.substr(0, end + kLineEnd.size()));
@@ -108,19 +108,18 @@ std::expected<bool, FrameError> FrameDecoder::readHeader() {
     return std::unexpected(
         FrameError{fmt::format("{} bytes, {} are allowed", *length, maximumMessage_)});
   }
-  bodyLength_ = *length;
   position_ += end + kHeaderEnd.size();
-  return true;
+  return *length;
 }
 
 std::expected<std::optional<std::string>, FrameError> FrameDecoder::next() {
   if (error_) return std::unexpected(*error_);
   if (!bodyLength_) {
-    const auto found = readHeader();
-    if (!found) return fail(found.error().message);
-    if (!*found) return std::nullopt;
+    const auto length = readHeader();
+    if (!length) return fail(length.error().message);
+    bodyLength_ = *length;
   }
-  if (pending() < *bodyLength_) return std::nullopt;
+  if (!bodyLength_ || pending() < *bodyLength_) return std::nullopt;
   std::string body = buffer_.substr(position_, *bodyLength_);
   position_ += *bodyLength_;
   bodyLength_.reset();

@@ -37,7 +37,7 @@ class FrameDecoder {
  private:
   [[nodiscard]] std::expected<std::optional<std::string>, FrameError> fail(std::string message);
   /// Finds a whole header and remembers its length; false while it is incomplete.
-  [[nodiscard]] std::expected<bool, FrameError> readHeader();
+  [[nodiscard]] std::expected<std::optional<std::size_t>, FrameError> readHeader();
 
   std::size_t maximumMessage_;
   std::string buffer_;

@@ -131,8 +131,8 @@ AnyTimeline eraseTimeline(Timeline<Entry> timeline, const Content& content) {
 /// getTimeline(context).
 template <class Provider, class Content>
 [[nodiscard]] Widget makeStaticConfiguration(WidgetDescription description,
-                                             Provider provider,
-                                             Content content) {
+                                             const Provider& provider,
+                                             const Content& content) {
   return {std::move(description),
           std::nullopt,
           [=](const ProviderContext& c) {
@@ -152,8 +152,8 @@ template <class Provider, class Content>
 template <class Provider, class Content>
 [[nodiscard]] Widget makeIntentConfiguration(WidgetDescription description,
                                              IntentDescription intent,
-                                             Provider provider,
-                                             Content content) {
+                                             const Provider& provider,
+                                             const Content& content) {
   using Intent = typename Provider::Intent;
   return {std::move(description),
           std::move(intent),

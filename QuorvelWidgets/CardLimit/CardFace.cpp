@@ -18,7 +18,7 @@ View cardFace(const WidgetSnapshot::Card& card,
               Alignment artAlignment,
               std::optional<double> textOpacity,
               RenderingMode mode) {
-  const View tile = CardArtTile{
+  View tile = CardArtTile{
       .card = card, .cornerRadius = cornerRadius, .alignment = artAlignment, .renderingMode = mode};
   const double veil = mode == RenderingMode::accented ? 0 : faceVeil(card.gradient, textOpacity);
   if (veil == 0) return tile;

@@ -14,15 +14,16 @@ namespace {
 
 constexpr double kNumberOpacity = 0.8;
 
-bool showsNumber(const WidgetSnapshot::Card& card) {
-  return !card.hasImage && card.last4 && !card.last4->empty();
+// Art that carries its own printing gets no text over it.
+std::string shownNumber(const WidgetSnapshot::Card& card) {
+  return card.hasImage ? std::string{} : card.last4.value_or(std::string{});
 }
 
-// Art that carries its own printing gets no text over it.
 View face(const CardLimitContent& content, const WidgetSnapshot::Card& card) {
   const auto mode = content.environment.widgetRenderingMode;
+  const std::string number = shownNumber(card);
   std::optional<double> weakestText;
-  if (!card.hasImage) weakestText = showsNumber(card) ? kNumberOpacity : 1;
+  if (!card.hasImage) weakestText = number.empty() ? 1 : kNumberOpacity;
   View tile =
       cardFace(card, 9, Alignment::center, weakestText, mode).frame(FixedFrame{.height = 52});
   if (!card.hasImage) {
@@ -30,13 +31,13 @@ View face(const CardLimitContent& content, const WidgetSnapshot::Card& card) {
                             .padding({.top = 8, .leading = 10, .trailing = 10}),
                         Alignment::topLeading);
   }
-  if (showsNumber(card)) {
-    tile = tile.overlay(Text{"•• " + *card.last4}
+  if (!number.empty()) {
+    tile = tile.overlay(Text{"•• " + number}
                             .font(9.5, FontWeight::semibold)
                             .tracking(1)
                             .lineLimit(1)
                             .direction(LayoutDirection::leftToRight)
-                            .accessibilityLabel(*card.last4)
+                            .accessibilityLabel(number)
                             .foregroundStyle(faceTextColor(mode).withOpacity(kNumberOpacity))
                             .padding({.leading = 10, .bottom = 7}),
                         Alignment::bottomLeading);

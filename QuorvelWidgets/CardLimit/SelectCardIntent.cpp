@@ -12,6 +12,7 @@ namespace {
 
 std::vector<IntentOption> options(const std::vector<CardEntity>& entities) {
   std::vector<IntentOption> result;
+  result.reserve(entities.size());
   for (const CardEntity& entity : entities) result.push_back({entity.id, entity.name});
   return result;
 }

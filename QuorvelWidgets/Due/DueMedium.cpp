@@ -98,6 +98,7 @@ View card(const DueContent& content, std::size_t index) {
 
 View dueMedium(const DueContent& content) {
   std::vector<View> cards;
+  cards.reserve(content.upcoming.size());
   for (std::size_t i = 0; i < content.upcoming.size(); ++i) cards.push_back(card(content, i));
   const double height = kCardStep * static_cast<double>(cards.size() - 1) + kCardHeight;
   return ZStack{{.alignment = Alignment::top}, ViewList{std::move(cards)}}

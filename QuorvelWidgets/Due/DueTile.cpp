@@ -37,7 +37,7 @@ View mark(const DueTile& tile) {
 }
 
 View drawnTile(const DueTile& tile) {
-  const View plain = mark(tile);
+  View plain = mark(tile);
   if (tile.onFace || tile.renderingMode != RenderingMode::fullColor) return plain;
   const View face = faceGround(tile.due.face.value_or(std::vector<std::string>{}), std::nullopt)
                         .clip(RoundedRectangleShape{tile.size * 0.3, CornerStyle::continuous});

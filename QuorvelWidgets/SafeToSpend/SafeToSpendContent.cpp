@@ -83,8 +83,7 @@ View amountWithUnit(const SafeToSpendContent& content,
                     const std::optional<std::string>& unit,
                     double unitSize,
                     std::optional<Color> unitColor) {
-  const View amount =
-      Amount{.value = content.mainAmount(), .snapshot = content.snapshot, .size = size};
+  View amount = Amount{.value = content.mainAmount(), .snapshot = content.snapshot, .size = size};
   if (!unit) return amount;
   const Text caption = content.caption(*unit, unitSize, 0.85);
   const bool isPerDay = *unit == perDayLabel(content);
@@ -107,7 +106,7 @@ View remainderLine(const SafeToSpendContent& content, int lines) {
   const bool exceeded = isExceeded(content.budget);
   const double amount =
       exceeded ? content.budget.spent - content.budget.total : content.metrics.remaining;
-  const View words =
+  View words =
       HStack{
           {.alignment = VerticalAlignment::firstTextBaseline, .spacing = 3},
           Amount{.value = amount,

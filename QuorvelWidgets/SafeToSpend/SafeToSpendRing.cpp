@@ -13,10 +13,10 @@ namespace {
 constexpr double kGaugeHeight = 63;
 
 View gauge(const SafeToSpendContent& content) {
-  const View arc = SpentGauge{.spentFraction = content.visibleFraction(),
-                              .color = content.pace.color,
-                              .track = meterTrackColor(content.environment.widgetRenderingMode)}
-                       .frame(FlexibleFrame{.maxWidth = kInfinity, .maxHeight = kGaugeHeight});
+  View arc = SpentGauge{.spentFraction = content.visibleFraction(),
+                        .color = content.pace.color,
+                        .track = meterTrackColor(content.environment.widgetRenderingMode)}
+                 .frame(FlexibleFrame{.maxWidth = kInfinity, .maxHeight = kGaugeHeight});
   if (content.isHidden()) return arc;
   const View percentage =
       content.percentage(20).padding({.bottom = 2}).accessibilityLabel(content.spokenPercentage());

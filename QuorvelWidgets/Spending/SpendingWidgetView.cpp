@@ -17,12 +17,14 @@ namespace {
 constexpr EmptyState kNoSnapshot{kSpendingSymbol, "spentThisMonth", "signIn", "openQuorvel"};
 constexpr EmptyState kNoSpending{kSpendingSymbol, "spentThisMonth", "noSpending", "newMonth", true};
 
-SpendingContent makeContent(const SpendingWidgetView& view, const foundation::Calendar& calendar) {
-  const WidgetSnapshot& snapshot = *view.entry.snapshot;
+SpendingContent makeContent(const SpendingWidgetView& view,
+                            const WidgetSnapshot& snapshot,
+                            const WidgetSnapshot::Spending& spending,
+                            const foundation::Calendar& calendar) {
   const foundation::DateComponents today = calendar.components(view.entry.date);
   const auto first = calendar.date(today.year, today.month, 1);
   return {.snapshot = withEffectivePrivacy(snapshot, view.environment),
-          .spending = *snapshot.spending,
+          .spending = spending,
           .accent = WAccent{snapshot.accent},
           .environment = view.environment,
           .today = today,
@@ -46,7 +48,7 @@ View SpendingWidgetView::body() const {
   if (!spending || spending->month != foundation::monthString(entry.date, calendar)) {
     return scaffold.root(scaffold.message(kNoSpending));
   }
-  const SpendingContent content = makeContent(*this, calendar);
+  const SpendingContent content = makeContent(*this, *entry.snapshot, *spending, calendar);
   return scaffold.root(
       layout(content, environment.familyInForce()).foregroundStyle(palette::textPrimary));
 }

@@ -29,8 +29,7 @@ View face(const CardArtTile& tile) {
   if (tile.renderingMode == RenderingMode::accented) {
     return Rectangle().fill(Color::primary().withOpacity(0.14));
   }
-  const View gradient =
-      LinearGradient(Gradient::even(faceColors(tile.card.gradient), {0, 0}, {1, 1}));
+  View gradient = LinearGradient(Gradient::even(faceColors(tile.card.gradient), {0, 0}, {1, 1}));
   if (!tile.card.hasImage) return gradient;
   const ImageElement art{.path = cardImagePath(tile.card.id),
                          .mode = ImageElement::ContentMode::fill,

@@ -17,7 +17,7 @@ double faceVeil(const std::vector<std::string>& colors, std::optional<double> te
 }
 
 View faceGround(const std::vector<std::string>& colors, std::optional<double> textOpacity) {
-  const View gradient = LinearGradient(Gradient::even(faceColors(colors), {0, 0}, {1, 1}));
+  View gradient = LinearGradient(Gradient::even(faceColors(colors), {0, 0}, {1, 1}));
   const double veil = faceVeil(colors, textOpacity);
   if (veil == 0) return gradient;
   return gradient.overlay(Rectangle().fill(Color::black().withOpacity(veil)));

@@ -188,7 +188,10 @@ class Encoder {
       }
       const int left = x > 0 ? equalLeft(pixels + x, width - x) : 0;
       Copy best = left >= up ? Copy{left, channels_} : fromAbove(up);
-      if (best.pixels == 0) best = earlier(x, y);
+      if (best.pixels < kFewPixels) {
+        const Copy before = earlier(x, y);
+        if (before.pixels > best.pixels) best = before;
+      }
       const int count = std::max(best.pixels, 1);
       updateSums(pixels, above, x, count);
       if (best.pixels > 0) {
@@ -401,6 +404,7 @@ class Encoder {
   static constexpr std::uint32_t kRowStart = 0xFFFFFFFF;
   static constexpr std::uint32_t kCopyFlag = 0x80000000;
   static constexpr int kGoodCopy = 16;
+  static constexpr int kFewPixels = 3;
 
   const Bitmap& bitmap_;
   std::uint32_t channels_;

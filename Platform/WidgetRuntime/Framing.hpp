@@ -36,7 +36,7 @@ class FrameDecoder {
 
  private:
   [[nodiscard]] std::expected<std::optional<std::string>, FrameError> fail(std::string message);
-  /// Finds a whole header and remembers its length; false while it is incomplete.
+  /// The length that a whole header says, which is passed over; nothing while one is incomplete.
   [[nodiscard]] std::expected<std::optional<std::size_t>, FrameError> readHeader();
 
   std::size_t maximumMessage_;

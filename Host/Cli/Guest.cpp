@@ -87,14 +87,16 @@ Places findPlaces(const SourceOptions& source, const fs::path& programFolder) {
   places.extension =
       !source.extension.empty()
           ? fs::path(absolute(source.extension))
-          : firstThatExists({programFolder / "quorvel-widgets",
-                             programFolder.parent_path() / "libexec" / "quorvel-widgets"});
+          : firstThatExists(
+                {programFolder / "quorvel-widgets",
+                 (programFolder / QUORVEL_LIBEXEC / "quorvel-widgets").lexically_normal()});
+  const fs::path beside = places.extension.empty() ? programFolder : places.extension.parent_path();
   places.infoPlist =
       !source.infoPlist.empty()
           ? fs::path(absolute(source.infoPlist))
-          : firstThatExists({places.extension.parent_path() / "Info.plist",
+          : firstThatExists({beside / "Info.plist",
                              programFolder / "Info.plist",
-                             programFolder.parent_path() / "share/quorvel-widgets/Info.plist"});
+                             (programFolder / QUORVEL_DATA / "Info.plist").lexically_normal()});
   return places;
 }
 

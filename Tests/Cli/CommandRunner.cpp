@@ -99,6 +99,12 @@ fs::path example(const std::string& name) {
   return fs::path(QUORVEL_SOURCE_DIR) / "Examples" / name;
 }
 
+Outcome runProgram(const std::string& program,
+                   const Words& words,
+                   const std::map<std::string, std::string>& environment) {
+  return run(program, words, environment, "/dev/null");
+}
+
 Outcome runHost(const Words& words, const std::map<std::string, std::string>& environment) {
   return run(builtProgram("quorvel-host"), words, environment, "/dev/null");
 }

@@ -24,6 +24,9 @@ using Words = std::vector<std::string>;
 
 /// `environment` is all that the program sees, besides a PATH; HOME is a folder that does not exist
 /// unless given.
+[[nodiscard]] Outcome runProgram(const std::string& program,
+                                 const Words& words,
+                                 const std::map<std::string, std::string>& environment = {});
 [[nodiscard]] Outcome runHost(const Words& words,
                               const std::map<std::string, std::string>& environment = {});
 

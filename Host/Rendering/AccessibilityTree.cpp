@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <string_view>
 
 #include "Rendering/PlacedText.hpp"
 
@@ -31,6 +32,27 @@ std::vector<const PlacedNode*> inTreeOrder(const PlacedNode& node) {
     return std::ranges::find_if(views, [&](const View& v) { return &v.node() == child->source; });
   };
   std::ranges::stable_sort(result, {}, rank);
+  return result;
+}
+
+/// Marks, embeddings and isolates steer the order on a screen: a voice has nothing to say of them.
+bool isDirectionalControl(std::string_view scalar) {
+  if (scalar == "\u061C" || scalar == "\u200E" || scalar == "\u200F") return true;
+  return (scalar >= "\u202A" && scalar <= "\u202E") || (scalar >= "\u2066" && scalar <= "\u2069");
+}
+
+std::string withoutDirectionalControls(std::string_view text) {
+  std::string result;
+  while (!text.empty()) {
+    const auto isContinuation = [](char c) {
+      return (static_cast<unsigned char>(c) & 0xC0) == 0x80;
+    };
+    std::size_t length = 1;
+    while (length < text.size() && isContinuation(text[length])) ++length;
+    const std::string_view scalar = text.substr(0, length);
+    if (!isDirectionalControl(scalar)) result += scalar;
+    text.remove_prefix(length);
+  }
   return result;
 }
 
@@ -94,9 +116,9 @@ class Reader {
     one.frame = node.frame;
     one.role = roleOf(node, inner);
     if (inner.size() == 1) one.link = inner[0].link;
-    one.value = said.value;
+    one.value = withoutDirectionalControls(said.value);
     if (!said.label.empty()) {
-      one.label = said.label;
+      one.label = withoutDirectionalControls(said.label);
     } else if (!isIgnored) {
       one.label = joined(inner);
     }
@@ -113,8 +135,9 @@ class Reader {
 
   [[nodiscard]] Elements readElement(const PlacedNode& node) const {
     if (const auto* text = std::get_if<TextElement>(node.element())) {
-      if (text->text.empty()) return {};
-      return {{AccessibleRole::text, text->text, "", node.frame, ""}};
+      std::string label = withoutDirectionalControls(text->text);
+      if (label.empty()) return {};
+      return {{AccessibleRole::text, std::move(label), "", node.frame, ""}};
     }
     // An image's child stands in for it when it cannot be shown: it says nothing that the image
     // would not.

@@ -28,6 +28,7 @@ struct AccessibleElement {
 
 /// In the order of the tree. Symbols and images are silent unless labelled; what a link surrounds
 /// is one element; a covered view and its labels are left out while the host redacts for privacy.
+/// Controls of the writing direction are left out of what is said.
 [[nodiscard]] std::vector<AccessibleElement> accessibleElements(
     const PlacedTree& tree, const AccessibilityOptions& options);
 

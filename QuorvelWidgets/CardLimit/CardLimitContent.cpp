@@ -4,6 +4,7 @@
 
 #include "QuorvelWidgets/CardLimit/CardFigures.hpp"
 #include "QuorvelWidgets/WidgetSupport/Palette.hpp"
+#include "QuorvelWidgets/WidgetSupport/SpokenTexts.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetHeader.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetMoneyStyle.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetStrings.hpp"
@@ -45,8 +46,10 @@ Color CardLimitContent::usageColor(double fraction) const {
   return palette::statusGood;
 }
 
-Text CardLimitContent::usedText(double fraction, double size) const {
-  return caption(isolatedAmount(percentText(fraction)) + " " + text("used"), size);
+View CardLimitContent::usedText(double fraction, double size) const {
+  const std::string percentage = percentText(fraction);
+  return caption(isolatedAmount(percentage) + " " + text("used"), size)
+      .accessibilityLabel(spokenUsed(percentage, snapshot.lang));
 }
 
 }  // namespace quorvel

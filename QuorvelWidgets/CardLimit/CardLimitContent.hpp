@@ -29,7 +29,7 @@ struct CardLimitContent {
   [[nodiscard]] double totalUsed() const;
   [[nodiscard]] viewkit::Color usageColor(double fraction) const;
   /// "42% used".
-  [[nodiscard]] viewkit::Text usedText(double fraction, double size) const;
+  [[nodiscard]] viewkit::View usedText(double fraction, double size) const;
 };
 
 [[nodiscard]] viewkit::View cardLimitSmall(const CardLimitContent& content);

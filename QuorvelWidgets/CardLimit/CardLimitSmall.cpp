@@ -3,6 +3,7 @@
 #include "QuorvelWidgets/CardLimit/CardLimitContent.hpp"
 #include "QuorvelWidgets/WidgetSupport/Amount.hpp"
 #include "QuorvelWidgets/WidgetSupport/Palette.hpp"
+#include "QuorvelWidgets/WidgetSupport/SpokenTexts.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetMeter.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetPrivacyNote.hpp"
 
@@ -37,7 +38,7 @@ View face(const CardLimitContent& content, const WidgetSnapshot::Card& card) {
                             .tracking(1)
                             .lineLimit(1)
                             .direction(LayoutDirection::leftToRight)
-                            .accessibilityLabel(number)
+                            .accessibilityLabel(spokenOneByOne(number))
                             .foregroundStyle(faceTextColor(mode).withOpacity(kNumberOpacity))
                             .padding({.leading = 10, .bottom = 7}),
                         Alignment::bottomLeading);

@@ -17,8 +17,8 @@ View calendarSymbol(double size) {
 // What a person would say of the next payment in one breath.
 Accessibility spoken(const DueContent& content) {
   const UpcomingDue& next = content.upcoming.front();
-  return {.label = relativeLabel(next.days, content.snapshot.lang) + ", " + next.due->name + ", " +
-                   amountAccessibilityLabel(next.due->amount, content.snapshot),
+  return {.label = spokenRelativeLabel(next.days, content.snapshot.lang) + ", " + next.due->name +
+                   ", " + amountAccessibilityLabel(next.due->amount, content.snapshot),
           .children = Accessibility::Children::ignore};
 }
 

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "Foundation/DayString.hpp"
+#include "QuorvelWidgets/WidgetSupport/SpokenTexts.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetDates.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetMoneyStyle.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetStrings.hpp"
@@ -19,6 +20,16 @@ Text DueContent::caption(std::string words, double size) const {
 
 Text DueContent::name(const WidgetSnapshot::Due& due, double size) const {
   return Text{due.name}.font(size, FontWeight::semibold).lineLimit(1).language(snapshot.lang);
+}
+
+View DueContent::subtitle(const WidgetSnapshot::Due& due) const {
+  if (!due.subtitle) return {};
+  return Text{isolatedName(*due.subtitle)}
+      .font(11)
+      .lineLimit(1)
+      .language(snapshot.lang)
+      .accessibilityLabel(spokenSubtitle(*due.subtitle))
+      .opacity(kSubtitleOpacity);
 }
 
 std::string DueContent::amountText(const WidgetSnapshot::Due& due) const {
@@ -43,18 +54,19 @@ View DueContent::relativePill(const UpcomingDue& next, double size) const {
                            : Color::primary().withOpacity(0.14);
   return caption(shortRelativeLabel(next.days, snapshot.lang), size)
       .font(size, FontWeight::semibold)
-      .accessibilityLabel(relativeLabel(next.days, snapshot.lang))
+      .accessibilityLabel(spokenRelativeLabel(next.days, snapshot.lang))
       .padding(Insets::horizontal(size * 0.65))
       .frame(FixedFrame{.height = size + 7})
       .background(Capsule().fill(ground));
 }
 
-std::string DueContent::dueDateLabel(const WidgetSnapshot::Due& due) const {
+View DueContent::dueDate(const WidgetSnapshot::Due& due, double size) const {
   const auto day = foundation::parseDayString(due.dueDate);
   const auto instant = day ? calendar.date(day->year, day->month, day->day) : std::nullopt;
   if (!instant) return {};
-  return WidgetStrings::text("due", snapshot.lang) + " " +
-         dueDateText(*instant, snapshot.lang, environment.timeZone);
+  const std::string words = WidgetStrings::text("due", snapshot.lang) + " ";
+  return caption(words + dueDateText(*instant, snapshot.lang, environment.timeZone), size)
+      .accessibilityLabel(words + spokenDueDateText(*instant, snapshot.lang, environment.timeZone));
 }
 
 }  // namespace quorvel

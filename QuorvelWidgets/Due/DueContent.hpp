@@ -13,6 +13,7 @@
 namespace quorvel {
 
 inline constexpr std::string_view kDueSymbol = "calendar.badge.clock";
+inline constexpr double kSubtitleOpacity = 0.85;
 /// As many as the tallest layout shows.
 inline constexpr std::size_t kMostDues = 3;
 
@@ -27,13 +28,15 @@ struct DueContent {
   [[nodiscard]] viewkit::Text caption(std::string text, double size) const;
   /// The user's own name of a payment; may be cut.
   [[nodiscard]] viewkit::Text name(const WidgetSnapshot::Due& due, double size) const;
+  /// What stands below the name; nothing when there is no such text.
+  [[nodiscard]] viewkit::View subtitle(const WidgetSnapshot::Due& due) const;
   /// The full money text, never the short form; "••••" when amounts are hidden.
   [[nodiscard]] std::string amountText(const WidgetSnapshot::Due& due) const;
   [[nodiscard]] viewkit::View amount(const WidgetSnapshot::Due& due, double size) const;
   /// How far away the payment is, on a dark capsule.
   [[nodiscard]] viewkit::View relativePill(const UpcomingDue& next, double size) const;
   /// "Due Nov 23".
-  [[nodiscard]] std::string dueDateLabel(const WidgetSnapshot::Due& due) const;
+  [[nodiscard]] viewkit::View dueDate(const WidgetSnapshot::Due& due, double size) const;
 };
 
 [[nodiscard]] viewkit::View dueSmall(const DueContent& content);

@@ -3,7 +3,6 @@
 #include "QuorvelWidgets/WidgetSupport/FaceStyle.hpp"
 #include "QuorvelWidgets/WidgetSupport/Palette.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetLink.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetStrings.hpp"
 
 namespace quorvel {
 
@@ -15,7 +14,6 @@ namespace {
 constexpr double kCardHeight = 66;
 constexpr double kCardStep = 46;
 constexpr double kCorner = 14;
-constexpr double kSubtitleOpacity = 0.85;
 
 bool isFullColor(const DueContent& content) {
   return content.environment.widgetRenderingMode == RenderingMode::fullColor;
@@ -44,14 +42,7 @@ View cardRow(const DueContent& content, const UpcomingDue& upcoming) {
   const View names = VStack{
       {.alignment = HorizontalAlignment::leading, .spacing = 0},
       content.name(due, 13),
-      when(due.subtitle.has_value(),
-           [&] {
-             return Text{isolatedName(*due.subtitle)}
-                 .font(11)
-                 .lineLimit(1)
-                 .language(content.snapshot.lang)
-                 .opacity(kSubtitleOpacity);
-           }),
+      content.subtitle(due),
   };
   // Digits have no descenders: framed to its font size the amount leaves the pill clear of the next
   // card.

@@ -1,6 +1,5 @@
 #include "QuorvelWidgets/Due/DueContent.hpp"
 #include "QuorvelWidgets/Due/DueTile.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetStrings.hpp"
 
 namespace quorvel {
 
@@ -20,17 +19,9 @@ View dueSmall(const DueContent& content) {
       head,
       Spacer{4},
       content.name(*next.due, 13),
-      when(next.due->subtitle.has_value(),
-           [&] {
-             return Text{isolatedName(*next.due->subtitle)}
-                 .font(11)
-                 .lineLimit(1)
-                 .language(content.snapshot.lang)
-                 .opacity(0.85)
-                 .padding({.top = 1});
-           }),
+      content.subtitle(*next.due).padding({.top = 1}),
       content.amount(*next.due, 22).padding({.top = 6}),
-      content.caption(content.dueDateLabel(*next.due), 11).opacity(0.85).padding({.top = 1}),
+      content.dueDate(*next.due, 11).opacity(0.85).padding({.top = 1}),
   }
       .accessibility({.children = Accessibility::Children::combine});
 }

@@ -1,6 +1,7 @@
 #include "QuorvelWidgets/Due/UpcomingDues.hpp"
 
 #include "Foundation/DayString.hpp"
+#include "QuorvelWidgets/WidgetSupport/SpokenTexts.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetStrings.hpp"
 
 namespace quorvel {
@@ -22,6 +23,10 @@ std::string relativeLabel(std::int64_t days, std::string_view lang) {
   if (days <= 0) return WidgetStrings::text("today", lang);
   if (days == 1) return WidgetStrings::text("tomorrow", lang);
   return WidgetStrings::text("inDays", lang, days);
+}
+
+std::string spokenRelativeLabel(std::int64_t days, std::string_view lang) {
+  return days <= 1 ? relativeLabel(days, lang) : spokenInDays(days, lang);
 }
 
 std::string shortRelativeLabel(std::int64_t days, std::string_view lang) {

@@ -27,6 +27,8 @@ struct UpcomingDue {
 
 /// "Today", "Tomorrow", "in 5 days".
 [[nodiscard]] std::string relativeLabel(std::int64_t days, std::string_view lang);
+/// The same as a person says it, with the plural that follows the number.
+[[nodiscard]] std::string spokenRelativeLabel(std::int64_t days, std::string_view lang);
 /// "Today", "Tomorrow", "5d left".
 [[nodiscard]] std::string shortRelativeLabel(std::int64_t days, std::string_view lang);
 

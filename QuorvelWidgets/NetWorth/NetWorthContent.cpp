@@ -67,15 +67,23 @@ View NetWorthContent::change() const {
         .accessibilityHidden();  // the amount beside it says it
   }
   if (!netWorth.changePercent) return {};
-  return WidgetChange{.value = *netWorth.changePercent, .precision = kChangePrecision, .size = 12};
+  return WidgetChange{.value = *netWorth.changePercent,
+                      .precision = kChangePrecision,
+                      .size = 12,
+                      .lang = snapshot.lang};
+}
+
+std::optional<ChangeDescription> shownChange(const WidgetSnapshot::NetWorth& netWorth) {
+  if (!netWorth.changePercent) return std::nullopt;
+  return describeChange(*netWorth.changePercent, kChangePrecision, true);
 }
 
 std::optional<std::string> comparedMonth(const WidgetSnapshot::NetWorth& netWorth) {
   const auto& history = netWorth.history;
-  if (!netWorth.changePercent || history.size() < 2) return std::nullopt;
+  if (history.size() < 2) return std::nullopt;
   const auto& previous = history[history.size() - 2];
   const double percent = (netWorth.value - previous.value) / std::abs(previous.value) * 100;
-  const auto shown = describeChange(*netWorth.changePercent, kChangePrecision, true);
+  const auto shown = shownChange(netWorth);
   const auto borneOut = describeChange(percent, kChangePrecision, true);
   if (!shown || shown != borneOut) return std::nullopt;
   return previous.month;

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "QuorvelWidgets/WidgetSupport/WAccent.hpp"
+#include "QuorvelWidgets/WidgetSupport/WidgetMoneyStyle.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetSnapshot.hpp"
 #include "ViewKit/ViewKit.hpp"
 #include "WidgetRuntime/Environment.hpp"
@@ -30,6 +31,10 @@ struct NetWorthContent {
   /// The change, or that amounts are hidden; empty without either.
   [[nodiscard]] viewkit::View change() const;
 };
+
+/// The change as it is written; nothing when it is absent or not finite.
+[[nodiscard]] std::optional<ChangeDescription> shownChange(
+    const WidgetSnapshot::NetWorth& netWorth);
 
 /// The month that the change compares with; only when the history bears the shown percentage out.
 [[nodiscard]] std::optional<std::string> comparedMonth(const WidgetSnapshot::NetWorth& netWorth);

@@ -1,6 +1,10 @@
 #include "QuorvelWidgets/NetWorth/NetWorthPieces.hpp"
 
+#include <optional>
+#include <string>
+
 #include "QuorvelWidgets/WidgetSupport/Palette.hpp"
+#include "QuorvelWidgets/WidgetSupport/SpokenTexts.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetDates.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetStrings.hpp"
 
@@ -10,11 +14,21 @@ using namespace viewkit;
 
 namespace {
 
-std::string comparison(const NetWorthContent& content) {
-  if (content.snapshot.isHidden) return {};
+struct Comparison {
+  std::string words;
+  std::string spoken;  ///< with the change itself
+};
+
+std::optional<Comparison> comparison(const NetWorthContent& content) {
+  if (content.snapshot.isHidden) return std::nullopt;
+  const std::string& lang = content.snapshot.lang;
+  const auto change = shownChange(content.netWorth);
   const auto month = comparedMonth(content.netWorth);
-  const auto name = month ? abbreviatedMonth(*month, content.snapshot.lang) : std::nullopt;
-  return name ? WidgetStrings::comparisonWith(*name, content.snapshot.lang) : std::string{};
+  if (!change || !month) return std::nullopt;
+  const auto name = abbreviatedMonth(*month, lang);
+  if (!name) return std::nullopt;
+  return Comparison{WidgetStrings::comparisonWith(*name, lang),
+                    spokenChangeFromMonth(*change, *month, lang)};
 }
 
 }  // namespace
@@ -22,14 +36,14 @@ std::string comparison(const NetWorthContent& content) {
 View changeRow(const NetWorthContent& content) {
   const View change = content.change();
   if (change.isEmpty()) return {};
-  const std::string words = comparison(content);
+  const auto compared = comparison(content);
+  if (!compared) return change;
   return HStack{
       {.spacing = 5},
       change.layoutPriority(1),
-      when(!words.empty(),
-           [&] { return content.caption(words, 11.5).foregroundStyle(palette::textSecondary); }),
+      content.caption(compared->words, 11.5).foregroundStyle(palette::textSecondary),
   }
-      .accessibility({.children = Accessibility::Children::combine});
+      .accessibility({.label = compared->spoken, .children = Accessibility::Children::ignore});
 }
 
 }  // namespace quorvel

@@ -34,7 +34,8 @@ View headline(const SafeToSpendContent& content, Color ink) {
 View footer(const SafeToSpendContent& content, Color ink) {
   if (content.isHidden()) return dayLine(content, ink);
   if (content.isLastDay() && !isExceeded(content.budget)) {
-    return content.caption(content.text("leftForToday"), 12, 0.85);
+    // The amount and the last day say it.
+    return content.caption(content.text("leftForToday"), 12, 0.85).accessibilityHidden();
   }
   return remainderLine(content);
 }

@@ -1,4 +1,5 @@
 #include "QuorvelWidgets/SafeToSpend/SafeToSpendLayouts.hpp"
+#include "QuorvelWidgets/WidgetSupport/Amount.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetEnvironment.hpp"
 
 namespace quorvel {
@@ -15,10 +16,12 @@ std::string unit(const SafeToSpendContent& content) {
 View circular(const SafeToSpendContent& content) {
   return VStack{
       {.spacing = 0},
-      amountWithUnit(content, 17, std::nullopt, 0),
+      Amount{.value = content.mainAmount(), .snapshot = content.snapshot, .size = 17},
       content.caption(content.text(content.isLastDay() ? "left" : "perDay"), 10, 0.7)
           .foregroundStyle(secondaryTextColor(content.environment)),
   }
+      .accessibility(
+          {.label = content.spokenMainAmount(), .children = Accessibility::Children::ignore})
       .padding(Insets::horizontal(10));
 }
 

@@ -3,6 +3,8 @@
 #include <utility>
 
 #include "QuorvelWidgets/WidgetSupport/Amount.hpp"
+#include "QuorvelWidgets/WidgetSupport/SpokenTexts.hpp"
+#include "QuorvelWidgets/WidgetSupport/WidgetMoneyStyle.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetStrings.hpp"
 
 namespace quorvel {
@@ -11,7 +13,7 @@ using namespace viewkit;
 
 namespace {
 
-constexpr auto kCombined = Accessibility::Children::combine;
+constexpr auto kIgnored = Accessibility::Children::ignore;
 
 }  // namespace
 
@@ -37,7 +39,13 @@ Text SafeToSpendContent::percentage(double size) const {
 }
 
 std::string SafeToSpendContent::spokenPercentage() const {
-  return std::to_string(wholePercent(metrics.spentFraction)) + "% " + text("used");
+  return spokenUsed(std::to_string(wholePercent(metrics.spentFraction)) + "%", snapshot.lang);
+}
+
+std::string SafeToSpendContent::spokenMainAmount() const {
+  const std::string amount = amountAccessibilityLabel(mainAmount(), snapshot);
+  if (isHidden()) return amount;
+  return isLastDay() ? spokenLeft(amount, snapshot.lang) : spokenPerDay(amount, snapshot.lang);
 }
 
 std::string dayPhrase(std::int64_t daysLeft, std::string_view lang) {
@@ -47,34 +55,29 @@ std::string dayPhrase(std::int64_t daysLeft, std::string_view lang) {
   return days + " " + WidgetStrings::text("left", lang);
 }
 
-namespace {
-
-/// "11 days left" for "11d left"; a single day has no word of its own in the plural's text.
-std::string spokenDayPhrase(std::int64_t daysLeft, std::string_view lang) {
-  if (daysLeft < 2) return dayPhrase(daysLeft, lang);
-  return std::to_string(daysLeft) + " " + WidgetStrings::text("daysLeftMonth", lang);
-}
-
-}  // namespace
-
 View dayCaption(const SafeToSpendContent& content, double size) {
   const std::int64_t days = content.metrics.daysLeft;
-  return content.caption(dayPhrase(days, content.snapshot.lang), size, 0.8)
-      .accessibilityLabel(spokenDayPhrase(days, content.snapshot.lang));
+  const std::string phrase = dayPhrase(days, content.snapshot.lang);
+  return content.caption(phrase, size, 0.8)
+      .accessibilityLabel(days < 1 ? phrase : spokenDaysLeft(days, content.snapshot.lang));
 }
 
-View safeToSpendHeader(const SafeToSpendContent& content, Color symbol, Color title) {
-  return HStack{
-      {.spacing = 4},
+View safeToSpendHeader(const SafeToSpendContent& content, Color symbol, Color title, int lines) {
+  constexpr double kHeight = 14.5;
+  const View row = HStack{
+      {.alignment = lines > 1 ? VerticalAlignment::firstTextBaseline : VerticalAlignment::center,
+       .spacing = 4},
       Symbol{std::string{kSafeToSpendSymbol}}
           .font(12, FontWeight::medium)
           .foregroundStyle(symbol)
           .accessibilityHidden(),
       content.caption(content.text("safeToSpend"), 11.5, 0.85)
           .font(11.5, FontWeight::medium)
+          .lineLimit(lines)
           .foregroundStyle(title),
-  }
-      .frame(FixedFrame{.height = 14.5})
+  };
+  return (lines > 1 ? row.frame(FlexibleFrame{.minHeight = kHeight})
+                    : row.frame(FixedFrame{.height = kHeight}))
       .opacity(0.92);
 }
 
@@ -83,17 +86,17 @@ View amountWithUnit(const SafeToSpendContent& content,
                     const std::optional<std::string>& unit,
                     double unitSize,
                     std::optional<Color> unitColor) {
-  View amount = Amount{.value = content.mainAmount(), .snapshot = content.snapshot, .size = size};
-  if (!unit) return amount;
-  const Text caption = content.caption(*unit, unitSize, 0.85);
-  const bool isPerDay = *unit == perDayLabel(content);
+  View caption;
+  if (unit) {
+    const Text words = content.caption(*unit, unitSize, 0.85);
+    caption = unitColor ? words.foregroundStyle(*unitColor) : words.view();
+  }
   return HStack{
       {.alignment = VerticalAlignment::firstTextBaseline, .spacing = 4},
-      amount,
-      (unitColor ? caption.foregroundStyle(*unitColor) : caption.view())
-          .accessibilityLabel(isPerDay ? content.text("perDay") : *unit),
+      Amount{.value = content.mainAmount(), .snapshot = content.snapshot, .size = size},
+      std::move(caption),
   }
-      .accessibility({.children = kCombined});
+      .accessibility({.label = content.spokenMainAmount(), .children = kIgnored});
 }
 
 std::string perDayLabel(const SafeToSpendContent& content) {
@@ -101,6 +104,17 @@ std::string perDayLabel(const SafeToSpendContent& content) {
   unit.erase(0, unit.find_first_not_of(' '));
   return unit;
 }
+
+namespace {
+
+std::string spokenRemainder(const SafeToSpendContent& content, double amount, bool exceeded) {
+  const std::string words = amountAccessibilityLabel(amount, content.snapshot);
+  if (content.isHidden()) return words;
+  return exceeded ? spokenOverBudget(words, content.snapshot.lang)
+                  : spokenLeft(words, content.snapshot.lang);
+}
+
+}  // namespace
 
 View remainderLine(const SafeToSpendContent& content, int lines) {
   const bool exceeded = isExceeded(content.budget);
@@ -116,7 +130,8 @@ View remainderLine(const SafeToSpendContent& content, int lines) {
           content.caption(content.text(exceeded ? "overBudget" : "left"), 12, 0.85)
               .lineLimit(lines),
       }
-          .accessibility({.children = kCombined});
+          .accessibility(
+              {.label = spokenRemainder(content, amount, exceeded), .children = kIgnored});
   if (!exceeded) return words;
   // Centred on the first line: on its baseline the round mark would hang below the words.
   return HStack{

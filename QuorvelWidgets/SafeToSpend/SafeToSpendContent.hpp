@@ -40,6 +40,8 @@ struct SafeToSpendContent {
   [[nodiscard]] viewkit::Text percentage(double size) const;
   /// "61% used".
   [[nodiscard]] std::string spokenPercentage() const;
+  /// "$106 per day"; on the last day "$1,166 left".
+  [[nodiscard]] std::string spokenMainAmount() const;
 };
 
 /// Days left in words: "12d left", "Last day".
@@ -48,12 +50,14 @@ struct SafeToSpendContent {
 /// The day phrase as a caption.
 [[nodiscard]] viewkit::View dayCaption(const SafeToSpendContent& content, double size);
 
-/// The widget's own header: bare symbol and title in one row of 14.5 points.
+/// The widget's own header: bare symbol and title in a row of 14.5 points, higher when the title
+/// takes a second line.
 [[nodiscard]] viewkit::View safeToSpendHeader(const SafeToSpendContent& content,
                                               viewkit::Color symbol,
-                                              viewkit::Color title);
+                                              viewkit::Color title,
+                                              int lines = 1);
 
-/// An amount with its unit on the same baseline; the unit may be absent.
+/// The main amount with its unit on the same baseline; the unit may be absent.
 [[nodiscard]] viewkit::View amountWithUnit(const SafeToSpendContent& content,
                                            double size,
                                            const std::optional<std::string>& unit,

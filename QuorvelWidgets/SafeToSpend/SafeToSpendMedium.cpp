@@ -4,6 +4,7 @@
 #include "QuorvelWidgets/WidgetSupport/Amount.hpp"
 #include "QuorvelWidgets/WidgetSupport/Palette.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetMeter.hpp"
+#include "QuorvelWidgets/WidgetSupport/WidgetMoneyStyle.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetScaffold.hpp"
 
 namespace quorvel {
@@ -31,7 +32,7 @@ View pacePart(const SafeToSpendContent& content) {
   return VStack{
       {.alignment = HorizontalAlignment::leading, .spacing = 0},
       // A long title may reach into the gap to the next part.
-      safeToSpendHeader(content, content.accent.ink, palette::textPrimary)
+      safeToSpendHeader(content, content.accent.ink, palette::textPrimary, 2)
           .padding({.trailing = -3}),
       Spacer{0},
       gauge,
@@ -54,11 +55,17 @@ View spentFigure(const SafeToSpendContent& content) {
 }
 
 View remainderPart(const SafeToSpendContent& content) {
+  const View figure =
+      VStack{
+          {.alignment = HorizontalAlignment::leading, .spacing = 3},
+          content.caption(content.text("leftToSpend"), 12, 0.85)
+              .foregroundStyle(palette::textSecondary),
+          Amount{.value = content.metrics.remaining, .snapshot = content.snapshot, .size = 22},
+      }
+          .accessibility({.children = Accessibility::Children::combine});
   const View remainder = VStack{
       {.alignment = HorizontalAlignment::leading, .spacing = 3},
-      content.caption(content.text("leftToSpend"), 12, 0.85)
-          .foregroundStyle(palette::textSecondary),
-      Amount{.value = content.metrics.remaining, .snapshot = content.snapshot, .size = 22},
+      figure,
       when(isExceeded(content.budget),
            [&] { return remainderLine(content, 2).foregroundStyle(palette::statusCritical); }),
   };
@@ -77,6 +84,15 @@ View tileGround(const SafeToSpendContent& content) {
   return RoundedRectangle(14).fill(groundColor(palette::surface, content.environment));
 }
 
+/// Silent while amounts are hidden: the remainder has said so.
+Accessibility spokenTileAmount(const SafeToSpendContent& content) {
+  if (content.isHidden()) return {.hidden = true};
+  const std::string today = content.text("leftForToday") + ", " +
+                            amountAccessibilityLabel(content.mainAmount(), content.snapshot);
+  return {.label = content.isLastDay() ? today : content.spokenMainAmount(),
+          .children = Accessibility::Children::ignore};
+}
+
 View tile(const SafeToSpendContent& content) {
   const Color faint = palette::textPrimary.withOpacity(0.9);
   const auto label = [&](std::string_view key) {
@@ -84,7 +100,7 @@ View tile(const SafeToSpendContent& content) {
   };
   const View perDay = VStack{
       {.alignment = HorizontalAlignment::leading, .spacing = 0},
-      amountWithUnit(content, 17, std::nullopt, 11),
+      Amount{.value = content.mainAmount(), .snapshot = content.snapshot, .size = 17},
       label(content.isLastDay() ? "leftForToday" : "perDay").padding({.top = 3}),
   };
   const View daysLeft = VStack{
@@ -99,7 +115,7 @@ View tile(const SafeToSpendContent& content) {
   };
   return VStack{
       {.alignment = HorizontalAlignment::leading, .spacing = 0},
-      perDay.accessibility({.children = Accessibility::Children::combine}),
+      perDay.accessibility(spokenTileAmount(content)),
       Spacer{0},
       daysLeft.accessibilityHidden(),  // the day phrase says it
   }

@@ -4,6 +4,7 @@
 
 #include "QuorvelWidgets/Spending/SpendingFigures.hpp"
 #include "QuorvelWidgets/WidgetSupport/Palette.hpp"
+#include "QuorvelWidgets/WidgetSupport/SpokenTexts.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetColors.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetHeader.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetMoneyStyle.hpp"
@@ -57,13 +58,12 @@ View SpendingContent::comparisonLine() const {
   constexpr double kSize = 11.5;
   const View figure = HStack{
       {.alignment = VerticalAlignment::firstTextBaseline, .spacing = 5},
-      Symbol{change->symbol}.font(kSize - 2, FontWeight::bold).accessibilityHidden(),
+      Symbol{change->symbol}.font(kSize - 2, FontWeight::bold),
       Text{change->text}
           .font(kSize, FontWeight::semibold)
           .lineLimit(1)
           .direction(LayoutDirection::leftToRight)
-          .privacySensitive(PrivacyTreatment::masked)
-          .accessibilityLabel(change->spoken),
+          .privacySensitive(PrivacyTreatment::masked),
   };
   return HStack{
       {.alignment = VerticalAlignment::firstTextBaseline, .spacing = 4},
@@ -71,7 +71,8 @@ View SpendingContent::comparisonLine() const {
       caption(text("vsLastMonth"), kSize, 0.8),
   }
       .foregroundStyle(palette::textSecondary)
-      .accessibility({.children = Accessibility::Children::combine});
+      .accessibility({.label = spokenChangeFromLastMonth(*change, snapshot.lang),
+                      .children = Accessibility::Children::ignore});
 }
 
 Accessibility SpendingContent::spokenCategory() const {

@@ -35,8 +35,11 @@ View hero(const SpendingContent& content) {
       amount,
       when(percent.has_value(),
            [&] {
-             return WidgetChange{
-                 .value = *percent, .precision = 1, .favorableWhenPositive = false, .size = 12}
+             return WidgetChange{.value = *percent,
+                                 .precision = 1,
+                                 .favorableWhenPositive = false,
+                                 .size = 12,
+                                 .lang = content.snapshot.lang}
                  .layoutPriority(1);
            }),
   };

@@ -1,5 +1,6 @@
 #include "QuorvelWidgets/WidgetSupport/WidgetChange.hpp"
 
+#include "QuorvelWidgets/WidgetSupport/SpokenTexts.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetMoneyStyle.hpp"
 
 namespace quorvel {
@@ -16,7 +17,7 @@ View WidgetChange::body() const {
           .font(size, FontWeight::semibold)
           .lineLimit(1)
           .direction(LayoutDirection::leftToRight)
-          .accessibilityLabel(change->spoken),
+          .accessibilityLabel(spokenChange(*change, lang)),
   }
       .foregroundStyle(change->color)
       .privacySensitive(PrivacyTreatment::covered);

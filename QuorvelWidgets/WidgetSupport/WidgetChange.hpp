@@ -1,6 +1,7 @@
 // A change in percent: the arrow carries the sign, the colour its meaning.
 #pragma once
 
+#include <string>
 #include <string_view>
 
 #include "ViewKit/ViewKit.hpp"
@@ -15,6 +16,7 @@ struct WidgetChange : viewkit::Modifiers<WidgetChange> {
   int precision = 0;  ///< decimals
   bool favorableWhenPositive = true;
   double size = 12;
+  std::string lang{};
 
   [[nodiscard]] viewkit::View body() const;
 };

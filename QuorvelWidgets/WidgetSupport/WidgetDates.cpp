@@ -27,6 +27,20 @@ constexpr std::array<std::string_view, kLanguageCount> kDueDatePatterns{"MMM d",
                                                                         "d MMM",
                                                                         "d MMM"};
 
+constexpr std::array<std::string_view, kLanguageCount> kSpokenDueDatePatterns{"MMMM d",
+                                                                              "d MMMM",
+                                                                              "d 'de' MMMM",
+                                                                              "d 'de' MMMM",
+                                                                              "d MMMM",
+                                                                              "d. MMMM",
+                                                                              "d MMMM",
+                                                                              "M月d日",
+                                                                              "MMMM d일",
+                                                                              "M月d日",
+                                                                              "M月d日",
+                                                                              "d MMMM",
+                                                                              "d MMMM"};
+
 /// More than any device asks for; a host that replays many zones starts over.
 constexpr std::size_t kKeptFormatters = 64;
 
@@ -56,6 +70,17 @@ std::optional<int> monthNumber(std::string_view month) {
   return number >= 1 && number <= 12 ? std::optional(number) : std::nullopt;
 }
 
+std::optional<std::string> monthName(std::string_view month,
+                                     std::optional<std::string_view> lang,
+                                     std::string_view pattern) {
+  const auto number = monthNumber(month);
+  if (!number) return std::nullopt;
+  // Names of months are the same in every year.
+  const auto date =
+      foundation::parseInternetDateTime(fmt::format("2001-{:02}-15T00:00:00Z", *number));
+  return dateText(date.value_or(foundation::Instant{}), lang, pattern, foundation::TimeZone{"UTC"});
+}
+
 }  // namespace
 
 std::string dateText(foundation::Instant date,
@@ -75,14 +100,20 @@ std::string dueDateText(foundation::Instant date,
   return dateText(date, lang, dueDatePattern(lang), zone);
 }
 
+std::string spokenDueDateText(foundation::Instant date,
+                              std::optional<std::string_view> lang,
+                              const foundation::TimeZone& zone) {
+  const auto language = static_cast<std::size_t>(languageForCode(lang));
+  return dateText(date, lang, kSpokenDueDatePatterns[language], zone);
+}
+
 std::optional<std::string> abbreviatedMonth(std::string_view month,
                                             std::optional<std::string_view> lang) {
-  const auto number = monthNumber(month);
-  if (!number) return std::nullopt;
-  // Names of months are the same in every year.
-  const auto date =
-      foundation::parseInternetDateTime(fmt::format("2001-{:02}-15T00:00:00Z", *number));
-  return dateText(date.value_or(foundation::Instant{}), lang, "MMM", foundation::TimeZone{"UTC"});
+  return monthName(month, lang, "MMM");
+}
+
+std::optional<std::string> fullMonth(std::string_view month, std::optional<std::string_view> lang) {
+  return monthName(month, lang, "MMMM");
 }
 
 }  // namespace quorvel

@@ -25,8 +25,17 @@ namespace quorvel {
                                       std::optional<std::string_view> lang,
                                       const foundation::TimeZone& zone);
 
+/// The due date as it is read aloud, with the month's full name: "March 5", "5. März".
+[[nodiscard]] std::string spokenDueDateText(foundation::Instant date,
+                                            std::optional<std::string_view> lang,
+                                            const foundation::TimeZone& zone);
+
 /// The abbreviated name of a month string ("2025-02" gives "Feb"); nothing when it is malformed.
 [[nodiscard]] std::optional<std::string> abbreviatedMonth(std::string_view month,
                                                           std::optional<std::string_view> lang);
+
+/// The full name of a month string in the form that stands in a date; nothing when it is malformed.
+[[nodiscard]] std::optional<std::string> fullMonth(std::string_view month,
+                                                   std::optional<std::string_view> lang);
 
 }  // namespace quorvel

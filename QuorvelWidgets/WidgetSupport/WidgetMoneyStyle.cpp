@@ -98,12 +98,14 @@ std::optional<ChangeDescription> describeChange(double percent,
                                                 bool favorableWhenPositive) {
   if (!std::isfinite(percent)) return std::nullopt;
   const std::string text = fmt::format("{:.{}f}%", std::fabs(percent), std::max(precision, 0));
-  if (percent == 0) return ChangeDescription{"arrow.right", text, palette::textSecondary, text};
+  if (percent == 0) {
+    return ChangeDescription{"arrow.right", text, palette::textSecondary, Trend::none};
+  }
   const bool favorable = (percent > 0) == favorableWhenPositive;
   return ChangeDescription{percent > 0 ? "arrow.up.right" : "arrow.down.right",
                            text,
                            favorable ? palette::changeFavorable : palette::statusCritical,
-                           (percent > 0 ? "+" : "-") + text};
+                           percent > 0 ? Trend::rise : Trend::fall};
 }
 
 double clampedFraction(double fraction) {

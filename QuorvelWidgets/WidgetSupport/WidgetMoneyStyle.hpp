@@ -41,13 +41,15 @@ struct WidgetMoneyStyle {
 /// What is read out for an amount: the text of `hidden`, else always the full format.
 [[nodiscard]] std::string amountAccessibilityLabel(double value, const WidgetSnapshot& snapshot);
 
+enum class Trend : std::uint8_t { rise, fall, none };
+
 /// A change in percent: an arrow that carries the sign, the magnitude and the colour of its
 /// meaning.
 struct ChangeDescription {
   std::string symbol;  ///< "arrow.up.right", "arrow.down.right" or "arrow.right"
   std::string text;    ///< "3.3%"
   viewkit::Color color;
-  std::string spoken;  ///< "-3.3%": without the arrow the sign has to be said
+  Trend trend = Trend::none;
 
   friend bool operator==(const ChangeDescription&, const ChangeDescription&) = default;
 };

@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include "QuorvelWidgets/WidgetSupport/PluralForm.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetStringTable.hpp"
 
 namespace quorvel {
@@ -15,18 +16,27 @@ void replaceAll(std::string& text, std::string_view placeholder, std::string_vie
 }
 
 std::string_view russianCards(std::int64_t count) {
-  const std::int64_t ten = count % 10;
-  const std::int64_t hundred = count % 100;
-  if (ten == 1 && hundred != 11) return "карта";
-  if (ten >= 2 && ten <= 4 && (hundred < 12 || hundred > 14)) return "карты";
-  return "карт";
+  switch (pluralForm(count, Language::ru)) {
+    case PluralForm::one:
+      return "карта";
+    case PluralForm::few:
+      return "карты";
+    default:
+      return "карт";
+  }
 }
 
 std::string arabicCards(std::int64_t count) {
-  if (count == 1) return "بطاقة واحدة";
-  if (count == 2) return "بطاقتان";
-  const std::int64_t hundred = count % 100;
-  return fmt::format("{} {}", count, hundred >= 3 && hundred <= 10 ? "بطاقات" : "بطاقة");
+  switch (pluralForm(count, Language::ar)) {
+    case PluralForm::one:
+      return "بطاقة واحدة";
+    case PluralForm::two:
+      return "بطاقتان";
+    case PluralForm::few:
+      return fmt::format("{} بطاقات", count);
+    default:
+      return fmt::format("{} بطاقة", count);
+  }
 }
 
 }  // namespace

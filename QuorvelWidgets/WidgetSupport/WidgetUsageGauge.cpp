@@ -1,5 +1,6 @@
 #include "QuorvelWidgets/WidgetSupport/WidgetUsageGauge.hpp"
 
+#include "QuorvelWidgets/WidgetSupport/SpokenTexts.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetMoneyStyle.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetStrings.hpp"
 
@@ -23,8 +24,7 @@ View WidgetUsageGauge::body() const {
            }),
   };
   const std::string label = hidden ? WidgetStrings::text("hidden", snapshot.lang)
-                                   : isolatedAmount(percentText(share)) + " " +
-                                         WidgetStrings::text("used", snapshot.lang);
+                                   : spokenUsed(percentText(share), snapshot.lang);
   return Gauge{{.fraction = share}, middle}
       .privacySensitive(PrivacyTreatment::masked)
       .accessibility({.label = label, .children = Accessibility::Children::ignore});

@@ -52,6 +52,12 @@ std::vector<WidgetState> englishStates() {
     s.snapshot->dues[1].amount = 1234567890.5;
     s.snapshot->budget->total = 1234567890.5;
   });
+  add("one day left", [](WidgetState& s) { s.snapshot->budget->periodEnd = "2025-02-11"; });
+  add("last day", [](WidgetState& s) { s.snapshot->budget->periodEnd = "2025-02-10"; });
+  add("unchanged", [](WidgetState& s) {
+    s.snapshot->netWorth->changePercent = 0;
+    s.snapshot->spending->lastMonthSpent = s.snapshot->spending->spent;
+  });
   add("hidden", [](WidgetState& s) { s.snapshot->isHidden = true; });
   add("redacted", [](WidgetState& s) { s.environment.redactionReasons.privacy = true; });
   add("placeholder", [](WidgetState& s) { s.environment.redactionReasons.placeholder = true; });

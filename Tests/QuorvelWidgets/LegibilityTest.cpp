@@ -106,30 +106,13 @@ double leastWidth(const FoundText& text) {
   return width * element.minimumScaleFactor;
 }
 
-/// Words that are too long for a compact device by a few points. Shorter ones would be better.
-/// A word that fits by now must leave the list.
-struct TooLong {
-  std::string_view layout;
-  std::string_view lang;
-  std::string_view text;
-};
-
-constexpr TooLong kTooLong[] = {
-    {"safe-to-spend-medium", "id", "Aman dibelanjakan"},
-    {"ring", "ru", "17 дн. осталось"},
-    {"ring", "ru", "Последний день"},
-    {"spending-small", "ru", "к прошл. месяцу"},
-};
-
 void checkText(const FoundText& text,
                const WidgetState& state,
-               bool mayBeCut,
                const std::function<void(const std::string&)>& fail) {
   const auto& placed = *text.node->text;
   const auto& element = text.element();
   const std::string quoted = "\"" + element.text.substr(0, 60) + "\" ";
-  if (placed.isCut() && !mayBeCut &&
-      !isUsersOwn(element.text, fixtures::userTexts(state.snapshot))) {
+  if (placed.isCut() && !isUsersOwn(element.text, fixtures::userTexts(state.snapshot))) {
     fail(quoted + "is cut: its least width is " + std::to_string(std::lround(leastWidth(text))) +
          " of " + std::to_string(std::lround(text.node->frame.width)));
   }
@@ -175,7 +158,6 @@ class Legibility : public ::testing::Test {
 
 TEST_F(Legibility, NoTextIsCutLeavesTheWidgetOrOverlapsAnother) {
   Faults faults;
-  std::set<std::string_view> stillTooLong;
   std::size_t trees = 0;
   for (const std::string_view lang : kLanguageCodes) {
     for (const WidgetState& state : fixtures::widgetStates(lang)) {
@@ -188,15 +170,7 @@ TEST_F(Legibility, NoTextIsCutLeavesTheWidgetOrOverlapsAnother) {
             faults.add(std::string{layout.name} + " " + std::string{lang} + ": " + what,
                        std::string{state.name} + " on " + std::string{device.name});
           };
-          for (const FoundText& text : found.texts) {
-            const auto known = std::ranges::find_if(kTooLong, [&](const TooLong& words) {
-              return device.name == "compact" && words.layout == layout.name &&
-                     words.lang == lang && words.text == text.element().text;
-            });
-            const bool mayBeCut = known != std::end(kTooLong);
-            if (mayBeCut && text.node->text->isCut()) stillTooLong.insert(known->text);
-            checkText(text, state, mayBeCut, fail);
-          }
+          for (const FoundText& text : found.texts) checkText(text, state, fail);
           checkOverlaps(found, fail);
           checkLinks(found, fail);
           ++trees;
@@ -205,9 +179,6 @@ TEST_F(Legibility, NoTextIsCutLeavesTheWidgetOrOverlapsAnother) {
     }
   }
   RecordProperty("trees", static_cast<int>(trees));
-  for (const TooLong& words : kTooLong) {
-    EXPECT_TRUE(stillTooLong.contains(words.text)) << words.text << " fits now";
-  }
   EXPECT_EQ(joined(faults.lines()), "");
 }
 
@@ -229,7 +200,7 @@ TEST_F(Legibility, TheChecksSeeWhatIsWrong) {
   const auto found = inspection::find(tree);
   std::set<std::string> seen;
   const auto fail = [&](const std::string& what) { seen.insert(what.substr(0, what.find(':'))); };
-  for (const FoundText& text : found.texts) checkText(text, {}, false, fail);
+  for (const FoundText& text : found.texts) checkText(text, {}, fail);
   checkOverlaps(found, fail);
   checkLinks(found, fail);
   EXPECT_THAT(seen,

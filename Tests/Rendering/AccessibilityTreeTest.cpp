@@ -75,6 +75,24 @@ TEST(AccessibilityTree, ALabelledContainerIsOneElement) {
   EXPECT_EQ(elements[0].value, "rising");
 }
 
+TEST(AccessibilityTree, ControlsOfTheDirectionAreNotSaid) {
+  EXPECT_THAT(labels(Text("\u2066 16%\u2069 used\u200F\u200E")), ElementsAre(" 16% used"));
+  EXPECT_THAT(labels(Text("\u202Aa\u202Bb\u202Cc\u202Dd\u202Ee\u2067f\u2068g\u061C")),
+              ElementsAre("abcdefg"));
+  EXPECT_THAT(labels(Text("\u2068\u2069")), IsEmpty());
+  const auto gauge =
+      heard(Circle().accessibility({.label = "\u2068Food\u2069", .value = "\u20665\u2069"}));
+  ASSERT_EQ(gauge.size(), 1u);
+  EXPECT_EQ(gauge[0].label, "Food");
+  EXPECT_EQ(gauge[0].value, "5");
+}
+
+// Those join or part letters: without them a word is another word.
+TEST(AccessibilityTree, JoinersStay) {
+  EXPECT_THAT(labels(Text("\u0915\u094D\u200D\u0937 a\u200Cb\u2026")),
+              ElementsAre("\u0915\u094D\u200D\u0937 a\u200Cb\u2026"));
+}
+
 TEST(AccessibilityTree, CombinedChildrenAreJoined) {
   const View row = HStack{{},
                           Text("Rent"),

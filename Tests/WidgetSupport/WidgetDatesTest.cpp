@@ -37,6 +37,34 @@ TEST(WidgetDates, DueDateInEveryLanguage) {
   EXPECT_EQ(dueDateText(kFifthOfMarch, "nl", kUtc), "Mar 5");
 }
 
+TEST(WidgetDates, SpokenDueDateNamesTheMonthInFull) {
+  const auto february = *foundation::parseInternetDateTime("2025-02-10T12:00:00Z");
+  const std::array<const char*, kLanguageCount> expected{"February 10",
+                                                         "10 Februari",
+                                                         "10 de febrero",
+                                                         "10 de fevereiro",
+                                                         "10 février",
+                                                         "10. Februar",
+                                                         "10 февраля",
+                                                         "2月10日",
+                                                         "2월 10일",
+                                                         "2月10日",
+                                                         "2月10日",
+                                                         "10 फ़रवरी",
+                                                         "10 فبراير"};
+  for (std::size_t i = 0; i < kLanguageCount; ++i) {
+    EXPECT_EQ(spokenDueDateText(february, kLanguageCodes[i], kUtc), expected[i])
+        << kLanguageCodes[i];
+  }
+}
+
+TEST(WidgetDates, FullMonthsAsTheyStandInADate) {
+  EXPECT_EQ(fullMonth("2025-01", "en"), "January");
+  EXPECT_EQ(fullMonth("2025-08", "ru"), "августа");
+  EXPECT_EQ(fullMonth("2025-12", "ar"), "ديسمبر");
+  EXPECT_EQ(fullMonth("2025-13", "en"), std::nullopt);
+}
+
 TEST(WidgetDates, DigitsAreLatinInHindiAndArabic) {
   EXPECT_EQ(dateText(kFifthOfMarch, "hi", "d", kUtc), "5");
   EXPECT_EQ(dateText(kFifthOfMarch, "ar", "d", kUtc), "5");

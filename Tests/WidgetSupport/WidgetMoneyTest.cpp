@@ -180,10 +180,10 @@ TEST(ChangeDescription, ArrowCarriesTheSign) {
   EXPECT_EQ(describeChange(-0.0, 1, true)->text, "0.0%");
 }
 
-TEST(ChangeDescription, IsSpokenWithItsSign) {
-  EXPECT_EQ(describeChange(-3.26, 1, true)->spoken, "-3.3%");
-  EXPECT_EQ(describeChange(5.5, 1, false)->spoken, "+5.5%");
-  EXPECT_EQ(describeChange(0, 1, true)->spoken, "0.0%");
+TEST(ChangeDescription, KnowsItsTrend) {
+  EXPECT_EQ(describeChange(-3.26, 1, true)->trend, Trend::fall);
+  EXPECT_EQ(describeChange(5.5, 1, false)->trend, Trend::rise);
+  EXPECT_EQ(describeChange(-0.0, 1, true)->trend, Trend::none);
 }
 
 TEST(ChangeDescription, ColourSaysWhetherItIsWelcome) {

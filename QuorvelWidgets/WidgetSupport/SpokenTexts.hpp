@@ -1,0 +1,54 @@
+// What is read aloud where it has to differ from what is seen: words for an arrow, a slash or an
+// abbreviation, an amount in its place in the sentence, plurals.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "QuorvelWidgets/WidgetSupport/WidgetMoneyStyle.hpp"
+
+namespace quorvel {
+
+/// "1 day left", "18 days left".
+[[nodiscard]] std::string spokenDaysLeft(std::int64_t days, std::optional<std::string_view> lang);
+
+/// "in 9 days", of two or more.
+[[nodiscard]] std::string spokenInDays(std::int64_t days, std::optional<std::string_view> lang);
+
+/// "$67 per day".
+[[nodiscard]] std::string spokenPerDay(std::string_view amount,
+                                       std::optional<std::string_view> lang);
+
+/// "$1,200 left".
+[[nodiscard]] std::string spokenLeft(std::string_view amount, std::optional<std::string_view> lang);
+
+/// "$210 over budget".
+[[nodiscard]] std::string spokenOverBudget(std::string_view amount,
+                                           std::optional<std::string_view> lang);
+
+/// "33% used".
+[[nodiscard]] std::string spokenUsed(std::string_view percentage,
+                                     std::optional<std::string_view> lang);
+
+/// "up 20.0%", "down 3.3%", "unchanged".
+[[nodiscard]] std::string spokenChange(const ChangeDescription& change,
+                                       std::optional<std::string_view> lang);
+
+/// "up 20.0% from last month".
+[[nodiscard]] std::string spokenChangeFromLastMonth(const ChangeDescription& change,
+                                                    std::optional<std::string_view> lang);
+
+/// "up 20.0% from January". The month is a string such as "2025-01"; a malformed one is left out.
+[[nodiscard]] std::string spokenChangeFromMonth(const ChangeDescription& change,
+                                                std::string_view month,
+                                                std::optional<std::string_view> lang);
+
+/// "8 4 7 8": the digits of a card are said one by one.
+[[nodiscard]] std::string spokenOneByOne(std::string_view digits);
+
+/// A payment's subtitle: as it is, but a masked number ("•• 8478") without its bullets.
+[[nodiscard]] std::string spokenSubtitle(std::string_view subtitle);
+
+}  // namespace quorvel

@@ -22,6 +22,7 @@ View titleRow(const WidgetMessage& message) {
           .font(13)
           .lineLimit(2)
           .minimumScaleFactor(0.85)
+          .balanced()
           .language(message.lang)
           .foregroundStyle(palette::textSecondary),
   };

@@ -1,6 +1,6 @@
 // The texts: a block a key, a line a language. "{n}" is a count, "{period}" the name of a month.
 // Texts in lower case follow a number; verdicts on the pace must fit beside a day phrase, titles
-// beside a small icon.
+// beside a small icon. A space that must not end a line is written \u00A0.
 #include "QuorvelWidgets/WidgetSupport/WidgetStringTable.hpp"
 
 #include <array>
@@ -60,10 +60,10 @@ constexpr std::array<StringRow, kStringCount> kRows{{
       .fr = "par jour",
       .de = "pro Tag",
       .ru = "в день",
-      .ja = "/日",
-      .ko = "/일",
-      .zhHans = "/天",
-      .zhHant = "/天",
+      .ja = "1日あたり",
+      .ko = "1일당",
+      .zhHans = "每天",
+      .zhHant = "每天",
       .hi = "प्रति दिन",
       .ar = "يوميًا"}},
     {"left",
@@ -156,7 +156,7 @@ constexpr std::array<StringRow, kStringCount> kRows{{
       .es = "Gastado este mes",
       .ptBR = "Gasto neste mês",
       .fr = "Dépensé ce mois-ci",
-      .de = "Monatsausgaben",
+      .de = "Ausgaben im Monat",
       .ru = "Расходы за месяц",
       .ja = "今月の支出",
       .ko = "이번 달 지출",
@@ -300,8 +300,8 @@ constexpr std::array<StringRow, kStringCount> kRows{{
       .ru = "Задайте месячный бюджет в Quorvel",
       .ja = "月の予算をQuorvelで設定",
       .ko = "Quorvel에서 월 예산을 설정하세요",
-      .zhHans = "在 Quorvel 中设置每月预算",
-      .zhHant = "在 Quorvel 中設定每月預算",
+      .zhHans = "在 Quorvel\u00A0中设置每月预算",
+      .zhHant = "在 Quorvel\u00A0中設定每月預算",
       .hi = "Quorvel में मासिक बजट सेट करें",
       .ar = "حدّد ميزانية شهرية في Quorvel"}},
     {"noCards",
@@ -314,8 +314,8 @@ constexpr std::array<StringRow, kStringCount> kRows{{
       .ru = "Добавьте карту в Quorvel",
       .ja = "カードをQuorvelで追加",
       .ko = "Quorvel에서 카드를 추가하세요",
-      .zhHans = "在 Quorvel 中添加卡片",
-      .zhHant = "在 Quorvel 中新增卡片",
+      .zhHans = "在 Quorvel\u00A0中添加卡片",
+      .zhHant = "在 Quorvel\u00A0中新增卡片",
       .hi = "Quorvel में कार्ड जोड़ें",
       .ar = "أضف بطاقة في Quorvel"}},
     {"noSpending",
@@ -342,8 +342,8 @@ constexpr std::array<StringRow, kStringCount> kRows{{
       .ru = "Добавьте активы в Quorvel",
       .ja = "資産をQuorvelで追加",
       .ko = "Quorvel에서 자산을 추가하세요",
-      .zhHans = "在 Quorvel 中添加资产",
-      .zhHant = "在 Quorvel 中新增資產",
+      .zhHans = "在 Quorvel\u00A0中添加资产",
+      .zhHant = "在 Quorvel\u00A0中新增資產",
       .hi = "Quorvel में संपत्ति जोड़ें",
       .ar = "أضف أصولًا في Quorvel"}},
     {"signIn",

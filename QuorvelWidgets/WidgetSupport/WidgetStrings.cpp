@@ -97,6 +97,13 @@ std::string perDayUnit(std::optional<std::string_view> lang) {
       return "/ day";
     case Language::id:
       return "/ hari";
+    case Language::ja:
+      return "/日";
+    case Language::ko:
+      return "/일";
+    case Language::zhHans:
+    case Language::zhHant:
+      return "/天";
     default:
       return WidgetStrings::text("perDay", lang);
   }

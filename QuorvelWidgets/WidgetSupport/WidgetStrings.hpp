@@ -26,7 +26,8 @@ struct WidgetStrings {
 /// The phrase for a number of cards, by the language's plural rule.
 [[nodiscard]] std::string cardCountText(std::int64_t count, std::optional<std::string_view> lang);
 
-/// What follows an amount per day after a space: "/ day", "/ hari", else the text of `perDay`.
+/// What follows an amount per day after a space: "/ day", "/日", else the text of `perDay`, which
+/// also stands on a line of its own.
 [[nodiscard]] std::string perDayUnit(std::optional<std::string_view> lang);
 
 /// An amount or percentage inside a joined text, read from left to right.

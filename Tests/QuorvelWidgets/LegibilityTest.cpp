@@ -106,6 +106,15 @@ double leastWidth(const FoundText& text) {
   return width * element.minimumScaleFactor;
 }
 
+/// A line that ends where no line may end parts a word that is wider than its room.
+bool partsAWord(const rendering::PlacedText& text) {
+  for (std::size_t i = 1; i < text.lines.size(); ++i) {
+    const std::uint32_t first = text.lines[i].first;
+    if (first > 0 && !text.paragraph->clusters[first - 1].breakAfter) return true;
+  }
+  return false;
+}
+
 void checkText(const FoundText& text,
                const WidgetState& state,
                const std::function<void(const std::string&)>& fail) {
@@ -115,6 +124,9 @@ void checkText(const FoundText& text,
   if (placed.isCut() && !isUsersOwn(element.text, fixtures::userTexts(state.snapshot))) {
     fail(quoted + "is cut: its least width is " + std::to_string(std::lround(leastWidth(text))) +
          " of " + std::to_string(std::lround(text.node->frame.width)));
+  }
+  if (partsAWord(placed) && !isUsersOwn(element.text, fixtures::userTexts(state.snapshot))) {
+    fail(quoted + "is parted inside a word");
   }
   if (placed.scale < element.minimumScaleFactor - 1e-9) fail(quoted + "is smaller than allowed");
   if (!element.text.empty() && placed.lines.empty()) fail(quoted + "has no room");
@@ -193,6 +205,7 @@ TEST_F(Legibility, TheChecksSeeWhatIsWrong) {
           words.offset(40, 0),
           words.offset(42, 2),
           words.frame(FixedFrame{.width = 20}).offset(0, 30),
+          Text{"Unbreakable"}.font(12).frame(FixedFrame{.width = 40}).offset(0, 80),
           Rectangle().frame(FixedFrame{.width = 50, .height = 20}).link("quorvel-widget://open/x"),
       }
           .frame(FixedFrame{.width = 170, .height = 170, .alignment = Alignment::topLeading});
@@ -207,6 +220,7 @@ TEST_F(Legibility, TheChecksSeeWhatIsWrong) {
               ::testing::ElementsAre("\"Some words\" is cut",
                                      "\"Some words\" leaves what is shown",
                                      "\"Some words\" overlaps \"Some words\"",
+                                     "\"Unbreakable\" is parted inside a word",
                                      "a link is 20.000000 high"));
 }
 

@@ -290,6 +290,10 @@ TEST(WidgetStringsText, PerDayUnit) {
   EXPECT_EQ(perDayUnit("xx"), "/ day");
   EXPECT_EQ(perDayUnit("id"), "/ hari");
   EXPECT_EQ(perDayUnit("de"), WidgetStrings::text("perDay", "de"));
+  EXPECT_EQ(perDayUnit("ja"), "/日");
+  EXPECT_EQ(perDayUnit("ko"), "/일");
+  EXPECT_EQ(perDayUnit("zh-Hans"), "/天");
+  EXPECT_EQ(perDayUnit("zh-Hant"), "/天");
 }
 
 TEST(WidgetStringsText, IsolatesEncloseTheText) {

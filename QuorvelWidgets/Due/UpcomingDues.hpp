@@ -14,8 +14,8 @@
 namespace quorvel {
 
 struct UpcomingDue {
-  const WidgetSnapshot::Due* due = nullptr;
-  std::int64_t days = 0;  ///< whole days from today, 0 or more
+  const WidgetSnapshot::Due* due;
+  std::int64_t days;  ///< whole days from today, 0 or more
 };
 
 /// The first `most` dues that are not over, in the document's order. Those without a readable date

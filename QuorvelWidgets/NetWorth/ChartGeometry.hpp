@@ -18,7 +18,6 @@ struct ChartPoint {
 /// The band of the line, as fractions of the height: room above it, a floor of area below it.
 inline constexpr double kChartTop = 0.18;
 inline constexpr double kChartBottom = 0.8;
-inline constexpr double kChartMiddle = (kChartTop + kChartBottom) / 2;
 
 /// How far below the highest value each value lies, 0 (highest) ... 1 (lowest); nothing to measure
 /// by when all are equal (then every one is a half). Halves keep the range of the largest doubles

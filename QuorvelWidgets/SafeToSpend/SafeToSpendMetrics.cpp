@@ -1,21 +1,11 @@
 #include "QuorvelWidgets/SafeToSpend/SafeToSpendMetrics.hpp"
 
+#include <algorithm>
 #include <cmath>
 
 #include "Foundation/DayString.hpp"
 
 namespace quorvel {
-
-namespace {
-
-double spentFraction(double total, double spent) {
-  if (!(total > 0)) return 0;
-  const double fraction = spent / total;
-  if (fraction <= 0) return 0;
-  return fraction > 1 ? 1 : fraction;
-}
-
-}  // namespace
 
 std::optional<SafeToSpendMetrics> makeSafeToSpendMetrics(double total,
                                                          double spent,
@@ -25,13 +15,14 @@ std::optional<SafeToSpendMetrics> makeSafeToSpendMetrics(double total,
   const auto days = foundation::daysBetween(periodEnd, now, calendar);
   if (!days || *days < 0) return std::nullopt;
 
-  SafeToSpendMetrics metrics;
-  metrics.remaining = total - spent > 0 ? total - spent : 0;
-  metrics.spentFraction = spentFraction(total, spent);
+  const double remaining = std::max(total - spent, 0.0);
   // Today does not count: on the day before the last one the remainder is for one day, not two.
-  if (*days != 0) metrics.perDay = metrics.remaining / static_cast<double>(*days);
-  metrics.daysLeft = *days;
-  return metrics;
+  const auto perDay =
+      *days != 0 ? std::optional(remaining / static_cast<double>(*days)) : std::nullopt;
+  return SafeToSpendMetrics{.remaining = remaining,
+                            .perDay = perDay,
+                            .daysLeft = *days,
+                            .spentFraction = total > 0 ? std::clamp(spent / total, 0.0, 1.0) : 0};
 }
 
 bool isExceeded(const WidgetSnapshot::Budget& budget) {

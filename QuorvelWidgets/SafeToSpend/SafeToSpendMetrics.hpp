@@ -12,10 +12,10 @@
 namespace quorvel {
 
 struct SafeToSpendMetrics {
-  double remaining = 0;          ///< never below 0
+  double remaining;              ///< never below 0
   std::optional<double> perDay;  ///< absent on the period's last day
-  std::int64_t daysLeft = 0;     ///< whole days after today; 0 on the last day
-  double spentFraction = 0;      ///< 0...1
+  std::int64_t daysLeft;         ///< whole days after today; 0 on the last day
+  double spentFraction;          ///< 0...1
 
   friend bool operator==(const SafeToSpendMetrics&, const SafeToSpendMetrics&) = default;
 };

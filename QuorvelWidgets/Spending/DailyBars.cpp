@@ -15,10 +15,6 @@ constexpr double kCorner = 1.5;
 constexpr double kLabelHeight = 14;
 constexpr int kLabelEvery = 7;
 
-std::size_t drawnDays(std::size_t days) {
-  return std::min(days, kLongestMonth);
-}
-
 }  // namespace
 
 View DailyBars::body() const {

@@ -61,11 +61,11 @@ double MonthHeatmap::height() const {
 
 View MonthHeatmap::body() const {
   const std::vector<MonthCell> cells = cellsOf(*this);
-  const double top = topAmount({daily.data(), std::min(daily.size(), kLongestMonth)});
+  const double top = topAmount({daily.data(), drawnDays(daily.size())});
   std::vector<View> days;
   days.reserve(cells.size());
   for (const MonthCell& cell : cells) {
-    const bool known = cell.day <= static_cast<int>(std::min(daily.size(), kLongestMonth));
+    const bool known = cell.day <= static_cast<int>(drawnDays(daily.size()));
     const double ratio = known && cell.day <= today ? dayRatio(daily[cell.day - 1], top) : 0;
     days.push_back(dayCell(*this, cell.day, ratio)
                        .frame(FixedFrame{.width = kCell, .height = kCell})

@@ -9,18 +9,21 @@ namespace quorvel {
 using viewkit::Color;
 using widgetruntime::RenderingMode;
 
+std::size_t drawnDays(std::size_t recorded) {
+  constexpr std::size_t kLongestMonth = 31;
+  return std::min(recorded, kLongestMonth);
+}
+
 std::optional<double> changeAgainstLastMonth(const WidgetSnapshot::Spending& spending) {
   if (!(spending.lastMonthSpent > 0)) return std::nullopt;
   return (spending.spent - spending.lastMonthSpent) / spending.lastMonthSpent * 100;
 }
 
 SpendingStatistics spendingStatistics(const WidgetSnapshot::Spending& spending, int today) {
-  const int recorded = static_cast<int>(std::min(spending.daily.size(), kLongestMonth));
-  SpendingStatistics figures;
-  if (today >= 1 && today <= recorded) figures.today = spending.daily[today - 1];
-  figures.average = spending.spent / std::max(std::min(today, recorded), 1);
-  figures.lastMonth = spending.lastMonthSpent;
-  return figures;
+  const int recorded = static_cast<int>(drawnDays(spending.daily.size()));
+  return {.today = today >= 1 && today <= recorded ? spending.daily[today - 1] : 0,
+          .average = spending.spent / std::max(std::min(today, recorded), 1),
+          .lastMonth = spending.lastMonthSpent};
 }
 
 double topAmount(std::span<const double> daily) {

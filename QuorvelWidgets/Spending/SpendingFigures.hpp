@@ -13,17 +13,17 @@
 
 namespace quorvel {
 
-/// No month has more days; amounts beyond them are not drawn.
-inline constexpr std::size_t kLongestMonth = 31;
+/// How many of a series' amounts are looked at: as many as the longest month has days.
+[[nodiscard]] std::size_t drawnDays(std::size_t recorded);
 
 /// Percent by which `spent` differs from last month's; nothing when that was not above 0.
 [[nodiscard]] std::optional<double> changeAgainstLastMonth(
     const WidgetSnapshot::Spending& spending);
 
 struct SpendingStatistics {
-  double today = 0;    ///< 0 when the series ends before today
-  double average = 0;  ///< a day, over the days so far, at least one
-  double lastMonth = 0;
+  double today;    ///< 0 when the series ends before today
+  double average;  ///< a day, over the days so far, at least one
+  double lastMonth;
   friend bool operator==(const SpendingStatistics&, const SpendingStatistics&) = default;
 };
 /// `today` is the day of the month, from 1.
@@ -79,9 +79,9 @@ template <class Number>
 
 /// A day's place in the month's grid of weeks.
 struct MonthCell {
-  int day = 0;     ///< 1...31
-  int column = 0;  ///< 0...6
-  int row = 0;     ///< 0...5
+  int day;     ///< 1...31
+  int column;  ///< 0...6
+  int row;     ///< 0...5
   friend bool operator==(const MonthCell&, const MonthCell&) = default;
 };
 /// One cell a day. Weekdays count from 1 = Sunday; `weekdayOfFirst` is that of the month's first

@@ -58,8 +58,7 @@ viewkit::Rgb mixed(viewkit::Rgb from, viewkit::Rgb to, double fraction) {
   for (const int shift : {16, 8, 0}) {
     const double start = channel(from, shift);
     const double end = channel(to, shift);
-    const auto value = static_cast<viewkit::Rgb>(std::round(start + (end - start) * fraction));
-    result |= std::min<viewkit::Rgb>(value, 0xFF) << shift;
+    result |= static_cast<viewkit::Rgb>(std::round(start + (end - start) * fraction)) << shift;
   }
   return result;
 }

@@ -25,10 +25,10 @@ namespace quorvel {
 
 /// An sRGB colour of channels in 0...1.
 struct ResolvedColor {
-  double red = 0;
-  double green = 0;
-  double blue = 0;
-  double alpha = 1;
+  double red;
+  double green;
+  double blue;
+  double alpha;
 
   friend bool operator==(const ResolvedColor&, const ResolvedColor&) = default;
 };

@@ -8,7 +8,6 @@
 namespace quorvel {
 
 inline constexpr double kTextContrast = 4.5;
-inline constexpr double kLargeTextContrast = 3.0;
 
 /// WCAG relative luminance of an sRGB colour, 0...1.
 [[nodiscard]] double relativeLuminance(viewkit::Rgb color);

@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <array>
 #include <unordered_map>
 
@@ -61,11 +62,8 @@ bool isDigit(char c) {
 
 /// 1...12; nothing for what is not four digits, "-" and a month's two digits.
 std::optional<int> monthNumber(std::string_view month) {
-  constexpr std::string_view kForm = "dddd-dd";
-  if (month.size() != kForm.size()) return std::nullopt;
-  for (std::size_t i = 0; i < kForm.size(); ++i) {
-    if (kForm[i] == 'd' ? !isDigit(month[i]) : month[i] != kForm[i]) return std::nullopt;
-  }
+  const auto fits = [](char c, char form) { return form == 'd' ? isDigit(c) : c == form; };
+  if (!std::ranges::equal(month, std::string_view("dddd-dd"), fits)) return std::nullopt;
   const int number = (month[5] - '0') * 10 + (month[6] - '0');
   return number >= 1 && number <= 12 ? std::optional(number) : std::nullopt;
 }

@@ -101,11 +101,12 @@ std::optional<ChangeDescription> describeChange(double percent,
   if (percent == 0) {
     return ChangeDescription{"arrow.right", text, palette::textSecondary, Trend::none};
   }
-  const bool favorable = (percent > 0) == favorableWhenPositive;
-  return ChangeDescription{percent > 0 ? "arrow.up.right" : "arrow.down.right",
+  const bool rises = percent > 0;
+  const bool favorable = rises == favorableWhenPositive;
+  return ChangeDescription{rises ? "arrow.up.right" : "arrow.down.right",
                            text,
                            favorable ? palette::changeFavorable : palette::statusCritical,
-                           percent > 0 ? Trend::rise : Trend::fall};
+                           rises ? Trend::rise : Trend::fall};
 }
 
 double clampedFraction(double fraction) {

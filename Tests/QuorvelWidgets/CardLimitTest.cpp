@@ -66,6 +66,7 @@ TEST(CardUsage, FollowsTheRemainingPartOfTheLimit) {
   EXPECT_DOUBLE_EQ(usedFraction(1000, 200), 0.8);
   EXPECT_EQ(usedFraction(1000, 1200), 0);
   EXPECT_EQ(usedFraction(1000, -1), 1);
+  EXPECT_EQ(usedFraction(0.5, 0.25), 0.5);
   EXPECT_EQ(usedFraction(0, 10), 0);
   EXPECT_EQ(usedFraction(-5, 10), 0);
 }

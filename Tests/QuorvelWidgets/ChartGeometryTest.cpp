@@ -35,6 +35,11 @@ TEST(ChartGeometry, EqualValuesGiveAFlatLineInTheMiddle) {
               ElementsAre(IsAt(0, 49), IsAt(50, 49), IsAt(100, 49)));
 }
 
+TEST(ChartGeometry, ValuesLessThanOneApartFillTheBandToo) {
+  EXPECT_THAT(chartPoints(std::vector{0.25, 0.75}, 100, 100, 0),
+              ElementsAre(IsAt(0, 80), IsAt(100, 18)));
+}
+
 TEST(ChartGeometry, AWidthBelowTheInsetPutsEveryPointAtZero) {
   for (const Point& point : chartPoints(std::vector{1.0, 2.0, 3.0}, 4, 100, 10)) {
     EXPECT_EQ(point.x, 0);

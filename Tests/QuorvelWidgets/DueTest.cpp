@@ -64,11 +64,13 @@ TEST(UpcomingDues, YesterdayIsOverTodayIsNot) {
               ElementsAre(Pair{"today", 0}, Pair{"tomorrow", 1}, Pair{"later", 5}));
   EXPECT_EQ(relativeLabel(0, "en"), "Today");
   EXPECT_EQ(relativeLabel(1, "en"), "Tomorrow");
+  EXPECT_EQ(relativeLabel(2, "en"), "in 2 days");
   EXPECT_EQ(relativeLabel(5, "en"), "in 5 days");
 }
 
 TEST(UpcomingDues, ShortLabels) {
   EXPECT_EQ(shortRelativeLabel(3, "en"), "3d left");
+  EXPECT_EQ(shortRelativeLabel(2, "en"), "2d left");
   EXPECT_EQ(shortRelativeLabel(1, "en"), "Tomorrow");
   EXPECT_EQ(shortRelativeLabel(0, "en"), "Today");
   EXPECT_EQ(shortRelativeLabel(-1, "en"), "Today");

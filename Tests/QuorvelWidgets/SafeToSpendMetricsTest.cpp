@@ -94,6 +94,16 @@ TEST(BudgetPace, WithoutABudgetIsGood) {
   EXPECT_EQ(metrics(0, 50, kTenDaysAfter), (SafeToSpendMetrics{0, 0, 10, 0}));
 }
 
+TEST(SafeToSpendMetrics, ABudgetBelowOneUnitCountsLikeAnyOther) {
+  EXPECT_EQ(metrics(0.5, 0.25, kTenDaysAfter), (SafeToSpendMetrics{0.25, 0.025, 10, 0.5}));
+  EXPECT_EQ(verdict(0.5, 0.5, kTenDaysAfter), PaceVerdict::critical);
+}
+
+TEST(BudgetPace, APeriodOfOneDayHasPassedOnThatDay) {
+  // 1 of 1 days: 94 - 100.
+  EXPECT_EQ(verdict(100, 94, "2025-03-14", "2025-03-14"), PaceVerdict::good);
+}
+
 TEST(BudgetPace, NinetyFivePercentOnTheLastDayIsOnPace) {
   EXPECT_EQ(verdict(100, 95, "2025-03-14", "2025-03-01"), PaceVerdict::good);
 }

@@ -90,6 +90,20 @@ TEST(DailyBars, AmountsBelowOneAreMeasuredAgainstOne) {
   EXPECT_DOUBLE_EQ(dayRatio(0.64, 1), 0.8);
 }
 
+TEST(DailyBars, AMonthHasAtMostThirtyOneDays) {
+  EXPECT_EQ(drawnDays(28), 28U);
+  EXPECT_EQ(drawnDays(31), 31U);
+  EXPECT_EQ(drawnDays(40), 31U);
+}
+
+TEST(MonthHeatmap, AnAmountAboveTheTopFillsItsDay) {
+  EXPECT_EQ(dayRatio(8, 4), 1);
+}
+
+TEST(MonthHeatmap, WithoutATopEveryDayIsEmpty) {
+  EXPECT_EQ(dayRatio(8, 0), 0);
+}
+
 TEST(DailyBars, NonFiniteAmountsAreEmptyDays) {
   EXPECT_EQ(topAmount(std::vector{kNaN, kInf, 7.0}), 7);
   EXPECT_EQ(topAmount({}), 1);
@@ -105,6 +119,20 @@ TEST(HeatLevels, AQuarterStepBelongsToTheLevelBelowIt) {
   EXPECT_EQ(heatLevel(0.25), 0);
   EXPECT_EQ(heatLevel(0.2501), 1);
   EXPECT_EQ(heatLevel(0.01), 0);
+}
+
+TEST(HeatLevels, AStepBeginsATenThousandthLate) {
+  // 4 x 0.25002 - 0.0001 = 0.99998, 4 x 0.25003 - 0.0001 = 1.00002.
+  EXPECT_EQ(heatLevel(0.25002), 0);
+  EXPECT_EQ(heatLevel(0.25003), 1);
+}
+
+TEST(HeatLevels, ThereIsNoneAboveTheFourth) {
+  EXPECT_EQ(heatLevel(1.25), 3);
+}
+
+TEST(HeatColours, AnEmptyDayOfTheMapHasTheEmptyColour) {
+  EXPECT_EQ(cellColor(0, heatOf(4), RenderingMode::fullColor), palette::cellEmpty);
 }
 
 TEST(HeatColours, BarsTakeFourOrMoreAndTheMapExactlyFour) {
@@ -146,6 +174,7 @@ WidgetSnapshot::Spending spendingOf(double spent,
 TEST(SpendingChange, IsTheDifferenceInPercentOfLastMonth) {
   EXPECT_THAT(changeAgainstLastMonth(spendingOf(120, 100)), ::testing::Optional(DoubleEq(20)));
   EXPECT_THAT(changeAgainstLastMonth(spendingOf(50, 200)), ::testing::Optional(DoubleEq(-75)));
+  EXPECT_THAT(changeAgainstLastMonth(spendingOf(1, 0.5)), ::testing::Optional(DoubleEq(100)));
 }
 
 TEST(SpendingChange, NothingWasSpentLastMonth) {
@@ -155,6 +184,7 @@ TEST(SpendingChange, NothingWasSpentLastMonth) {
 
 TEST(SpendingStatistics, TodayIsItsOwnEntryOrNothing) {
   const auto spending = spendingOf(60, 90, {10, 20, 30});
+  EXPECT_EQ(spendingStatistics(spending, 1), (SpendingStatistics{10, 60, 90}));
   EXPECT_EQ(spendingStatistics(spending, 2), (SpendingStatistics{20, 30, 90}));
   EXPECT_EQ(spendingStatistics(spending, 3), (SpendingStatistics{30, 20, 90}));
   // The series ends before today: its length counts as the days so far.

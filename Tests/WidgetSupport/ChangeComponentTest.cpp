@@ -33,6 +33,14 @@ TEST(ChangeComponent, WhatIsNotFiniteTakesNoSpace) {
   }
 }
 
+TEST(ChangeComponent, WithoutAPrecisionThePercentageIsWhole) {
+  EXPECT_THAT(inspection::texts(WidgetChange{.value = 3.4}), ElementsAre("3%"));
+}
+
+TEST(ChangeComponent, UnlessSaidOtherwiseARiseIsGood) {
+  EXPECT_EQ(styleOf(WidgetChange{.value = 3.4}), palette::changeFavorable);
+}
+
 TEST(ChangeComponent, ARiseIsGoodOrBadByWhatRises) {
   const View worth = WidgetChange{.value = 5.5, .precision = 1, .favorableWhenPositive = true};
   EXPECT_THAT(inspection::symbols(worth), ElementsAre("arrow.up.right"));
@@ -54,6 +62,7 @@ TEST(ChangeComponent, IsARowOnTheFirstBaselineWithAGapOfFive) {
   EXPECT_EQ(row.axis, StackElement::Axis::horizontal);
   EXPECT_EQ(row.alignment.vertical, VerticalAlignment::firstTextBaseline);
   EXPECT_EQ(row.spacing, 5);
+  EXPECT_EQ(std::get<TextElement>(inspection::textNode(view, "1%")->element).lineLimit, 1);
   EXPECT_NE(inspection::modifier<PrivacySensitive>(view), nullptr);
 }
 

@@ -155,6 +155,42 @@ TEST(Resolution, BestMatchIsTheClosestOfTheNamesGiven) {
   EXPECT_FALSE(bestMatchFromAppearancesWithNames(NSAppearanceNameDarkAqua, {}));
 }
 
+TEST(Resolution, EveryAppearanceIsItsOwnBestMatch) {
+  for (const std::string_view name : {"NSAppearanceNameAqua",
+                                      "NSAppearanceNameDarkAqua",
+                                      "NSAppearanceNameVibrantLight",
+                                      "NSAppearanceNameVibrantDark",
+                                      "NSAppearanceNameAccessibilityHighContrastAqua",
+                                      "NSAppearanceNameAccessibilityHighContrastDarkAqua",
+                                      "NSAppearanceNameAccessibilityHighContrastVibrantLight",
+                                      "NSAppearanceNameAccessibilityHighContrastVibrantDark"}) {
+    const std::array<std::string_view, 3> names{
+        "NSAppearanceNameDarkAqua", "NSAppearanceNameAqua", name};
+    EXPECT_EQ(bestMatchFromAppearancesWithNames(name, names), name);
+  }
+}
+
+TEST(Resolution, HighContrastIsCloserToVibrantThanToPlain) {
+  constexpr std::array<std::string_view, 4> kNames{"NSAppearanceNameDarkAqua",
+                                                   "NSAppearanceNameAqua",
+                                                   "NSAppearanceNameVibrantDark",
+                                                   "NSAppearanceNameVibrantLight"};
+  EXPECT_EQ(bestMatchFromAppearancesWithNames(
+                "NSAppearanceNameAccessibilityHighContrastVibrantDark", kNames),
+            "NSAppearanceNameVibrantDark");
+  EXPECT_EQ(bestMatchFromAppearancesWithNames(
+                "NSAppearanceNameAccessibilityHighContrastVibrantLight", kNames),
+            "NSAppearanceNameVibrantLight");
+}
+
+TEST(Contrast, DarkChannelsAreLinear) {
+  // 10 / 255 = 0.03922 lies on the line, 0.03922 / 12.92; 11 and 12 on the curve:
+  // ((0.04314 + 0.055) / 1.055)^2.4 and ((0.04706 + 0.055) / 1.055)^2.4.
+  EXPECT_NEAR(relativeLuminance(0x0A0A0A), 0.00303527, 1e-7);
+  EXPECT_NEAR(relativeLuminance(0x0B0B0B), 0.00334654, 1e-7);
+  EXPECT_NEAR(relativeLuminance(0x0C0C0C), 0.00367651, 1e-7);
+}
+
 TEST(Contrast, KnownRatios) {
   EXPECT_DOUBLE_EQ(contrastRatio(0x000000, 0xFFFFFF), 21);
   EXPECT_DOUBLE_EQ(contrastRatio(0xFFFFFF, 0x000000), 21);
@@ -174,6 +210,16 @@ TEST(Contrast, VeilIsTheLeastThatSuffices) {
   EXPECT_DOUBLE_EQ(leastVeil(kWhite, 0xFFFFFF), 0.54);
   EXPECT_EQ(leastVeil({}, 0xFFFFFF), 0);
   EXPECT_EQ(leastVeil(kWhite, 0x000000), 0);
+}
+
+TEST(Contrast, NoVeilHelpsADarkText) {
+  constexpr std::array<Rgb, 1> kGrey{0x404040};
+  EXPECT_EQ(leastVeil(kGrey, 0x101010), 1);
+}
+
+TEST(Contrast, ExactlyTheRatioSuffices) {
+  constexpr std::array<Rgb, 1> kFace{0x777777};
+  EXPECT_EQ(leastVeil(kFace, 0xFFFFFF, 1, contrastRatio(0x777777, 0xFFFFFF)), 0);
 }
 
 TEST(Contrast, VeilSufficesAndOneStepLessDoesNot) {
@@ -267,6 +313,18 @@ TEST(Accent, HeatPeakIsDecidedInEachAppearanceAlone) {
   const WAccent inky(WidgetSnapshot::Accent{
       {"#004080", "#80C0FF"}, {"#004080", "#80C0FF"}, {"#101010", "#202020"}});
   EXPECT_EQ(inky.heat.back(), Color::dynamic(0x004080, 0x80C0FF));
+}
+
+TEST(Accent, AHeatOfOneAndAHalfToOneStands) {
+  // #CFCFCF has about 1.51:1 with the light canvas, #D1D1D1 about 1.49:1; #383838 and #393939 have
+  // 1.49:1 and 1.51:1 with the dark one.
+  const auto heatOf = [](const char* lightHeat, const char* darkHeat) {
+    return WAccent(WidgetSnapshot::Accent{
+                       {"#004080", "#80C0FF"}, {"#004080", "#80C0FF"}, {lightHeat, darkHeat}})
+        .heat.back();
+  };
+  EXPECT_EQ(heatOf("#CFCFCF", "#393939"), Color::dynamic(0xCFCFCF, 0x393939));
+  EXPECT_EQ(heatOf("#D1D1D1", "#383838"), Color::dynamic(0x004080, 0x80C0FF));
 }
 
 TEST(Accent, HeatStepsRunFromTheEmptyCellToThePeak) {

@@ -134,6 +134,7 @@ TEST(WidgetDates, MalformedMonthsHaveNoName) {
                             "+025-03",
                             "2025-+3",
                             "2025- 3",
+                            "2025-0:",
                             "March"}) {
     EXPECT_FALSE(abbreviatedMonth(month, "en")) << month;
   }

@@ -180,6 +180,11 @@ TEST(ChangeDescription, ArrowCarriesTheSign) {
   EXPECT_EQ(describeChange(-0.0, 1, true)->text, "0.0%");
 }
 
+TEST(ChangeDescription, ARiseBelowOnePercentIsARise) {
+  EXPECT_EQ(describeChange(0.5, 1, true),
+            (ChangeDescription{"arrow.up.right", "0.5%", palette::changeFavorable, Trend::rise}));
+}
+
 TEST(ChangeDescription, KnowsItsTrend) {
   EXPECT_EQ(describeChange(-3.26, 1, true)->trend, Trend::fall);
   EXPECT_EQ(describeChange(5.5, 1, false)->trend, Trend::rise);

@@ -19,7 +19,7 @@ View hero(const CardLimitContent& content) {
            [&] {
              return content.usedText(used, 12)
                  .foregroundStyle(content.usageColor(used))
-                 .privacySensitive(PrivacyTreatment::masked);
+                 .privacySensitive(PrivacyTreatment::covered);
            }),
   };
 }

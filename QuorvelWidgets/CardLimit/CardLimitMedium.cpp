@@ -14,14 +14,14 @@ View totals(const CardLimitContent& content) {
   const double used = content.totalUsed();
   return VStack{
       {.alignment = HorizontalAlignment::leading, .spacing = 0},
-      content.header(false),
+      content.header(true),
       Amount{.value = content.snapshot.totalRemaining, .snapshot = content.snapshot, .size = 24}
           .padding({.top = 8}),
       when(!content.snapshot.isHidden,
            [&] {
              return content.usedText(used, 11.5)
                  .foregroundStyle(content.usageColor(used))
-                 .privacySensitive(PrivacyTreatment::masked)
+                 .privacySensitive(PrivacyTreatment::covered)
                  .padding({.top = 7});
            }),
       content

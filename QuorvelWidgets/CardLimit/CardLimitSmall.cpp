@@ -58,7 +58,7 @@ View usageRow(const CardLimitContent& content, double fraction) {
           .accessibilityHidden(),
       content.usedText(fraction, 11)
           .foregroundStyle(palette::textSecondary)
-          .privacySensitive(PrivacyTreatment::masked)
+          .privacySensitive(PrivacyTreatment::covered)
           .layoutPriority(1),
   };
 }

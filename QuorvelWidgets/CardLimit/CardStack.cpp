@@ -28,7 +28,7 @@ View pill(const CardStack& stack, const WidgetSnapshot::Card& card) {
       .foregroundStyle(faceTextColor(stack.renderingMode))
       .padding(Insets::horizontal(stack.pillSize * 0.7))
       .frame(FixedFrame{.height = stack.pillSize + 8.5})
-      .background(Capsule().fill(ground))
+      .background(RoundedRectangle(kHeight * 0.5, CornerStyle::continuous).fill(ground))
       .padding({.top = 6, .trailing = 7})
       .frame(FlexibleFrame{.maxWidth = kPillRoom - 2, .alignment = Alignment::topTrailing});
 }

@@ -57,7 +57,7 @@ View DueContent::relativePill(const UpcomingDue& next, double size) const {
       .accessibilityLabel(spokenRelativeLabel(next.days, snapshot.lang))
       .padding(Insets::horizontal(size * 0.65))
       .frame(FixedFrame{.height = size + 7})
-      .background(Capsule().fill(ground));
+      .background(RoundedRectangle(kHeight * 0.5, CornerStyle::continuous).fill(ground));
 }
 
 View DueContent::dueDate(const WidgetSnapshot::Due& due, double size) const {

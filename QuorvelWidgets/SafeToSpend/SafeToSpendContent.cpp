@@ -29,13 +29,14 @@ Text SafeToSpendContent::caption(std::string text, double size, double leastScal
       .language(snapshot.lang);
 }
 
-Text SafeToSpendContent::percentage(double size) const {
+View SafeToSpendContent::percentage(double size) const {
   return Text{std::to_string(wholePercent(metrics.spentFraction)) + "%"}
-      .font(size, FontWeight::bold)
+      .font(size, kFigureWeight)
       .lineLimit(1)
       .minimumScaleFactor(0.8)
       .direction(LayoutDirection::leftToRight)
-      .numericTransition();
+      .numericTransition()
+      .privacySensitive(PrivacyTreatment::covered);
 }
 
 std::string SafeToSpendContent::spokenPercentage() const {
@@ -93,7 +94,10 @@ View amountWithUnit(const SafeToSpendContent& content,
   }
   return HStack{
       {.alignment = VerticalAlignment::firstTextBaseline, .spacing = 4},
-      Amount{.value = content.mainAmount(), .snapshot = content.snapshot, .size = size},
+      Amount{.value = content.mainAmount(),
+             .snapshot = content.snapshot,
+             .size = size,
+             .weight = kFigureWeight},
       std::move(caption),
   }
       .accessibility({.label = content.spokenMainAmount(), .children = kIgnored});

@@ -16,6 +16,7 @@
 namespace quorvel {
 
 inline constexpr std::string_view kSafeToSpendSymbol = "gauge.with.needle";
+inline constexpr viewkit::FontWeight kFigureWeight = viewkit::FontWeight::semibold;
 
 struct SafeToSpendContent {
   WidgetSnapshot snapshot;  ///< its `isHidden` is the effective privacy
@@ -37,7 +38,7 @@ struct SafeToSpendContent {
   /// A caption: one line in the snapshot's language.
   [[nodiscard]] viewkit::Text caption(std::string text, double size, double leastScale) const;
   /// The whole percentage with its sign, as one figure.
-  [[nodiscard]] viewkit::Text percentage(double size) const;
+  [[nodiscard]] viewkit::View percentage(double size) const;
   /// "61% used".
   [[nodiscard]] std::string spokenPercentage() const;
   /// "$106 per day"; on the last day "$1,166 left".

@@ -60,7 +60,10 @@ View remainderPart(const SafeToSpendContent& content) {
           {.alignment = HorizontalAlignment::leading, .spacing = 3},
           content.caption(content.text("leftToSpend"), 12, 0.85)
               .foregroundStyle(palette::textSecondary),
-          Amount{.value = content.metrics.remaining, .snapshot = content.snapshot, .size = 22},
+          Amount{.value = content.metrics.remaining,
+                 .snapshot = content.snapshot,
+                 .size = 22,
+                 .weight = kFigureWeight},
       }
           .accessibility({.children = Accessibility::Children::combine});
   const View remainder = VStack{
@@ -107,7 +110,7 @@ View tile(const SafeToSpendContent& content) {
       {.alignment = HorizontalAlignment::leading, .spacing = 0},
       label("daysLeft"),
       Text{std::to_string(content.metrics.daysLeft)}
-          .font(17, FontWeight::bold)
+          .font(17, kFigureWeight)
           .lineLimit(1)
           .minimumScaleFactor(0.8)
           .direction(LayoutDirection::leftToRight)

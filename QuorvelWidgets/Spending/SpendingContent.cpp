@@ -62,8 +62,9 @@ View SpendingContent::comparisonLine() const {
       Text{change->text}
           .font(kSize, FontWeight::semibold)
           .lineLimit(1)
+          .minimumScaleFactor(0.8)
           .direction(LayoutDirection::leftToRight)
-          .privacySensitive(PrivacyTreatment::masked),
+          .privacySensitive(PrivacyTreatment::covered),
   };
   return HStack{
       {.alignment = VerticalAlignment::firstTextBaseline, .spacing = 4},

@@ -307,18 +307,52 @@ void describeRender(CLI::App& app, Options& options) {
 
 void describeSheet(CLI::App& app, Options& options) {
   app.add_option("KIND", options.kinds, "These kinds only");
-  app.add_flag("--states", options.axes.states, "Also hidden amounts, no data, no document")
-      ->group("Axes");
-  app.add_flag("--modes", options.axes.modes, "Also accented and vibrant")->group("Axes");
+  const std::string axes = "Axes";
+  app.add_flag("--states",
+               options.axes.states,
+               "Also amounts hidden by the application and by the host, placeholder, no data, no "
+               "document")
+      ->group(axes);
+  app.add_flag("--extremes",
+               options.axes.extremes,
+               "Also long and foreign names, huge and tiny amounts, one and nine cards, first and "
+               "last days of a month")
+      ->group(axes);
+  app.add_flag("--modes", options.axes.modes, "Also without background, accented and vibrant")
+      ->group(axes);
+  app.add_flag("--accessories",
+               options.axes.accessories,
+               "Also accessory families with a layout of their own")
+      ->group(axes);
+  app.add_flag("--components", options.axes.components, "Also the parts that widgets share")
+      ->group(axes);
   app.add_flag("--presets", options.axes.presets, "Also the compact and stress sizes")
       ->group("Axes");
-  addLanguages(app, options.axes.languages, "Each of these: de,ja,ar", "Axes");
+  addLanguages(app, options.axes.languages, "Each of these: de,ja,ar; or all", "Axes");
   addFamily(app, options.picture);
   addConfiguration(app, options.picture);
   addPreview(app, options.picture);
   addDrawing(app, options.picture);
   addPng(app, options.output);
   addOutput(app, options.output);
+  addNowAndPlace(app, options.device);
+  addSource(app, options.source);
+}
+
+void describeGallery(CLI::App& app, Options& options) {
+  app.add_option("DIR", options.folder, "Where to; it is made when it is not there")->required();
+  app.add_option("--lang", options.language, "Of the sample document, such as de")
+      ->type_name("CODE")
+      ->group("Extension and data");
+  addValue(app,
+           "--scale",
+           "Pixels a point of the first contact sheet, 2 unless given; the others have half",
+           "N",
+           "a number from 0.5 to 8",
+           within(0.5, 8),
+           into(options.picture.scale))
+      ->group("Output");
+  addPng(app, options.output);
   addNowAndPlace(app, options.device);
   addSource(app, options.source);
 }
@@ -395,6 +429,12 @@ constexpr std::array kCommands{
             "  quorvel-host sheet -o sheet.png\n"
             "  quorvel-host sheet QuorvelDueWidget --states --languages en,ja,ar -o due.png\n",
             describeSheet},
+    Command{"gallery",
+            "every widget in every state: a page and contact sheets",
+            "  quorvel-host gallery gallery\n"
+            "  quorvel-host gallery gallery --snapshot Examples/household.json --now "
+            "2025-03-14T09:30:00Z\n",
+            describeGallery},
     Command{"timeline",
             "the entries of a widget and when it is asked again",
             "  quorvel-host timeline QuorvelDueWidget --now 2025-03-14T22:59:59Z --time-zone "

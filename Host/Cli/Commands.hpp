@@ -10,6 +10,7 @@ namespace cli {
 [[nodiscard]] Result<void> list(const Options& options, const Program& program);
 [[nodiscard]] Result<void> render(const Options& options, const Program& program);
 [[nodiscard]] Result<void> sheet(const Options& options, const Program& program);
+[[nodiscard]] Result<void> gallery(const Options& options, const Program& program);
 [[nodiscard]] Result<void> timeline(const Options& options, const Program& program);
 [[nodiscard]] Result<void> choices(const Options& options, const Program& program);
 [[nodiscard]] Result<void> validate(const Options& options, const Program& program);

@@ -10,8 +10,28 @@
 
 namespace cli {
 
-enum class DocumentState : std::uint8_t { asWritten, hidden, noData, noDocument };
+enum class DocumentState : std::uint8_t {
+  asWritten,
+  hidden,
+  noData,
+  noDocument,
+  overBudget,
+  belowZero,
+  hugeAmounts,
+  tinyAmounts,
+  longCurrency,
+  longNames,
+  emojiNames,
+  thaiNames,
+  hebrewNames,
+  lightFaces,
+  oneOfEach,
+  nineCards,
+  noHistory,
+  sixtyMonths
+};
 
+/// What a caption says of it; nothing for `asWritten`.
 [[nodiscard]] std::string_view name(DocumentState state);
 
 /// The document in that state and language (empty: its own); an empty text for `noDocument`.

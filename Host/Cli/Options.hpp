@@ -56,9 +56,12 @@ struct OutputOptions {
 /// Axes of a contact sheet besides kinds, families and appearances.
 struct SheetAxes {
   bool states = false;
+  bool extremes = false;
   bool modes = false;
   bool presets = false;
-  std::vector<std::string> languages;
+  bool accessories = false;
+  bool components = false;
+  std::vector<std::string> languages;  ///< "all" alone: those that the extension speaks
 };
 
 struct Options {
@@ -76,7 +79,9 @@ struct Options {
   std::vector<std::string> kinds;
   std::vector<std::string> files;
 
-  std::string language;  ///< of a sample document
+  std::string language;        ///< of a sample document
+  std::string folder;          ///< that a gallery is written to
+  bool demonstration = false;  ///< samples stand in for the document
   bool open = true;
   std::string openWith;
   int images = 200;

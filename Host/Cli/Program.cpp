@@ -11,6 +11,7 @@ Result<void> runCommand(std::string_view name, const Options& options, const Pro
   if (name == "list") return list(options, program);
   if (name == "render") return render(options, program);
   if (name == "sheet") return sheet(options, program);
+  if (name == "gallery") return gallery(options, program);
   if (name == "timeline") return timeline(options, program);
   if (name == "options") return choices(options, program);
   if (name == "validate") return validate(options, program);

@@ -6,6 +6,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "Foundation/Device.hpp"
 #include "WidgetRuntime/Dispatcher.hpp"
@@ -18,6 +19,10 @@ struct Program {
   widgetruntime::ExtensionDefinition extension;
   /// A complete document in a language (empty: the device's), encoded.
   std::function<std::string(const foundation::Device&, std::string_view language)> sampleDocument;
+  /// The components that the widgets share, on one view of that width.
+  std::function<viewkit::View(const widgetruntime::Environment&)> componentSheet;
+  double componentSheetWidth = 0;
+  std::vector<std::string> languages;  ///< codes of those that the extension speaks
   foundation::ProcessEnvironment environment;
   std::filesystem::path folder;  ///< that holds the program
 };

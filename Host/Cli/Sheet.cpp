@@ -6,6 +6,7 @@
 #include <array>
 #include <cmath>
 
+#include "Cli/SheetLayout.hpp"
 #include "ViewKit/ViewKit.hpp"
 
 namespace cli {
@@ -20,6 +21,7 @@ constexpr double kRowGap = 22;  // above each caption
 constexpr double kCaptionHeight = 16;
 constexpr double kCaptionGap = 6;
 constexpr double kCaptionSize = 11.5;
+constexpr double kColumnGap = 44;
 constexpr double kMostPixels = 120e6;
 
 /// One half of the sheet.
@@ -31,23 +33,38 @@ struct Panel {
 constexpr std::array kPanels{Panel{viewkit::Appearance::light, 0xD7DADF, 0x555B63},
                              Panel{viewkit::Appearance::dark, 0x0D0E10, 0x9BA1A8}};
 
-Size sizeOf(const SheetRow& row) {
-  Size size{0, 0};
-  for (const SheetCell& cell : row.cells) {
-    size.width += cell.how.size.width + (size.width > 0 ? kGap : 0);
-    size.height = std::max(size.height, cell.how.size.height);
-  }
-  return size;
+Packing packed(const SheetRow& row) {
+  std::vector<Size> sizes;
+  for (const SheetCell& cell : row.cells) sizes.push_back(cell.how.size);
+  return packRow(sizes, kGap);
 }
 
-Size panelSize(const std::vector<SheetRow>& rows) {
-  Size size{200, kMargin - kRowGap};
+/// A row with its caption above it.
+struct Block {
+  const SheetRow* row;
+  Packing pictures;
+};
+
+/// What one half of the sheet shows.
+struct Arrangement {
+  std::vector<Block> blocks;
+  Packing flow;
+  double columnWidth = 200;
+  [[nodiscard]] double width() const { return std::max(200.0, flow.size.width) + 2 * kMargin; }
+  [[nodiscard]] double height() const { return flow.size.height + 2 * kMargin; }
+};
+
+Arrangement arranged(const std::vector<SheetRow>& rows) {
+  Arrangement arrangement;
+  std::vector<Size> sizes;
   for (const SheetRow& row : rows) {
-    const Size own = sizeOf(row);
-    size.width = std::max(size.width, own.width);
-    size.height += kRowGap + kCaptionHeight + kCaptionGap + own.height;
+    arrangement.blocks.push_back({&row, packed(row)});
+    const Size& pictures = arrangement.blocks.back().pictures.size;
+    arrangement.columnWidth = std::max(arrangement.columnWidth, pictures.width);
+    sizes.push_back({pictures.width, kCaptionHeight + kCaptionGap + pictures.height});
   }
-  return {size.width + 2 * kMargin, size.height + kMargin};
+  arrangement.flow = flowRows(sizes, kRowGap, kColumnGap, kPanels.size());
+  return arrangement;
 }
 
 int pixels(double points, double scale) {
@@ -77,18 +94,14 @@ class Painter {
  public:
   Painter(Bitmap& target, double scale) : target_(target), scale_(scale) {}
 
-  void panel(const std::vector<SheetRow>& rows, const Panel& panel, double left, double width) {
-    fill(panel.ground, left, width);
-    double top = kMargin;
-    for (const SheetRow& row : rows) {
-      caption(row.caption, panel, left + kMargin, top, width - 2 * kMargin);
-      top += kCaptionHeight + kCaptionGap;
-      double x = left + kMargin;
-      for (const SheetCell& cell : row.cells) {
-        picture(cell, panel.appearance, x, top);
-        x += cell.how.size.width + kGap;
-      }
-      top += sizeOf(row).height + kRowGap;
+  void panel(const Arrangement& arrangement, const Panel& panel, double left) {
+    fill(panel.ground, left, arrangement.width());
+    for (std::size_t i = 0; i < arrangement.blocks.size(); ++i) {
+      const Block& block = arrangement.blocks[i];
+      const double x = left + kMargin + arrangement.flow.places[i].x;
+      const double y = kMargin + arrangement.flow.places[i].y;
+      caption(block.row->caption, panel, x, y, arrangement.columnWidth);
+      pictures(block, panel.appearance, x, y + kCaptionHeight + kCaptionGap);
     }
   }
 
@@ -120,6 +133,13 @@ class Painter {
     blend(renderer_.bitmap(view, how), pixels(x, scale_), pixels(y, scale_), target_);
   }
 
+  void pictures(const Block& block, viewkit::Appearance appearance, double x, double y) {
+    for (std::size_t i = 0; i < block.row->cells.size(); ++i) {
+      const rendering::Point& place = block.pictures.places[i];
+      picture(block.row->cells[i], appearance, x + place.x, y + place.y);
+    }
+  }
+
   void picture(const SheetCell& cell, viewkit::Appearance appearance, double x, double y) {
     rendering::RenderOptions how = cell.how;
     how.appearance = appearance;
@@ -134,22 +154,46 @@ class Painter {
 
 }  // namespace
 
-Result<Bitmap> drawSheet(const std::vector<SheetRow>& rows, double scale) {
-  const Size panel = panelSize(rows);
-  const double width = std::ceil(panel.width * kPanels.size() * scale);
-  const double height = std::ceil(panel.height * scale);
-  if (width * height > kMostPixels) {
-    return refused(fmt::format(
-        "the sheet would have {:.0f}x{:.0f} pixels; name kinds, drop an axis or lower --scale",
-        width,
-        height));
+bool SheetExtent::isTooLarge() const {
+  return static_cast<double>(width) * height > kMostPixels;
+}
+
+SheetExtent sheetExtent(const std::vector<SheetRow>& rows, double scale) {
+  const Arrangement panel = arranged(rows);
+  const auto pixelsOf = [scale](double points) {
+    return static_cast<int>(std::min(1e9, std::ceil(points * scale)));
+  };
+  return {pixelsOf(panel.width() * kPanels.size()), pixelsOf(panel.height())};
+}
+
+std::vector<std::vector<SheetRow>> splitIntoSheets(const std::vector<SheetRow>& rows,
+                                                   double scale) {
+  for (std::size_t count = 1;; ++count) {
+    std::vector<std::vector<SheetRow>> sheets(count);
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+      sheets[i * count / rows.size()].push_back(rows[i]);
+    }
+    const bool fits = std::ranges::none_of(
+        sheets, [&](const auto& sheet) { return sheetExtent(sheet, scale).isTooLarge(); });
+    if (fits || count >= rows.size()) return sheets;
   }
-  Bitmap sheet{static_cast<int>(width), static_cast<int>(height), static_cast<int>(width), {}};
+}
+
+Result<Bitmap> drawSheet(const std::vector<SheetRow>& rows, double scale) {
+  const SheetExtent extent = sheetExtent(rows, scale);
+  if (extent.isTooLarge()) {
+    return refused(
+        fmt::format("the sheet would have {}x{} pixels; name kinds, drop an axis or lower --scale",
+                    extent.width,
+                    extent.height));
+  }
+  Bitmap sheet{extent.width, extent.height, extent.width, {}};
   sheet.pixels.resize(static_cast<std::size_t>(sheet.width) *
                       static_cast<std::size_t>(sheet.height));
   Painter painter{sheet, scale};
+  const Arrangement panel = arranged(rows);
   for (std::size_t i = 0; i < kPanels.size(); ++i) {
-    painter.panel(rows, kPanels[i], panel.width * static_cast<double>(i), panel.width);
+    painter.panel(panel, kPanels[i], panel.width() * static_cast<double>(i));
   }
   return sheet;
 }

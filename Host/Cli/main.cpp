@@ -5,8 +5,10 @@
 #include <string_view>
 
 #include "Cli/Program.hpp"
+#include "QuorvelWidgets/ComponentSheet.hpp"
 #include "QuorvelWidgets/QuorvelWidgetsExtension.hpp"
 #include "QuorvelWidgets/WidgetSupport/SnapshotSample.hpp"
+#include "QuorvelWidgets/WidgetSupport/WidgetLanguage.hpp"
 
 extern char** environ;  // POSIX leaves it to the user
 
@@ -37,10 +39,14 @@ std::string sampleDocument(const foundation::Device& device, std::string_view la
 }  // namespace
 
 int main(int argc, char** argv) {
-  const cli::Program program{.extension = quorvel::quorvelWidgetsExtension(),
-                             .sampleDocument = sampleDocument,
-                             .environment = processEnvironment(),
-                             .folder = programFolder()};
+  const cli::Program program{
+      .extension = quorvel::quorvelWidgetsExtension(),
+      .sampleDocument = sampleDocument,
+      .componentSheet = quorvel::componentSheet,
+      .componentSheetWidth = quorvel::kComponentSheetWidth,
+      .languages = {quorvel::kLanguageCodes.begin(), quorvel::kLanguageCodes.end()},
+      .environment = processEnvironment(),
+      .folder = programFolder()};
   return cli::run(
       std::span<const char* const>(argv + 1, static_cast<std::size_t>(argc > 0 ? argc - 1 : 0)),
       program);

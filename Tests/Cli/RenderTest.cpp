@@ -218,9 +218,9 @@ TEST(SheetCommand, showsKindsInTheirFamiliesInBothAppearances) {
   const Outcome outcome =
       runHost({"sheet", "--snapshot", kHousehold, "--now", "2025-03-14T09:30:00Z", "--scale", "1"});
   ASSERT_EQ(outcome.status, 0) << outcome.errors;
-  // Widest row: small, medium and large with two gaps and margins, twice. Three rows with a large
-  // widget, two without.
-  const unsigned width = 2 * (170 + 364 + 364 + 2 * 20 + 2 * 28);
+  // A column of the small and the medium widget beside the large one. Three rows with a large
+  // widget, two without: next due, and both looks of safe to spend beside its medium one.
+  const unsigned width = 2 * (364 + 20 + 364 + 2 * 28);
   const unsigned height = 28 - 22 + 5 * (22 + 16 + 6) + 3 * 382 + 2 * 170 + 28;
   EXPECT_EQ(pngSize(outcome.out), (std::pair{width, height}));
 }
@@ -241,8 +241,38 @@ TEST(SheetCommand, axesMultiplyTheRows) {
                                    "--scale",
                                    "1"});
   ASSERT_EQ(outcome.status, 0) << outcome.errors;
-  const unsigned rows = 4 * 3 * 2;
-  EXPECT_EQ(pngSize(outcome.out).second, 28 - 22 + rows * (22 + 16 + 6 + 170) + 28);
+  // 2 languages x 6 states x 5 modes, in columns of 170 with 44 between them; six columns of ten
+  // rows make 2 * (6 * 170 + 5 * 44 + 56) = 2592 by 10 * 192 + 9 * 22 + 56 = 2174.
+  EXPECT_EQ(pngSize(outcome.out), (std::pair{2592u, 2174u}));
+}
+
+TEST(SheetCommand, extremesShowWhatTheyChangeAlone) {
+  const Words words{"sheet",
+                    "QuorvelNetWorthWidget",
+                    "--family",
+                    "systemSmall",
+                    "--extremes",
+                    "--snapshot",
+                    kHousehold,
+                    "--now",
+                    "2025-03-14T09:30:00Z",
+                    "--scale",
+                    "1"};
+  const Outcome outcome = runHost(words);
+  ASSERT_EQ(outcome.status, 0) << outcome.errors;
+  // As usual, huge, tiny, many digits, below zero, one month, none, sixty, and three other days:
+  // names, cards and budgets change nothing here. Three columns of four rows.
+  EXPECT_EQ(pngSize(outcome.out),
+            (std::pair{2u * (3 * 170 + 2 * 44 + 56), 4u * 192 + 3 * 22 + 56}));
+}
+
+TEST(SheetCommand, componentsStandBelowTheWidgets) {
+  const Words words{"sheet", "QuorvelDueWidget", "--snapshot", kHousehold, "--scale", "0.5"};
+  const auto without = pngSize(runHost(words).out);
+  const Outcome outcome = runHost(words + Words{"--components"});
+  ASSERT_EQ(outcome.status, 0) << outcome.errors;
+  EXPECT_GE(pngSize(outcome.out).first, without.first + 900 - 554);
+  EXPECT_GT(pngSize(outcome.out).second, without.second);
 }
 
 TEST(SheetCommand, isolatedIsTheSamePicture) {

@@ -14,6 +14,7 @@ SheetRow redSquares(int count) {
   SheetRow row{.caption = "", .cells = {}};
   for (int i = 0; i < count; ++i) {
     SheetCell cell{
+        .name = "",
         .view = viewkit::Rectangle().fill(viewkit::Color::dynamic(0xFF0000, 0x00FF00)).view(),
         .how = {}};
     cell.how.size = {100, 50};
@@ -48,6 +49,32 @@ TEST(Sheet, drawsEachCellInItsPanelsAppearance) {
   EXPECT_EQ(pixel(*sheet, 128, 75), kLightGround);
   EXPECT_EQ(pixel(*sheet, 148, 75), 0xFFFF0000);
   EXPECT_EQ(pixel(*sheet, 276 + 28, 50), 0xFF00FF00);
+}
+
+TEST(Sheet, putsManyRowsInColumns) {
+  // Forty rows of 72 and 22 between them: one column would be 3738 high and 512 wide.
+  const auto sheet = drawSheet(std::vector<SheetRow>(40, redSquares(1)), 1);
+  ASSERT_TRUE(sheet);
+  EXPECT_LT(sheet->width, 2 * sheet->height);
+  EXPECT_LT(sheet->height, 2 * sheet->width);
+}
+
+TEST(Sheet, severalTakeTheRowsInOrderWhenOneWouldBeTooLarge) {
+  std::vector<SheetRow> rows(400, redSquares(20));
+  for (std::size_t i = 0; i < rows.size(); ++i) rows[i].caption = std::to_string(i);
+  ASSERT_TRUE(sheetExtent(rows, 4).isTooLarge());
+  const auto sheets = splitIntoSheets(rows, 4);
+  EXPECT_GT(sheets.size(), 1u);
+  std::size_t next = 0;
+  for (const auto& sheet : sheets) {
+    EXPECT_FALSE(sheetExtent(sheet, 4).isTooLarge());
+    for (const SheetRow& row : sheet) EXPECT_EQ(row.caption, std::to_string(next++));
+  }
+  EXPECT_EQ(next, rows.size());
+}
+
+TEST(Sheet, oneIsEnoughForAFewRows) {
+  EXPECT_EQ(splitIntoSheets({redSquares(2), redSquares(1)}, 2).size(), 1u);
 }
 
 TEST(Sheet, isRefusedBeforeItsMemoryIsTaken) {

@@ -32,6 +32,7 @@ TEST(Usage, withoutACommandShowsAllOfThem) {
   for (const char* command : {"list",
                               "render",
                               "sheet",
+                              "gallery",
                               "timeline",
                               "options",
                               "validate",

@@ -8,14 +8,17 @@
 #include "QuorvelWidgets/WidgetSupport/Amount.hpp"
 #include "QuorvelWidgets/WidgetSupport/CardArtTile.hpp"
 #include "QuorvelWidgets/WidgetSupport/Palette.hpp"
+#include "QuorvelWidgets/WidgetSupport/TintedColors.hpp"
 #include "QuorvelWidgets/WidgetSupport/WAccent.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetChange.hpp"
+#include "QuorvelWidgets/WidgetSupport/WidgetEnvironment.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetHeader.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetIconTile.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetMessage.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetMeter.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetPill.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetPrivacyNote.hpp"
+#include "QuorvelWidgets/WidgetSupport/WidgetScaffold.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetUsageGauge.hpp"
 
 namespace quorvel {
@@ -102,8 +105,9 @@ void addTilesAndHeaders(Samples& out) {
            .symbol = "cart.fill", .text = "Spent this month", .compact = true, .lang = "en"}});
 }
 
-void addPillsAndNotes(Samples& out) {
+void addPillsAndNotes(Samples& out, const Environment& environment) {
   const WAccent accent;
+  const Color onTile = isTinted(environment) ? Color::primary() : accent.glyph;
   const auto pill =
       [&](std::string_view variant, std::string text, std::string symbol, Color color) {
         out.push_back({"WidgetPill",
@@ -120,11 +124,11 @@ void addPillsAndNotes(Samples& out) {
   out.push_back({"WidgetPrivacyNote",
                  "secondary",
                  WidgetPrivacyNote{.lang = "en", .color = palette::textSecondary}});
-  out.push_back({"WidgetPrivacyNote",
-                 "on the accent tile",
-                 WidgetPrivacyNote{.lang = "id", .color = accent.glyph.withOpacity(0.88)}
-                     .padding(10)
-                     .background(RoundedRectangle(10).fill(accent.fill))});
+  out.push_back(
+      {"WidgetPrivacyNote",
+       "on the accent tile",
+       WidgetPrivacyNote{.lang = "id", .color = onTile.withOpacity(0.88)}.padding(10).background(
+           RoundedRectangle(10).fill(groundColor(accent.fill, environment)))});
 }
 
 void addMetersAndGauges(Samples& out, const Environment& environment) {
@@ -147,8 +151,9 @@ void addMetersAndGauges(Samples& out, const Environment& environment) {
     out.push_back(
         {"WidgetUsageGauge",
          variant,
-         WidgetUsageGauge{.fraction = fraction, .symbol = "creditcard.fill", .snapshot = of}.frame(
-             FixedFrame{.width = 76, .height = 76})});
+         WidgetUsageGauge{.fraction = fraction, .symbol = "creditcard.fill", .snapshot = of}
+             .padding(1.75)
+             .frame(FixedFrame{.width = 76, .height = 76})});
   };
   usage("0.004", 0.004, snapshot);
   usage("0.14", 0.14, snapshot);
@@ -184,7 +189,8 @@ void addFaces(Samples& out, const Environment& environment) {
                  "without background",
                  AccessoryBackdrop{.showsBackground = false}
                      .frame(FixedFrame{.width = 104, .height = 52})
-                     .background(RoundedRectangle(14).fill(Color::same(0x3B4A66)))});
+                     .background(RoundedRectangle(14).fill(
+                         groundColor(Color::same(0x3B4A66), environment)))});
 }
 
 void addMessages(Samples& out) {
@@ -234,10 +240,13 @@ Samples componentSamples(const Environment& environment) {
   addAmounts(samples);
   addChanges(samples);
   addTilesAndHeaders(samples);
-  addPillsAndNotes(samples);
+  addPillsAndNotes(samples, environment);
   addMetersAndGauges(samples, environment);
   addFaces(samples, environment);
   addMessages(samples);
+  if (isTinted(environment)) {
+    for (ComponentSample& sample : samples) sample.view = withTintedColors(sample.view);
+  }
   return samples;
 }
 

@@ -22,7 +22,7 @@ constexpr std::string_view kHead = R"(<!doctype html>
   }
   @media (max-width: 1720px) { :root { --u: .86px; } }
   @media (max-width: 1480px) { :root { --u: .8px; } }
-  @media (max-width: 480px) { :root { --u: .84px; } }
+  @media (max-width: 900px) { :root { --u: 1px; } }
   html { scroll-behavior: smooth; scroll-padding-top: 4.5rem; }
   body {
     margin: 0 auto; padding: 0 clamp(.75rem, 2.5vw, 3rem) 6rem; max-width: 108rem;

@@ -17,8 +17,17 @@ constexpr double kLetterHeight = 13;
 constexpr double kLetterGap = 5;
 constexpr double kFutureOpacity = 0.2;
 
+int rowsOf(const std::vector<MonthCell>& cells) {
+  return cells.empty() ? 0 : cells.back().row + 1;
+}
+
 double cellsHeight(const std::vector<MonthCell>& cells) {
-  return cells.empty() ? 0 : (cells.back().row + 1) * kPitch - kSpacing;
+  return cells.empty() ? 0 : rowsOf(cells) * kPitch - kSpacing;
+}
+
+/// Square where there is room; six rows on a small screen are flatter rather than cut off.
+Length cellHeight(int rows) {
+  return max(min((kHeight - kSpacing * (rows - 1)) / rows, kCell), 0);
 }
 
 std::vector<MonthCell> cellsOf(const MonthHeatmap& map) {
@@ -64,15 +73,17 @@ View MonthHeatmap::body() const {
   const double top = topAmount({daily.data(), drawnDays(daily.size())});
   std::vector<View> days;
   days.reserve(cells.size());
+  const Length height = cellHeight(rowsOf(cells));
   for (const MonthCell& cell : cells) {
     const bool known = cell.day <= static_cast<int>(drawnDays(daily.size()));
     const double ratio = known && cell.day <= today ? dayRatio(daily[cell.day - 1], top) : 0;
     days.push_back(dayCell(*this, cell.day, ratio)
-                       .frame(FixedFrame{.width = kCell, .height = kCell})
-                       .offset(kPitch * cell.column, kPitch * cell.row));
+                       .frame(FixedFrame{.width = kCell, .height = height})
+                       .offset(kPitch * cell.column, (height + kSpacing) * cell.row));
   }
   const View map = Canvas{std::move(days)}
-                       .frame(FixedFrame{.width = kMapWidth, .height = cellsHeight(cells)})
+                       .frame(FixedFrame{.width = kMapWidth})
+                       .frame(FlexibleFrame{.maxHeight = cellsHeight(cells)})
                        .accentable()
                        .privacySensitive(PrivacyTreatment::covered);
   return VStack{

@@ -115,8 +115,8 @@ View monthRow(const SpendingContent& content) {
       map,
       when(hasCategory, [&] { return categoryBlock(content); }),
   }
-      .frame(FlexibleFrame{.maxWidth = kInfinity})
-      .frame(FixedFrame{.height = map.height()});
+      .frame(FlexibleFrame{.maxWidth = kInfinity, .maxHeight = map.height()})
+      .layoutPriority(1);
 }
 
 }  // namespace

@@ -17,9 +17,12 @@ WidgetSnapshot withEffectivePrivacy(const WidgetSnapshot& snapshot,
   return copy;
 }
 
+bool isTinted(const widgetruntime::Environment& environment) {
+  return environment.widgetRenderingMode != widgetruntime::RenderingMode::fullColor;
+}
+
 viewkit::Color secondaryTextColor(const widgetruntime::Environment& environment) {
-  const bool tinted = environment.widgetRenderingMode != widgetruntime::RenderingMode::fullColor;
-  return tinted && isAccessory(environment.familyInForce())
+  return isTinted(environment) && isAccessory(environment.familyInForce())
              ? viewkit::Color::primary().withOpacity(0.6)
              : palette::textSecondary;
 }

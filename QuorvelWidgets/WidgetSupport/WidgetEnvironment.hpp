@@ -7,6 +7,12 @@
 
 namespace quorvel {
 
+/// Of the primary colour in a ground where a host tints.
+inline constexpr double kTintedGround = 0.14;
+
+/// Whether the host draws colours as greys or not at all.
+[[nodiscard]] bool isTinted(const widgetruntime::Environment& environment);
+
 /// What components take from a snapshot: a copy without its lists and records, so that a long
 /// document costs a view nothing, whose `isHidden` is the effective privacy, the application's or
 /// the host's.

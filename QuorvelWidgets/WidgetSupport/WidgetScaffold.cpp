@@ -3,6 +3,8 @@
 #include <utility>
 
 #include "QuorvelWidgets/WidgetSupport/Palette.hpp"
+#include "QuorvelWidgets/WidgetSupport/TintedColors.hpp"
+#include "QuorvelWidgets/WidgetSupport/WidgetEnvironment.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetLanguage.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetMessage.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetStrings.hpp"
@@ -17,12 +19,17 @@ std::string WidgetScaffold::lang() const {
 
 View WidgetScaffold::message(const EmptyState& state) const {
   const std::string language = lang();
+  WAccent accent{snapshot ? snapshot->accent : std::nullopt};
+  if (isTinted(environment)) {
+    accent.ink = Color::primary();
+    accent.soft = Color::primary().withOpacity(kTintedGround);
+  }
   WidgetMessage view{.symbol = std::string{state.symbol},
                      .text = WidgetStrings::text(state.text, language),
                      .label = WidgetStrings::text(state.label, language),
                      .title = WidgetStrings::text(state.title, language),
                      .titleIsStatus = state.labelIsStatus,
-                     .accent = WAccent{snapshot ? snapshot->accent : std::nullopt},
+                     .accent = std::move(accent),
                      .lang = language};
   if (isAccessory(environment.familyInForce())) return accessoryMessage(view, environment);
   return view;
@@ -33,7 +40,7 @@ WidgetChrome WidgetScaffold::chrome(View content, bool padded) const {
   WidgetChrome root{
       .preview = environment.previewFamily.has_value(),
       .padded = padded && !accessory,
-      .content = std::move(content),
+      .content = isTinted(environment) ? withTintedColors(content) : std::move(content),
       .environment = environment,
       .direction = snapshot ? layoutDirection(snapshot->lang) : environment.layoutDirection,
       .link = link,
@@ -47,9 +54,7 @@ View WidgetScaffold::root(View content, bool padded) const {
 }
 
 Color groundColor(const Color& color, const widgetruntime::Environment& environment) {
-  return environment.widgetRenderingMode == widgetruntime::RenderingMode::fullColor
-             ? color
-             : Color::primary().withOpacity(0.14);
+  return isTinted(environment) ? Color::primary().withOpacity(kTintedGround) : color;
 }
 
 }  // namespace quorvel

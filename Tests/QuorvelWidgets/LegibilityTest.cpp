@@ -7,6 +7,7 @@
 #include <map>
 
 #include "QuorvelWidgets/WidgetSupport/WidgetContrast.hpp"
+#include "Rendering/RecorderColors.hpp"
 #include "Rendering/Renderer.hpp"
 #include "Tests/Support/PlacedTexts.hpp"
 #include "Tests/Support/WidgetStates.hpp"
@@ -194,6 +195,24 @@ TEST_F(Legibility, NoTextIsCutLeavesTheWidgetOrOverlapsAnother) {
   EXPECT_EQ(joined(faults.lines()), "");
 }
 
+// March 2025 takes six rows of the heat map.
+TEST_F(Legibility, ALongMonthStaysInsideTheMarginsOfTheSmallestScreen) {
+  const WidgetLayout layout{
+      "spending-large", fixtures::WidgetKind::spending, WidgetFamily::systemLarge};
+  const WidgetState state = fixtures::widgetStates("en").front();
+  const viewkit::View view = fixtures::viewOf(layout, state);
+  for (const Size& size : {Size{364, 382}, Size{338, 354}, Size{292, 311}}) {
+    const PlacedTree tree = renderer_.place(view, {.size = size});
+    const auto found = inspection::find(tree);
+    ASSERT_FALSE(found.texts.empty());
+    const Rect margins{16, 16, size.width - 32, size.height - 32};
+    for (const FoundText& text : found.texts) {
+      EXPECT_TRUE(isInside(text.node->frame, margins))
+          << text.element().text << " on " << size.width << "x" << size.height;
+    }
+  }
+}
+
 // A view in which everything is wrong, so that the checks above are known to see it.
 TEST_F(Legibility, TheChecksSeeWhatIsWrong) {
   using namespace viewkit;
@@ -311,17 +330,12 @@ std::vector<Rgb> pixelsIn(const rendering::Bitmap& bitmap, const Rect& box, Appe
 Drawn drawnLine(const FoundText& text,
                 const PlacedLine& line,
                 const rendering::Bitmap& ground,
-                Appearance appearance) {
-  const viewkit::Color& color = text.around.foreground;
-  Rgb ink = appearance == Appearance::light ? 0x000000 : 0xFFFFFF;
-  double alpha = color.opacityIn(appearance) * text.around.opacity;
-  if (const auto* pair = std::get_if<viewkit::Color::Pair>(&color.value)) {
-    ink = appearance == Appearance::light ? pair->light : pair->dark;
-  } else if (std::get<viewkit::ColorRole>(color.value) == viewkit::ColorRole::secondary) {
-    alpha *= 0.6;
-  }
+                const rendering::RenderOptions& options) {
+  const rendering::Rgba drawn = rendering::resolveColor(text.around.foreground, options, false);
+  const Rgb ink = static_cast<Rgb>(drawn.red << 16 | drawn.green << 8 | drawn.blue);
+  const double alpha = static_cast<double>(drawn.alpha) * text.around.opacity;
   std::vector<Drawn> all;
-  for (const Rgb under : pixelsIn(ground, inkBox(*text.node->text, line), appearance)) {
+  for (const Rgb under : pixelsIn(ground, inkBox(*text.node->text, line), options.appearance)) {
     const Rgb shown = blended(under, ink, alpha);
     all.push_back({shown, under, contrastRatio(shown, under)});
   }
@@ -346,7 +360,6 @@ TEST_F(Legibility, EveryTextStandsOutFromWhatLiesUnderIt) {
   Faults faults;
   std::size_t pictures = 0;
   const auto check = [&](const WidgetLayout& layout, const WidgetState& state) {
-    if (state.environment.widgetRenderingMode != viewkit::RenderingMode::fullColor) return;
     if (state.environment.redactionReasons.placeholder) return;
     const viewkit::View view = fixtures::viewOf(layout, state);
     const viewkit::View ground = withoutTexts(view);
@@ -361,7 +374,7 @@ TEST_F(Legibility, EveryTextStandsOutFromWhatLiesUnderIt) {
         for (const FoundText& text : found.texts) {
           if (text.around.isCovered && options.redaction.privacy) continue;
           for (const PlacedLine& line : text.node->text->lines) {
-            const Drawn drawn = drawnLine(text, line, bitmap, appearance);
+            const Drawn drawn = drawnLine(text, line, bitmap, options);
             const double needed = neededContrast(*text.node->text, text.element().weight);
             if (drawn.ratio >= needed || isExcepted(text, drawn, appearance)) continue;
             faults.add(std::string{layout.name} + ": \"" + text.element().text + "\" " +

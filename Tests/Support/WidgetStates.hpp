@@ -273,6 +273,20 @@ inline void addHostStates(std::vector<WidgetState>& states, std::string_view lan
     bare(e);
     e.widgetRenderingMode = widgetruntime::RenderingMode::vibrant;
   });
+  add("vibrant-exceeded", [&](auto& e) {
+    bare(e);
+    e.widgetRenderingMode = widgetruntime::RenderingMode::vibrant;
+  });
+  states.back().snapshot->budget->spent = 3500;
+  for (const auto mode :
+       {widgetruntime::RenderingMode::accented, widgetruntime::RenderingMode::vibrant}) {
+    add(mode == widgetruntime::RenderingMode::accented ? "accented-empty" : "vibrant-empty",
+        [&](auto& e) {
+          bare(e);
+          e.widgetRenderingMode = mode;
+        });
+    states.back().snapshot.reset();
+  }
   add("no-snapshot", [&](auto& e) { e.preferredLanguages = {std::string{lang}}; });
   states.back().snapshot.reset();
   states.back().environment.layoutDirection = quorvel::layoutDirection(lang);

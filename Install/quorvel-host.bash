@@ -14,8 +14,10 @@ _quorvel_host_options() {
     list | doctor | options) own="--json $data" ;;
     render) own="$picture --format --png --out -o $place --languages $data" ;;
     sheet)
-      own="--states --modes --presets --languages --family --configure --preview $drawing --png --out -o $place $data"
+      own="--states --extremes --modes --presets --accessories --components --languages --family --configure --preview
+        $drawing --png --out -o $place $data"
       ;;
+    gallery) own="--lang --scale --png $place $data" ;;
     timeline) own="--json --family --configure $place --languages $data" ;;
     validate) own="--json $place --languages $data" ;;
     sample) own="--lang --out -o $place --languages" ;;
@@ -31,6 +33,7 @@ _quorvel_host_is_whole() {
   case $1 in
     --*=* | -o?* | --help | -h) ;;
     --json | --isolated | --preview | --no-background | --no-open | --states | --modes | --presets) ;;
+    --extremes | --accessories | --components) ;;
     *) return 1 ;;
   esac
 }
@@ -101,7 +104,7 @@ _quorvel_host() {
 
   local choices=''
   if ((last <= 1)); then
-    choices='list render sheet timeline options validate sample perform bench doctor --help'
+    choices='list render sheet gallery timeline options validate sample perform bench doctor --help'
   else
     case $option in
       --family)
@@ -135,6 +138,7 @@ _quorvel_host() {
           *:options:1) choices=$(_quorvel_host_offers "$program" parameter "$kind") ;;
           *:perform:0) choices=$(_quorvel_host_offers "$program" intent) ;;
           *:validate:*) compopt -o default ;;
+          *:gallery:0) compopt -o dirnames ;;
         esac
         ;;
     esac

@@ -76,6 +76,13 @@ TEST(UpcomingDues, ShortLabels) {
   EXPECT_EQ(shortRelativeLabel(-1, "en"), "Today");
 }
 
+TEST(UpcomingDues, SpokenLabelsCountFromTheSecondDay) {
+  EXPECT_EQ(spokenRelativeLabel(0, "en"), "Today");
+  EXPECT_EQ(spokenRelativeLabel(1, "en"), "Tomorrow");
+  // "2 дн." on screen.
+  EXPECT_EQ(spokenRelativeLabel(2, "ru"), "через 2 дня");
+}
+
 TEST(UpcomingDues, UnreadableDatesAreSkippedAndTheOrderIsKept) {
   using Pair = std::pair<std::string, std::int64_t>;
   EXPECT_THAT(upcoming({due("far", "2025-04-14"),

@@ -17,6 +17,11 @@ Color inkOf(const DueTile& tile) {
   return tile.renderingMode == RenderingMode::fullColor ? Color::white() : Color::primary();
 }
 
+/// A symbol's tile has the corners of every icon tile.
+CornerStyle cornersOf(const DueTile& tile) {
+  return tile.due.symbol ? CornerStyle::circular : CornerStyle::continuous;
+}
+
 View mark(const DueTile& tile) {
   const Color ink = inkOf(tile);
   if (tile.due.symbol) {
@@ -33,7 +38,7 @@ View mark(const DueTile& tile) {
                           .foregroundStyle(ink)
                           .frame(FixedFrame{.width = tile.size, .height = tile.size});
   return letter.background(
-      RoundedRectangle(tile.size * 0.3, CornerStyle::continuous).fill(ink.withOpacity(0.18)));
+      RoundedRectangle(tile.size * 0.3, cornersOf(tile)).fill(ink.withOpacity(0.18)));
 }
 
 View drawnTile(const DueTile& tile) {
@@ -41,7 +46,7 @@ View drawnTile(const DueTile& tile) {
   if (tile.onFace || tile.renderingMode != RenderingMode::fullColor) return plain;
   // The veil that a white text needs leaves a mark on its paler ground 3:1, on a white face too.
   const View face = faceGround(tile.due.face.value_or(std::vector<std::string>{}), 1)
-                        .clip(RoundedRectangleShape{tile.size * 0.3, CornerStyle::continuous});
+                        .clip(RoundedRectangleShape{tile.size * 0.3, cornersOf(tile)});
   return plain.background(face);
 }
 

@@ -111,6 +111,7 @@ std::string picture(const GallerySection& section,
 std::string ground(const GallerySection& section, std::size_t row, Appearance appearance) {
   const auto& cells = section.rows[row].cells;
   std::vector<rendering::Size> sizes;
+  sizes.reserve(cells.size());
   for (const SheetCell& cell : cells) sizes.push_back(cell.how.size);
   const Packing packing = packRow(sizes, 20);
   std::string text = fmt::format("<div class=\"ground {}\"><div>\n",

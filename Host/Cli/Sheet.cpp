@@ -35,6 +35,7 @@ constexpr std::array kPanels{Panel{viewkit::Appearance::light, 0xD7DADF, 0x555B6
 
 Packing packed(const SheetRow& row) {
   std::vector<Size> sizes;
+  sizes.reserve(row.cells.size());
   for (const SheetCell& cell : row.cells) sizes.push_back(cell.how.size);
   return packRow(sizes, kGap);
 }

@@ -44,7 +44,10 @@ const Names& languageRuntime() {
                            "ld-linux-aarch64",
 #ifdef __SANITIZE_ADDRESS__
                            "libasan",
-                           "libubsan"
+                           "libubsan",
+                           // Linked with the ICU libraries that use it. For sanitized programs the
+                           // compiler does not tell the linker to drop what nothing refers to.
+                           "libicudata",
 #endif
   };
   return names;

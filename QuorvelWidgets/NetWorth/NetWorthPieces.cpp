@@ -34,7 +34,7 @@ std::optional<Comparison> comparison(const NetWorthContent& content) {
 }  // namespace
 
 View changeRow(const NetWorthContent& content) {
-  const View change = content.change();
+  View change = content.change();
   if (change.isEmpty()) return {};
   const auto compared = comparison(content);
   if (!compared) return change;

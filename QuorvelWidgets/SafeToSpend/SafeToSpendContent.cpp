@@ -44,7 +44,7 @@ std::string SafeToSpendContent::spokenPercentage() const {
 }
 
 std::string SafeToSpendContent::spokenMainAmount() const {
-  const std::string amount = amountAccessibilityLabel(mainAmount(), snapshot);
+  std::string amount = amountAccessibilityLabel(mainAmount(), snapshot);
   if (isHidden()) return amount;
   return isLastDay() ? spokenLeft(amount, snapshot.lang) : spokenPerDay(amount, snapshot.lang);
 }
@@ -112,7 +112,7 @@ std::string perDayLabel(const SafeToSpendContent& content) {
 namespace {
 
 std::string spokenRemainder(const SafeToSpendContent& content, double amount, bool exceeded) {
-  const std::string words = amountAccessibilityLabel(amount, content.snapshot);
+  std::string words = amountAccessibilityLabel(amount, content.snapshot);
   if (content.isHidden()) return words;
   return exceeded ? spokenOverBudget(words, content.snapshot.lang)
                   : spokenLeft(words, content.snapshot.lang);

@@ -36,18 +36,19 @@ Names without(Names names, const Names& allowed) {
 }
 
 const Names& languageRuntime() {
-  static const Names names{"libstdc++",
-                           "libm",
-                           "libgcc_s",
-                           "libc",
-                           "ld-linux-x86-64",
-                           "ld-linux-aarch64",
+  static const Names names{
+      "libstdc++",
+      "libm",
+      "libgcc_s",
+      "libc",
+      "ld-linux-x86-64",
+      "ld-linux-aarch64",
 #ifdef __SANITIZE_ADDRESS__
-                           "libasan",
-                           "libubsan",
-                           // Linked with the ICU libraries that use it. For sanitized programs the
-                           // compiler does not tell the linker to drop what nothing refers to.
-                           "libicudata",
+      "libasan",
+      "libubsan",
+      // Linked with the ICU libraries that use it: for sanitized programs the compiler does not
+      // tell the linker to drop what nothing refers to.
+      "libicudata",
 #endif
   };
   return names;

@@ -77,7 +77,8 @@ std::int64_t Calendar::State::addingDays(std::int64_t seconds, std::int64_t days
   std::int64_t sum = seconds + days * kSecondsOfDay;
   if (!keepsTime(sum)) {
     const std::int64_t moved = sum + rules.offsetAt(seconds) - rules.offsetAt(sum);
-    if (keepsTime(moved)) sum = moved;
+    // Where the wall time is skipped the later instant counts: the day's first, not the day before.
+    if (keepsTime(moved) || moved > sum) sum = moved;
   }
   return days > 0 ? std::min(sum, firstInstantOf(local(sum))) : sum;
 }

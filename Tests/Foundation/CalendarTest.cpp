@@ -604,6 +604,13 @@ TEST(DaysBetween, OnADayWithoutMidnightLaterDaysCountOneLess) {
   EXPECT_EQ(daysBetween("2018-11-03", noon, saoPaulo), -1);
 }
 
+TEST(DaysBetween, ADayWithoutMidnightIsYesterdayOnTheDayAfter) {
+  const Calendar saoPaulo = calendarIn("America/Sao_Paulo");
+  EXPECT_EQ(daysBetween("2018-11-04", at("2018-11-05T12:00:00-02:00"), saoPaulo), -1);
+  EXPECT_EQ(daysBetween("2018-11-04", at("2018-11-06T12:00:00-02:00"), saoPaulo), -2);
+  EXPECT_EQ(daysBetween("2018-11-04", at("2019-01-31T12:00:00-02:00"), saoPaulo), -88);
+}
+
 TEST(DaysBetween, OverADayThatWasSkipped) {
   const Calendar apia = calendarIn("Pacific/Apia");
   const Instant reference = at("2011-12-29T12:00:00-10:00");

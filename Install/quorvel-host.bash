@@ -12,7 +12,7 @@ _quorvel_host_options() {
   local own
   case $1 in
     list | doctor | options) own="--json $data" ;;
-    render) own="$picture --format --png --out -o $place --languages $data" ;;
+    render) own="$picture --format --id-prefix --png --out -o $place --languages $data" ;;
     sheet)
       own="--states --extremes --modes --presets --accessories --components --languages --family --configure --preview
         $drawing --png --out -o $place $data"

@@ -246,6 +246,20 @@ void addFormat(CLI::App& app, Options& options) {
       ->group("Output");
 }
 
+void addIdPrefix(CLI::App& app, OutputOptions& output) {
+  addValue(
+      app,
+      "--id-prefix",
+      "In front of the ids of an SVG, for several in one document",
+      "TEXT",
+      "a prefix: a letter or _, then letters, digits, _, - and ., at most 64 in all",
+      [](const std::string& text) {
+        return rendering::isIdPrefix(text) ? std::optional(text) : std::nullopt;
+      },
+      into(output.idPrefix))
+      ->group("Output");
+}
+
 void addJson(CLI::App& app, Options& options) {
   app.add_flag("--json", options.json, "For programs")->group("Output");
 }
@@ -299,6 +313,7 @@ void describeRender(CLI::App& app, Options& options) {
   addKind(app, options);
   addPicture(app, options);
   addFormat(app, options);
+  addIdPrefix(app, options.output);
   addPng(app, options.output);
   addOutput(app, options.output);
   addDevice(app, options.device);

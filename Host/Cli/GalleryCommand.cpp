@@ -80,6 +80,10 @@ Result<std::vector<GallerySection>> sectionsOf(const Options& options, const Pro
   return sections;
 }
 
+std::string titleOf(const SheetRow& row, const SheetCell& cell) {
+  return fmt::format("{}, {}", row.caption, cell.name);
+}
+
 Result<void> writePictures(const GallerySection& section,
                            const fs::path& folder,
                            rendering::Renderer& renderer) {
@@ -89,8 +93,9 @@ Result<void> writePictures(const GallerySection& section,
       for (const auto appearance : {viewkit::Appearance::light, viewkit::Appearance::dark}) {
         rendering::RenderOptions how = cells[i].how;
         how.appearance = appearance;
-        auto done = write(folder / pictureFile(section, row, i, appearance),
-                          renderer.svg(cells[i].view, how));
+        auto done = write(
+            folder / pictureFile(section, row, i, appearance),
+            renderer.svg(cells[i].view, how, {.title = titleOf(section.rows[row], cells[i])}));
         if (!done) return done;
       }
     }

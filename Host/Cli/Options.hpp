@@ -51,6 +51,7 @@ struct PictureOptions {
 struct OutputOptions {
   std::string file = "-";
   rendering::PngSize png = rendering::PngSize::fast;
+  std::string idPrefix;  ///< of the ids in an SVG document
 };
 
 /// Axes of a contact sheet besides kinds, families and appearances.

@@ -16,7 +16,7 @@ std::string drawn(const viewkit::View& view,
   rendering::Renderer renderer;
   switch (options.format) {
     case Format::svg:
-      return renderer.svg(view, how);
+      return renderer.svg(view, how, {.title = widgetName, .idPrefix = options.output.idPrefix});
     case Format::text:
       return renderer.plainText(view, how);
     case Format::placed:
@@ -36,6 +36,8 @@ Result<void> render(const Options& options, const Program& program) {
   if (options.format == Format::png) {
     if (auto target = checkPictureTarget(options.output.file); !target) return target;
   }
+  if (!options.output.idPrefix.empty() && options.format != Format::svg)
+    return misused("--id-prefix: only with --format svg");
   auto guest = Guest::open(options.source, program);
   if (!guest) return std::unexpected(guest.error());
   const auto widget = guest->widget(options.kind);

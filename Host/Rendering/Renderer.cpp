@@ -79,11 +79,13 @@ Bitmap Renderer::bitmap(const viewkit::View& view, const RenderOptions& options)
   return out;
 }
 
-std::string Renderer::svg(const viewkit::View& view, const RenderOptions& options) {
+std::string Renderer::svg(const viewkit::View& view,
+                          const RenderOptions& options,
+                          const SvgNaming& naming) {
   const PlacedTree tree = place(view, options);
   state_->record(tree, options);
   const double radius = options.showsBackground ? options.cornerRadius : 0;
-  return writeSvg(state_->list, radius, state_->fonts);
+  return writeSvg(state_->list, radius, state_->fonts, naming);
 }
 
 std::string Renderer::plainText(const viewkit::View& view,

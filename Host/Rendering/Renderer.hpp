@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "Rendering/Layout.hpp"
+#include "Rendering/SvgNaming.hpp"
 #include "ViewKit/Appearance.hpp"
 #include "ViewKit/View.hpp"
 
@@ -52,7 +53,9 @@ class Renderer {
   void draw(const PlacedTree& tree, const RenderOptions& options, Bitmap& out);
 
   [[nodiscard]] Bitmap bitmap(const viewkit::View& view, const RenderOptions& options);
-  [[nodiscard]] std::string svg(const viewkit::View& view, const RenderOptions& options);
+  [[nodiscard]] std::string svg(const viewkit::View& view,
+                                const RenderOptions& options,
+                                const SvgNaming& naming = {});
   /// Rows and columns as laid out, `columns` characters wide.
   [[nodiscard]] std::string plainText(const viewkit::View& view,
                                       const RenderOptions& options,

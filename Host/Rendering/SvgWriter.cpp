@@ -56,6 +56,22 @@ std::string hex(const Rgba& c) {
   return fmt::format("#{:02X}{:02X}{:02X}", c.red, c.green, c.blue);
 }
 
+std::string escaped(std::string_view text) {
+  std::string out;
+  for (const char c : text) {
+    if (c == '&') {
+      out += "&amp;";
+    } else if (c == '<') {
+      out += "&lt;";
+    } else if (c == '>') {
+      out += "&gt;";
+    } else if (static_cast<unsigned char>(c) >= ' ') {
+      out += c;  // a control character has no form in XML
+    }
+  }
+  return out;
+}
+
 std::string base64(const std::string& bytes) {
   constexpr std::string_view kDigits =
       "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
@@ -74,7 +90,8 @@ std::string base64(const std::string& bytes) {
 
 class Writer {
  public:
-  Writer(const DrawList& list, const FontLibrary& fonts) : list_(list), fonts_(fonts) {}
+  Writer(const DrawList& list, const FontLibrary& fonts, const SvgNaming& naming)
+      : list_(list), fonts_(fonts), naming_(naming) {}
 
   std::string write(double cornerRadius) {
     levels_.push_back({});
@@ -89,9 +106,10 @@ class Writer {
     while (levels_.size() > 1) close();
     return fmt::format(
         "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"{0}\" height=\"{1}\" viewBox=\"0 0 {0} "
-        "{1}\">\n<defs>\n{2}</defs>\n{3}</svg>\n",
+        "{1}\"{2}<defs>\n{3}</defs>\n{4}</svg>\n",
         number(all.width),
         number(all.height),
+        nameOfPicture(),
         definitions_,
         levels_.front().body);
   }
@@ -103,6 +121,16 @@ class Writer {
     std::string body;
     std::string clip;  ///< id of the clip path that it applies
   };
+
+  /// The end of the opening tag and the title, which is what a screen reader says of the whole: the
+  /// outlines inside say nothing.
+  [[nodiscard]] std::string nameOfPicture() const {
+    if (naming_.title.empty()) return ">\n";
+    return fmt::format(
+        " role=\"img\" aria-labelledby=\"{0}title\">\n<title id=\"{0}title\">{1}</title>\n",
+        naming_.idPrefix,
+        escaped(naming_.title));
+  }
 
   void open(std::string element, bool group, std::string clipId = {}) {
     levels_.push_back({std::move(element), group, {}, std::move(clipId)});
@@ -123,7 +151,7 @@ class Writer {
     fmt::format_to(std::back_inserter(definitions_), format, std::forward<Args>(args)...);
     definitions_ += '\n';
   }
-  std::string newId(char kind) { return fmt::format("{}{}", kind, nextId_++); }
+  std::string newId(char kind) { return fmt::format("{}{}{}", naming_.idPrefix, kind, nextId_++); }
 
   std::string clip(const std::string& d) {
     const std::string id = newId('c');
@@ -207,7 +235,7 @@ class Writer {
 
   /// The outline in units of 1/1000 em, so that it can be used at every size.
   std::string outline(const LineGlyph& glyph) {
-    std::string id = fmt::format("f{}-{}", glyph.font, glyph.glyph);
+    std::string id = fmt::format("{}f{}-{}", naming_.idPrefix, glyph.font, glyph.glyph);
     if (outlined_.insert(id).second) {
       Path path;
       fonts_.byId(glyph.font).appendOutline(glyph.glyph, 1000, 0, 0, path);
@@ -414,6 +442,7 @@ class Writer {
 
   const DrawList& list_;
   const FontLibrary& fonts_;
+  const SvgNaming& naming_;
   std::vector<Level> levels_;
   std::string definitions_;
   std::set<std::string> outlined_;
@@ -422,8 +451,11 @@ class Writer {
 
 }  // namespace
 
-std::string writeSvg(const DrawList& list, double cornerRadius, const FontLibrary& fonts) {
-  return Writer(list, fonts).write(cornerRadius);
+std::string writeSvg(const DrawList& list,
+                     double cornerRadius,
+                     const FontLibrary& fonts,
+                     const SvgNaming& naming) {
+  return Writer(list, fonts, naming).write(cornerRadius);
 }
 
 }  // namespace rendering

@@ -5,6 +5,7 @@
 
 #include "Rendering/DrawList.hpp"
 #include "Rendering/Font.hpp"
+#include "Rendering/SvgNaming.hpp"
 
 namespace rendering {
 
@@ -12,6 +13,7 @@ namespace rendering {
 /// is used by name.
 [[nodiscard]] std::string writeSvg(const DrawList& list,
                                    double cornerRadius,
-                                   const FontLibrary& fonts);
+                                   const FontLibrary& fonts,
+                                   const SvgNaming& naming);
 
 }  // namespace rendering

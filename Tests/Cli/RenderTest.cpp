@@ -75,10 +75,9 @@ TEST(Render, bothPngSizesHoldTheSamePictureAndSmallIsSmaller) {
 TEST(Render, textFormsSayWhatTheWidgetSays) {
   const Words words{
       "QuorvelSpendingWidget", "--family", "systemLarge", "--snapshot", kHousehold, "--format"};
-  for (const char* form : {"text", "tree", "placed", "accessibility", "svg"}) {
+  for (const char* form : {"text", "tree", "placed", "accessibility"}) {
     const std::string text = drawn(words + Words{form});
     EXPECT_FALSE(text.empty()) << form;
-    // SVG draws glyphs, not letters; its accessible text says the amount all the same.
     EXPECT_THAT(text, HasSubstr("591")) << form;
   }
 }
@@ -97,6 +96,27 @@ TEST(Render, redactionLeavesNoAmountInAnyForm) {
     EXPECT_THAT(text, Not(HasSubstr("$591"))) << form;
     EXPECT_THAT(text, Not(HasSubstr("591.00"))) << form;
   }
+}
+
+TEST(Render, SvgBearsTheWidgetsNameAndThePrefix) {
+  const std::string svg = drawn({"QuorvelSpendingWidget",
+                                 "--snapshot",
+                                 kHousehold,
+                                 "--format",
+                                 "svg",
+                                 "--id-prefix",
+                                 "spending-"});
+  EXPECT_THAT(svg, HasSubstr("<title id=\"spending-title\">Spending This Month</title>"));
+  EXPECT_THAT(svg, HasSubstr("href=\"#spending-f"));
+}
+
+TEST(Render, PrefixBelongsToSvg) {
+  const Outcome png = runHost({"render", "QuorvelDueWidget", "--id-prefix", "a"});
+  EXPECT_EQ(png.status, 2);
+  EXPECT_EQ(png.errors, "quorvel-host render: --id-prefix: only with --format svg\n");
+  const Outcome digit = runHost({"render", "QuorvelDueWidget", "--id-prefix", "1"});
+  EXPECT_EQ(digit.status, 2);
+  EXPECT_THAT(digit.errors, HasSubstr("\"1\" is not a prefix"));
 }
 
 TEST(Render, aMalformedDocumentDrawsTheMessageAndWarns) {

@@ -110,5 +110,52 @@ TEST(Svg, EachGlyphStandsOnce) {
   EXPECT_EQ(count(use), 4);
 }
 
+std::set<std::string> idsOf(const std::string& svg) {
+  std::set<std::string> ids;
+  const std::regex id(" id=\"([^\"]+)\"");
+  for (auto i = std::sregex_iterator(svg.begin(), svg.end(), id); i != std::sregex_iterator(); ++i)
+    ids.insert((*i)[1]);
+  return ids;
+}
+
+TEST(Svg, TitleIsWhatAScreenReaderSays) {
+  Renderer renderer;
+  const std::string svg = renderer.svg(
+      everything(), {.size = {120, 300}}, {.title = "Rent & <care>\n", .idPrefix = "w-"});
+  expectWellFormed(svg);
+  EXPECT_NE(svg.find(" role=\"img\" aria-labelledby=\"w-title\""), std::string::npos);
+  EXPECT_NE(svg.find("<title id=\"w-title\">Rent &amp; &lt;care&gt;</title>"), std::string::npos);
+}
+
+TEST(Svg, WithoutATitleThereIsNoRole) {
+  Renderer renderer;
+  const std::string svg = renderer.svg(everything(), {.size = {120, 300}});
+  EXPECT_EQ(svg.find("role="), std::string::npos);
+  EXPECT_EQ(svg.find("<title"), std::string::npos);
+}
+
+TEST(Svg, PicturesWithPrefixesOfTheirOwnShareNoId) {
+  Renderer renderer;
+  const RenderOptions options{.size = {120, 300}};
+  const std::string first = renderer.svg(everything(), options, {.title = "A", .idPrefix = "a-"});
+  const std::string second = renderer.svg(everything(), options, {.title = "B", .idPrefix = "b-"});
+  const auto ids = idsOf(first);
+  EXPECT_GT(ids.size(), 5U);
+  for (const std::string& id : idsOf(second)) {
+    EXPECT_FALSE(ids.contains(id)) << id;
+    EXPECT_TRUE(id.starts_with("b-")) << id;
+  }
+  expectWellFormed("<div>" + first + second + "</div>");
+}
+
+TEST(Svg, PrefixesAreNames) {
+  for (const char* text : {"", "a", "_", "card-1.", "Widget_2"})
+    EXPECT_TRUE(isIdPrefix(text)) << text;
+  for (const char* text : {"1", "-a", ".a", "a b", "a\"", "a#", "ä"})
+    EXPECT_FALSE(isIdPrefix(text)) << text;
+  EXPECT_TRUE(isIdPrefix(std::string(64, 'a')));
+  EXPECT_FALSE(isIdPrefix(std::string(65, 'a')));
+}
+
 }  // namespace
 }  // namespace rendering

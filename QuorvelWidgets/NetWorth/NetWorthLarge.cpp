@@ -27,7 +27,7 @@ View hero(const NetWorthContent& content) {
 
 // A label at either end of the history is pushed inside the chart's frame.
 View monthLabel(const NetWorthContent& content, std::size_t index, std::size_t count) {
-  const auto name = abbreviatedMonth(content.history()[index].month, content.snapshot.lang);
+  const auto name = standaloneMonth(content.history()[index].month, content.snapshot.lang);
   if (!name) return {};
   const View label = content.caption(*name, 11).foregroundStyle(palette::textSecondary).fixedSize();
   const FlexibleFrame row{.maxWidth = kInfinity, .maxHeight = kInfinity};

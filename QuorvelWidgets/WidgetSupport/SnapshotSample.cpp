@@ -24,11 +24,11 @@ struct SampleTexts {
 
 constexpr std::array<SampleTexts, kLanguageCount> kTexts{{
     {"Food & drinks", "Home internet"},
-    {"Makanan & minuman", "Internet rumah"},
+    {"Makanan", "Internet rumah"},
     {"Alimentación", "Internet en casa"},
     {"Alimentação", "Internet residencial"},
     {"Alimentation", "Box Internet"},
-    {"Gastronomie", "Internet zu Hause"},
+    {"Restaurants", "Internet zu Hause"},
     {"Еда и напитки", "Домашний интернет"},
     {"食費", "インターネット料金"},
     {"식비", "인터넷 요금"},

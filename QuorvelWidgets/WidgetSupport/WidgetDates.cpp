@@ -42,6 +42,23 @@ constexpr std::array<std::string_view, kLanguageCount> kSpokenDueDatePatterns{"M
                                                                               "d MMMM",
                                                                               "d MMMM"};
 
+/// How a language writes the first of a month, where it says "first" for it.
+struct FirstDayPatterns {
+  std::string_view shown;
+  std::string_view spoken;
+};
+
+std::optional<FirstDayPatterns> firstDayPatterns(Language language) {
+  switch (language) {
+    case Language::fr:
+      return FirstDayPatterns{"d'er' MMM", "d'er' MMMM"};
+    case Language::ptBR:
+      return FirstDayPatterns{"d'º de' MMM", "d'º de' MMMM"};
+    default:
+      return std::nullopt;
+  }
+}
+
 /// More than any device asks for; a host that replays many zones starts over.
 constexpr std::size_t kKeptFormatters = 64;
 
@@ -88,26 +105,34 @@ std::string dateText(foundation::Instant date,
   return keptFormatter(localeFor(lang), zone, pattern).string(date);
 }
 
-std::string_view dueDatePattern(std::optional<std::string_view> lang) {
-  return kDueDatePatterns[static_cast<std::size_t>(languageForCode(lang))];
-}
-
 std::string dueDateText(foundation::Instant date,
                         std::optional<std::string_view> lang,
                         const foundation::TimeZone& zone) {
-  return dateText(date, lang, dueDatePattern(lang), zone);
+  const Language language = languageForCode(lang);
+  const auto first = firstDayPatterns(language);
+  const std::string_view usual = kDueDatePatterns[static_cast<std::size_t>(language)];
+  const bool isFirst = first && dateText(date, lang, "d", zone) == "1";
+  return dateText(date, lang, isFirst ? first->shown : usual, zone);
 }
 
 std::string spokenDueDateText(foundation::Instant date,
                               std::optional<std::string_view> lang,
                               const foundation::TimeZone& zone) {
-  const auto language = static_cast<std::size_t>(languageForCode(lang));
-  return dateText(date, lang, kSpokenDueDatePatterns[language], zone);
+  const Language language = languageForCode(lang);
+  const auto first = firstDayPatterns(language);
+  const std::string_view usual = kSpokenDueDatePatterns[static_cast<std::size_t>(language)];
+  const bool isFirst = first && dateText(date, lang, "d", zone) == "1";
+  return dateText(date, lang, isFirst ? first->spoken : usual, zone);
 }
 
 std::optional<std::string> abbreviatedMonth(std::string_view month,
                                             std::optional<std::string_view> lang) {
   return monthName(month, lang, "MMM");
+}
+
+std::optional<std::string> standaloneMonth(std::string_view month,
+                                           std::optional<std::string_view> lang) {
+  return monthName(month, lang, "LLL");
 }
 
 std::optional<std::string> fullMonth(std::string_view month, std::optional<std::string_view> lang) {

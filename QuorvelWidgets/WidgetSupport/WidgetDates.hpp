@@ -17,10 +17,8 @@ namespace quorvel {
                                    std::string_view pattern,
                                    const foundation::TimeZone& zone);
 
-/// Day and abbreviated month as the language writes them: "MMM d", "d. MMM", "M月d日".
-[[nodiscard]] std::string_view dueDatePattern(std::optional<std::string_view> lang);
-
-/// The due date of an instant: "Mar 5", "5. März", "3月5日".
+/// The due date of an instant, day and abbreviated month as the language writes them: "Mar 5",
+/// "5. März", "3月5日", in French "1er mars" and "5 mars".
 [[nodiscard]] std::string dueDateText(foundation::Instant date,
                                       std::optional<std::string_view> lang,
                                       const foundation::TimeZone& zone);
@@ -33,6 +31,11 @@ namespace quorvel {
 /// The abbreviated name of a month string ("2025-02" gives "Feb"); nothing when it is malformed.
 [[nodiscard]] std::optional<std::string> abbreviatedMonth(std::string_view month,
                                                           std::optional<std::string_view> lang);
+
+/// The abbreviated name of a month string as it stands alone, on an axis: in Russian "май" where a
+/// date has "мая"; nothing when it is malformed.
+[[nodiscard]] std::optional<std::string> standaloneMonth(std::string_view month,
+                                                         std::optional<std::string_view> lang);
 
 /// The full name of a month string in the form that stands in a date; nothing when it is malformed.
 [[nodiscard]] std::optional<std::string> fullMonth(std::string_view month,

@@ -58,6 +58,49 @@ TEST(WidgetDates, SpokenDueDateNamesTheMonthInFull) {
   }
 }
 
+TEST(WidgetDates, FirstOfAMonthIsAnOrdinalWhereTheLanguageSaysSo) {
+  const auto first = *foundation::parseInternetDateTime("2025-04-01T12:00:00Z");
+  const auto eleventh = *foundation::parseInternetDateTime("2025-04-11T12:00:00Z");
+  EXPECT_EQ(dueDateText(first, "fr", kUtc), "1er avr.");
+  EXPECT_EQ(spokenDueDateText(first, "fr", kUtc), "1er avril");
+  EXPECT_EQ(dueDateText(eleventh, "fr", kUtc), "11 avr.");
+  EXPECT_EQ(dueDateText(first, "pt-BR", kUtc), "1º de abr.");
+  EXPECT_EQ(spokenDueDateText(first, "pt-BR", kUtc), "1º de abril");
+  EXPECT_EQ(dueDateText(eleventh, "pt-BR", kUtc), "11 de abr.");
+  EXPECT_EQ(dueDateText(first, "es", kUtc), "1 abr");
+  EXPECT_EQ(dueDateText(first, "en", kUtc), "Apr 1");
+}
+
+TEST(WidgetDates, FirstOfAMonthIsThatOfTheZone) {
+  const auto evening = *foundation::parseInternetDateTime("2025-03-31T22:30:00Z");
+  EXPECT_EQ(dueDateText(evening, "fr", {"Europe/Paris"}), "1er avr.");
+  EXPECT_EQ(dueDateText(evening, "fr", kUtc), "31 mars");
+}
+
+TEST(WidgetDates, MonthsOfAnAxisStandAlone) {
+  const std::array<const char*, 12> russian{"янв.",
+                                            "февр.",
+                                            "март",
+                                            "апр.",
+                                            "май",
+                                            "июнь",
+                                            "июль",
+                                            "авг.",
+                                            "сент.",
+                                            "окт.",
+                                            "нояб.",
+                                            "дек."};
+  const std::array<const char*, 12> german{
+      "Jan", "Feb", "Mär", "Apr", "Mai", "Jun", "Jul", "Aug", "Sep", "Okt", "Nov", "Dez"};
+  for (std::size_t i = 0; i < 12; ++i) {
+    const std::string month = (i < 9 ? "2025-0" : "2025-") + std::to_string(i + 1);
+    EXPECT_EQ(standaloneMonth(month, "ru"), russian[i]);
+    EXPECT_EQ(standaloneMonth(month, "de"), german[i]);
+  }
+  EXPECT_EQ(standaloneMonth("2025-05", "en"), "May");
+  EXPECT_EQ(standaloneMonth("2025-13", "en"), std::nullopt);
+}
+
 TEST(WidgetDates, FullMonthsAsTheyStandInADate) {
   EXPECT_EQ(fullMonth("2025-01", "en"), "January");
   EXPECT_EQ(fullMonth("2025-08", "ru"), "августа");

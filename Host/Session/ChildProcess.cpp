@@ -68,11 +68,6 @@ int remainingMilliseconds(Clock::time_point until) {
   return static_cast<int>(std::clamp<std::int64_t>(rest.count(), 0, 60'000));
 }
 
-bool pollOne(int descriptor, short events, std::chrono::milliseconds timeout) {
-  pollfd polled{descriptor, events, 0};
-  return ::poll(&polled, 1, static_cast<int>(timeout.count())) > 0;
-}
-
 std::string describeEnd(int status) {
   if (WIFEXITED(status)) return fmt::format("exited with status {}", WEXITSTATUS(status));
   if (WIFSIGNALED(status)) return fmt::format("was killed by signal {}", WTERMSIG(status));
@@ -130,18 +125,12 @@ struct ChildProcess::State {
 
 std::optional<int> ChildProcess::State::kill() {
   if (process.id == 0) return std::nullopt;
-  // The group first: while its leader is not reaped, its number cannot belong to anyone else.
-  ::kill(-process.id, SIGKILL);
-  int status = 0;
-  while (::waitpid(process.id, &status, 0) < 0 && errno == EINTR) {
-  }
-  process = {};
-  return status;
+  return end(process);
 }
 
 SessionError ChildProcess::State::ended(std::string_view event) {
   // A process closes its pipes a moment before it is gone; its own end says more than our kill.
-  const bool isGone = pollOne(process.processFile.get(), POLLIN, kTimeToDie);
+  const bool isGone = isReadableWithin(process.supervisorFile, kTimeToDie);
   std::array<char, 4096> bytes;
   ssize_t count = 0;
   for (int i = 0; i < 16 && (count = ::read(process.errors.get(), bytes.data(), bytes.size())) > 0;
@@ -168,7 +157,7 @@ std::optional<SessionError> ChildProcess::State::writeRequest(Exchange& exchange
 std::optional<SessionError> ChildProcess::State::readErrors(Exchange& exchange) {
   std::array<char, kReadSize> bytes;
   const ssize_t count = ::read(process.errors.get(), bytes.data(), bytes.size());
-  if (count == 0) process.errors.close();
+  if (count == 0) process.errors.reset();
   if (count <= 0) return std::nullopt;
   diagnostics.append({bytes.data(), static_cast<std::size_t>(count)});
   exchange.errorBytes += static_cast<std::size_t>(count);
@@ -204,7 +193,7 @@ std::optional<Result<JsonValue>> ChildProcess::State::run(Exchange& exchange,
     std::array<pollfd, 4> polled{pollfd{process.input.get(), wanted, 0},
                                  pollfd{process.output.get(), POLLIN, 0},
                                  pollfd{process.errors.get(), POLLIN, 0},
-                                 pollfd{process.processFile.get(), POLLIN, 0}};
+                                 pollfd{process.supervisorFile.get(), POLLIN, 0}};
     if (::poll(polled.data(), polled.size(), remainingMilliseconds(until)) <= 0) continue;
     const auto& [input, output, errors, end] = polled;
     if (errors.revents != 0) {
@@ -229,8 +218,8 @@ std::optional<Result<JsonValue>> ChildProcess::State::run(Exchange& exchange,
 bool ChildProcess::State::isRunning() {
   if (process.id == 0) return false;
   // Output that nobody asked for makes the next answer unreadable, an end of it impossible.
-  const bool isQuiet = !pollOne(process.output.get(), POLLIN, {}) && decoder.pending() == 0;
-  if (isQuiet && !pollOne(process.processFile.get(), POLLIN, {})) return true;
+  const bool isQuiet = !isReadableWithin(process.output, {}) && decoder.pending() == 0;
+  if (isQuiet && !isReadableWithin(process.supervisorFile, {})) return true;
   kill();
   return false;
 }

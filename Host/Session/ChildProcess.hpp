@@ -1,8 +1,9 @@
 // An extension as a child process that costs its host at most one request, whatever it does.
 //
 // The child gets a small environment, no descriptors but its three pipes, no new privileges, a
-// bounded data size, no core dumps and its own process group, and it is killed when the thread that
-// started it ends.
+// bounded data size, no core dumps, no processes of its own and its own process group. It is killed
+// with all that it has started, wherever that has gone, and when the thread that started it ends.
+// Every wait for it is bounded.
 #pragma once
 
 #include <sys/types.h>
@@ -44,7 +45,7 @@ class ChildProcess : public Transport {
                                                    std::chrono::milliseconds deadline) override;
   [[nodiscard]] std::string diagnostics() const override;
 
-  /// Kills the child, its whole process group, and reaps it. Harmless without a child.
+  /// Kills the child and all that it has started, and reaps it. Harmless without a child.
   void stop();
   /// 0 without a child.
   [[nodiscard]] pid_t processId() const;

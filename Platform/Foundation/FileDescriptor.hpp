@@ -9,12 +9,16 @@ namespace foundation {
 
 class FileDescriptor {
  public:
+  FileDescriptor() = default;
   explicit FileDescriptor(int descriptor) : descriptor_(descriptor) {}
   ~FileDescriptor() { reset(); }
   FileDescriptor(FileDescriptor&& other) noexcept
       : descriptor_(std::exchange(other.descriptor_, -1)) {}
   FileDescriptor& operator=(FileDescriptor&& other) noexcept {
-    std::swap(descriptor_, other.descriptor_);
+    if (this != &other) {
+      reset();
+      descriptor_ = std::exchange(other.descriptor_, -1);
+    }
     return *this;
   }
 
@@ -25,7 +29,7 @@ class FileDescriptor {
   }
 
  private:
-  int descriptor_;
+  int descriptor_ = -1;
 };
 
 }  // namespace foundation

@@ -2,12 +2,15 @@
 // nothing else.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <chrono>
 #include <csignal>
+#include <fstream>
+#include <sstream>
 #include <string>
 #include <thread>
 
@@ -22,11 +25,22 @@ using Clock = std::chrono::steady_clock;
 using testing::HasSubstr;
 
 ChildProcessOptions misbehaving(const std::string& way) {
-  return {.program = MISBEHAVING_CHILD, .arguments = {way}};
+  return {.program = MISBEHAVING_CHILD, .arguments = {way, std::to_string(::getpgrp())}};
 }
 
+// KiB
+long peakMemory() {
+  rusage usage{};
+  ::getrusage(RUSAGE_SELF, &usage);
+  return usage.ru_maxrss;
+}
+
+// Whoever inherits a process reaps it when it likes: a dead one does not count.
 bool exists(pid_t id) {
-  return ::kill(id, 0) == 0 || errno != ESRCH;
+  std::ifstream file("/proc/" + std::to_string(id) + "/stat");
+  std::string line;
+  if (!std::getline(file, line)) return false;
+  return line.compare(line.rfind(')') + 2, 1, "Z") != 0;
 }
 
 // The processes are gone soon after they were killed, but when is the system's affair.
@@ -63,6 +77,7 @@ class Misbehaviour : public testing::TestWithParam<Row> {};
 TEST_P(Misbehaviour, CostsItsRequestOnly) {
   constexpr auto kDeadline = 400ms;
   ChildProcess child(misbehaving(GetParam().way));
+  const long memoryBefore = peakMemory();
   for (int round = 0; round < 2; ++round) {
     const Outcome outcome = callOnce(child, kDeadline);
     ASSERT_FALSE(outcome.result);
@@ -75,6 +90,9 @@ TEST_P(Misbehaviour, CostsItsRequestOnly) {
     EXPECT_FALSE(child.isRunning());
     EXPECT_EQ(child.processId(), 0);
   }
+#if !defined(__SANITIZE_ADDRESS__)
+  EXPECT_LT(peakMemory() - memoryBefore, 16 << 10);
+#endif
   // No zombie is left behind.
   EXPECT_EQ(::waitpid(-1, nullptr, WNOHANG), -1);
   EXPECT_EQ(errno, ECHILD);
@@ -84,6 +102,11 @@ INSTANTIATE_TEST_SUITE_P(
     Ways,
     Misbehaviour,
     testing::Values(Row{"hang", Kind::deadline, "no answer in 400 ms"},
+                    Row{"leaveGroup", Kind::deadline, "no answer in 400 ms"},
+                    Row{"daemon", Kind::deadline, "no answer in 400 ms"},
+                    Row{"manyDaemons", Kind::deadline, "no answer in 400 ms"},
+                    Row{"stopParent", Kind::deadline, "no answer in 400 ms"},
+                    Row{"killParent", Kind::died, "signal 9"},
                     Row{"ignoreTerm", Kind::deadline, "no answer in 400 ms"},
                     Row{"slow", Kind::deadline, "no answer in 400 ms"},
                     Row{"lastWords", Kind::died, "signal 9; its last words: no room left"},
@@ -92,6 +115,8 @@ INSTANTIATE_TEST_SUITE_P(
                     Row{"closeOutput", Kind::died, "closed its output"},
                     Row{"grandchild", Kind::died, "exited with status 0; its last words: "},
                     Row{"floodErrors", Kind::flood, "bytes of error output"},
+                    Row{"emptyFrames", Kind::malformed, "answer"},
+                    Row{"halfFrames", Kind::malformed, "broken frame: "},
                     Row{"floodOutput", Kind::malformed, "no end of header in 1024 bytes"},
                     Row{"largeFrame", Kind::malformed, "1048577 bytes, 1048576 are allowed"},
                     Row{"wrongId", Kind::malformed, "the answer is to another request"},
@@ -126,13 +151,45 @@ TEST(ChildProcess, NoticesOutputThatNobodyAskedFor) {
   EXPECT_FALSE(flooding.isRunning());
 }
 
-TEST(ChildProcess, KillsWhatTheChildHasStarted) {
-  ChildProcess child(misbehaving("grandchild"));
+class Descendants : public testing::TestWithParam<std::string> {};
+
+TEST_P(Descendants, AreKilledWithTheChild) {
+  ChildProcess child(misbehaving(GetParam()));
   EXPECT_FALSE(callOnce(child, 300ms).result);
-  const pid_t grandchild = std::stoi(child.diagnostics());
-  ASSERT_GT(grandchild, 1);
-  EXPECT_TRUE(isGoneSoon(grandchild));
+  std::istringstream told(child.diagnostics());
+  int count = 0;
+  for (std::string word; told >> word; ++count) {
+    // The limit of processes holds everybody but the one who may do everything.
+    if (word == "refused") {
+      EXPECT_NE(::geteuid(), 0U);
+      continue;
+    }
+    const pid_t descendant = std::stoi(word);
+    ASSERT_GT(descendant, 1);
+    EXPECT_TRUE(isGoneSoon(descendant)) << descendant;
+  }
+  EXPECT_GT(count, 0);
 }
+
+INSTANTIATE_TEST_SUITE_P(Ways,
+                         Descendants,
+                         testing::Values("grandchild", "daemon", "manyDaemons"),
+                         [](const auto& row) { return row.param; });
+
+class Fugitives : public testing::TestWithParam<std::string> {};
+
+TEST_P(Fugitives, AreKilledByThemselves) {
+  ChildProcess child(misbehaving(GetParam()));
+  ASSERT_TRUE(child.start());
+  const pid_t id = child.processId();
+  EXPECT_FALSE(child.call("widget/timeline", "{}", 300ms));
+  EXPECT_TRUE(isGoneSoon(id));
+}
+
+INSTANTIATE_TEST_SUITE_P(Ways,
+                         Fugitives,
+                         testing::Values("leaveGroup", "stopParent", "killParent"),
+                         [](const auto& row) { return row.param; });
 
 TEST(ChildProcess, FullPipesDoNotBlockEachOther) {
   ChildProcess child(misbehaving("fillPipes"));
@@ -159,13 +216,13 @@ TEST(ChildProcess, ConfinesTheChild) {
   const Outcome outcome = callOnce(child, 5s);
   ASSERT_TRUE(outcome.result) << outcome.result.error().message;
 #if defined(__SANITIZE_ADDRESS__)
-  const char* const data = "data -1, ";
+  const char* const limits = "data -1, processes -1, ";
 #else
-  const char* const data = "data 50331648, ";
+  const char* const limits = "data 50331648, processes 0, ";
 #endif
   ASSERT_NE(outcome.result->string(), nullptr);
   EXPECT_EQ(*outcome.result->string(),
-            std::string("noNewPrivileges 1, core 0, ") + data +
+            std::string("noNewPrivileges 1, core 0, ") + limits +
                 "deathSignal 9, leader 1, descriptors 3, ignored 0, "
                 "environment HOME=/home/someone;");
 }

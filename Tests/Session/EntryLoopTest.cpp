@@ -7,7 +7,9 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <chrono>
 #include <csignal>
+#include <fstream>
 #include <string>
 #include <vector>
 
@@ -32,12 +34,7 @@ class Conversation {
     if (launched) process_ = std::move(*launched);
     std::signal(SIGPIPE, SIG_IGN);
   }
-  ~Conversation() {
-    if (process_.id != 0) {
-      ::kill(process_.id, SIGKILL);
-      ::waitpid(process_.id, nullptr, 0);
-    }
-  }
+  ~Conversation() { end(process_); }
 
   // Writes without reading a single byte.
   void write(std::string_view text) {
@@ -50,8 +47,38 @@ class Conversation {
     }
   }
 
-  void endInput() { process_.input.close(); }
-  void closeOutput() { process_.output.close(); }
+  // Writes everything, counts the messages that come back and drops them.
+  std::size_t countAnswers(std::string_view text, std::size_t expected) {
+    std::size_t count = 0;
+    while (count < expected) {
+      pollfd polled[] = {{text.empty() ? -1 : process_.input.get(), POLLOUT, 0},
+                         {process_.output.get(), POLLIN, 0}};
+      if (::poll(polled, 2, kPatience) <= 0) break;
+      if (polled[0].revents != 0) {
+        const ssize_t written = ::write(process_.input.get(), text.data(), text.size());
+        if (written <= 0) break;
+        text.remove_prefix(static_cast<std::size_t>(written));
+      }
+      if (polled[1].revents == 0) continue;
+      const std::string bytes = readSome(process_.output.get());
+      if (bytes.empty()) break;
+      decoder_.append(bytes);
+      for (auto message = decoder_.next(); message && *message; message = decoder_.next()) ++count;
+    }
+    return count;
+  }
+
+  // The most memory that it has ever had in use; KiB.
+  long peakMemory() const {
+    std::ifstream status("/proc/" + std::to_string(process_.id) + "/status");
+    for (std::string line; std::getline(status, line);) {
+      if (line.starts_with("VmHWM:")) return std::stol(line.substr(6));
+    }
+    return -1;
+  }
+
+  void endInput() { process_.input.reset(); }
+  void closeOutput() { process_.output.reset(); }
 
   std::string readMessage() {
     while (true) {
@@ -67,12 +94,9 @@ class Conversation {
   std::string readErrors() { return readSome(process_.errors.get()); }
 
   int exitStatus() {
-    pollfd polled{process_.processFile.get(), POLLIN, 0};
-    if (::poll(&polled, 1, kPatience) <= 0) return -1;
-    int status = 0;
-    ::waitpid(process_.id, &status, 0);
-    process_.id = 0;
-    return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+    const auto status = waitForEnd(process_, std::chrono::milliseconds{kPatience});
+    if (!status) return -1;
+    return WIFEXITED(*status) ? WEXITSTATUS(*status) : 128 + WTERMSIG(*status);
   }
 
  private:
@@ -197,6 +221,18 @@ TEST(EntryLoop, ReadsOnWhileItsAnswersWait) {
     EXPECT_GT(message.size(), 900'000U);
   }
 }
+
+#if !defined(__SANITIZE_ADDRESS__)
+TEST(EntryLoop, EmptyFramesDoNotFillItsMemory) {
+  constexpr std::size_t kFrames = 400'000;
+  Conversation extension;
+  std::string frames;
+  for (std::size_t i = 0; i < kFrames; ++i) frames += "Content-Length: 0\r\n\r\n";
+  EXPECT_EQ(extension.countAnswers(frames, kFrames), kFrames);
+  EXPECT_GT(extension.peakMemory(), 0);
+  EXPECT_LT(extension.peakMemory(), 24 << 10);
+}
+#endif
 
 TEST(EntryLoop, DoesNotStartWithoutAHost) {
   Conversation withArguments({"--help"});

@@ -57,12 +57,49 @@ std::string answer(const std::string& result, const std::string& id = "1") {
   sleepForever();
 }
 
+// Into the group of the host's own that the second argument names: the group which the host knows
+// is empty then.
+[[noreturn]] void leaveGroup(const char* group) {
+  if (::setpgid(0, std::atoi(group)) != 0) ::_exit(7);
+  sleepForever();
+}
+
+// Tells its number, or that there may be none.
+pid_t forkAndTell() {
+  const pid_t id = ::fork();
+  if (id != 0) put(STDERR_FILENO, id < 0 ? "refused\n" : std::to_string(id) + "\n");
+  return id;
+}
+
 [[noreturn]] void leaveGrandchild() {
   readRequest();
-  const pid_t grandchild = ::fork();
-  if (grandchild == 0) sleepForever();
-  put(STDERR_FILENO, std::to_string(grandchild) + "\n");
+  if (forkAndTell() == 0) sleepForever();
   ::_exit(0);
+}
+
+// As services do it: another session, no parent, no pipes, and its own death no longer tied to
+// another's.
+[[noreturn]] void daemonize(int count) {
+  readRequest();
+  for (int i = 0; i < count; ++i) {
+    if (::fork() != 0) continue;
+    ::setsid();
+    ::prctl(PR_SET_PDEATHSIG, 0);
+    if (forkAndTell() != 0) ::_exit(0);
+    ::prctl(PR_SET_PDEATHSIG, 0);
+    std::signal(SIGTERM, SIG_IGN);
+    ::close_range(0, ~0U, 0);
+    sleepForever();
+  }
+  sleepForever();
+}
+
+// Turns against the process that watches over it.
+[[noreturn]] void signalParent(int number) {
+  ::prctl(PR_SET_PDEATHSIG, 0);
+  readRequest();
+  ::kill(::getppid(), number);
+  sleepForever();
 }
 
 // Fills its error pipe before it reads, and answers more than a pipe holds.
@@ -96,27 +133,31 @@ int countIgnoredSignals() {
   readRequest();
   rlimit core{};
   rlimit data{};
+  rlimit processes{};
   int deathSignal = 0;
   ::getrlimit(RLIMIT_CORE, &core);
   ::getrlimit(RLIMIT_DATA, &data);
+  ::getrlimit(RLIMIT_NPROC, &processes);
   ::prctl(PR_GET_PDEATHSIG, &deathSignal);
   std::string environment;
   for (char** variable = environ; *variable != nullptr; ++variable) {
     environment += std::string(*variable) + ";";
   }
   char report[512];
-  std::snprintf(report,
-                sizeof report,
-                "\"noNewPrivileges %d, core %ld, data %ld, deathSignal %d, leader %d, "
-                "descriptors %d, ignored %d, environment %s\"",
-                ::prctl(PR_GET_NO_NEW_PRIVS, 0, 0, 0, 0),
-                static_cast<long>(core.rlim_cur),
-                static_cast<long>(data.rlim_cur),
-                deathSignal,
-                ::getpgrp() == ::getpid() ? 1 : 0,
-                countDescriptors(),
-                countIgnoredSignals(),
-                environment.c_str());
+  std::snprintf(
+      report,
+      sizeof report,
+      "\"noNewPrivileges %d, core %ld, data %ld, processes %ld, deathSignal %d, leader %d, "
+      "descriptors %d, ignored %d, environment %s\"",
+      ::prctl(PR_GET_NO_NEW_PRIVS, 0, 0, 0, 0),
+      static_cast<long>(core.rlim_cur),
+      static_cast<long>(data.rlim_cur),
+      static_cast<long>(processes.rlim_cur),
+      deathSignal,
+      ::getpgrp() == ::getpid() ? 1 : 0,
+      countDescriptors(),
+      countIgnoredSignals(),
+      environment.c_str());
   put(STDOUT_FILENO, answer(report));
   sleepForever();
 }
@@ -129,8 +170,13 @@ int countIgnoredSignals() {
   sleepForever();
 }
 
-[[noreturn]] void misbehave(std::string_view way) {
+[[noreturn]] void misbehave(std::string_view way, const char* argument) {
   if (way == "hang") sleepForever();
+  if (way == "leaveGroup") leaveGroup(argument);
+  if (way == "daemon") daemonize(1);
+  if (way == "manyDaemons") daemonize(200);
+  if (way == "stopParent") signalParent(SIGSTOP);
+  if (way == "killParent") signalParent(SIGKILL);
   if (way == "exit") ::_exit(3);
   if (way == "lastWords") {
     readRequest();
@@ -153,6 +199,8 @@ int countIgnoredSignals() {
   }
   if (way == "floodOutput") repeat(STDOUT_FILENO, std::string(10'000, 'x'));
   if (way == "floodFrames") repeat(STDOUT_FILENO, answer("{}"));
+  if (way == "emptyFrames") repeat(STDOUT_FILENO, "Content-Length: 0\r\n\r\n");
+  if (way == "halfFrames") repeat(STDOUT_FILENO, "Content-Length: 9\r\n");
   if (way == "floodErrors") repeat(STDERR_FILENO, std::string(10'000, 'e'));
   if (way == "largeFrame") {
     put(STDOUT_FILENO, "Content-Length: 1048577\r\n\r\n");
@@ -187,5 +235,5 @@ int countIgnoredSignals() {
 }  // namespace
 
 int main(int argc, char** argv) {
-  misbehave(argc > 1 ? argv[1] : "hang");
+  misbehave(argc > 1 ? argv[1] : "hang", argc > 2 ? argv[2] : "");
 }

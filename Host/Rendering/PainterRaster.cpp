@@ -181,59 +181,130 @@ int Rasterizer::flattenCubic(const FT_Vector_* a,
   return 0;
 }
 
+namespace {
+
+/// Feeds a stroker one subpath at a time. The stroker fails on a subpath of which it drew nothing,
+/// and it draws nothing of curves within a unit; so a subpath begins with its first step of more
+/// than a unit, and one without such a step becomes a dot or is left out.
+class StrokePen {
+ public:
+  StrokePen(FT_Stroker stroker, viewkit::LineCap cap) : stroker_(stroker), cap_(cap) {}
+
+  void begin(FT_Vector at, bool closes) {
+    end();
+    start_ = at;
+    closes_ = closes;
+    state_ = State::placed;
+  }
+  void lineTo(FT_Vector to) {
+    if (state_ == State::none) return;
+    if (state_ != State::drawing && isNear(start_, to)) return hold();
+    ensureDrawing();
+    FT_Stroker_LineTo(stroker_, &to);
+  }
+  void cubicTo(FT_Vector a, FT_Vector b, FT_Vector to) {
+    if (state_ == State::none) return;
+    const bool isShort = isNear(start_, a) && isNear(a, b) && isNear(b, to);
+    if (state_ != State::drawing && isShort) return lineTo(to);
+    ensureDrawing();
+    FT_Stroker_CubicTo(stroker_, &a, &b, &to);
+  }
+  void close() {
+    hold();
+    end();
+  }
+  [[nodiscard]] FT_Vector start() const { return start_; }
+  void end() {
+    const State state = std::exchange(state_, State::none);
+    if (state == State::drawing) FT_Stroker_EndSubPath(stroker_);
+    if (state == State::held && cap_ == viewkit::LineCap::round) dot();
+  }
+
+ private:
+  enum class State : std::uint8_t {
+    none,
+    placed,  ///< nothing after the move
+    held,    ///< only steps within a unit
+    drawing
+  };
+
+  static bool isNear(const FT_Vector& a, const FT_Vector& b) {
+    return std::abs(a.x - b.x) <= 1 && std::abs(a.y - b.y) <= 1;
+  }
+  void hold() {
+    if (state_ == State::placed) state_ = State::held;
+  }
+  void ensureDrawing() {
+    if (std::exchange(state_, State::drawing) == State::drawing) return;
+    FT_Stroker_BeginSubPath(stroker_, &start_, closes_ ? 0 : 1);
+  }
+  /// A line too short to be told from its two caps.
+  void dot() {
+    FT_Vector from{start_.x - 1, start_.y};
+    FT_Vector to{start_.x + 1, start_.y};
+    FT_Stroker_BeginSubPath(stroker_, &from, 1);
+    FT_Stroker_LineTo(stroker_, &to);
+    FT_Stroker_EndSubPath(stroker_);
+  }
+
+  FT_Stroker stroker_;
+  viewkit::LineCap cap_;
+  FT_Vector start_{};
+  bool closes_ = false;
+  State state_ = State::none;
+};
+
+/// Whether the subpath that begins with that verb is closed.
+bool isClosed(std::span<const PathVerb> verbs, std::size_t move) {
+  for (std::size_t i = move + 1; i < verbs.size() && verbs[i] != PathVerb::move; ++i) {
+    if (verbs[i] == PathVerb::close) return true;
+  }
+  return false;
+}
+
+}  // namespace
+
 void Rasterizer::stroke(PathView path,
                         const PixelTransform& transform,
                         const StrokeStyle& style,
                         const PixelBox& clip,
                         SpanSink& sink) {
   if (!library_ || (!stroker_ && FT_Stroker_New(library_, &stroker_) != 0)) return;
-  FT_Stroker_Set(stroker_,
-                 std::lround(std::min(style.width, kFarthest) * 32),
-                 capOf(style.cap),
-                 joinOf(style.join),
-                 kMiterLimit);
-  bool open = false;
-  FT_Vector start{};
-  FT_Vector current{};
-  const auto end = [&] {
-    if (std::exchange(open, false)) FT_Stroker_EndSubPath(stroker_);
-  };
+  const long radius = style.width > 0 ? std::lround(std::min(style.width, kFarthest) * 32) : 0;
+  if (radius == 0) return;
+  FT_Stroker_Set(stroker_, radius, capOf(style.cap), joinOf(style.join), kMiterLimit);
+  StrokePen pen(stroker_, style.cap);
   const Point* next = path.points.data();
   const auto vector = [&] { return toVector(*next++, transform); };
   for (std::size_t i = 0; i < path.verbs.size(); ++i) {
     switch (path.verbs[i]) {
       case PathVerb::move: {
-        end();
-        start = current = vector();
         // The stroker must know beforehand whether a subpath will be closed.
-        bool closes = false;
-        for (std::size_t j = i + 1; j < path.verbs.size() && path.verbs[j] != PathVerb::move; ++j) {
-          closes = closes || path.verbs[j] == PathVerb::close;
-        }
-        FT_Stroker_BeginSubPath(stroker_, &start, closes ? 0 : 1);
-        open = true;
+        const FT_Vector at = vector();
+        pen.begin(at, isClosed(path.verbs, i));
         break;
       }
-      case PathVerb::line: {
-        FT_Vector to = vector();
-        if (to.x != current.x || to.y != current.y) FT_Stroker_LineTo(stroker_, &to);
-        current = to;
+      case PathVerb::line:
+        pen.lineTo(vector());
         break;
-      }
       case PathVerb::cubic: {
-        FT_Vector a = vector();
-        FT_Vector b = vector();
-        FT_Vector to = vector();
-        FT_Stroker_CubicTo(stroker_, &a, &b, &to);
-        current = to;
+        const FT_Vector a = vector();
+        const FT_Vector b = vector();
+        pen.cubicTo(a, b, vector());
         break;
       }
       case PathVerb::close:
-        end();
+        // What follows without a move starts where the closed subpath did.
+        pen.close();
+        pen.begin(pen.start(), isClosed(path.verbs, i));
         break;
     }
   }
-  end();
+  pen.end();
+  exportStroke(clip, sink);
+}
+
+void Rasterizer::exportStroke(const PixelBox& clip, SpanSink& sink) {
   FT_UInt pointCount = 0;
   FT_UInt contourCount = 0;
   if (FT_Stroker_GetCounts(stroker_, &pointCount, &contourCount) != 0) return;

@@ -77,6 +77,8 @@ class Rasterizer {
                           const FT_Vector_* to,
                           void* user);
   void render(bool evenOdd, const PixelBox& clip, SpanSink& sink);
+  /// Fills what the stroker has drawn.
+  void exportStroke(const PixelBox& clip, SpanSink& sink);
 
   FT_LibraryRec_* library_;
   FT_StrokerRec_* stroker_ = nullptr;

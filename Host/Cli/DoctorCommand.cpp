@@ -5,6 +5,7 @@
 #include "Cli/Output.hpp"
 #include "Cli/Picture.hpp"
 #include "Foundation/JsonWriter.hpp"
+#include "Foundation/Locale.hpp"
 #include "Rendering/SymbolData.hpp"
 
 namespace cli {
@@ -58,6 +59,21 @@ void examinePlaces(Findings& findings, const Options& options, const Program& pr
        .advice = "name it with --info-plist; without it, the built-in group and scheme are used"});
 }
 
+void examineTimeZone(Findings& findings, const Program& program) {
+  const auto setting = foundation::timeZoneSetting(program.environment);
+  std::string advice = "link /etc/localtime to a zone, or set TZ; until then it is UTC";
+  if (!setting.ignored.empty())
+    advice = fmt::format("TZ is \"{}\", which names no zone and is ignored", setting.ignored);
+  findings.push_back(
+      {.what = "time zone",
+       .found = !setting.source.empty() && setting.ignored.empty(),
+       .needed = false,
+       .where = fmt::format("{} ({})",
+                            setting.zone.identifier,
+                            setting.source.empty() ? "nothing says otherwise" : setting.source),
+       .advice = std::move(advice)});
+}
+
 void examineData(Findings& findings, Guest& guest, const foundation::Device& device) {
   std::error_code ignored;
   const auto& container = guest.images();
@@ -109,6 +125,7 @@ std::string asText(const Findings& findings) {
 Result<void> doctor(const Options& options, const Program& program) {
   Findings findings;
   examinePlaces(findings, options, program);
+  examineTimeZone(findings, program);
   auto guest = Guest::open(options.source, program);
   findings.push_back({.what = options.source.isolated ? "extension, isolated" : "extension",
                       .found = guest.has_value(),

@@ -33,15 +33,22 @@ std::string_view zoneOfPath(std::string_view path) {
   return found == std::string_view::npos ? std::string_view() : path.substr(found + kFolder.size());
 }
 
-std::string machineZone() {
+/// The machine's zone; a name where there is one, since a path says little to a person.
+TimeZoneSetting machineZone(const std::string& folder) {
+  const std::string localtime = appendingPathComponent(folder, "localtime");
   std::array<char, 1024> target;
-  const ssize_t size = ::readlink("/etc/localtime", target.data(), target.size());
+  const ssize_t size = ::readlink(localtime.c_str(), target.data(), target.size());
   if (size > 0) {
     const std::string_view zone = zoneOfPath({target.data(), static_cast<std::size_t>(size)});
-    if (isKnownTimeZone(zone)) return std::string(zone);
+    if (isKnownTimeZone(zone)) return {{std::string(zone)}, localtime, {}};
   }
-  const std::string file = contentsOfFile("/etc/timezone", 1024).value_or("");
-  return file.substr(0, file.find_first_of(" \t\r\n"));
+  if (isKnownTimeZone(localtime)) return {{localtime}, localtime, {}};
+
+  const std::string timezone = appendingPathComponent(folder, "timezone");
+  std::string name = contentsOfFile(timezone, 1024).value_or("");
+  name.resize(std::min(name.find_first_of(" \t\r\n"), name.size()));
+  if (isKnownTimeZone(name)) return {{std::move(name)}, timezone, {}};
+  return {};
 }
 
 }  // namespace
@@ -73,13 +80,23 @@ Locale currentLocale(const ProcessEnvironment& environment) {
   return {};
 }
 
-TimeZone currentTimeZone(const ProcessEnvironment& environment) {
-  std::string_view setting = variable(environment, "TZ");
+TimeZoneSetting timeZoneSetting(const ProcessEnvironment& environment, const std::string& folder) {
+  const auto variable = environment.find("TZ");
+  if (variable == environment.end()) return machineZone(folder);
+  std::string_view setting = variable->second;
   if (setting.starts_with(':')) setting.remove_prefix(1);
-  if (setting.starts_with('/')) setting = zoneOfPath(setting);
-  if (isKnownTimeZone(setting)) return {std::string(setting)};
-  std::string machine = machineZone();
-  return isKnownTimeZone(machine) ? TimeZone{std::move(machine)} : TimeZone{};
+  if (setting.empty()) return {{}, "TZ", {}};
+  const std::string_view named = setting.starts_with('/') ? zoneOfPath(setting) : setting;
+  for (const std::string_view zone : {named, setting}) {
+    if (isKnownTimeZone(zone)) return {{std::string(zone)}, "TZ", {}};
+  }
+  TimeZoneSetting machine = machineZone(folder);
+  machine.ignored = variable->second;
+  return machine;
+}
+
+TimeZone currentTimeZone(const ProcessEnvironment& environment) {
+  return timeZoneSetting(environment).zone;
 }
 
 int firstWeekday(const Locale& locale) {

@@ -16,7 +16,8 @@ struct Locale {
   friend bool operator==(const Locale&, const Locale&) = default;
 };
 
-/// A tz database identifier such as "Europe/Berlin".
+/// A tz database identifier such as "Europe/Berlin", the absolute path of a file in its format, or
+/// a POSIX rule such as "EST5EDT,M3.2.0,M11.1.0".
 struct TimeZone {
   std::string identifier = "UTC";
 
@@ -34,7 +35,19 @@ using ProcessEnvironment = std::map<std::string, std::string>;
 /// The user's locale by LC_ALL, LC_TIME, LANG; "en_US" when none says anything.
 [[nodiscard]] Locale currentLocale(const ProcessEnvironment& environment);
 
-/// TZ, else the machine's setting (/etc/localtime, /etc/timezone), else UTC.
+/// A zone and where it was found.
+struct TimeZoneSetting {
+  TimeZone zone;
+  std::string source;   ///< "TZ" or a file; empty for the fall-back, UTC
+  std::string ignored;  ///< a TZ that names no zone
+};
+
+/// TZ as the C library reads it (empty is UTC), else the machine's setting, else UTC. `folder`
+/// holds the machine's "localtime", a link into the tz database or a file of its own, and
+/// "timezone".
+[[nodiscard]] TimeZoneSetting timeZoneSetting(const ProcessEnvironment& environment,
+                                              const std::string& folder = "/etc");
+
 [[nodiscard]] TimeZone currentTimeZone(const ProcessEnvironment& environment);
 
 /// 1 = Sunday ... 7 = Saturday.

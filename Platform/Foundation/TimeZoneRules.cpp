@@ -1,7 +1,9 @@
-// The TZif format of RFC 8536 and the POSIX rule in its footer.
+// The TZif format of RFC 8536 and the POSIX rule in its footer. ICU has zones of its own, which
+// lag behind the system's, and the C library's local time depends on the process's environment.
 #include "Foundation/TimeZoneRules.hpp"
 
 #include <algorithm>
+#include <cstdlib>
 #include <iterator>
 #include <utility>
 
@@ -14,6 +16,10 @@ namespace {
 constexpr std::string_view kDatabase = "/usr/share/zoneinfo/";
 constexpr std::size_t kMaximumFile = 1 << 20;
 constexpr std::int32_t kMaximumOffset = 26 * 3600;
+constexpr std::size_t kMaximumIdentifier = 255;
+constexpr std::size_t kShortestName = 3;
+// Where a rule names a summer time and no days, the C library takes these.
+constexpr std::string_view kChangesByDefault = ",M3.2.0,M11.1.0";
 
 /// Big-endian fields, front to back; reads past the end give 0 and are remembered.
 class Bytes {
@@ -94,7 +100,7 @@ class RuleText {
     std::size_t size = 0;
     while (size < text_.size() && (quoted ? text_[size] != '>' : isLetter(text_[size]))) ++size;
     text_.remove_prefix(size);
-    return (!quoted || take('>')) && size > 0;
+    return (!quoted || take('>')) && size >= kShortestName;
   }
   std::optional<int> takeNumber(int maximum) {
     if (text_.empty() || !isDigit(text_[0])) return std::nullopt;
@@ -119,6 +125,11 @@ class RuleText {
       seconds += *part * unit;
     }
     return isNegative ? -seconds : seconds;
+  }
+  /// A time that is a zone's distance from UTC.
+  std::optional<std::int32_t> takeOffset() {
+    const auto seconds = takeTime();
+    return seconds && std::abs(*seconds) <= kMaximumOffset ? seconds : std::nullopt;
   }
   std::optional<YearlyChange> takeChange() {
     YearlyChange change;
@@ -178,25 +189,32 @@ std::int64_t wallSeconds(const YearlyChange& change, std::int64_t year) {
 
 }  // namespace
 
-bool TimeZoneRules::parseFooter(std::string_view text, TimeZoneRules& rules) {
-  if (text.empty()) return true;
+std::optional<TimeZoneRules> TimeZoneRules::parseRule(std::string_view text,
+                                                      std::string_view changesByDefault) {
   RuleText rule(text);
-  if (!rule.takeName()) return false;
-  const auto west = rule.takeTime();
-  if (!west) return false;
-  if (rule.atEnd()) return true;
+  if (!rule.takeName()) return std::nullopt;
+  const auto west = rule.takeOffset();
+  if (!west) return std::nullopt;
+  TimeZoneRules rules;
+  rules.firstOffset_ = -*west;
+  if (rule.atEnd()) return rules;
 
   Yearly yearly{.standardOffset = -*west, .summerOffset = -*west + 3600};
-  if (!rule.takeName()) return false;
-  const auto summerWest = rule.takeTime();
+  if (!rule.takeName()) return std::nullopt;
+  const auto summerWest = rule.takeOffset();
   if (summerWest) yearly.summerOffset = -*summerWest;
+  if (rule.atEnd()) rule = RuleText(changesByDefault);
   const auto toSummer = rule.takeChange();
   const auto toStandard = rule.takeChange();
-  if (!toSummer || !toStandard || !rule.atEnd()) return false;
+  if (!toSummer || !toStandard || !rule.atEnd()) return std::nullopt;
   yearly.toSummer = *toSummer;
   yearly.toStandard = *toStandard;
   rules.yearly_ = yearly;
-  return true;
+  return rules;
+}
+
+std::optional<TimeZoneRules> TimeZoneRules::parseRule(std::string_view rule) {
+  return parseRule(rule, kChangesByDefault);
 }
 
 std::optional<TimeZoneRules> TimeZoneRules::parse(std::string_view file) {
@@ -210,8 +228,6 @@ std::optional<TimeZoneRules> TimeZoneRules::parse(std::string_view file) {
     if (!header) return std::nullopt;
     timeSize = 8;
   }
-  if (header->leapCount != 0) return std::nullopt;
-
   Bytes times(bytes.take(header->timeCount * timeSize));
   const std::string_view indices = bytes.take(header->timeCount);
   std::vector<std::int32_t> offsets;
@@ -222,7 +238,9 @@ std::optional<TimeZoneRules> TimeZoneRules::parse(std::string_view file) {
     offsets.push_back(static_cast<std::int32_t>(offset));
     if (bytes.isShort()) return std::nullopt;
   }
-  bytes.take(header->charCount + header->isStandardCount + header->isUtCount);
+  bytes.take(header->charCount);
+  Bytes leaps(bytes.take(header->leapCount * (timeSize + 4)));
+  bytes.take(header->isStandardCount + header->isUtCount);
   if (bytes.isShort()) return std::nullopt;
 
   TimeZoneRules rules;
@@ -236,28 +254,65 @@ std::optional<TimeZoneRules> TimeZoneRules::parse(std::string_view file) {
     rules.changes_.push_back({at, offset, offsets[index]});
     offset = offsets[index];
   }
-  if (timeSize == 4) return rules;
-
-  std::string_view footer = bytes.rest();
-  if (footer.size() < 2 || footer.front() != '\n' || footer.back() != '\n') return std::nullopt;
-  footer = footer.substr(1, footer.size() - 2);
-  if (!parseFooter(footer, rules)) return std::nullopt;
+  if (timeSize == 8) {
+    std::string_view footer = bytes.rest();
+    if (footer.size() < 2 || footer.front() != '\n' || footer.back() != '\n') return std::nullopt;
+    footer = footer.substr(1, footer.size() - 2);
+    if (!footer.empty()) {
+      const auto last = parseRule(footer, "");
+      if (!last) return std::nullopt;
+      rules.yearly_ = last->yearly_;
+    }
+  }
+  for (std::size_t i = 0; i < header->leapCount; ++i) {
+    const std::int64_t at = leaps.integer(timeSize);
+    const std::int64_t correction = leaps.integer(4);
+    if (!rules.addLeapSecond(at, static_cast<std::int32_t>(correction))) return std::nullopt;
+  }
   return rules;
+}
+
+/// From here on the clock shows `correction` seconds less than without leap seconds.
+bool TimeZoneRules::addLeapSecond(std::int64_t at, std::int32_t correction) {
+  const std::int32_t step = correction - leapSeconds_;
+  const bool isLater = leapSeconds_ == 0 || at > lastLeapSecond_;
+  if (!isLater || std::abs(step) != 1) return false;
+  auto next = std::ranges::lower_bound(changes_, at, {}, &ClockChange::at);
+  if (next == changes_.end() || next->at != at) {
+    const std::int32_t before = next == changes_.begin() ? firstOffset_ : std::prev(next)->after;
+    next = changes_.insert(next, {at, before, before});
+  }
+  next->after -= step;
+  for (++next; next != changes_.end(); ++next) {
+    next->before -= step;
+    next->after -= step;
+  }
+  if (yearly_) {
+    yearly_->standardOffset -= step;
+    yearly_->summerOffset -= step;
+  }
+  leapSeconds_ = correction;
+  lastLeapSecond_ = at;
+  return true;
 }
 
 std::optional<TimeZoneRules> TimeZoneRules::load(std::string_view identifier) {
   if (identifier == "UTC" || identifier == "GMT") return TimeZoneRules();
+  if (identifier.empty() || identifier.size() > kMaximumIdentifier) return std::nullopt;
+  if (identifier.front() == '/') {
+    const auto file = contentsOfFile(std::string(identifier), kMaximumFile);
+    return file ? parse(*file) : std::nullopt;
+  }
   const auto isNameByte = [](char c) {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_' ||
            c == '+' || c == '-' || c == '/';
   };
   // Without dots a name cannot leave the database's folder.
-  if (identifier.empty() || identifier.size() > 64 || identifier.front() == '/' ||
-      !std::ranges::all_of(identifier, isNameByte)) {
-    return std::nullopt;
+  if (std::ranges::all_of(identifier, isNameByte)) {
+    const auto file = contentsOfFile(appendingPathComponent(kDatabase, identifier), kMaximumFile);
+    if (auto rules = file ? parse(*file) : std::nullopt) return rules;
   }
-  const auto file = contentsOfFile(appendingPathComponent(kDatabase, identifier), kMaximumFile);
-  return file ? parse(*file) : std::nullopt;
+  return parseRule(identifier);
 }
 
 void TimeZoneRules::appendYear(const Yearly& y, std::int64_t year, std::vector<ClockChange>& out) {

@@ -34,9 +34,13 @@ class TimeZoneRules {
   /// UTC.
   TimeZoneRules() = default;
 
-  /// Nothing for a file that is not in the TZif format (RFC 8536) or that counts leap seconds.
+  /// Nothing for a file that is not in the TZif format (RFC 8536). One that counts leap seconds
+  /// ("right/...") changes its offset by a second at each.
   [[nodiscard]] static std::optional<TimeZoneRules> parse(std::string_view file);
-  /// A zone of the system's database; nothing for a name that it does not have.
+  /// A POSIX rule such as "UTC-3" or "EST5EDT,M3.2.0,M11.1.0"; offsets count westwards.
+  [[nodiscard]] static std::optional<TimeZoneRules> parseRule(std::string_view rule);
+  /// A zone of the system's database, the absolute path of a TZif file, or a POSIX rule; nothing
+  /// for anything else.
   [[nodiscard]] static std::optional<TimeZoneRules> load(std::string_view identifier);
 
   [[nodiscard]] std::int32_t offsetAt(std::int64_t seconds) const;
@@ -51,12 +55,16 @@ class TimeZoneRules {
     YearlyChange toStandard;
   };
 
-  static bool parseFooter(std::string_view text, TimeZoneRules& rules);
+  static std::optional<TimeZoneRules> parseRule(std::string_view text,
+                                                std::string_view changesByDefault);
+  bool addLeapSecond(std::int64_t at, std::int32_t correction);
   static void appendYear(const Yearly& yearly, std::int64_t year, std::vector<ClockChange>& out);
 
   std::int32_t firstOffset_ = 0;
   std::vector<ClockChange> changes_;
   std::optional<Yearly> yearly_;  // after the last of changes_
+  std::int32_t leapSeconds_ = 0;
+  std::int64_t lastLeapSecond_ = 0;
 };
 
 }  // namespace foundation

@@ -201,6 +201,19 @@ TEST_P(Commands, doctorFindsTheContainerAndTheDocument) {
   EXPECT_THAT(missing.out, ::testing::ContainsRegex("MISSING +container"));
 }
 
+TEST(Doctor, ShowsTheTimeZoneAndWhereItComesFrom) {
+  EXPECT_THAT(runHost({"doctor"}, {{"TZ", "Asia/Jakarta"}}).out,
+              ::testing::ContainsRegex("found +time zone +Asia/Jakarta .TZ."));
+  EXPECT_THAT(runHost({"doctor"}, {{"TZ", "<+0330>-3:30"}}).out,
+              ::testing::ContainsRegex("found +time zone +<.0330>-3:30 .TZ."));
+}
+
+TEST(Doctor, NamesAVariableThatIsNoTimeZone) {
+  const Outcome outcome = runHost({"doctor"}, {{"TZ", "Nowhere/Town"}});
+  EXPECT_THAT(outcome.out, ::testing::ContainsRegex("absent +time zone"));
+  EXPECT_THAT(outcome.out, HasSubstr("TZ is \"Nowhere/Town\", which names no zone"));
+}
+
 TEST(Perform, handsTheLinkToAProgram) {
   const TemporaryFolder folder;
   const Outcome outcome = runHost(

@@ -61,8 +61,16 @@ TEST(CurrentTimeZone, UnknownVariableFallsBackToTheMachine) {
 }
 
 TEST(TimeZones, KnownAndUnknown) {
-  for (const char* name :
-       {"UTC", "GMT", "Europe/Berlin", "America/Argentina/Buenos_Aires", "Etc/GMT+5"}) {
+  for (const char* name : {"UTC",
+                           "GMT",
+                           "Europe/Berlin",
+                           "America/Argentina/Buenos_Aires",
+                           "Etc/GMT+5",
+                           "right/Europe/Berlin",
+                           "/usr/share/zoneinfo/Asia/Jakarta",
+                           "UTC-3",
+                           "<+0330>-3:30",
+                           "EST5EDT,M3.2.0,M11.1.0"}) {
     EXPECT_TRUE(isKnownTimeZone(name)) << name;
   }
   for (const char* name : {"",
@@ -75,8 +83,15 @@ TEST(TimeZones, KnownAndUnknown) {
                            "Europe/Berlin ",
                            "zone.tab",
                            "tzdata.zi",
-                           "right/Europe/Berlin",
-                           "Nowhere"}) {
+                           "/usr/share/zoneinfo",
+                           "/usr/share/zoneinfo/tzdata.zi",
+                           "/dev/zero",
+                           "/nowhere",
+                           "Nowhere",
+                           "AB3",
+                           "UTC-27",
+                           "UTC-3:60",
+                           "UTC-3x"}) {
     EXPECT_FALSE(isKnownTimeZone(name)) << name;
   }
 }

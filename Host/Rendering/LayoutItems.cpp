@@ -98,13 +98,15 @@ ItemId LayoutItems::addView(const View& view, Context context) {
     const ItemId id = addItem(node, context);
     items_[id].what = &*it;
     items_[id].onCanvas = context.onCanvas;
+    items_[id].sharesScale = !context.inGroup && std::holds_alternative<SharedScale>(*it);
+    context.inGroup = context.inGroup || items_[id].sharesScale;
     const View* content = contentOf(*it);
     items_[id].firstChild = static_cast<std::uint32_t>(children_.size());
     items_[id].childCount = content ? 2 : 1;
     children_.resize(children_.size() + items_[id].childCount, kNone);
     hang(id);
     if (content) {
-      const ItemId side = addView(*content, {context.direction});
+      const ItemId side = addView(*content, context.inside());
       children_[items_[id].firstChild + 1] = side;
     }
     if (const auto* direction = std::get_if<Direction>(&*it)) {
@@ -121,7 +123,7 @@ ItemId LayoutItems::addView(const View& view, Context context) {
 ItemId LayoutItems::answeringFor(ItemId id) const {
   while (true) {
     const auto* modifier = std::get_if<const Modifier*>(&items_[id].what);
-    if (!modifier || !isTransparent(**modifier)) return id;
+    if (!modifier || items_[id].sharesScale || !isTransparent(**modifier)) return id;
     id = children_[items_[id].firstChild];
   }
 }
@@ -131,12 +133,14 @@ ItemId LayoutItems::addElement(const Node& node, const Context& context) {
   items_[id].what = &node.element;
   if (const auto* text = std::get_if<TextElement>(&node.element)) addText(id, *text);
   if (const auto* stack = std::get_if<StackElement>(&node.element)) {
-    addChildren(id, node.children, {context.direction, axisOf(*stack)});
+    addChildren(id, node.children, {context.direction, context.inGroup, axisOf(*stack)});
   } else if (std::holds_alternative<CanvasElement>(node.element)) {
-    addChildren(id, node.children, {context.direction, SpacerAxis::both, true});
+    addChildren(id, node.children, {context.direction, context.inGroup, SpacerAxis::both, true});
+  } else if (std::holds_alternative<FittingElement>(node.element)) {
+    addChildren(id, node.children, {context.direction, context.inGroup, context.spacerAxis});
   } else if (std::holds_alternative<ImageElement>(node.element) ||
              std::holds_alternative<GaugeElement>(node.element)) {
-    addChildren(id, node.children, {context.direction});
+    addChildren(id, node.children, context.inside());
   }
   return id;
 }
@@ -179,7 +183,10 @@ Answer LayoutItems::measure(ItemId asking, const Proposal& asked) {
   const double width = memoKey(proposal.width);
   const double height = memoKey(proposal.height);
   for (std::uint32_t memo = items_[id].firstMemo; memo != kNone; memo = memos_[memo].next) {
-    if (memos_[memo].width == width && memos_[memo].height == height) return memos_[memo].answer;
+    const Memo& known = memos_[memo];
+    if (known.width == width && known.height == height && known.scaleLimit == scaleLimit_) {
+      return known.answer;
+    }
   }
   ++depth_;
   Answer answer = workOut(id, proposal);
@@ -187,7 +194,7 @@ Answer LayoutItems::measure(ItemId asking, const Proposal& asked) {
   answer.width = cleanAnswer(answer.width, proposal.width);
   answer.height = cleanAnswer(answer.height, proposal.height);
   if (answer.baseline) answer.baseline = cleanNumber(*answer.baseline);
-  memos_.push_back({width, height, answer, items_[id].firstMemo});
+  memos_.push_back({width, height, scaleLimit_, answer, items_[id].firstMemo});
   items_[id].firstMemo = static_cast<std::uint32_t>(memos_.size() - 1);
   if (trace_) trace_({items_[id].what, depth_, proposal, answer.size()});
   return answer;
@@ -205,7 +212,13 @@ Answer LayoutItems::workOutElement(ItemId id, const Element& element, const Prop
     StackRecord record(*this, items_[id]);
     return arrangeStack(*stack, proposal, *this, record.children());
   }
-  if (std::holds_alternative<TextElement>(element)) return text(items_[id]).answer(proposal);
+  if (std::holds_alternative<TextElement>(element)) {
+    return text(items_[id]).answer(proposal, scaleLimit_);
+  }
+  if (std::holds_alternative<FittingElement>(element)) {
+    if (items_[id].childCount == 0) return {};
+    return measure(fitting_.chosen(id, proposal), proposal);
+  }
   if (const auto* spacer = std::get_if<SpacerElement>(&element)) {
     return answerOf(*spacer, proposal, items_[id].spacerAxis);
   }
@@ -222,6 +235,10 @@ Arrangement LayoutItems::arrangeTarget(ItemId id, const Proposal& asked) {
   const Modifier& modifier = *std::get<const Modifier*>(items_[id].what);
   const Proposal reference = items_[id].reference(proposal);
   const LayoutProbe target{*this, children_[items_[id].firstChild]};
+  if (items_[id].sharesScale) {
+    const ScaleLimit limit(*this, fitting_.groupScale(id, proposal));
+    return arrangeTransparent(proposal, target);
+  }
   if (const auto* m = std::get_if<FixedFrame>(&modifier)) {
     return arrange(*m, proposal, reference, target);
   }

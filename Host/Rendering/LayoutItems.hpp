@@ -4,9 +4,11 @@
 
 #include <deque>
 #include <span>
+#include <utility>
 #include <vector>
 
 #include "Rendering/Layout.hpp"
+#include "Rendering/LayoutFitting.hpp"
 #include "Rendering/LayoutRecords.hpp"
 #include "Rendering/LayoutStack.hpp"
 #include "Rendering/TextLayout.hpp"
@@ -20,6 +22,7 @@ class LayoutItems {
 
   [[nodiscard]] ItemId root() const { return root_; }
   [[nodiscard]] LayoutItem& operator[](ItemId id) { return items_[id]; }
+  [[nodiscard]] const LayoutItem& operator[](ItemId id) const { return items_[id]; }
   [[nodiscard]] std::span<const ItemId> children(const LayoutItem& item) const {
     return std::span(children_).subspan(item.firstChild, item.childCount);
   }
@@ -34,6 +37,11 @@ class LayoutItems {
   [[nodiscard]] std::vector<StackChild>& takeStackChildren(const LayoutItem& item);
   void release() { --recordsInUse_; }
 
+  /// Which child a Fitting takes, and how far the texts of a group shrink.
+  [[nodiscard]] LayoutFitting& fitting() { return fitting_; }
+  /// What the texts of the group that is being laid out may not exceed; 1 outside of groups.
+  [[nodiscard]] double scaleLimit() const { return scaleLimit_; }
+
   /// Scratch for stacks: each appends its children and cuts them off again.
   [[nodiscard]] std::vector<StackChild*>& stackOrder() { return order_; }
 
@@ -41,14 +49,19 @@ class LayoutItems {
   struct Memo {
     double width;  ///< negative: none proposed
     double height;
+    double scaleLimit;
     Answer answer;
     std::uint32_t next;
   };
   struct Context {
     viewkit::LayoutDirection direction;
+    bool inGroup = false;  ///< of texts that share their scale
     SpacerAxis spacerAxis = SpacerAxis::both;
     bool onCanvas = false;
+
+    [[nodiscard]] Context inside() const { return {direction, inGroup}; }
   };
+  friend class ScaleLimit;
 
   ItemId addView(const viewkit::View& view, Context context);
   ItemId addElement(const viewkit::Node& node, const Context& context);
@@ -74,7 +87,23 @@ class LayoutItems {
   std::deque<std::vector<StackChild>> records_;
   std::size_t recordsInUse_ = 0;
   std::vector<StackChild*> order_;
+  LayoutFitting fitting_{*this};
+  double scaleLimit_ = 1;
   ItemId root_ = kNone;
+};
+
+/// The texts of a group stay within this scale as long as it lives.
+class ScaleLimit {
+ public:
+  ScaleLimit(LayoutItems& items, double scale)
+      : items_(items), before_(std::exchange(items.scaleLimit_, scale)) {}
+  ScaleLimit(const ScaleLimit&) = delete;
+  ScaleLimit& operator=(const ScaleLimit&) = delete;
+  ~ScaleLimit() { items_.scaleLimit_ = before_; }
+
+ private:
+  LayoutItems& items_;
+  double before_;
 };
 
 /// A stack's children for as long as a function works on them.

@@ -6,7 +6,8 @@
 
 namespace rendering {
 
-/// Whether the modifier answers as its target does, to the same proposal.
+/// Whether the modifier answers as its target does, to the same proposal. A group of texts
+/// with one scale counts as one that does: only the outermost is more.
 [[nodiscard]] bool isTransparent(const viewkit::Modifier& modifier);
 
 [[nodiscard]] Arrangement arrangeTransparent(const Proposal& proposal, const LayoutProbe& target);

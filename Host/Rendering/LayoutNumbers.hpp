@@ -14,6 +14,8 @@ namespace rendering {
 inline constexpr double kUnbounded = std::numeric_limits<double>::infinity();
 /// What shapes, images and relative lengths take for a length that nobody proposed.
 inline constexpr double kDefaultLength = 10;
+/// Lengths that went through sums may miss each other by this much and still count as equal.
+inline constexpr double kSlack = 1e-6;
 /// Placed coordinates stay within this.
 inline constexpr double kFarthest = 1e9;
 

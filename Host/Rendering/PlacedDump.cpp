@@ -45,6 +45,7 @@ struct ElementName {
   std::string operator()(const SymbolElement& symbol) const { return "Symbol " + symbol.name; }
   std::string operator()(const ImageElement& image) const { return "Image " + image.path; }
   std::string operator()(const CanvasElement&) const { return "Canvas"; }
+  std::string operator()(const FittingElement&) const { return "Fitting"; }
   std::string operator()(const GaugeElement& gauge) const {
     return "Gauge " + hundredths(gauge.fraction);
   }

@@ -6,8 +6,6 @@ namespace rendering {
 
 namespace {
 
-/// Lengths that went through sums may miss each other by this much and still count as equal.
-constexpr double kSlack = 1e-6;
 constexpr double kLargestSize = 1e4;
 constexpr double kPlaceholderEms = 2;
 constexpr std::size_t kAnyNumber = std::numeric_limits<std::uint32_t>::max();
@@ -116,11 +114,11 @@ bool TextLayout::fitsAt(double scale, const Room& room, Breaking breaking) {
 /// halving. Between two ways to break the scale is then limited by the widest line or by the height
 /// alone.
 bool TextLayout::shrinkToFit(const Room& room, Breaking breaking) {
-  fit_.scale = 1;
-  if (fitsAt(1, room, breaking)) return true;
-  if (leastScale_ == 1 || !fitsAt(leastScale_, room, breaking)) return false;
+  fit_.scale = mostScale_;
+  if (fitsAt(mostScale_, room, breaking)) return true;
+  if (leastScale_ == mostScale_ || !fitsAt(leastScale_, room, breaking)) return false;
   double fits = leastScale_;
-  double fails = 1;
+  double fails = mostScale_;
   for (int i = 0; i < kHalvings && lineLimit_ > 1; ++i) {
     const double middle = (fits + fails) / 2;
     (fitsAt(middle, room, breaking) ? fits : fails) = middle;
@@ -129,7 +127,7 @@ bool TextLayout::shrinkToFit(const Room& room, Breaking breaking) {
   const double count = static_cast<double>(fit_.lines.size());
   const double byWidth = widestLine() > 0 ? room.width / widestLine() : 1;
   const double byHeight = count > 1 && lineHeight_ > 0 ? room.height / (count * lineHeight_) : 1;
-  fit_.scale = std::clamp(std::min(byWidth, byHeight), leastScale_, 1.0);
+  fit_.scale = std::clamp(std::min(byWidth, byHeight), leastScale_, mostScale_);
   return true;
 }
 
@@ -168,11 +166,12 @@ double TextLayout::widestLine() const {
   return widest;
 }
 
-const TextLayout::Fit& TextLayout::fit(const Proposal& proposal) {
+const TextLayout::Fit& TextLayout::fit(const Proposal& proposal, double scaleLimit) {
+  mostScale_ = sharesScale() ? std::clamp(scaleLimit, leastScale_, 1.0) : 1;
   const double width = std::max(proposal.width.value_or(kUnbounded), leastWidth());
   const Room room{width, proposal.height.value_or(kUnbounded)};
-  const bool isWhole = shrinkToFit(room, Breaking::betweenChunks);
-  if (isWhole) {
+  fit_.whole = shrinkToFit(room, Breaking::betweenChunks);
+  if (fit_.whole) {
     if (balanced_ && fit_.lines.size() > 1) balance();
   } else if (!shrinkToFit(room, Breaking::anywhere)) {
     cut(room);

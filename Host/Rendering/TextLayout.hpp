@@ -23,6 +23,7 @@ class TextLayout {
   struct Fit {
     std::vector<Line> lines;
     double scale = 1;
+    bool whole = true;  ///< no ellipsis, and no word broken between two lines
     Answer answer;
   };
 
@@ -32,9 +33,13 @@ class TextLayout {
              bool placeholder);
 
   /// Never wider than needed nor than proposed, except that less than the least width is answered
-  /// with it.
-  [[nodiscard]] Answer answer(const Proposal& proposal) { return fit(proposal).answer; }
-  [[nodiscard]] const Fit& fit(const Proposal& proposal);
+  /// with it. A text that shares its scale is no larger than `scaleLimit`, down to its own minimum.
+  [[nodiscard]] Answer answer(const Proposal& proposal, double scaleLimit) {
+    return fit(proposal, scaleLimit).answer;
+  }
+  [[nodiscard]] const Fit& fit(const Proposal& proposal, double scaleLimit);
+  /// Whether it has one line and may shrink.
+  [[nodiscard]] bool sharesScale() const { return lineLimit_ == 1 && leastScale_ < 1; }
 
   [[nodiscard]] const std::shared_ptr<const ShapedParagraph>& paragraph() const {
     return paragraph_;
@@ -75,6 +80,7 @@ class TextLayout {
   double size_;
   double tracking_;
   double leastScale_;
+  double mostScale_ = 1;
   double lineHeight_;
   double ascent_;
   double ellipsis_;

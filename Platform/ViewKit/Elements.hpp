@@ -150,6 +150,13 @@ struct GaugeElement {
   friend bool operator==(const GaugeElement&, const GaugeElement&) = default;
 };
 
+/// One of the node's children, from the fullest to the barest: the first that stays within the
+/// proposal with every text whole, else the last. A text is whole that neither ends in an ellipsis
+/// nor has a word broken between two lines; one shrunk down to its own minimum scale is.
+struct FittingElement {
+  friend bool operator==(const FittingElement&, const FittingElement&) = default;
+};
+
 /// Nothing: takes no room and no spacing. Containers drop it.
 struct EmptyElement {
   friend bool operator==(const EmptyElement&, const EmptyElement&) = default;
@@ -163,6 +170,7 @@ using Element = std::variant<EmptyElement,
                              ImageElement,
                              ShapeElement,
                              CanvasElement,
-                             GaugeElement>;
+                             GaugeElement,
+                             FittingElement>;
 
 }  // namespace viewkit

@@ -121,6 +121,11 @@ struct MembersOf<GaugeElement> {
     member("lineWidth", &GaugeElement::lineWidth, kNotNegative);
   }
 };
+template <>
+struct MembersOf<FittingElement> {
+  static constexpr std::string_view kName = "Fitting";
+  static void list(auto&&) {}
+};
 
 // ---- shapes
 
@@ -339,6 +344,11 @@ struct MembersOf<ContainerBackground> {
   static constexpr std::string_view kName = "containerBackground";
   static constexpr bool kLead = true;
   static void list(auto&& member) { member(kName, &ContainerBackground::content); }
+};
+template <>
+struct MembersOf<SharedScale> {
+  static constexpr std::string_view kName = "sharedScale";
+  static void list(auto&&) {}
 };
 template <>
 struct MembersOf<Direction> {

@@ -135,6 +135,7 @@ struct TreeForms {
                                          ImageElement,
                                          CanvasElement,
                                          GaugeElement,
+                                         FittingElement,
                                          EmptyElement>();
     const auto found = std::ranges::find(kForms, name, &Form<Element>::name);
     return found == kForms.end() ? nullptr : &*found;

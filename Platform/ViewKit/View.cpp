@@ -115,6 +115,9 @@ View View::containerBackground(View content) && {
 View View::layoutDirection(LayoutDirection direction) && {
   return std::move(*this).with(Direction{direction});
 }
+View View::sharedScale() && {
+  return std::move(*this).with(SharedScale{});
+}
 View View::accessibilityHidden() && {
   return std::move(*this).with(Accessibility{.hidden = true});
 }

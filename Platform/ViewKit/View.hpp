@@ -132,6 +132,8 @@ class View {
   [[nodiscard]] View layoutDirection(LayoutDirection direction) const& {
     return View{*this}.layoutDirection(direction);
   }
+  /// The texts below that have one line and may shrink take the smallest scale among them.
+  [[nodiscard]] View sharedScale() const& { return View{*this}.sharedScale(); }
   [[nodiscard]] View accessibilityHidden() const& { return View{*this}.accessibilityHidden(); }
   [[nodiscard]] View accessibilityLabel(std::string label) const& {
     return View{*this}.accessibilityLabel(std::move(label));
@@ -164,6 +166,7 @@ class View {
   [[nodiscard]] View widgetURL(std::string url) &&;
   [[nodiscard]] View containerBackground(View content) &&;
   [[nodiscard]] View layoutDirection(LayoutDirection direction) &&;
+  [[nodiscard]] View sharedScale() &&;
   [[nodiscard]] View accessibilityHidden() &&;
   [[nodiscard]] View accessibilityLabel(std::string label) &&;
 
@@ -265,6 +268,12 @@ struct Direction {
   LayoutDirection direction = LayoutDirection::leftToRight;
   friend bool operator==(const Direction&, const Direction&) = default;
 };
+/// All texts below with a line limit of 1 and a minimum scale under 1 are drawn at the smallest
+/// scale that one of them needs, but none below its own minimum. Inside another group it changes
+/// nothing: the outer one holds for all.
+struct SharedScale {
+  friend bool operator==(const SharedScale&, const SharedScale&) = default;
+};
 
 using Modifier = std::variant<FixedFrame,
                               FlexibleFrame,
@@ -288,7 +297,8 @@ using Modifier = std::variant<FixedFrame,
                               Link,
                               WidgetURL,
                               ContainerBackground,
-                              Direction>;
+                              Direction,
+                              SharedScale>;
 
 struct Node {
   Element element;

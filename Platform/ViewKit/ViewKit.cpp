@@ -20,6 +20,8 @@ ZStack::ZStack(Options options, std::vector<View> views)
 
 Canvas::Canvas(std::vector<View> views) : view_(CanvasElement{}, std::move(views)) {}
 
+Fitting::Fitting(std::vector<View> views) : view_(FittingElement{}, std::move(views)) {}
+
 Text Text::font(double size, FontWeight weight) const {
   Text result = *this;
   result.element_.size = size;

@@ -74,6 +74,7 @@ struct Modifiers {
     return self().containerBackground(std::move(content));
   }
   [[nodiscard]] View layoutDirection(LayoutDirection d) const { return self().layoutDirection(d); }
+  [[nodiscard]] View sharedScale() const { return self().sharedScale(); }
 
  private:
   [[nodiscard]] View self() const;
@@ -202,6 +203,17 @@ struct Canvas : Modifiers<Canvas> {
   template <ChildLike... C>
   explicit Canvas(C&&... c) : Canvas(children(std::forward<C>(c)...)) {}
   explicit Canvas(std::vector<View> views);
+  [[nodiscard]] View view() const { return view_; }
+
+ private:
+  View view_;
+};
+
+/// Children from the fullest to the barest: the host takes the first that fits, else the last.
+struct Fitting : Modifiers<Fitting> {
+  template <ChildLike... C>
+  explicit Fitting(C&&... c) : Fitting(children(std::forward<C>(c)...)) {}
+  explicit Fitting(std::vector<View> views);
   [[nodiscard]] View view() const { return view_; }
 
  private:

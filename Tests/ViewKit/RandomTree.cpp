@@ -47,8 +47,10 @@ Element RandomTree::element() {
                           unit()};
     case 7:
       return CanvasElement{};
-    default:
+    case 8:
       return GaugeElement{unit(), size()};
+    default:
+      return FittingElement{};
   }
 }
 
@@ -99,8 +101,10 @@ Modifier RandomTree::modifier(int depth) {
       return WidgetURL{text()};
     case 21:
       return ContainerBackground{depth > 0 ? view(depth - 1) : View{}};
-    default:
+    case 22:
       return Direction{one<LayoutDirection>(2)};
+    default:
+      return SharedScale{};
   }
 }
 

@@ -149,6 +149,11 @@ std::vector<Sample> elementSamples() {
        "Gauge fraction 0.25 lineWidth 5\n  Text \"5\"\n",
        R"({"type":"Gauge","fraction":0.25,"lineWidth":5,)"
        R"("children":[{"type":"Text","text":"5"}]})"},
+      {"fitting",
+       Fitting{Text{"Groceries"}, Symbol{"cart"}},
+       "Fitting\n  Text \"Groceries\"\n  Symbol \"cart\"\n",
+       R"({"type":"Fitting","children":[{"type":"Text","text":"Groceries"},)"
+       R"({"type":"Symbol","symbol":"cart"}]})"},
       {"component",
        View{HStack{{.spacing = 6}, Text{"x"}}}.named("WidgetHeader"),
        "WidgetHeader HStack spacing 6\n  Text \"x\"\n",
@@ -259,6 +264,7 @@ std::vector<Sample> modifierSamples() {
                x.layoutDirection(LayoutDirection::rightToLeft),
                ".layoutDirection(rightToLeft)",
                R"({"layoutDirection":"rightToLeft"})"),
+      modified("sharedScale", x.sharedScale(), ".sharedScale", R"({"sharedScale":{}})"),
       modified("chain",
                x.padding({.top = 8}).foregroundStyle(Color::primary()).padding(1),
                ".padding(top 8) .foreground(primary) .padding(1)",

@@ -9,7 +9,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const std::string_view bytes(reinterpret_cast<const char*>(data), size);
   const auto list = foundation::parsePropertyList(bytes);
   if (list && list->dictionary() != nullptr) {
-    const auto changed = foundation::xmlPropertyListBySetting(bytes, "fuzz", true);
+    const auto changed = foundation::propertyListBySetting(bytes, "fuzz", true);
     if (!changed) std::abort();
     const auto again = foundation::parsePropertyList(*changed);
     if (again && again->dictionary() != nullptr && !again->dictionary()->contains("fuzz")) {

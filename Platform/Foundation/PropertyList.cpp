@@ -26,19 +26,21 @@ struct Freed {
 };
 using Text = std::unique_ptr<char, Freed>;
 
+bool isBinary(std::string_view document) {
+  return document.starts_with("bplist");
+}
+
 Node parseNode(std::string_view document) {
   if (document.size() > kMaximumPropertyList) return nullptr;
-  const bool isBinary = document.starts_with("bplist");
-  if (!(isBinary ? isBoundedBinaryPropertyList(document) : isBoundedXmlPropertyList(document))) {
-    return nullptr;
-  }
-  // The library reads XML as a C string in places.
-  const std::string bytes(document);
   plist_t node = nullptr;
-  if (isBinary) {
-    plist_from_bin(bytes.data(), static_cast<std::uint32_t>(bytes.size()), &node);
+  if (isBinary(document)) {
+    if (!isBoundedBinaryPropertyList(document)) return nullptr;
+    plist_from_bin(document.data(), static_cast<std::uint32_t>(document.size()), &node);
   } else {
-    plist_from_xml(bytes.data(), static_cast<std::uint32_t>(bytes.size()), &node);
+    // The library reads XML as a C string in places.
+    const auto text = boundedXmlPropertyList(document);
+    if (!text) return nullptr;
+    plist_from_xml(text->c_str(), static_cast<std::uint32_t>(text->size()), &node);
   }
   return Node(node);
 }
@@ -125,6 +127,11 @@ std::optional<PropertyList> valueOf(plist_t node) {
       return dateOf(node);
     case PLIST_DATA:
       return dataOf(node);
+    case PLIST_UID: {
+      std::uint64_t value = 0;
+      plist_get_uid_val(node, &value);
+      return PropertyList::Dictionary{{"CF$UID", static_cast<std::int64_t>(value)}};
+    }
     default:
       return std::nullopt;
   }
@@ -154,11 +161,31 @@ plist_t nodeOf(const PropertyList& value) {
   return node;
 }
 
+/// The library writes the year 1 as "1"; the format has four digits.
+void padYears(std::string& xml) {
+  constexpr std::string_view kTag = "<date>";
+  for (std::size_t at = xml.find(kTag); at != std::string::npos; at = xml.find(kTag, at)) {
+    at += kTag.size();
+    const std::size_t digits = xml.find_first_not_of("0123456789", at) - at;
+    if (digits < 4) xml.insert(at, 4 - digits, '0');
+  }
+}
+
 std::string xmlOf(plist_t node) {
   char* raw = nullptr;
   std::uint32_t size = 0;
   plist_to_xml(node, &raw, &size);
   const Text text(raw);
+  std::string xml = raw == nullptr ? std::string() : std::string(raw, size);
+  padYears(xml);
+  return xml;
+}
+
+std::string binaryOf(plist_t node) {
+  char* raw = nullptr;
+  std::uint32_t size = 0;
+  plist_to_bin(node, &raw, &size);
+  const Text bytes(raw);
   return raw == nullptr ? std::string() : std::string(raw, size);
 }
 
@@ -175,15 +202,16 @@ std::string xmlPropertyList(const PropertyList& value) {
   return xmlOf(node.get());
 }
 
-std::optional<std::string> xmlPropertyListBySetting(std::string_view document,
-                                                    const std::string& key,
-                                                    const PropertyList& value) {
+std::optional<std::string> propertyListBySetting(std::string_view document,
+                                                 const std::string& key,
+                                                 const PropertyList& value) {
   const Node node = parseNode(document);
   if (!node || plist_get_node_type(node.get()) != PLIST_DICT) return std::nullopt;
   plist_dict_set_item(node.get(), key.c_str(), nodeOf(value));
-  std::string xml = xmlOf(node.get());
-  if (xml.empty()) return std::nullopt;
-  return xml;
+  // XML holds no fractions of a second.
+  std::string out = isBinary(document) ? binaryOf(node.get()) : xmlOf(node.get());
+  if (out.empty()) return std::nullopt;
+  return out;
 }
 
 }  // namespace foundation

@@ -53,17 +53,18 @@ class PropertyList {
   std::variant<bool, std::int64_t, double, std::string, Instant, Data, Array, Dictionary> value_;
 };
 
-/// Reads either form; nothing for a malformed document.
+/// Reads either form, XML in UTF-8 or UTF-16; nothing for a malformed document. A UID reads as
+/// {"CF$UID": number}, as XML writes it; a date before 1932 or after 2069 as that end.
 [[nodiscard]] std::optional<PropertyList> parsePropertyList(std::string_view document);
 
 /// The XML form. Text must be UTF-8 without control characters, since XML cannot hold them: others
 /// come out changed.
 [[nodiscard]] std::string xmlPropertyList(const PropertyList& value);
 
-/// The XML form of `document` (either form, a dictionary) with one key set and all else as it was;
-/// nothing for a malformed document.
-[[nodiscard]] std::optional<std::string> xmlPropertyListBySetting(std::string_view document,
-                                                                  const std::string& key,
-                                                                  const PropertyList& value);
+/// `document` (a dictionary) in its own form, with one key set and all else as it was; nothing for
+/// a malformed document. Only comments and white space are lost.
+[[nodiscard]] std::optional<std::string> propertyListBySetting(std::string_view document,
+                                                               const std::string& key,
+                                                               const PropertyList& value);
 
 }  // namespace foundation

@@ -1,12 +1,14 @@
-// Both forms are walked without building anything.
+// Both forms are walked without building anything but the text that the library reads.
 #include "Foundation/PropertyListBounds.hpp"
 
 #include <algorithm>
+#include <charconv>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
 
 #include "Foundation/PropertyList.hpp"
+#include "Foundation/Utf8.hpp"
 
 namespace foundation {
 namespace {
@@ -14,20 +16,126 @@ namespace {
 constexpr int kMaximumLevels = 64;
 constexpr std::size_t kMaximumUnfolded = 4 * kMaximumPropertyList;
 
-/// Drops everything through `end`; false when it does not come.
-bool skipThrough(std::string_view& text, std::string_view end) {
-  const std::size_t found = text.find(end);
-  if (found == std::string_view::npos) return false;
-  text.remove_prefix(found + end.size());
-  return true;
-}
-
 /// A tag's inside can be told from quoted text: quotation marks are paired and hold no angle
 /// bracket.
 bool isPlainTag(std::string_view tag) {
   return !tag.contains('<') && std::ranges::count(tag, '"') % 2 == 0 &&
          std::ranges::count(tag, '\'') % 2 == 0;
 }
+
+/// The text in UTF-8, from UTF-16 or with a byte-order mark too; nothing when it is not
+/// well-formed.
+std::optional<std::string> utf8Of(std::string_view document) {
+  const auto startsAs = [&](std::string_view mark) { return document.starts_with(mark); };
+  using std::string_view_literals::operator""sv;
+  const bool isBig = startsAs("\xFE\xFF"sv) || startsAs("\0<"sv);
+  const bool isLittle = startsAs("\xFF\xFE"sv) || startsAs("<\0"sv);
+  if (!isBig && !isLittle) {
+    if (startsAs("\xEF\xBB\xBF"sv)) document.remove_prefix(3);
+    if (firstInvalidUtf8(document) != document.size()) return std::nullopt;
+    return std::string(document);
+  }
+  if (document.size() % 2 != 0) return std::nullopt;
+  const auto unitAt = [&](std::size_t offset) {
+    const auto first = static_cast<unsigned char>(document[offset]);
+    const auto second = static_cast<unsigned char>(document[offset + 1]);
+    return static_cast<char32_t>(isBig ? first << 8 | second : second << 8 | first);
+  };
+  std::string out;
+  for (std::size_t i = unitAt(0) == 0xFEFF ? 2 : 0; i < document.size(); i += 2) {
+    char32_t scalar = unitAt(i);
+    if (scalar >= 0xD800 && scalar < 0xDC00 && i + 2 < document.size()) {
+      const char32_t low = unitAt(i + 2);
+      if (low < 0xDC00 || low > 0xDFFF) return std::nullopt;
+      scalar = 0x10000 + ((scalar - 0xD800) << 10) + (low - 0xDC00);
+      i += 2;
+    }
+    if (scalar >= 0xD800 && scalar < 0xE000) return std::nullopt;
+    appendUtf8(out, scalar);
+  }
+  return out;
+}
+
+/// "#39" or "#x27" names a character other than NUL; the library takes the rest of a text that
+/// holds a NUL for the end of memory.
+bool isCharacterReference(std::string_view name) {
+  name.remove_prefix(1);
+  const bool isHexadecimal = name.starts_with('x') || name.starts_with('X');
+  if (isHexadecimal) name.remove_prefix(1);
+  std::uint32_t value = 0;
+  const auto [end, error] =
+      std::from_chars(name.data(), name.data() + name.size(), value, isHexadecimal ? 16 : 10);
+  const bool isSurrogate = value >= 0xD800 && value < 0xE000;
+  return error == std::errc() && end == name.data() + name.size() && value > 0 &&
+         value <= 0x10FFFF && !isSurrogate;
+}
+
+/// The XML form, tag by tag. The library replaces references in place, which moves the rest of the
+/// text for each; so long texts come out in pieces.
+class XmlWalk {
+ public:
+  explicit XmlWalk(std::string_view text) : text_(text) {}
+
+  std::optional<std::string> run() {
+    if (text_.contains('\0')) return std::nullopt;
+    while (true) {
+      const std::size_t tag = std::min(text_.find('<'), text_.size());
+      if (!copyText(text_.substr(0, tag))) return std::nullopt;
+      text_.remove_prefix(tag);
+      if (text_.empty()) break;
+      if (!copyMarkup()) return std::nullopt;
+    }
+    if (level_ != 0) return std::nullopt;
+    return std::move(out_);
+  }
+
+ private:
+  static constexpr int kReferencesOfAPiece = 64;
+  static constexpr std::size_t kLongestReference = 32;
+
+  bool copyText(std::string_view text) {
+    for (int references = 1; true; ++references) {
+      const std::size_t ampersand = text.find('&');
+      if (ampersand == std::string_view::npos) break;
+      const std::string_view name = text.substr(ampersand + 1, kLongestReference);
+      const std::size_t end = name.find(';');
+      if (end == std::string_view::npos) return false;
+      if (name.starts_with('#') && !isCharacterReference(name.substr(0, end))) return false;
+      const std::size_t length = ampersand + 1 + end + 1;
+      out_ += text.substr(0, length);
+      text.remove_prefix(length);
+      if (references % kReferencesOfAPiece == 0) out_ += "<![CDATA[]]>";
+    }
+    out_ += text;
+    return true;
+  }
+
+  /// Copies everything through `end`; false when it does not come.
+  bool copyThrough(std::string_view end) {
+    const std::size_t found = text_.find(end);
+    if (found == std::string_view::npos) return false;
+    out_ += text_.substr(0, found + end.size());
+    text_.remove_prefix(found + end.size());
+    return true;
+  }
+
+  bool copyMarkup() {
+    if (text_.starts_with("<!--")) return copyThrough("-->");
+    if (text_.starts_with("<![CDATA[")) return copyThrough("]]>");
+    const std::string_view start = text_;
+    if (!copyThrough(">")) return false;
+    const std::string_view tag = start.substr(1, start.size() - text_.size() - 2);
+    if (tag.empty() || !isPlainTag(tag)) return false;
+    if (tag.front() == '?') return true;
+    if (tag.front() == '!') return tag.starts_with("!DOCTYPE") && !tag.contains('[');
+    if (tag.front() == '/') return --level_ >= 0;
+    return tag.back() == '/' || ++level_ <= kMaximumLevels;
+  }
+
+  std::string_view text_;
+  std::string out_;
+  int level_ = 0;
+};
 
 /// The binary form: a table of objects that refer to each other by number.
 class BinaryWalk {
@@ -147,35 +255,9 @@ class BinaryWalk {
 
 }  // namespace
 
-bool isBoundedXmlPropertyList(std::string_view text) {
-  if (text.contains('\0') || text.contains("&#0") || text.contains("&#x0")) return false;
-  int level = 0;
-  while (skipThrough(text, "<")) {
-    if (text.starts_with("!--")) {
-      text.remove_prefix(3);
-      if (!skipThrough(text, "-->")) return false;
-      continue;
-    }
-    if (text.starts_with("![CDATA[")) {
-      if (!skipThrough(text, "]]>")) return false;
-      continue;
-    }
-    const std::string_view start = text;
-    if (!skipThrough(text, ">")) return false;
-    const std::string_view tag = start.substr(0, start.size() - text.size() - 1);
-    if (tag.empty() || !isPlainTag(tag)) return false;
-    if (tag.front() == '?') continue;
-    if (tag.front() == '!') {
-      if (!tag.starts_with("!DOCTYPE") || tag.contains('[')) return false;
-      continue;
-    }
-    if (tag.front() == '/') {
-      if (--level < 0) return false;
-    } else if (tag.back() != '/' && ++level > kMaximumLevels) {
-      return false;
-    }
-  }
-  return level == 0;
+std::optional<std::string> boundedXmlPropertyList(std::string_view document) {
+  const auto text = utf8Of(document);
+  return text ? XmlWalk(*text).run() : std::nullopt;
 }
 
 bool isBoundedBinaryPropertyList(std::string_view document) {

@@ -6,7 +6,10 @@
 #include <sys/stat.h>
 
 #include <cerrno>
+#include <chrono>
 #include <cstdio>
+#include <cstdlib>
+#include <thread>
 
 #include "Foundation/FileDescriptor.hpp"
 #include "Foundation/PropertyList.hpp"
@@ -16,6 +19,8 @@ namespace {
 
 constexpr mode_t kFolderMode = 0700;
 constexpr mode_t kFileMode = 0600;
+constexpr std::chrono::milliseconds kLongestWait{100};
+constexpr std::chrono::milliseconds kPause{2};
 
 bool makeFolder(const std::string& path) {
   return ::mkdir(path.c_str(), kFolderMode) == 0 || (errno == EEXIST && isDirectory(path));
@@ -31,14 +36,23 @@ bool writeAll(int file, std::string_view bytes) {
   return true;
 }
 
-/// Under the writers' lock the temporary name has one user. `folder` holds the file.
-bool replaceFile(int folder, const std::string& path, std::string_view bytes) {
-  const std::string temporary = path + ".new";
-  ::unlink(temporary.c_str());
-  FileDescriptor file(
-      ::open(temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, kFileMode));
+/// Waits for the other writers; false when one of them holds the lock for longer than that.
+bool lock(int folder) {
+  const auto deadline = std::chrono::steady_clock::now() + kLongestWait;
+  while (::flock(folder, LOCK_EX | LOCK_NB) != 0) {
+    if (std::chrono::steady_clock::now() >= deadline) return false;
+    std::this_thread::sleep_for(kPause);
+  }
+  return true;
+}
+
+/// `folder` holds the file.
+bool replaceFile(int folder, const std::string& path, std::string_view bytes, mode_t mode) {
+  std::string temporary = path + ".XXXXXX";
+  FileDescriptor file(::mkostemp(temporary.data(), O_CLOEXEC));
   if (!file) return false;
-  const bool isWritten = writeAll(file.get(), bytes) && ::fsync(file.get()) == 0;
+  const bool isWritten =
+      writeAll(file.get(), bytes) && ::fchmod(file.get(), mode) == 0 && ::fsync(file.get()) == 0;
   file.reset();
   if (!isWritten || std::rename(temporary.c_str(), path.c_str()) != 0) {
     ::unlink(temporary.c_str());
@@ -46,6 +60,12 @@ bool replaceFile(int folder, const std::string& path, std::string_view bytes) {
   }
   ::fsync(folder);  // the new name itself; the bytes are safe already
   return true;
+}
+
+mode_t modeOf(const std::string& path) {
+  struct stat status {};
+  const bool isFile = ::stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode);
+  return isFile ? status.st_mode & 0777 : kFileMode;
 }
 
 /// As the platform reads text for a Boolean.
@@ -73,19 +93,26 @@ std::expected<void, DefaultsError> UserDefaults::setBool(bool value, const std::
     return std::unexpected(DefaultsError::unwritable);
   }
   const FileDescriptor folder(::open(folder_.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-  if (!folder || ::flock(folder.get(), LOCK_EX) != 0) {
-    return std::unexpected(DefaultsError::unwritable);
-  }
+  if (!folder) return std::unexpected(DefaultsError::unwritable);
+  // Without its turn this writer may undo another's change, but its file is whole all the same.
+  static_cast<void>(lock(folder.get()));
 
-  auto existing = readFile(path_, kMaximumPropertyList);
-  if (!existing && existing.error() != FileError::missing) {
+  const auto existing = readFile(path_, kMaximumPropertyList);
+  if (!existing && existing.error() == FileError::unreadable) {
     return std::unexpected(DefaultsError::unreadable);
   }
-  const std::string document = existing ? std::move(*existing) : xmlPropertyList({});
-  const auto changed = xmlPropertyListBySetting(document, key, value);
-  if (!changed) return std::unexpected(DefaultsError::malformed);
-  if (!replaceFile(folder.get(), path_, *changed))
+  auto changed = existing ? propertyListBySetting(*existing, key, value) : std::nullopt;
+  const bool isUsable = changed && changed->size() <= kMaximumPropertyList;
+  if (!isUsable) {
+    const bool isMissing = !existing && existing.error() == FileError::missing;
+    if (!isMissing && std::rename(path_.c_str(), (path_ + ".corrupt").c_str()) != 0) {
+      return std::unexpected(DefaultsError::unwritable);
+    }
+    changed = xmlPropertyList(PropertyList::Dictionary{{key, value}});
+  }
+  if (!replaceFile(folder.get(), path_, *changed, modeOf(path_))) {
     return std::unexpected(DefaultsError::unwritable);
+  }
   return {};
 }
 

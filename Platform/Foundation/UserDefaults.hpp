@@ -13,20 +13,22 @@
 namespace foundation {
 
 enum class DefaultsError : std::uint8_t {
-  malformed,  ///< the existing file is no property list; it is left as it is
-  unreadable,
+  unreadable,  ///< the machine could not read the file at the moment; it is left as it is
   unwritable,
 };
 
 /// One suite: `Library/Preferences/<suite>.plist`. Every call reads and writes the file itself, so
-/// other processes see a change at once; writers take turns by a lock on the folder.
+/// other processes see a change at once. Writers take turns by a lock on the folder, which is
+/// waited for 100 ms at most: who holds it longer hangs, and must not hang this process too.
 class UserDefaults {
  public:
   /// Nothing without a container for the suite's group.
   [[nodiscard]] static std::optional<UserDefaults> initWithSuiteName(std::string_view suiteName,
                                                                      const FileManager& files);
 
-  /// Replaces the file in one step and keeps all other keys; on failure the old file stands.
+  /// Replaces the file in one step and keeps all other keys, the form and the mode; on failure the
+  /// old file stands. A file that is no dictionary, too large or out of reach is kept aside as
+  /// `<suite>.plist.corrupt`, in place of an earlier one.
   std::expected<void, DefaultsError> setBool(bool value, const std::string& key) const;
 
   /// False also for a missing key or file. Reads a number (not 0) and the strings "YES", "true" (in

@@ -1,6 +1,8 @@
 // Both forms of property lists, what is malformed, and bundles that read them.
 #include <gtest/gtest.h>
 
+#include <chrono>
+
 #include "Foundation/Bundle.hpp"
 #include "Foundation/PropertyList.hpp"
 #include "Tests/Support/TemporaryFolder.hpp"
@@ -191,8 +193,84 @@ TEST(PropertyListXml, NulIsMalformed) {
   EXPECT_FALSE(parsePropertyList(document("<string>a" + std::string(1, '\0') + "</string>")));
 }
 
+TEST(PropertyListXml, EveryReferenceToACharacterIsRead) {
+  const auto text = parsePropertyList(
+      document("<string>&#039;&#39;&#x27;&#x0027;&#233;&#x1F600;&#00065;&lt;</string>"));
+  ASSERT_TRUE(text && text->string());
+  EXPECT_EQ(*text->string(), "''''é😀A<");
+}
+
+TEST(PropertyListXml, ReferencesToNoCharacterAreMalformed) {
+  for (const char* reference : {"&#x00;",
+                                "&#X0;",
+                                "&#+0;",
+                                "&#-0;",
+                                "&# 0;",
+                                "&#;",
+                                "&#x;",
+                                "&#xD800;",
+                                "&#x110000;",
+                                "&#4294967296;",
+                                "&#18446744073709551616;",
+                                "&#39",
+                                "&",
+                                "&unknown;"}) {
+    EXPECT_FALSE(parsePropertyList(document("<string>a" + std::string(reference) + "</string>")))
+        << reference;
+  }
+}
+
+TEST(PropertyListXml, WhatLooksLikeAReferenceToNulElsewhereIsText) {
+  EXPECT_TRUE(parsePropertyList(document("<!-- &#0; --><string><![CDATA[&#0;]]></string>")));
+}
+
+TEST(PropertyListXml, TextThatIsNotWellFormedIsMalformed) {
+  using std::string_literals::operator""s;
+  EXPECT_FALSE(parsePropertyList(document("<string>\xC3</string>")));
+  EXPECT_FALSE(parsePropertyList("\xFF\xFE<\0x"s));
+  EXPECT_FALSE(parsePropertyList("\xFF\xFE\x3D\xD8<\0"s));
+  EXPECT_FALSE(parsePropertyList("\xFE\xFF"s));
+  EXPECT_FALSE(parsePropertyList("<\0"s));
+}
+
+/// Text repeated up to the limit of a document.
+std::string filled(std::string_view before, std::string_view piece, std::string_view after) {
+  std::string out(before);
+  while (out.size() + piece.size() + after.size() + 200 < kMaximumPropertyList) out += piece;
+  return document(out + std::string(after));
+}
+
+TEST(PropertyListXml, TheLargestDocumentsOfEveryShapeTakeLittleTime) {
+  for (const std::string& text : {filled("<string>", "&amp;", "</string>"),
+                                  filled("<string>", "&#38;", "</string>"),
+                                  filled("<string>", "<![CDATA[]]>", "</string>"),
+                                  filled("<string>", "<!---->", "</string>"),
+                                  filled("<string>", "<![CDATA[&]]>&amp;", "</string>"),
+                                  filled("<array>", "<true/>", "</array>"),
+                                  filled("<array>", "<string>&amp;</string>", "</array>"),
+                                  filled("<dict>", "<key>a</key><true/>", "</dict>"),
+                                  filled("<data>", "AAAA", "</data>"),
+                                  filled("<array>", "<![CDATA[]]>", "</array>"),
+                                  filled("<integer>", "<!---->", "</integer>")}) {
+    const auto start = std::chrono::steady_clock::now();
+    static_cast<void>(parsePropertyList(text));
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(800))
+        << text.substr(60, 60);
+  }
+}
+
+TEST(PropertyListXml, ManyKeysTakeLittleTime) {
+  std::string content = "<dict>";
+  for (int i = 0; content.size() + 100 < kMaximumPropertyList - 200; ++i) {
+    content += "<key>" + std::to_string(i) + "</key><true/>";
+  }
+  const auto start = std::chrono::steady_clock::now();
+  EXPECT_TRUE(parsePropertyList(document(content + "</dict>")));
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(800));
+}
+
 TEST(PropertyListEditing, SetsOneKeyAndKeepsTheRest) {
-  const auto changed = xmlPropertyListBySetting(
+  const auto changed = propertyListBySetting(
       document(
           "<dict><key>a</key><integer>18446744073709551611</integer><key>b</key><false/></dict>"),
       "b",
@@ -203,8 +281,8 @@ TEST(PropertyListEditing, SetsOneKeyAndKeepsTheRest) {
 }
 
 TEST(PropertyListEditing, NeedsADictionary) {
-  EXPECT_FALSE(xmlPropertyListBySetting(document("<array/>"), "b", true));
-  EXPECT_FALSE(xmlPropertyListBySetting("", "b", true));
+  EXPECT_FALSE(propertyListBySetting(document("<array/>"), "b", true));
+  EXPECT_FALSE(propertyListBySetting("", "b", true));
 }
 
 TEST(BundleInformation, GivesValuesWithTheirTypes) {

@@ -51,12 +51,15 @@ void examinePlaces(Findings& findings, const Options& options, const Program& pr
                       .where = places.extension.string(),
                       .advice = "build or install quorvel-widgets, or name it with --extension; "
                                 "without it, no --isolated"});
+  const std::string problem = informationProblem(places.infoPlist);
   findings.push_back(
       {.what = "Info.plist",
-       .found = !places.infoPlist.empty() && fs::exists(places.infoPlist, ignored),
+       .found = problem.empty(),
        .needed = false,
        .where = places.infoPlist.string(),
-       .advice = "name it with --info-plist; without it, the built-in group and scheme are used"});
+       .advice = fmt::format("{}; name one with --info-plist; without it, the built-in group and "
+                             "scheme are used",
+                             problem)});
 }
 
 void examineTimeZone(Findings& findings, const Program& program) {

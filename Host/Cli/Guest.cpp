@@ -7,6 +7,8 @@
 #include <cstring>
 #include <memory>
 
+#include "Foundation/FileManager.hpp"
+#include "Foundation/PropertyList.hpp"
 #include "Session/ChildProcess.hpp"
 #include "Session/InProcess.hpp"
 
@@ -119,7 +121,19 @@ widgetruntime::InitializeParameters initializeParameters(const SourceOptions& so
 Guest::Guest(session::Extension extension, widgetruntime::InitializeAnswer about)
     : extension_(std::move(extension)), about_(std::move(about)) {}
 
+std::string informationProblem(const fs::path& infoPlist) {
+  if (infoPlist.empty()) return "there is none";
+  const auto bytes = foundation::readFile(infoPlist.string(), foundation::kMaximumPropertyList);
+  if (!bytes) return std::string(foundation::describe(bytes.error()));
+  const auto list = foundation::parsePropertyList(*bytes);
+  return list && list->dictionary() ? std::string{} : "no property list";
+}
+
 Result<Guest> Guest::open(const SourceOptions& source, const Program& program) {
+  if (!source.infoPlist.empty()) {
+    if (const auto problem = informationProblem(source.infoPlist); !problem.empty())
+      return refused(fmt::format("cannot read {}: {}", source.infoPlist, problem));
+  }
   if (!source.snapshot.empty()) {
     if (auto readable = checkDocument(source.snapshot); !readable)
       return std::unexpected(readable.error());

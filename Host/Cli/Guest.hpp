@@ -22,6 +22,9 @@ struct Places {
 [[nodiscard]] Places findPlaces(const SourceOptions& source,
                                 const std::filesystem::path& programFolder);
 
+/// Why that file gives no information about the extension; empty when it does.
+[[nodiscard]] std::string informationProblem(const std::filesystem::path& infoPlist);
+
 /// What the extension is told when it starts.
 [[nodiscard]] widgetruntime::InitializeParameters initializeParameters(const SourceOptions& source,
                                                                        const Program& program);

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <nlohmann/json.hpp>
 
 #include "CommandRunner.hpp"
@@ -212,6 +213,29 @@ TEST(Doctor, NamesAVariableThatIsNoTimeZone) {
   const Outcome outcome = runHost({"doctor"}, {{"TZ", "Nowhere/Town"}});
   EXPECT_THAT(outcome.out, ::testing::ContainsRegex("absent +time zone"));
   EXPECT_THAT(outcome.out, HasSubstr("TZ is \"Nowhere/Town\", which names no zone"));
+}
+
+TEST_P(Commands, aNamedPropertyListMustBeThereAndReadable) {
+  const TemporaryFolder folder;
+  const std::string garbage = folder.write("garbage.plist", "no plist");
+  for (const std::string& file :
+       {std::string("/nonexistent"), folder.path().string(), garbage, std::string("/dev/zero")}) {
+    const Outcome outcome = run({"list", "--info-plist", file});
+    EXPECT_EQ(outcome.status, 1) << file;
+    EXPECT_THAT(outcome.out, IsEmpty()) << file;
+    EXPECT_THAT(outcome.errors, HasSubstr("cannot read " + file)) << file;
+    EXPECT_EQ(std::ranges::count(outcome.errors, '\n'), 1) << outcome.errors;
+  }
+  EXPECT_THAT(run({"list", "--info-plist", "/nonexistent"}).errors, HasSubstr("no such file"));
+  EXPECT_THAT(run({"list", "--info-plist", garbage}).errors, HasSubstr("no property list"));
+}
+
+TEST_P(Commands, doctorSaysThatAPropertyListIsNone) {
+  const TemporaryFolder folder;
+  const std::string garbage = folder.write("garbage.plist", "no plist");
+  const Outcome outcome = run({"doctor", "--info-plist", garbage});
+  EXPECT_THAT(outcome.out, ::testing::ContainsRegex("absent +Info.plist +" + garbage));
+  EXPECT_THAT(outcome.out, HasSubstr("no property list"));
 }
 
 TEST(Perform, handsTheLinkToAProgram) {

@@ -69,7 +69,7 @@ class Workshop {
     const auto entry = widget_->snapshot(
         {parameters_.family, parameters_.isPreview, parameters_.device}, parameters_.configuration);
     times[kRead] = watch.lap();
-    const viewkit::View made = entry.view(environment);
+    const viewkit::View made = entry.content(environment).view;
     times[kView] = watch.lap();
     foundation::JsonWriter writer;
     viewkit::writeView(writer, made);

@@ -13,6 +13,13 @@ namespace {
 using foundation::formatInternetDateTime;
 using widgetruntime::EntriesAnswer;
 using widgetruntime::ReloadPolicy;
+using widgetruntime::RenderedEntry;
+using widgetruntime::WidgetSummary;
+
+/// Of the one environment that is asked for.
+const WidgetSummary* summaryOf(const RenderedEntry& entry) {
+  return entry.trees.empty() ? nullptr : &entry.trees.front().summary;
+}
 
 std::string_view policyName(ReloadPolicy::Type type) {
   switch (type) {
@@ -32,7 +39,13 @@ std::string asJson(const EntriesAnswer& answer) {
   json.beginObject().key("entries").beginArray();
   for (const auto& entry : answer.entries) {
     json.beginObject().member("date", formatInternetDateTime(entry.date));
-    json.member("hasSnapshot", entry.hasSnapshot).endObject();
+    json.member("hasSnapshot", entry.hasSnapshot);
+    if (entry.generatedAt) json.member("generatedAt", formatInternetDateTime(*entry.generatedAt));
+    if (const WidgetSummary* summary = summaryOf(entry)) {
+      json.key("summary").beginObject().member("text", std::string_view{summary->text});
+      json.member("state", name(summary->state)).endObject();
+    }
+    json.endObject();
   }
   json.endArray().key("policy").beginObject().member("type", policyName(policy.type));
   if (policy.type == ReloadPolicy::Type::after)
@@ -41,13 +54,23 @@ std::string asJson(const EntriesAnswer& answer) {
   return json.take() + "\n";
 }
 
+/// "$1,100 ↗ 10.0% (good), from 2025-03-14T09:30:00Z".
+std::string describe(const RenderedEntry& entry) {
+  const WidgetSummary* summary = summaryOf(entry);
+  if (summary == nullptr) return entry.hasSnapshot ? "shows the document" : "has no document";
+  std::string text = oneLine(summary->text);
+  if (summary->state != WidgetSummary::State::none) {
+    text += fmt::format(" ({})", name(summary->state));
+  }
+  if (entry.generatedAt) text += ", from " + formatInternetDateTime(*entry.generatedAt);
+  return text;
+}
+
 std::string asText(const EntriesAnswer& answer) {
   const ReloadPolicy policy = answer.policy.value_or(ReloadPolicy{});
   std::string text;
   for (const auto& entry : answer.entries) {
-    text += fmt::format("{}  {}\n",
-                        formatInternetDateTime(entry.date),
-                        entry.hasSnapshot ? "shows the document" : "has no document to show");
+    text += fmt::format("{}  {}\n", formatInternetDateTime(entry.date), describe(entry));
   }
   text += fmt::format("asked again: {}", policyName(policy.type));
   if (policy.type == ReloadPolicy::Type::after) text += " " + formatInternetDateTime(policy.date);

@@ -61,13 +61,15 @@ AnyTimeline ask(const Widget& widget, std::string_view method, const EntriesPara
 }
 
 std::string render(const AnyEntry& entry, const EntriesParameters& request) {
-  RenderedEntry rendered{entry.date, entry.hasSnapshot, {}};
+  RenderedEntry rendered{entry.date, entry.hasSnapshot, {}, entry.generatedAt};
   for (Environment environment : request.environments) {
     environment.locale = request.device.locale;
     environment.timeZone = request.device.timeZone;
     environment.preferredLanguages = request.device.preferredLanguages;
-    RenderedTree& tree = rendered.trees.emplace_back(entry.view(environment));
-    tree.link = widgetURL(tree.view);
+    WidgetContent content = entry.content(environment);
+    auto link = widgetURL(content.view);
+    rendered.trees.push_back(
+        {std::move(content.view), std::move(link), std::move(content.summary)});
   }
   return encode(rendered);
 }

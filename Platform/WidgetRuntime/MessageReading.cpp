@@ -162,10 +162,18 @@ BundleDescription readBundle(const JsonValue& json, std::string path, Problem& p
   return bundle;
 }
 
+WidgetSummary readSummary(const JsonValue& json, std::string path, Problem& problem) {
+  ObjectReader reader(json, std::move(path), problem);
+  return {reader.string("text", kMaximumSummary), reader.named("state", summaryStateNamed)};
+}
+
 RenderedTree readTree(const JsonValue& json, std::string path, Problem& problem) {
   ObjectReader reader(json, std::move(path), problem);
   RenderedTree result;
   result.link = reader.optionalString("link");
+  if (const JsonValue* summary = reader.present("summary")) {
+    result.summary = readSummary(*summary, reader.pathOf("summary"), problem);
+  }
   const JsonValue* tree = reader.present("tree");
   if (tree == nullptr) {
     reader.fail("tree", "missing");
@@ -185,6 +193,7 @@ RenderedEntry readEntry(const JsonValue& json, std::string path, Problem& proble
   RenderedEntry entry;
   entry.date = reader.instant("date");
   entry.hasSnapshot = reader.boolean("hasSnapshot");
+  if (reader.present("generatedAt") != nullptr) entry.generatedAt = reader.instant("generatedAt");
   reader.array(
       "trees", kMaximumEnvironments, true, [&](const JsonValue& element, std::string elementPath) {
         entry.trees.push_back(readTree(element, std::move(elementPath), problem));

@@ -122,6 +122,23 @@ void writeEnvironment(JsonWriter& writer, const Environment& environment) {
   writer.endObject();
 }
 
+/// At most `maximum` bytes of a UTF-8 text, without a part of a character.
+std::string_view firstBytes(std::string_view text, std::size_t maximum) {
+  if (text.size() <= maximum) return text;
+  constexpr unsigned char kContinuation = 0x80;
+  while (maximum > 0 && (static_cast<unsigned char>(text[maximum]) & 0xC0U) == kContinuation) {
+    --maximum;
+  }
+  return text.substr(0, maximum);
+}
+
+void writeSummary(JsonWriter& writer, const WidgetSummary& summary) {
+  writer.key("summary").beginObject();
+  writer.member("text", firstBytes(summary.text, kMaximumSummary));
+  writer.member("state", name(summary.state));
+  writer.endObject();
+}
+
 }  // namespace
 
 void write(JsonWriter& writer, const InitializeParameters& parameters) {
@@ -178,10 +195,12 @@ void write(JsonWriter& writer, const RenderedEntry& entry) {
   writer.beginObject();
   writeInstant(writer, "date", entry.date);
   writer.member("hasSnapshot", entry.hasSnapshot);
+  if (entry.generatedAt) writeInstant(writer, "generatedAt", *entry.generatedAt);
   writer.key("trees").beginArray();
   for (const RenderedTree& tree : entry.trees) {
     writer.beginObject();
     writeOptional(writer, "link", tree.link);
+    writeSummary(writer, tree.summary);
     writer.key("tree");
     viewkit::writeView(writer, tree.view);
     writer.endObject();

@@ -20,6 +20,7 @@
 #include "WidgetRuntime/Environment.hpp"
 #include "WidgetRuntime/Intents.hpp"
 #include "WidgetRuntime/Widget.hpp"
+#include "WidgetRuntime/WidgetSummary.hpp"
 
 namespace widgetruntime {
 
@@ -103,7 +104,8 @@ struct EntriesParameters {
 
 struct RenderedTree {
   viewkit::View view;
-  std::optional<std::string> link;  ///< the tree's own widget link, raw text
+  std::optional<std::string> link{};  ///< the tree's own widget link, raw text
+  WidgetSummary summary{};
 
   friend bool operator==(const RenderedTree&, const RenderedTree&) = default;
 };
@@ -111,7 +113,8 @@ struct RenderedTree {
 struct RenderedEntry {
   foundation::Instant date;
   bool hasSnapshot = false;
-  std::vector<RenderedTree> trees;  ///< one an environment, in the order asked for
+  std::vector<RenderedTree> trees{};  ///< one per environment, in the order asked for
+  std::optional<foundation::Instant> generatedAt{};  ///< of the document; absent without one
 
   friend bool operator==(const RenderedEntry&, const RenderedEntry&) = default;
 };

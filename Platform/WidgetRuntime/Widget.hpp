@@ -4,10 +4,13 @@
 //     Widget widget = makeStaticConfiguration(
 //         {.kind = "Kind", .displayName = "Name", .description = "...", .families =
 //         {WidgetFamily::systemSmall}}, SnapshotProvider{store},
-//         [](const SnapshotEntry& entry, const Environment& environment) { return
-//         NetWorthWidgetView{...}.body(); });
+//         [](const SnapshotEntry& entry, const Environment& environment) {
+//           const NetWorthWidgetView view{...};
+//           return WidgetContent{view.body(), view.summary()};
+//         });
 //
-// A provider has an `Entry` type (with a `date`, and an optional `snapshot`) and the three
+// A provider has an `Entry` type (with a `date`, and an optional `snapshot` that says when it was
+// made in `generatedAt`) and the three
 // operations of the timeline-provider protocol; an intent provider gets the configuration's intent
 // as well.
 #pragma once
@@ -23,6 +26,7 @@
 #include "ViewKit/View.hpp"
 #include "WidgetRuntime/Environment.hpp"
 #include "WidgetRuntime/Intents.hpp"
+#include "WidgetRuntime/WidgetSummary.hpp"
 
 namespace widgetruntime {
 
@@ -51,12 +55,19 @@ struct Timeline {
   ReloadPolicy policy;
 };
 
-/// An entry whose type the runtime does not know: its date, whether data stand behind it, and its
-/// view.
+/// What a widget shows of an entry in one environment.
+struct WidgetContent {
+  viewkit::View view;
+  WidgetSummary summary{};
+};
+
+/// An entry whose type the runtime does not know: its date, whether data stand behind it and when
+/// they were made, and its content.
 struct AnyEntry {
   foundation::Instant date;
   bool hasSnapshot = false;
-  std::function<viewkit::View(const Environment&)> view;
+  std::optional<foundation::Instant> generatedAt;
+  std::function<WidgetContent(const Environment&)> content;
 };
 using AnyTimeline = Timeline<AnyEntry>;
 
@@ -113,8 +124,9 @@ AnyEntry eraseEntry(Entry entry, const Content& content) {
   AnyEntry any;
   any.date = entry.date;
   any.hasSnapshot = entry.snapshot.has_value();
-  any.view = [content, entry = std::make_shared<const Entry>(std::move(entry))](
-                 const Environment& environment) { return content(*entry, environment); };
+  if (entry.snapshot) any.generatedAt = entry.snapshot->generatedAt;
+  any.content = [content, entry = std::make_shared<const Entry>(std::move(entry))](
+                    const Environment& environment) { return content(*entry, environment); };
   return any;
 }
 template <class Entry, class Content>

@@ -1,11 +1,14 @@
 #include "QuorvelWidgets/CardLimit/CardLimitView.hpp"
 
+#include <algorithm>
+
 #include "QuorvelWidgets/CardLimit/CardFigures.hpp"
 #include "QuorvelWidgets/CardLimit/CardLimitContent.hpp"
 #include "QuorvelWidgets/WidgetSupport/Palette.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetEnvironment.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetLink.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetScaffold.hpp"
+#include "QuorvelWidgets/WidgetSupport/WidgetStrings.hpp"
 
 namespace quorvel {
 
@@ -20,6 +23,19 @@ constexpr EmptyState kNoCards{kCardSymbol, "remainingLimit", "noCards", "addCard
 std::size_t mostCards(WidgetFamily family) {
   if (family == WidgetFamily::systemLarge) return 5;
   return family == WidgetFamily::systemMedium ? 3 : 1;
+}
+
+widgetruntime::WidgetSummary::State stateOf(Usage usage) {
+  using State = widgetruntime::WidgetSummary::State;
+  switch (usage) {
+    case Usage::heavy:
+      return State::critical;
+    case Usage::considerable:
+      return State::warning;
+    case Usage::healthy:
+      break;
+  }
+  return State::good;
 }
 
 }  // namespace
@@ -46,6 +62,25 @@ View CardLimitView::body() const {
   }
   scaffold.link = widgetLink(urlScheme, "card/" + content.cards.front()->id);
   return scaffold.root(cardLimitSmall(content).foregroundStyle(primary));
+}
+
+widgetruntime::WidgetSummary CardLimitView::summary() const {
+  const WidgetScaffold scaffold{entry.snapshot, environment, {}};
+  if (environment.redactionReasons.placeholder) return scaffold.titleSummary(kNoSnapshot);
+  if (!entry.snapshot) return scaffold.messageSummary(kNoSnapshot);
+  const auto& cards = entry.snapshot->cards;
+  if (cards.empty()) return scaffold.messageSummary(kNoCards);
+  const WidgetSnapshot snapshot = withEffectivePrivacy(*entry.snapshot, environment);
+  const auto chosen = entry.cardId
+                          ? std::ranges::find(cards, *entry.cardId, &WidgetSnapshot::Card::id)
+                          : cards.end();
+  const bool isAll = chosen == cards.end();
+  const double remaining = isAll ? snapshot.totalRemaining : chosen->remaining;
+  const double used = usedFraction(isAll ? snapshot.totalLimit : chosen->limit, remaining);
+  // How much is used is a proportion, which goes with the amounts.
+  using State = widgetruntime::WidgetSummary::State;
+  return {.text = isolatedAmount(amountText(remaining, snapshot)),
+          .state = snapshot.isHidden ? State::none : stateOf(usageOf(used))};
 }
 
 }  // namespace quorvel

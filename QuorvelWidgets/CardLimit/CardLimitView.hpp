@@ -7,6 +7,7 @@
 #include "QuorvelWidgets/CardLimit/CardProvider.hpp"
 #include "ViewKit/ViewKit.hpp"
 #include "WidgetRuntime/Environment.hpp"
+#include "WidgetRuntime/WidgetSummary.hpp"
 
 namespace quorvel {
 
@@ -19,6 +20,8 @@ struct CardLimitView : viewkit::Modifiers<CardLimitView> {
   std::string urlScheme;
 
   [[nodiscard]] viewkit::View body() const;
+  /// What is left on the chosen card or on all of them, and how heavily it is used.
+  [[nodiscard]] widgetruntime::WidgetSummary summary() const;
 };
 
 }  // namespace quorvel

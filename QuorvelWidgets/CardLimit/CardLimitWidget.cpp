@@ -6,6 +6,7 @@
 namespace quorvel {
 
 using widgetruntime::Environment;
+using widgetruntime::WidgetContent;
 using widgetruntime::WidgetFamily;
 
 widgetruntime::Widget CardLimitWidget::configuration(const SnapshotStore& store) {
@@ -19,9 +20,9 @@ widgetruntime::Widget CardLimitWidget::configuration(const SnapshotStore& store)
       SelectCardIntent::description(store),
       CardProvider{store},
       [store](const CardEntry& entry, const Environment& environment) {
-        return CardLimitView{
-            .entry = entry, .environment = environment, .urlScheme = store.urlScheme()}
-            .body();
+        const CardLimitView view{
+            .entry = entry, .environment = environment, .urlScheme = store.urlScheme()};
+        return WidgetContent{view.body(), view.summary()};
       });
 }
 

@@ -23,14 +23,10 @@ Accessibility spoken(const DueContent& content) {
 }
 
 View inlineLine(const DueContent& content) {
-  const UpcomingDue& next = content.upcoming.front();
-  const std::string words = relativeLabel(next.days, content.snapshot.lang) + " · " +
-                            isolatedName(next.due->name) + " · " +
-                            isolatedAmount(content.amountText(*next.due));
   return HStack{
       {.spacing = 5},
       calendarSymbol(13),
-      Text{words}
+      Text{inlineText(content)}
           .font(13, FontWeight::medium)
           .lineLimit(1)
           .minimumScaleFactor(0.8)

@@ -69,4 +69,10 @@ View DueContent::dueDate(const WidgetSnapshot::Due& due, double size) const {
       .accessibilityLabel(words + spokenDueDateText(*instant, snapshot.lang, environment.timeZone));
 }
 
+std::string inlineText(const DueContent& content) {
+  const UpcomingDue& next = content.upcoming.front();
+  return relativeLabel(next.days, content.snapshot.lang) + " · " + isolatedName(next.due->name) +
+         " · " + isolatedAmount(content.amountText(*next.due));
+}
+
 }  // namespace quorvel

@@ -39,6 +39,9 @@ struct DueContent {
   [[nodiscard]] viewkit::View dueDate(const WidgetSnapshot::Due& due, double size) const;
 };
 
+/// The next payment in one line: "in 3 days · Everyday card · $125".
+[[nodiscard]] std::string inlineText(const DueContent& content);
+
 [[nodiscard]] viewkit::View dueSmall(const DueContent& content);
 [[nodiscard]] viewkit::View dueMedium(const DueContent& content);
 [[nodiscard]] viewkit::View dueAccessory(const DueContent& content);

@@ -6,6 +6,7 @@
 namespace quorvel {
 
 using widgetruntime::Environment;
+using widgetruntime::WidgetContent;
 using widgetruntime::WidgetFamily;
 
 widgetruntime::Widget DueWidget::configuration(const SnapshotStore& store) {
@@ -16,9 +17,9 @@ widgetruntime::Widget DueWidget::configuration(const SnapshotStore& store) {
        .families = {WidgetFamily::systemSmall, WidgetFamily::systemMedium}},
       SnapshotProvider{store},
       [store](const SnapshotEntry& entry, const Environment& environment) {
-        return DueWidgetView{
-            .entry = entry, .environment = environment, .urlScheme = store.urlScheme()}
-            .body();
+        const DueWidgetView view{
+            .entry = entry, .environment = environment, .urlScheme = store.urlScheme()};
+        return WidgetContent{view.body(), view.summary()};
       });
 }
 

@@ -34,6 +34,18 @@ View emptyView(const WidgetScaffold& scaffold, const EmptyState& state) {
           .maxWidth = kInfinity, .maxHeight = kInfinity, .alignment = Alignment::leading});
 }
 
+/// Of an entry with a snapshot.
+DueContent makeContent(const DueWidgetView& view,
+                       const foundation::Calendar& calendar,
+                       std::size_t mostDues) {
+  const WidgetSnapshot& snapshot = *view.entry.snapshot;
+  return {.snapshot = withEffectivePrivacy(snapshot, view.environment),
+          .upcoming = upcomingDues(snapshot.dues, view.entry.date, calendar, mostDues),
+          .urlScheme = view.urlScheme,
+          .environment = view.environment,
+          .calendar = calendar};
+}
+
 }  // namespace
 
 View DueWidgetView::body() const {
@@ -41,12 +53,7 @@ View DueWidgetView::body() const {
   const WidgetFamily family = environment.familyInForce();
   if (!entry.snapshot) return scaffold.root(emptyView(scaffold, kNoSnapshot));
   const foundation::Calendar calendar{environment.locale, environment.timeZone};
-  DueContent content{
-      .snapshot = withEffectivePrivacy(*entry.snapshot, environment),
-      .upcoming = upcomingDues(entry.snapshot->dues, entry.date, calendar, kMostDues),
-      .urlScheme = urlScheme,
-      .environment = environment,
-      .calendar = calendar};
+  const DueContent content = makeContent(*this, calendar, kMostDues);
   if (content.upcoming.empty()) return scaffold.root(emptyView(scaffold, kNothingDue));
   const Color primary = isAccessory(family) ? Color::primary() : palette::textPrimary;
   if (family == WidgetFamily::systemMedium) {
@@ -54,6 +61,16 @@ View DueWidgetView::body() const {
   }
   const View layout = isAccessory(family) ? dueAccessory(content) : dueSmall(content);
   return scaffold.root(layout.foregroundStyle(primary));
+}
+
+widgetruntime::WidgetSummary DueWidgetView::summary() const {
+  const WidgetScaffold scaffold{entry.snapshot, environment, {}};
+  if (environment.redactionReasons.placeholder) return scaffold.titleSummary(kNoSnapshot);
+  if (!entry.snapshot) return scaffold.messageSummary(kNoSnapshot);
+  const foundation::Calendar calendar{environment.locale, environment.timeZone};
+  const DueContent content = makeContent(*this, calendar, 1);
+  if (content.upcoming.empty()) return scaffold.messageSummary(kNothingDue);
+  return {.text = inlineText(content)};
 }
 
 }  // namespace quorvel

@@ -7,6 +7,7 @@
 #include "QuorvelWidgets/WidgetSupport/SnapshotTimeline.hpp"
 #include "ViewKit/ViewKit.hpp"
 #include "WidgetRuntime/Environment.hpp"
+#include "WidgetRuntime/WidgetSummary.hpp"
 
 namespace quorvel {
 
@@ -19,6 +20,8 @@ struct DueWidgetView : viewkit::Modifiers<DueWidgetView> {
   std::string urlScheme;
 
   [[nodiscard]] viewkit::View body() const;
+  /// The next payment as the inline family shows it.
+  [[nodiscard]] widgetruntime::WidgetSummary summary() const;
 };
 
 }  // namespace quorvel

@@ -1,6 +1,7 @@
 #include "QuorvelWidgets/NetWorth/NetWorthWidgetView.hpp"
 
 #include "QuorvelWidgets/NetWorth/NetWorthContent.hpp"
+#include "QuorvelWidgets/WidgetSupport/ChangeText.hpp"
 #include "QuorvelWidgets/WidgetSupport/Palette.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetEnvironment.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetLink.hpp"
@@ -35,6 +36,17 @@ View NetWorthWidgetView::body() const {
                                 .environment = environment};
   return scaffold.root(
       layout(content, environment.familyInForce()).foregroundStyle(palette::textPrimary));
+}
+
+widgetruntime::WidgetSummary NetWorthWidgetView::summary() const {
+  const WidgetScaffold scaffold{entry.snapshot, environment, {}};
+  if (environment.redactionReasons.placeholder) return scaffold.titleSummary(kNoSnapshot);
+  if (!entry.snapshot) return scaffold.messageSummary(kNoSnapshot);
+  const auto& netWorth = entry.snapshot->netWorth;
+  if (!netWorth) return scaffold.messageSummary(kNoNetWorth);
+  const WidgetSnapshot snapshot = withEffectivePrivacy(*entry.snapshot, environment);
+  const auto change = snapshot.isHidden ? std::nullopt : shownChange(*netWorth);
+  return {.text = amountWithChange(amountText(netWorth->value, snapshot), change, snapshot.lang)};
 }
 
 }  // namespace quorvel

@@ -7,6 +7,7 @@
 #include "QuorvelWidgets/WidgetSupport/SnapshotTimeline.hpp"
 #include "ViewKit/ViewKit.hpp"
 #include "WidgetRuntime/Environment.hpp"
+#include "WidgetRuntime/WidgetSummary.hpp"
 
 namespace quorvel {
 
@@ -19,6 +20,8 @@ struct NetWorthWidgetView : viewkit::Modifiers<NetWorthWidgetView> {
   std::string urlScheme;
 
   [[nodiscard]] viewkit::View body() const;
+  /// The net worth and its change.
+  [[nodiscard]] widgetruntime::WidgetSummary summary() const;
 };
 
 }  // namespace quorvel

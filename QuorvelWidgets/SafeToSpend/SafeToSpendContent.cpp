@@ -49,6 +49,19 @@ std::string SafeToSpendContent::spokenMainAmount() const {
   return isLastDay() ? spokenLeft(amount, snapshot.lang) : spokenPerDay(amount, snapshot.lang);
 }
 
+std::string summaryText(const SafeToSpendContent& content) {
+  const auto written = [&](double amount) {
+    return isolatedAmount(amountText(amount, content.snapshot));
+  };
+  if (isExceeded(content.budget)) {
+    return written(content.budget.spent - content.budget.total) + " " + content.text("overBudget");
+  }
+  if (content.isLastDay()) return written(content.mainAmount()) + " " + content.text("left");
+  const std::string unit = perDayUnit(content.snapshot.lang);
+  const bool isAttached = unit.starts_with("/") && !unit.starts_with("/ ");
+  return written(content.mainAmount()) + (isAttached ? "" : " ") + unit;
+}
+
 std::string dayPhrase(std::int64_t daysLeft, std::string_view lang) {
   if (daysLeft == 0) return WidgetStrings::text("lastDay", lang);
   const std::string days = daysLeft < 1 ? WidgetStrings::text("today", lang)

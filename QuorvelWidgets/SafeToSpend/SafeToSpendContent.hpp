@@ -45,6 +45,9 @@ struct SafeToSpendContent {
   [[nodiscard]] std::string spokenMainAmount() const;
 };
 
+/// "$106 / day", on the last day "$1,166 left", beyond the budget "$210 over budget".
+[[nodiscard]] std::string summaryText(const SafeToSpendContent& content);
+
 /// Days left in words: "12d left", "Last day".
 [[nodiscard]] std::string dayPhrase(std::int64_t daysLeft, std::string_view lang);
 

@@ -49,6 +49,19 @@ View layout(const SafeToSpendView& view, const SafeToSpendContent& content) {
   return isAccentTile(view) ? safeToSpendAccentTile(content) : safeToSpendRing(content);
 }
 
+widgetruntime::WidgetSummary::State stateOf(PaceVerdict verdict) {
+  using State = widgetruntime::WidgetSummary::State;
+  switch (verdict) {
+    case PaceVerdict::warning:
+      return State::warning;
+    case PaceVerdict::critical:
+      return State::critical;
+    case PaceVerdict::good:
+      break;
+  }
+  return State::good;
+}
+
 }  // namespace
 
 View SafeToSpendView::body() const {
@@ -63,6 +76,15 @@ View SafeToSpendView::body() const {
     if (!showsBackground) chrome.backdrop = AccessoryBackdrop{.showsBackground = false};
   }
   return chrome;
+}
+
+widgetruntime::WidgetSummary SafeToSpendView::summary() const {
+  const WidgetScaffold scaffold{entry.snapshot, environment, {}};
+  if (environment.redactionReasons.placeholder) return scaffold.titleSummary(kNoSnapshot);
+  if (!entry.snapshot) return scaffold.messageSummary(kNoSnapshot);
+  const auto content = makeContent(*this);
+  if (!content) return scaffold.messageSummary(kNoBudget);
+  return {.text = summaryText(*content), .state = stateOf(content->pace.verdict)};
 }
 
 }  // namespace quorvel

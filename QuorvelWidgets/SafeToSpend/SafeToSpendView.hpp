@@ -7,6 +7,7 @@
 #include "QuorvelWidgets/SafeToSpend/SafeToSpendProvider.hpp"
 #include "ViewKit/ViewKit.hpp"
 #include "WidgetRuntime/Environment.hpp"
+#include "WidgetRuntime/WidgetSummary.hpp"
 
 namespace quorvel {
 
@@ -20,6 +21,9 @@ struct SafeToSpendView : viewkit::Modifiers<SafeToSpendView> {
   bool showsBackground = environment.showsWidgetContainerBackground;
 
   [[nodiscard]] viewkit::View body() const;
+  /// What may be spent per day, what is left of the last day or by how much the budget is exceeded,
+  /// and the pace.
+  [[nodiscard]] widgetruntime::WidgetSummary summary() const;
 };
 
 }  // namespace quorvel

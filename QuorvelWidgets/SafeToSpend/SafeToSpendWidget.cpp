@@ -6,6 +6,7 @@
 namespace quorvel {
 
 using widgetruntime::Environment;
+using widgetruntime::WidgetContent;
 using widgetruntime::WidgetFamily;
 
 widgetruntime::Widget SafeToSpendWidget::configuration(const SnapshotStore& store) {
@@ -17,9 +18,9 @@ widgetruntime::Widget SafeToSpendWidget::configuration(const SnapshotStore& stor
       SafeToSpendIntent::description(),
       SafeToSpendProvider{store},
       [store](const SafeToSpendEntry& entry, const Environment& environment) {
-        return SafeToSpendView{
-            .entry = entry, .environment = environment, .urlScheme = store.urlScheme()}
-            .body();
+        const SafeToSpendView view{
+            .entry = entry, .environment = environment, .urlScheme = store.urlScheme()};
+        return WidgetContent{view.body(), view.summary()};
       });
 }
 

@@ -52,8 +52,7 @@ View SpendingContent::comparisonLine() const {
     return WidgetPrivacyNote{.lang = snapshot.lang, .color = palette::textSecondary}
         .accessibilityHidden();  // the amount above says it
   }
-  const auto percent = changeAgainstLastMonth(spending);
-  const auto change = percent ? describeChange(*percent, 1, false) : std::nullopt;
+  const auto change = shownChange(spending);
   if (!change) return {};
   constexpr double kSize = 11.5;
   const View figure = HStack{

@@ -19,6 +19,11 @@ std::optional<double> changeAgainstLastMonth(const WidgetSnapshot::Spending& spe
   return (spending.spent - spending.lastMonthSpent) / spending.lastMonthSpent * 100;
 }
 
+std::optional<ChangeDescription> shownChange(const WidgetSnapshot::Spending& spending) {
+  const auto percent = changeAgainstLastMonth(spending);
+  return percent ? describeChange(*percent, 1, false) : std::nullopt;
+}
+
 SpendingStatistics spendingStatistics(const WidgetSnapshot::Spending& spending, int today) {
   const int recorded = static_cast<int>(drawnDays(spending.daily.size()));
   return {.today = today >= 1 && today <= recorded ? spending.daily[today - 1] : 0,

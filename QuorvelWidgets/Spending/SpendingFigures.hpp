@@ -7,6 +7,7 @@
 #include <span>
 #include <vector>
 
+#include "QuorvelWidgets/WidgetSupport/WidgetMoneyStyle.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetSnapshot.hpp"
 #include "ViewKit/Color.hpp"
 #include "WidgetRuntime/Environment.hpp"
@@ -18,6 +19,10 @@ namespace quorvel {
 
 /// Percent by which `spent` differs from last month's; nothing when that was not above 0.
 [[nodiscard]] std::optional<double> changeAgainstLastMonth(
+    const WidgetSnapshot::Spending& spending);
+
+/// The same as it is written, with one decimal.
+[[nodiscard]] std::optional<ChangeDescription> shownChange(
     const WidgetSnapshot::Spending& spending);
 
 struct SpendingStatistics {

@@ -6,6 +6,7 @@
 namespace quorvel {
 
 using widgetruntime::Environment;
+using widgetruntime::WidgetContent;
 using widgetruntime::WidgetFamily;
 
 widgetruntime::Widget SpendingWidget::configuration(const SnapshotStore& store) {
@@ -18,9 +19,9 @@ widgetruntime::Widget SpendingWidget::configuration(const SnapshotStore& store) 
                     WidgetFamily::systemLarge}},
       SnapshotProvider{store},
       [store](const SnapshotEntry& entry, const Environment& environment) {
-        return SpendingWidgetView{
-            .entry = entry, .environment = environment, .urlScheme = store.urlScheme()}
-            .body();
+        const SpendingWidgetView view{
+            .entry = entry, .environment = environment, .urlScheme = store.urlScheme()};
+        return WidgetContent{view.body(), view.summary()};
       });
 }
 

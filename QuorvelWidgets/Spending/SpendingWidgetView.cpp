@@ -2,6 +2,8 @@
 
 #include "Foundation/DayString.hpp"
 #include "QuorvelWidgets/Spending/SpendingContent.hpp"
+#include "QuorvelWidgets/Spending/SpendingFigures.hpp"
+#include "QuorvelWidgets/WidgetSupport/ChangeText.hpp"
 #include "QuorvelWidgets/WidgetSupport/Palette.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetEnvironment.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetLink.hpp"
@@ -32,6 +34,15 @@ SpendingContent makeContent(const SpendingWidgetView& view,
           .daysInMonth = calendar.daysInMonth(today.year, today.month)};
 }
 
+/// The record of the entry's month; null when there is none or it is another month's.
+const WidgetSnapshot::Spending* spendingOfMonth(const SnapshotEntry& entry,
+                                                const foundation::Calendar& calendar) {
+  const auto& spending = entry.snapshot->spending;
+  const bool isCurrent =
+      spending && spending->month == foundation::monthString(entry.date, calendar);
+  return isCurrent ? &*spending : nullptr;
+}
+
 View layout(const SpendingContent& content, WidgetFamily family) {
   if (family == WidgetFamily::systemLarge) return spendingLarge(content);
   if (family == WidgetFamily::systemMedium) return spendingMedium(content);
@@ -44,13 +55,23 @@ View SpendingWidgetView::body() const {
   const WidgetScaffold scaffold{entry.snapshot, environment, widgetLink(urlScheme, "spending")};
   if (!entry.snapshot) return scaffold.root(scaffold.message(kNoSnapshot));
   const foundation::Calendar calendar{environment.locale, environment.timeZone};
-  const auto& spending = entry.snapshot->spending;
-  if (!spending || spending->month != foundation::monthString(entry.date, calendar)) {
-    return scaffold.root(scaffold.message(kNoSpending));
-  }
+  const WidgetSnapshot::Spending* spending = spendingOfMonth(entry, calendar);
+  if (spending == nullptr) return scaffold.root(scaffold.message(kNoSpending));
   const SpendingContent content = makeContent(*this, *entry.snapshot, *spending, calendar);
   return scaffold.root(
       layout(content, environment.familyInForce()).foregroundStyle(palette::textPrimary));
+}
+
+widgetruntime::WidgetSummary SpendingWidgetView::summary() const {
+  const WidgetScaffold scaffold{entry.snapshot, environment, {}};
+  if (environment.redactionReasons.placeholder) return scaffold.titleSummary(kNoSnapshot);
+  if (!entry.snapshot) return scaffold.messageSummary(kNoSnapshot);
+  const foundation::Calendar calendar{environment.locale, environment.timeZone};
+  const WidgetSnapshot::Spending* spending = spendingOfMonth(entry, calendar);
+  if (spending == nullptr) return scaffold.messageSummary(kNoSpending);
+  const WidgetSnapshot snapshot = withEffectivePrivacy(*entry.snapshot, environment);
+  const auto change = snapshot.isHidden ? std::nullopt : shownChange(*spending);
+  return {.text = amountWithChange(amountText(spending->spent, snapshot), change, snapshot.lang)};
 }
 
 }  // namespace quorvel

@@ -7,6 +7,7 @@
 #include "QuorvelWidgets/WidgetSupport/SnapshotTimeline.hpp"
 #include "ViewKit/ViewKit.hpp"
 #include "WidgetRuntime/Environment.hpp"
+#include "WidgetRuntime/WidgetSummary.hpp"
 
 namespace quorvel {
 
@@ -19,6 +20,8 @@ struct SpendingWidgetView : viewkit::Modifiers<SpendingWidgetView> {
   std::string urlScheme;
 
   [[nodiscard]] viewkit::View body() const;
+  /// The month's spending and its change.
+  [[nodiscard]] widgetruntime::WidgetSummary summary() const;
 };
 
 }  // namespace quorvel

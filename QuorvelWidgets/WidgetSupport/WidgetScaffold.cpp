@@ -35,6 +35,14 @@ View WidgetScaffold::message(const EmptyState& state) const {
   return view;
 }
 
+widgetruntime::WidgetSummary WidgetScaffold::messageSummary(const EmptyState& state) const {
+  return {.text = WidgetStrings::text(state.text, lang())};
+}
+
+widgetruntime::WidgetSummary WidgetScaffold::titleSummary(const EmptyState& state) const {
+  return {.text = WidgetStrings::text(state.title, lang())};
+}
+
 WidgetChrome WidgetScaffold::chrome(View content, bool padded) const {
   const bool accessory = isAccessory(environment.familyInForce());
   WidgetChrome root{

@@ -10,6 +10,7 @@
 #include "QuorvelWidgets/WidgetSupport/WidgetSnapshot.hpp"
 #include "ViewKit/ViewKit.hpp"
 #include "WidgetRuntime/Environment.hpp"
+#include "WidgetRuntime/WidgetSummary.hpp"
 
 namespace quorvel {
 
@@ -32,6 +33,10 @@ struct WidgetScaffold {
   [[nodiscard]] std::string lang() const;
   /// In the snapshot's accent, or the built-in one.
   [[nodiscard]] viewkit::View message(const EmptyState& state) const;
+  /// The message in one line.
+  [[nodiscard]] widgetruntime::WidgetSummary messageSummary(const EmptyState& state) const;
+  /// The widget's title: all that a placeholder says.
+  [[nodiscard]] widgetruntime::WidgetSummary titleSummary(const EmptyState& state) const;
   /// The chrome of the widget's root, on the canvas; for widgets that change something about it.
   [[nodiscard]] WidgetChrome chrome(viewkit::View content, bool padded = true) const;
   /// The widget's root on the canvas. Content that is not padded reaches the widget's edges.

@@ -123,7 +123,8 @@ TEST(BundleTranscript, EveryWidgetHasOneEntryAndReloadsWithTheDay) {
     "family":"systemSmall","now":"2025-03-14T09:30:00Z","timeZone":"Asia/Jakarta","locale":"id_ID",
     "languages":["id"],"environments":[]}}
 < {"jsonrpc":"2.0","id":1,"result":{"entries":[{"date":"2025-03-14T09:30:00Z",
-    "hasSnapshot":true,"trees":[]}],"policy":{"type":"after","date":"2025-03-14T17:00:05Z"}}}
+    "hasSnapshot":true,"generatedAt":"2025-03-14T09:30:00Z","trees":[]}],
+    "policy":{"type":"after","date":"2025-03-14T17:00:05Z"}}}
 )";
   }
   expectConversation(conversation);

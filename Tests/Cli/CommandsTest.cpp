@@ -86,8 +86,26 @@ TEST_P(Commands, theTimelineReloadsFiveSecondsAfterLocalMidnight) {
                              "2025-03-14T22:59:59Z",
                              "--time-zone",
                              "Europe/Berlin"});
-  EXPECT_EQ(answer, json::parse(R"({"entries":[{"date":"2025-03-14T22:59:59Z","hasSnapshot":true}],
+  EXPECT_EQ(answer, json::parse(R"({"entries":[{"date":"2025-03-14T22:59:59Z","hasSnapshot":true,
+                                    "generatedAt":"2025-03-14T09:30:00Z","summary":{"state":"none",
+                                    "text":"in 3 days · \u2068Northbank Everyday\u2069 · \u2066$412\u2069"}}],
                                     "policy":{"type":"after","date":"2025-03-14T23:00:05Z"}})"));
+}
+
+TEST_P(Commands, TheTimelineInWordsSaysWhatTheWidgetSays) {
+  // 591 of 2,400 spent leaves 1,809 for 17 days; 25 % spent of 14 days in 31 is on pace.
+  const Outcome outcome = run({"timeline",
+                               "QuorvelSafeToSpendWidget",
+                               "--snapshot",
+                               kHousehold,
+                               "--now",
+                               "2025-03-14T12:00:00Z",
+                               "--time-zone",
+                               "UTC"});
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.out,
+            "2025-03-14T12:00:00Z  \u2066$106\u2069 / day (good), from 2025-03-14T09:30:00Z\n"
+            "asked again: after 2025-03-15T00:00:05Z\n");
 }
 
 TEST_P(Commands, aTimelineWithoutADocumentHasAnEntryAllTheSame) {
@@ -101,7 +119,8 @@ TEST_P(Commands, aTimelineWithoutADocumentHasAnEntryAllTheSame) {
                              "2025-03-14T00:00:04Z",
                              "--time-zone",
                              "UTC"});
-  EXPECT_EQ(answer, json::parse(R"({"entries":[{"date":"2025-03-14T00:00:04Z","hasSnapshot":false}],
+  EXPECT_EQ(answer, json::parse(R"({"entries":[{"date":"2025-03-14T00:00:04Z","hasSnapshot":false,
+                                    "summary":{"text":"Open Quorvel to get started","state":"none"}}],
                                     "policy":{"type":"after","date":"2025-03-14T00:00:05Z"}})"));
 }
 

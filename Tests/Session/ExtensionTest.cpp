@@ -72,6 +72,8 @@ void expectService(Extension& extension) {
   const viewkit::View open = viewkit::Text{"Asia/Jakarta"}.widgetURL("fake://open/systemSmall");
   EXPECT_EQ(timeline->entries[0].trees[0].view, open);
   EXPECT_EQ(timeline->entries[0].trees[0].link, "fake://open/systemSmall");
+  EXPECT_EQ(timeline->entries[0].trees[0].summary.text, "Asia/Jakarta");
+  EXPECT_EQ(timeline->entries[0].generatedAt, std::nullopt);
   EXPECT_EQ(timeline->policy, widgetruntime::ReloadPolicy::after({1'741'944'600 + 3600, 0}));
 
   EntriesParameters chosen = entriesOf("Card");
@@ -80,6 +82,7 @@ void expectService(Extension& extension) {
   ASSERT_TRUE(snapshot) << snapshot.error().message;
   EXPECT_EQ(snapshot->entries[0].trees[0].view,
             viewkit::View(viewkit::Text{"b"}.widgetURL("fake://open/systemSmall")));
+  EXPECT_EQ(snapshot->entries[0].generatedAt, (foundation::Instant{1'741'944'600 - 60, 0}));
   ASSERT_TRUE(extension.placeholder(chosen));
 
   const auto options = extension.options({"Card", "card", std::nullopt});

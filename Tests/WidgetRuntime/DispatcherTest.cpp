@@ -88,9 +88,11 @@ TEST(Dispatcher, GivesOneTreeForEachEnvironment) {
     "locale":"id_ID","languages":["id"],"environments":[{},{"privacy":true}]}}
 < {"jsonrpc":"2.0","id":1,"result":{"entries":[{"date":"2025-03-14T09:30:00Z",
     "hasSnapshot":false,"trees":[
-    {"link":"fake://open/systemSmall","tree":{"type":"Text","text":"Asia/Jakarta",
+    {"link":"fake://open/systemSmall","summary":{"text":"Asia/Jakarta","state":"none"},
+    "tree":{"type":"Text","text":"Asia/Jakarta",
     "modifiers":[{"widgetURL":"fake://open/systemSmall"}]}},
-    {"link":"fake://open/systemSmall","tree":{"type":"Text","text":"hidden",
+    {"link":"fake://open/systemSmall","summary":{"text":"hidden","state":"none"},
+    "tree":{"type":"Text","text":"hidden",
     "modifiers":[{"widgetURL":"fake://open/systemSmall"}]}}]}]}}
 ---
 > {"jsonrpc":"2.0","id":2,"method":"widget/snapshot","params":{"kind":"Clock",
@@ -98,15 +100,16 @@ TEST(Dispatcher, GivesOneTreeForEachEnvironment) {
     "now":"2025-03-14T09:30:00Z","timeZone":"UTC","locale":"en","languages":[],
     "environments":[{}]}}
 < {"jsonrpc":"2.0","id":2,"result":{"entries":[{"date":"2025-03-14T09:30:00Z",
-    "hasSnapshot":true,"trees":[
-    {"link":"fake://open/accessoryInline","tree":{"type":"Text","text":"UTC",
+    "hasSnapshot":true,"generatedAt":"2025-03-14T09:29:00Z","trees":[
+    {"link":"fake://open/accessoryInline","summary":{"text":"UTC","state":"good"},
+    "tree":{"type":"Text","text":"UTC",
     "modifiers":[{"widgetURL":"fake://open/accessoryInline"}]}}]}]}}
 ---
 > {"jsonrpc":"2.0","id":3,"method":"widget/placeholder","params":{"kind":"Card",
     "family":"systemLarge","configuration":{"card":"b"},"now":"2025-03-14T09:30:00Z",
     "timeZone":"UTC","locale":"en","languages":[],"environments":[]}}
 < {"jsonrpc":"2.0","id":3,"result":{"entries":[{"date":"2025-03-14T09:30:00Z",
-    "hasSnapshot":true,"trees":[]}]}}
+    "hasSnapshot":true,"generatedAt":"2025-03-14T09:29:00Z","trees":[]}]}}
 )");
 }
 
@@ -125,8 +128,9 @@ TEST(Dispatcher, GivesTimelinesWithTheirPolicy) {
     "now":"2025-03-14T23:30:00Z","timeZone":"UTC","locale":"en","languages":[],
     "environments":[{}]}}
 < {"jsonrpc":"2.0","id":2,"result":{"entries":[{"date":"2025-03-14T23:30:00Z",
-    "hasSnapshot":true,"trees":[{"link":"fake://open/systemSmall","tree":{"type":"Text",
-    "text":"b","modifiers":[{"widgetURL":"fake://open/systemSmall"}]}}]}],
+    "hasSnapshot":true,"generatedAt":"2025-03-14T23:29:00Z","trees":[
+    {"link":"fake://open/systemSmall","summary":{"text":"b","state":"good"},
+    "tree":{"type":"Text","text":"b","modifiers":[{"widgetURL":"fake://open/systemSmall"}]}}]}],
     "policy":{"type":"atEnd"}}}
 ---
 > {"jsonrpc":"2.0","id":3,"method":"widget/timeline","params":{"kind":"Empty",

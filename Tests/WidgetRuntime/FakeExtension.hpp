@@ -17,11 +17,20 @@ using widgetruntime::IntentValues;
 using widgetruntime::ProviderContext;
 using widgetruntime::WidgetFamily;
 
+struct Document {
+  foundation::Instant generatedAt;
+};
+
 struct Entry {
   foundation::Instant date;
-  std::optional<std::string> snapshot;
+  std::optional<Document> snapshot;
   std::string text;
 };
+
+/// Made a minute before it is asked for.
+inline Document documentOf(const ProviderContext& context) {
+  return {{context.device.now.seconds - 60, 0}};
+}
 
 /// Its timeline has as many entries as it is told, an hour apart, and is to be renewed after an
 /// hour.
@@ -32,11 +41,11 @@ struct ClockProvider {
 
   Entry entry(const ProviderContext& context, std::int64_t hours) const {
     return {{context.device.now.seconds + 3600 * hours, 0},
-            context.isPreview ? std::optional<std::string>("sample") : std::nullopt,
+            context.isPreview ? std::optional(documentOf(context)) : std::nullopt,
             context.device.timeZone.identifier + std::string(padding, 'x')};
   }
   Entry placeholder(const ProviderContext& context) const {
-    return {context.device.now, "sample", "placeholder"};
+    return {context.device.now, documentOf(context), "placeholder"};
   }
   Entry getSnapshot(const ProviderContext& context) const { return entry(context, 0); }
   widgetruntime::Timeline<Entry> getTimeline(const ProviderContext& context) const {
@@ -59,10 +68,10 @@ struct CardProvider {
   using Entry = fake::Entry;
   using Intent = CardIntent;
   Entry placeholder(const ProviderContext& context) const {
-    return {context.device.now, "sample", "placeholder"};
+    return {context.device.now, documentOf(context), "placeholder"};
   }
   Entry snapshot(const CardIntent& intent, const ProviderContext& context) const {
-    return {context.device.now, "data", intent.card};
+    return {context.device.now, documentOf(context), intent.card};
   }
   widgetruntime::Timeline<Entry> timeline(const CardIntent& intent,
                                           const ProviderContext& context) const {
@@ -81,7 +90,7 @@ struct ThrowingProvider {
   }
 };
 
-inline viewkit::View body(const Entry& entry, const Environment& environment) {
+inline viewkit::View view(const Entry& entry, const Environment& environment) {
   const std::string text = environment.redactionReasons.privacy ? "hidden" : entry.text;
   const std::string link = "fake://open/" + std::string(name(environment.familyInForce()));
   // One text may not be longer than a tree's strings: a large entry has many.
@@ -92,6 +101,14 @@ inline viewkit::View body(const Entry& entry, const Environment& environment) {
     pieces.push_back(viewkit::Text{text.substr(at, kPiece)});
   }
   return viewkit::VStack{{}, std::move(pieces)}.widgetURL(link);
+}
+
+/// Its state says whether there is a document; its line is short.
+inline widgetruntime::WidgetContent body(const Entry& entry, const Environment& environment) {
+  using State = widgetruntime::WidgetSummary::State;
+  return {view(entry, environment),
+          {environment.redactionReasons.privacy ? "hidden" : entry.text.substr(0, 20),
+           entry.snapshot ? State::good : State::none}};
 }
 
 inline widgetruntime::IntentDescription cardIntent() {

@@ -76,8 +76,12 @@ TEST(Messages, EntriesAnswersComeBack) {
           .containerBackground(viewkit::Rectangle().fill(viewkit::Color::black()))
           .widgetURL("fake://open/x y");
   EntriesAnswer answer;
-  answer.entries = {{{0, 0}, true, {{view, widgetURL(view)}, {viewkit::Text{"b"}, std::nullopt}}},
-                    {{-1, 0}, false, {}}};
+  answer.entries = {{{0, 0},
+                     true,
+                     {{view, widgetURL(view), {"$5 \u2197", WidgetSummary::State::critical}},
+                      {viewkit::Text{"b"}}},
+                     foundation::Instant{-60, 0}},
+                    {{-1, 0}}};
   for (const ReloadPolicy& policy : {ReloadPolicy{},
                                      ReloadPolicy::after({1'741'944'605, 0}),
                                      ReloadPolicy{.type = ReloadPolicy::Type::never}}) {
@@ -88,6 +92,42 @@ TEST(Messages, EntriesAnswersComeBack) {
   }
   answer.policy.reset();
   EXPECT_EQ(throughJson(answer).policy, std::nullopt);
+}
+
+TEST(Messages, SummariesAreCutBetweenCharacters) {
+  // 1,024 bytes: 341 characters of three bytes, and one that is not begun.
+  std::string text;
+  for (int i = 0; i < 400; ++i) text += "•";
+  const EntriesAnswer answer{
+      {{{0, 0}, true, {{viewkit::Text{"a"}, std::nullopt, {.text = text}}}, std::nullopt}}, {}};
+  EXPECT_EQ(throughJson(answer).entries[0].trees[0].summary.text, text.substr(0, 1023));
+}
+
+TEST(Messages, ASummaryMayBeMissingButNotMalformed) {
+  const auto entryWith = [](const std::string& summary) {
+    return R"({"entries":[{"date":"2025-03-14T09:30:00Z","hasSnapshot":true,"trees":[{)" + summary +
+           R"("tree":{"type":"Text","text":"a"}}]}]})";
+  };
+  const auto readFrom = [](const std::string& text) {
+    return read<EntriesAnswer>(*foundation::parseJson(text));
+  };
+  const auto without = readFrom(entryWith(""));
+  ASSERT_TRUE(without) << without.error();
+  EXPECT_EQ(without->entries[0].trees[0].summary, WidgetSummary{});
+  EXPECT_EQ(readFrom(entryWith(R"("summary":{"text":"a","state":"bad"},)")).error(),
+            "entries[0].trees[0].summary.state: unknown name \"bad\"");
+  EXPECT_EQ(readFrom(entryWith(R"("summary":{"state":"good"},)")).error(),
+            "entries[0].trees[0].summary.text: missing");
+}
+
+TEST(Messages, StatesOfSummariesAreReadBack) {
+  using State = WidgetSummary::State;
+  EXPECT_EQ(name(State::none), "none");
+  EXPECT_EQ(name(State::critical), "critical");
+  for (const State state : {State::none, State::good, State::warning, State::critical}) {
+    EXPECT_EQ(summaryStateNamed(name(state)), state);
+  }
+  EXPECT_EQ(summaryStateNamed("Good"), std::nullopt);
 }
 
 TEST(Messages, SmallMessagesComeBack) {

@@ -15,7 +15,7 @@ struct Provider {
   void (*act)() = nullptr;
   Entry placeholder(const fake::ProviderContext& context) const {
     act();
-    return {context.device.now, "data", "after all"};
+    return {context.device.now, fake::documentOf(context), "after all"};
   }
   Entry getSnapshot(const fake::ProviderContext& context) const { return placeholder(context); }
   widgetruntime::Timeline<Entry> getTimeline(const fake::ProviderContext& context) const {

@@ -44,5 +44,5 @@ endfunction()
 
 # quorvel_runs_programs(NAME): the tests start the built programs, which must be there and new.
 function(quorvel_runs_programs name)
-  add_dependencies(${name} quorvel-host quorvel-widgets)
+  add_dependencies(${name} quorvel-host quorvel-hostd quorvel-widgets)
 endfunction()

@@ -13,8 +13,8 @@
 #include "Cli/Output.hpp"
 #include "Cli/Picture.hpp"
 #include "Cli/Samples.hpp"
-#include "Cli/Sizes.hpp"
 #include "Foundation/FileManager.hpp"
+#include "Session/HostEnvironment.hpp"
 #include "ViewKit/TreeJson.hpp"
 
 namespace cli {
@@ -216,7 +216,7 @@ Result<void> bench(const Options& options, const Program& program) {
     if (offered.description.kind == options.kind && !source.isolated) widget = &offered;
   }
   const auto family =
-      options.picture.family.value_or(defaultFamily((*listing)->description.families));
+      options.picture.family.value_or(session::defaultFamily((*listing)->description.families));
   Workshop workshop{*guest,
                     widget,
                     entriesParameters(options.kind, family, options.picture, device),

@@ -43,7 +43,7 @@ void examineSymbols(Findings& findings) {
 }
 
 void examinePlaces(Findings& findings, const Options& options, const Program& program) {
-  const Places places = findPlaces(options.source, program.folder);
+  const session::Places places = findPlaces(options.source, program.folder);
   std::error_code ignored;
   findings.push_back({.what = "extension program",
                       .found = !places.extension.empty() && fs::exists(places.extension, ignored),

@@ -17,34 +17,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-fs::path firstThatExists(std::initializer_list<fs::path> candidates) {
-  for (const fs::path& candidate : candidates) {
-    std::error_code ignored;
-    if (fs::exists(candidate, ignored)) return candidate;
-  }
-  return {};
-}
-
-std::string valueOf(const foundation::ProcessEnvironment& environment, const std::string& name) {
-  const auto found = environment.find(name);
-  return found == environment.end() ? std::string{} : found->second;
-}
-
-/// The folder that holds the application groups; nothing without a home.
-std::optional<std::string> containerRoot(const foundation::ProcessEnvironment& environment) {
-  std::string data = valueOf(environment, "XDG_DATA_HOME");
-  if (data.starts_with('/')) return data;
-  const std::string home = valueOf(environment, "HOME");
-  if (home.empty()) return std::nullopt;
-  return home + "/.local/share";
-}
-
-std::string absolute(const std::string& path) {
-  std::error_code ignored;
-  const fs::path full = fs::absolute(path, ignored);
-  return full.empty() ? path : full.lexically_normal().string();
-}
-
 Result<void> checkDocument(const std::string& file) {
   struct stat status {};
   if (::stat(file.c_str(), &status) != 0)
@@ -84,32 +56,18 @@ Result<std::unique_ptr<session::Transport>> transport(const SourceOptions& sourc
 
 }  // namespace
 
-Places findPlaces(const SourceOptions& source, const fs::path& programFolder) {
-  Places places;
-  places.extension =
-      !source.extension.empty()
-          ? fs::path(absolute(source.extension))
-          : firstThatExists(
-                {programFolder / "quorvel-widgets",
-                 (programFolder / QUORVEL_LIBEXEC / "quorvel-widgets").lexically_normal()});
-  const fs::path beside = places.extension.empty() ? programFolder : places.extension.parent_path();
-  places.infoPlist =
-      !source.infoPlist.empty()
-          ? fs::path(absolute(source.infoPlist))
-          : firstThatExists({beside / "Info.plist",
-                             programFolder / "Info.plist",
-                             (programFolder / QUORVEL_DATA / "Info.plist").lexically_normal()});
-  return places;
+session::Places findPlaces(const SourceOptions& source, const fs::path& programFolder) {
+  return session::findPlaces(source.extension, source.infoPlist, programFolder);
 }
 
 widgetruntime::InitializeParameters initializeParameters(const SourceOptions& source,
                                                          const Program& program) {
   widgetruntime::InitializeParameters parameters;
   parameters.host = "quorvel-host 1.0";
-  parameters.containerRoot = containerRoot(program.environment);
-  if (!source.container.empty()) parameters.container = absolute(source.container);
+  parameters.containerRoot = session::containerRoot(program.environment);
+  if (!source.container.empty()) parameters.container = session::absolutePath(source.container);
   if (!source.snapshot.empty()) {
-    parameters.snapshotFile = absolute(source.snapshot);
+    parameters.snapshotFile = session::absolutePath(source.snapshot);
     if (source.container.empty())
       parameters.container = fs::path(*parameters.snapshotFile).parent_path().string();
   }

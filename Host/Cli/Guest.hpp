@@ -9,18 +9,14 @@
 #include "Cli/Program.hpp"
 #include "Cli/Result.hpp"
 #include "Session/Extension.hpp"
+#include "Session/Places.hpp"
 
 namespace cli {
 
 inline constexpr std::string_view kDocumentName = "widget-snapshot.json";
 
-/// Where the extension's files are on this machine; empty where nothing is found.
-struct Places {
-  std::filesystem::path extension;
-  std::filesystem::path infoPlist;
-};
-[[nodiscard]] Places findPlaces(const SourceOptions& source,
-                                const std::filesystem::path& programFolder);
+[[nodiscard]] session::Places findPlaces(const SourceOptions& source,
+                                         const std::filesystem::path& programFolder);
 
 /// Why that file gives no information about the extension; empty when it does.
 [[nodiscard]] std::string informationProblem(const std::filesystem::path& infoPlist);

@@ -3,12 +3,12 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <array>
 #include <chrono>
 
 #include "Cli/Output.hpp"
 #include "Cli/Sizes.hpp"
 #include "Foundation/Locale.hpp"
+#include "Session/HostEnvironment.hpp"
 
 namespace cli {
 namespace {
@@ -23,20 +23,8 @@ foundation::Instant clockNow() {
   return {seconds.count(), static_cast<std::int32_t>(rest.count())};
 }
 
-/// A host draws no container behind accessories, nor behind tinted widgets.
 bool showsBackground(WidgetFamily family, const PictureOptions& options) {
-  return options.background && options.mode == viewkit::RenderingMode::fullColor &&
-         !isAccessory(family);
-}
-
-viewkit::LayoutDirection directionOf(const foundation::Device& device) {
-  constexpr std::array<std::string_view, 4> kRightToLeft{"ar", "he", "fa", "ur"};
-  const std::string language =
-      device.preferredLanguages.empty() ? "" : device.preferredLanguages.front();
-  const std::string_view code = std::string_view(language).substr(0, language.find_first_of("-_"));
-  return std::ranges::find(kRightToLeft, code) != kRightToLeft.end()
-             ? viewkit::LayoutDirection::rightToLeft
-             : viewkit::LayoutDirection::leftToRight;
+  return options.background && session::showsContainerBackground(family, options.mode);
 }
 
 const widgetruntime::IntentParameter* parameterNamed(const widgetruntime::WidgetListing& widget,
@@ -70,13 +58,8 @@ widgetruntime::EntriesParameters entriesParameters(const std::string& kind,
                                                    WidgetFamily family,
                                                    const PictureOptions& options,
                                                    const foundation::Device& device) {
-  widgetruntime::Environment environment{
-      .widgetFamily = family,
-      .widgetRenderingMode = options.mode,
-      .redactionReasons = options.redaction,
-      .showsWidgetContainerBackground = showsBackground(family, options),
-      .systemMargins = viewkit::Insets::all(isAccessory(family) ? 0 : 16),
-      .layoutDirection = directionOf(device)};
+  auto environment = session::hostEnvironment(family, options.mode, options.redaction, device);
+  environment.showsWidgetContainerBackground = showsBackground(family, options);
   return {.kind = kind,
           .family = family,
           .isPreview = options.preview,
@@ -98,7 +81,7 @@ rendering::RenderOptions renderOptions(WidgetFamily family,
   result.showsBackground = showsBackground(family, options);
   if (isAccessory(family)) result.cornerRadius = 0;
   result.redaction = options.redaction;
-  result.direction = directionOf(device);
+  result.direction = session::layoutDirection(device);
   result.container = images;
   return result;
 }

@@ -2,7 +2,7 @@
 #include "Cli/Commands.hpp"
 #include "Cli/Output.hpp"
 #include "Cli/Picture.hpp"
-#include "Cli/Sizes.hpp"
+#include "Session/HostEnvironment.hpp"
 #include "ViewKit/Dump.hpp"
 
 namespace cli {
@@ -46,7 +46,7 @@ Result<void> render(const Options& options, const Program& program) {
     return known;
   const auto device = deviceFrom(options.device, program.environment);
   const auto family =
-      options.picture.family.value_or(defaultFamily((*widget)->description.families));
+      options.picture.family.value_or(session::defaultFamily((*widget)->description.families));
   const auto view =
       fetchView(*guest, entriesParameters(options.kind, family, options.picture, device));
   if (!view) return std::unexpected(view.error());

@@ -4,8 +4,8 @@
 #include "Cli/Commands.hpp"
 #include "Cli/Output.hpp"
 #include "Cli/Picture.hpp"
-#include "Cli/Sizes.hpp"
 #include "Foundation/JsonWriter.hpp"
+#include "Session/HostEnvironment.hpp"
 
 namespace cli {
 namespace {
@@ -88,7 +88,7 @@ Result<void> timeline(const Options& options, const Program& program) {
     return known;
   const auto device = deviceFrom(options.device, program.environment);
   const auto family =
-      options.picture.family.value_or(defaultFamily((*widget)->description.families));
+      options.picture.family.value_or(session::defaultFamily((*widget)->description.families));
   const auto answer =
       guest->timeline(entriesParameters(options.kind, family, options.picture, device));
   if (!answer) return std::unexpected(answer.error());

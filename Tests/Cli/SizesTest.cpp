@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "Cli/Sizes.hpp"
+#include "Session/HostEnvironment.hpp"
 
 namespace cli {
 namespace {
@@ -33,11 +34,11 @@ TEST(Sizes, areThoseOfTheScreens) {
 }
 
 TEST(Sizes, smallStandsForAWidgetThatDeclaresIt) {
-  EXPECT_EQ(defaultFamily({WidgetFamily::systemLarge, WidgetFamily::systemSmall}),
+  EXPECT_EQ(session::defaultFamily({WidgetFamily::systemLarge, WidgetFamily::systemSmall}),
             WidgetFamily::systemSmall);
-  EXPECT_EQ(defaultFamily({WidgetFamily::accessoryInline, WidgetFamily::systemLarge}),
+  EXPECT_EQ(session::defaultFamily({WidgetFamily::accessoryInline, WidgetFamily::systemLarge}),
             WidgetFamily::accessoryInline);
-  EXPECT_EQ(defaultFamily({}), WidgetFamily::systemSmall);
+  EXPECT_EQ(session::defaultFamily({}), WidgetFamily::systemSmall);
 }
 
 }  // namespace

@@ -73,5 +73,13 @@ TEST(Needed, theCommandLineLoadsNoEventLoopAndNoWebServer) {
               ::testing::IsEmpty());
 }
 
+TEST(Needed, theResidentHostLoadsOneEventLoopAndNoDesktop) {
+  const Names needed = neededBy("quorvel-hostd");
+  ASSERT_THAT(needed, ::testing::Contains("libsystemd"));
+  const Names allowed{"libfreetype", "libharfbuzz", "libpng16", "libjpeg", "libz", "libsystemd"};
+  EXPECT_THAT(without(without(without(needed, languageRuntime()), foundation()), allowed),
+              ::testing::IsEmpty());
+}
+
 }  // namespace
 }  // namespace house

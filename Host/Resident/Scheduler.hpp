@@ -1,0 +1,95 @@
+// Which instances are asked for a new timeline, when and why. Pure: the clock is handed in.
+//
+// A reload comes from the policy's date or from an event. Of several events before an answer the
+// latest counts; answers that a newer request has overtaken are told apart by their serial number.
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "Foundation/Instant.hpp"
+
+namespace resident {
+
+enum class Cause : std::uint8_t {
+  start,
+  date,      ///< the policy's
+  document,  ///< anything that changed in the container
+  configuration,
+  zone,
+  clock,  ///< set, or resumed after sleep
+  retry,
+  person
+};
+[[nodiscard]] std::string_view name(Cause cause);
+
+struct Ask {
+  std::string instance;
+  Cause cause = Cause::start;
+  std::uint64_t serial = 0;
+
+  friend bool operator==(const Ask&, const Ask&) = default;
+};
+
+/// When a timeline changes by itself.
+struct Plan {
+  std::vector<foundation::Instant> swaps;  ///< dates of entries after the first, ascending
+  std::optional<foundation::Instant> reload;
+};
+
+class Scheduler {
+ public:
+  /// Seconds between two reloads of one instance by dates of its own.
+  static constexpr std::int64_t kShortestInterval = 60;
+
+  void add(const std::string& instance, Cause cause = Cause::start);
+  void remove(const std::string& instance);
+
+  void request(const std::string& instance, Cause cause);
+  void requestAll(Cause cause);
+  /// The clock was set: dates that were reckoned with the old one count no more.
+  void requestAllAfterClockChange();
+  /// Those whose latest request failed.
+  void retryFailed();
+
+  /// What is to be asked now, in the order of the instances' names.
+  [[nodiscard]] std::vector<Ask> take(foundation::Instant now);
+
+  /// False for an answer that nobody waits for any more: the instance is gone.
+  bool answered(const Ask& ask, Plan plan);
+  /// False when a newer request is on its way, so that this failure says nothing.
+  bool failed(const Ask& ask);
+
+  /// Instances whose entry changes at or before now; each is named once for each passed date.
+  [[nodiscard]] std::vector<std::string> takeSwaps(foundation::Instant now);
+
+  /// When there is something to take again.
+  [[nodiscard]] std::optional<foundation::Instant> nextWake() const;
+
+  struct Outlook {
+    std::optional<foundation::Instant> reload;
+    std::optional<Cause> lastCause;
+    bool isAsked = false;  ///< an answer is awaited
+  };
+  [[nodiscard]] Outlook outlook(const std::string& instance) const;
+
+ private:
+  struct Row {
+    std::optional<Cause> wanted;
+    std::optional<Cause> lastCause;
+    std::uint64_t latest = 0;   // serial of the newest request
+    std::uint64_t settled = 0;  // newest serial that was answered or has failed
+    bool hasFailed = false;
+    std::optional<foundation::Instant> reloadedByDate;
+    Plan plan;
+  };
+
+  std::map<std::string, Row> rows_;
+  std::uint64_t serial_ = 0;
+};
+
+}  // namespace resident

@@ -1,0 +1,59 @@
+#include "Session/Places.hpp"
+
+#include <initializer_list>
+
+namespace session {
+namespace {
+
+namespace fs = std::filesystem;
+
+fs::path firstThatExists(std::initializer_list<fs::path> candidates) {
+  for (const fs::path& candidate : candidates) {
+    std::error_code ignored;
+    if (fs::exists(candidate, ignored)) return candidate;
+  }
+  return {};
+}
+
+std::string valueOf(const foundation::ProcessEnvironment& environment, const std::string& name) {
+  const auto found = environment.find(name);
+  return found == environment.end() ? std::string{} : found->second;
+}
+
+}  // namespace
+
+Places findPlaces(const std::string& extension,
+                  const std::string& infoPlist,
+                  const fs::path& programFolder) {
+  Places places;
+  places.extension =
+      !extension.empty()
+          ? fs::path(absolutePath(extension))
+          : firstThatExists(
+                {programFolder / "quorvel-widgets",
+                 (programFolder / QUORVEL_LIBEXEC / "quorvel-widgets").lexically_normal()});
+  const fs::path beside = places.extension.empty() ? programFolder : places.extension.parent_path();
+  places.infoPlist =
+      !infoPlist.empty()
+          ? fs::path(absolutePath(infoPlist))
+          : firstThatExists({beside / "Info.plist",
+                             programFolder / "Info.plist",
+                             (programFolder / QUORVEL_DATA / "Info.plist").lexically_normal()});
+  return places;
+}
+
+std::optional<std::string> containerRoot(const foundation::ProcessEnvironment& environment) {
+  std::string data = valueOf(environment, "XDG_DATA_HOME");
+  if (data.starts_with('/')) return data;
+  const std::string home = valueOf(environment, "HOME");
+  if (home.empty()) return std::nullopt;
+  return home + "/.local/share";
+}
+
+std::string absolutePath(const std::string& path) {
+  std::error_code ignored;
+  const fs::path full = fs::absolute(path, ignored);
+  return full.empty() ? path : full.lexically_normal().string();
+}
+
+}  // namespace session

@@ -1,0 +1,30 @@
+// Where the extension and its data are on this machine.
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+
+#include "Foundation/Locale.hpp"
+
+namespace session {
+
+/// Empty where nothing is found.
+struct Places {
+  std::filesystem::path extension;
+  std::filesystem::path infoPlist;
+};
+
+/// A path that a person has named wins; else beside the host's program, or where both are
+/// installed.
+[[nodiscard]] Places findPlaces(const std::string& extension,
+                                const std::string& infoPlist,
+                                const std::filesystem::path& programFolder);
+
+/// The folder that holds the application groups; nothing without a home.
+[[nodiscard]] std::optional<std::string> containerRoot(
+    const foundation::ProcessEnvironment& environment);
+
+[[nodiscard]] std::string absolutePath(const std::string& path);
+
+}  // namespace session

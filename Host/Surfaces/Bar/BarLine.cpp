@@ -1,0 +1,142 @@
+#include "Surfaces/Bar/BarLine.hpp"
+
+#include <algorithm>
+#include <array>
+
+#include "Foundation/JsonWriter.hpp"
+
+namespace surfaces {
+namespace {
+
+using foundation::JsonWriter;
+
+constexpr std::array<std::string_view, 6> kNames{
+    "waybar", "i3bar", "i3blocks", "polybar", "plain", "json"};
+
+/// Legible on a dark bar and on a light one; empty: the bar's own colour.
+std::string_view colorOf(const BarLine& line) {
+  if (line.state == "critical") return "#D9534F";
+  if (line.state == "warning") return "#C98500";
+  return {};
+}
+
+/// Where there is no text, the widget's name stands.
+std::string shownText(const BarLine& line) {
+  std::string text = line.text;
+  if (text.empty()) text = line.status == "failed" ? line.kind + ": no answer" : line.kind;
+  std::ranges::replace(text, '\n', ' ');
+  return text;
+}
+
+std::string fullTooltip(const BarLine& line) {
+  if (line.reason.empty()) return line.tooltip;
+  const bool needsBreak = !line.tooltip.empty() && !line.tooltip.ends_with('\n');
+  return line.tooltip + (needsBreak ? "\n" : "") + line.status + ": " + line.reason;
+}
+
+/// Waybar reads its texts as Pango markup.
+std::string escapedMarkup(std::string_view text) {
+  std::string out;
+  for (const char c : text) {
+    switch (c) {
+      case '&':
+        out += "&amp;";
+        break;
+      case '<':
+        out += "&lt;";
+        break;
+      case '>':
+        out += "&gt;";
+        break;
+      case '\'':
+        out += "&#39;";
+        break;
+      case '"':
+        out += "&quot;";
+        break;
+      default:
+        out += c;
+    }
+  }
+  return out;
+}
+
+/// No text may begin a tag of polybar's: a zero-width space parts the two characters.
+std::string withoutTags(std::string_view text) {
+  std::string out;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    out += text[i];
+    if (text.substr(i).starts_with("%{")) out += "\u200B";
+  }
+  return out;
+}
+
+std::string forWaybar(const BarLine& line) {
+  JsonWriter json;
+  json.beginObject().member("text", escapedMarkup(shownText(line)));
+  json.member("tooltip", escapedMarkup(fullTooltip(line))).member("alt", line.state);
+  json.key("class").beginArray().value(line.state);
+  if (line.isHidden) json.value("hidden");
+  if (line.status != "live") json.value(line.status);
+  json.endArray().endObject();
+  return json.take() + "\n";
+}
+
+void beginBlock(JsonWriter& json, const BarLine& line) {
+  json.beginObject().member("full_text", shownText(line));
+  if (const auto color = colorOf(line); !color.empty()) json.member("color", color);
+  json.member("urgent", line.state == "critical");
+}
+
+std::string forI3bar(const BarLine& line) {
+  JsonWriter json;
+  json.beginArray();
+  beginBlock(json, line);
+  json.member("name", "quorvel").member("instance", line.kind).endObject().endArray();
+  return json.take() + ",\n";
+}
+
+std::string forI3blocks(const BarLine& line) {
+  JsonWriter json;
+  beginBlock(json, line);
+  return json.endObject().take() + "\n";
+}
+
+std::string forPolybar(const BarLine& line) {
+  const std::string text = withoutTags(shownText(line));
+  const auto color = colorOf(line);
+  if (color.empty()) return text + "\n";
+  return "%{F" + std::string(color) + "}" + text + "%{F-}\n";
+}
+
+}  // namespace
+
+std::optional<BarFormat> barFormatNamed(std::string_view name) {
+  const auto found = std::ranges::find(kNames, name);
+  if (found == kNames.end()) return std::nullopt;
+  return static_cast<BarFormat>(found - kNames.begin());
+}
+
+std::string format(const BarLine& line, BarFormat format) {
+  switch (format) {
+    case BarFormat::waybar:
+      return forWaybar(line);
+    case BarFormat::i3bar:
+      return forI3bar(line);
+    case BarFormat::i3blocks:
+      return forI3blocks(line);
+    case BarFormat::polybar:
+      return forPolybar(line);
+    case BarFormat::plain:
+      return shownText(line) + "\n";
+    case BarFormat::json:
+      break;
+  }
+  return line.json + "\n";
+}
+
+std::string opening(BarFormat format) {
+  return format == BarFormat::i3bar ? "{\"version\":1,\"click_events\":true}\n[\n" : "";
+}
+
+}  // namespace surfaces

@@ -51,6 +51,7 @@ ItemId LayoutFitting::chosen(ItemId fitting, const Proposal& asked) {
 }
 
 bool LayoutFitting::fits(ItemId child, const Proposal& proposal) {
+  if (items_.isOverBudget()) return false;
   const Answer answer = items_.measure(child, proposal);
   return isWithin(answer.width, proposal.width) && isWithin(answer.height, proposal.height) &&
          textsIn(child, proposal).whole;
@@ -62,7 +63,7 @@ double LayoutFitting::groupScale(ItemId group, const Proposal& asked) {
   if (const auto known = scales_.find(question); known != scales_.end()) return known->second;
   const ItemId target = items_.children(items_[group])[0];
   double scale = 1;
-  for (int round = 0; round < kMostRounds; ++round) {
+  for (int round = 0; round < kMostRounds && !items_.isOverBudget(); ++round) {
     const ScaleLimit limit(items_, scale);
     const double smallest = textsIn(target, proposal).scale;
     if (!(smallest < scale - kSlack)) break;
@@ -75,6 +76,8 @@ LayoutFitting::Texts LayoutFitting::textsIn(ItemId item, const Proposal& asked) 
   const Proposal proposal = cleanProposal(asked);
   const Question question = questionFor(item, proposal);
   if (const auto known = texts_.find(question); known != texts_.end()) return known->second;
+  items_.count(1);
+  if (items_.isOverBudget()) return {};
   return texts_[question] = findTexts(item, proposal);
 }
 

@@ -69,14 +69,16 @@ Arrangement arrange(const viewkit::FlexibleFrame& frame,
   const Bounds across(frame.minWidth, frame.maxWidth);
   const Bounds down(frame.minHeight, frame.maxHeight);
   Proposal offer{across.offer(proposal.width), down.offer(proposal.height)};
-  Answer answer = target(offer);
   // Without a proposal the target's ideal length may pass the maximum: then that is what it is
   // offered.
-  const bool tooWide = !offer.width && across.most && answer.width > *across.most;
-  const bool tooHigh = !offer.height && down.most && answer.height > *down.most;
-  if (tooWide) offer.width = across.most;
-  if (tooHigh) offer.height = down.most;
-  if (tooWide || tooHigh) answer = target(offer);
+  const bool mayBeTooWide = !offer.width && across.most;
+  const bool mayBeTooHigh = !offer.height && down.most;
+  if (mayBeTooWide || mayBeTooHigh) {
+    const Answer ideal = target.estimate(offer);
+    if (mayBeTooWide && ideal.width > *across.most) offer.width = across.most;
+    if (mayBeTooHigh && ideal.height > *down.most) offer.height = down.most;
+  }
+  const Answer answer = target(offer);
   return aligned(
       {across.answer(proposal.width, answer.width), down.answer(proposal.height, answer.height)},
       frame.alignment,

@@ -51,10 +51,30 @@ double cleanAnswer(double length, std::optional<double> proposed) {
   return mayBeInfinite ? cleanLength(length) : std::min(cleanLength(length), kFarthest);
 }
 
+Answer cleaned(Answer answer, const Proposal& proposal) {
+  answer.width = cleanAnswer(answer.width, proposal.width);
+  answer.height = cleanAnswer(answer.height, proposal.height);
+  if (answer.baseline) answer.baseline = cleanNumber(*answer.baseline);
+  return answer;
+}
+
+/// Between questions of which one has no or no finite length and the other has one.
+constexpr double kAnotherKind = 1e12;
+
+double differenceOf(double a, double b) {
+  if (a == b) return 0;
+  const bool sameKind = a >= 0 && b >= 0 && std::isfinite(a) && std::isfinite(b);
+  return sameKind ? std::min(std::abs(a - b), kAnotherKind) : kAnotherKind;
+}
+
 }  // namespace
 
 Answer LayoutProbe::operator()(const Proposal& proposal) const {
   return items.measure(child, proposal);
+}
+
+Answer LayoutProbe::estimate(const Proposal& proposal) const {
+  return items.estimate(child, proposal);
 }
 
 LayoutItems::LayoutItems(const View& view, const LayoutOptions& options, TextMeasurer& measurer)
@@ -180,24 +200,76 @@ std::vector<StackChild>& LayoutItems::takeStackChildren(const LayoutItem& item) 
 Answer LayoutItems::measure(ItemId asking, const Proposal& asked) {
   const ItemId id = items_[asking].answering;
   const Proposal proposal = cleanProposal(asked);
-  const double width = memoKey(proposal.width);
-  const double height = memoKey(proposal.height);
-  for (std::uint32_t memo = items_[id].firstMemo; memo != kNone; memo = memos_[memo].next) {
-    const Memo& known = memos_[memo];
-    if (known.width == width && known.height == height && known.scaleLimit == scaleLimit_) {
-      return known.answer;
-    }
+  ++questions_;
+  const Memo* known = remembered(id, proposal);
+  if (!known && mayEstimate(id)) known = &mostSimilar(id, proposal);
+  if (known) {
+    isRough_ = isRough_ || known->isRough || !answers(*known, proposal);
+    return cleaned(known->answer, proposal);
   }
+  const bool wasRough = std::exchange(isRough_, false);
   ++depth_;
-  Answer answer = workOut(id, proposal);
+  const Answer answer = cleaned(workOut(id, proposal), proposal);
   --depth_;
-  answer.width = cleanAnswer(answer.width, proposal.width);
-  answer.height = cleanAnswer(answer.height, proposal.height);
-  if (answer.baseline) answer.baseline = cleanNumber(*answer.baseline);
-  memos_.push_back({width, height, scaleLimit_, answer, items_[id].firstMemo});
-  items_[id].firstMemo = static_cast<std::uint32_t>(memos_.size() - 1);
-  if (trace_) trace_({items_[id].what, depth_, proposal, answer.size()});
+  LayoutItem& item = items_[id];
+  const bool isSample = item.memoCount < kSamples && questions_ <= kLayoutQuestions;
+  memos_.push_back({memoKey(proposal.width),
+                    memoKey(proposal.height),
+                    scaleLimit_,
+                    answer,
+                    item.firstMemo,
+                    isSample,
+                    isRough_});
+  item.firstMemo = static_cast<std::uint32_t>(memos_.size() - 1);
+  ++item.memoCount;
+  isRough_ = isRough_ || wasRough;
+  if (trace_) trace_({item.what, depth_, proposal, answer.size()});
   return answer;
+}
+
+Answer LayoutItems::estimate(ItemId id, const Proposal& proposal) {
+  const bool wasEstimating = std::exchange(isEstimating_, true);
+  const bool wasRough = isRough_;
+  const Answer answer = measure(id, proposal);
+  isEstimating_ = wasEstimating;
+  isRough_ = wasRough;
+  return answer;
+}
+
+/// Estimates go by samples alone, so that they do not change while layout goes on; what is for good
+/// does not rest on an estimate as long as the budget lasts.
+const LayoutItems::Memo* LayoutItems::remembered(ItemId id, const Proposal& proposal) const {
+  for (std::uint32_t at = items_[id].firstMemo; at != kNone; at = memos_[at].next) {
+    const Memo& memo = memos_[at];
+    if (!answers(memo, proposal)) continue;
+    if (isEstimating_ ? memo.isSample : !memo.isRough || isOverBudget()) return &memo;
+  }
+  return nullptr;
+}
+
+bool LayoutItems::answers(const Memo& memo, const Proposal& proposal) const {
+  return memo.width == memoKey(proposal.width) && memo.height == memoKey(proposal.height) &&
+         memo.scaleLimit == scaleLimit_;
+}
+
+bool LayoutItems::mayEstimate(ItemId id) const {
+  if (items_[id].firstMemo == kNone) return false;
+  return isOverBudget() || (isEstimating_ && items_[id].memoCount >= kSamples);
+}
+
+const LayoutItems::Memo& LayoutItems::mostSimilar(ItemId id, const Proposal& proposal) const {
+  const Memo* best = &memos_[items_[id].firstMemo];
+  double least = kUnbounded;
+  for (std::uint32_t at = items_[id].firstMemo; at != kNone; at = memos_[at].next) {
+    const Memo& memo = memos_[at];
+    const double difference = differenceOf(memo.width, memoKey(proposal.width)) +
+                              differenceOf(memo.height, memoKey(proposal.height)) +
+                              (memo.scaleLimit == scaleLimit_ ? 0 : kAnotherKind);
+    if (!memo.isSample || !(difference < least)) continue;
+    best = &memo;
+    least = difference;
+  }
+  return *best;
 }
 
 Answer LayoutItems::workOut(ItemId id, const Proposal& proposal) {
@@ -213,7 +285,11 @@ Answer LayoutItems::workOutElement(ItemId id, const Element& element, const Prop
     return arrangeStack(*stack, proposal, *this, record.children());
   }
   if (std::holds_alternative<TextElement>(element)) {
-    return text(items_[id]).answer(proposal, scaleLimit_);
+    constexpr std::size_t kStepsPerQuestion = 32;
+    TextLayout& layout = text(items_[id]);
+    const Answer answer = layout.answer(proposal, scaleLimit_);
+    count(layout.takeSteps() / kStepsPerQuestion);
+    return answer;
   }
   if (std::holds_alternative<FittingElement>(element)) {
     if (items_[id].childCount == 0) return {};

@@ -16,6 +16,16 @@
 
 namespace rendering {
 
+// Layout is linear in the tree's nodes, whatever the tree. What a view is offered for good is asked
+// once by each parent. How flexible it is, in contrast, is asked at every proposal of its parent,
+// and nested stacks multiply their proposals: from a number on, these questions are answered from
+// earlier ones. No widget comes near it.
+
+/// Answers of one item that are worked out to estimate by.
+inline constexpr std::uint32_t kSamples = 64;
+/// Questions of one picture before nothing more is worked out that can be estimated.
+inline constexpr std::size_t kLayoutQuestions = 500'000;
+
 class LayoutItems {
  public:
   LayoutItems(const viewkit::View& view, const LayoutOptions& options, TextMeasurer& measurer);
@@ -29,6 +39,18 @@ class LayoutItems {
   [[nodiscard]] TextLayout& text(const LayoutItem& item) { return texts_[item.text]; }
 
   Answer measure(ItemId id, const Proposal& proposal);
+  /// For questions whose answer only decides how room is shared. An item that was asked a great
+  /// deal answers as to the most similar of those questions.
+  Answer estimate(ItemId id, const Proposal& proposal);
+
+  /// How many sizes were asked for.
+  [[nodiscard]] std::size_t questions() const { return questions_; }
+  /// Too many for the picture: from now on only estimates, and later no new answer at all.
+  [[nodiscard]] bool isOverBudget() const {
+    return questions_ > (isEstimating_ ? kLayoutQuestions : 2 * kLayoutQuestions);
+  }
+  /// Counts what is not asked with `measure`.
+  void count(std::size_t questions) { questions_ += questions; }
 
   /// The places of the children of a modifier's item, its target first. Only for modifiers.
   [[nodiscard]] Arrangement arrangeTarget(ItemId id, const Proposal& proposal);
@@ -52,6 +74,8 @@ class LayoutItems {
     double scaleLimit;
     Answer answer;
     std::uint32_t next;
+    bool isSample;  ///< among the first of its item: what estimates go by
+    bool isRough;   ///< rests on an estimate
   };
   struct Context {
     viewkit::LayoutDirection direction;
@@ -70,6 +94,10 @@ class LayoutItems {
   [[nodiscard]] ItemId answeringFor(ItemId id) const;
   void addText(ItemId id, const viewkit::TextElement& text);
 
+  [[nodiscard]] const Memo* remembered(ItemId id, const Proposal& proposal) const;
+  [[nodiscard]] bool answers(const Memo& memo, const Proposal& proposal) const;
+  [[nodiscard]] bool mayEstimate(ItemId id) const;
+  [[nodiscard]] const Memo& mostSimilar(ItemId id, const Proposal& proposal) const;
   [[nodiscard]] Answer workOut(ItemId id, const Proposal& proposal);
   [[nodiscard]] Answer workOutElement(ItemId id,
                                       const viewkit::Element& element,
@@ -80,6 +108,9 @@ class LayoutItems {
   bool placeholder_;
   const LayoutTrace& trace_;
   int depth_ = 0;
+  std::size_t questions_ = 0;
+  bool isEstimating_ = false;
+  bool isRough_ = false;  ///< what is being worked out rests on an estimate
   std::vector<LayoutItem> items_;
   std::vector<ItemId> children_;
   std::vector<TextLayout> texts_;

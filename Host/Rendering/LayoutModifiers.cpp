@@ -14,7 +14,7 @@ std::optional<double> reduced(std::optional<double> proposed, double by) {
 /// The size of the ratio that touches the proposal from inside (fit) or from outside (fill).
 Proposal sizeOfRatio(double ratio, bool fill, const Proposal& proposal, const LayoutProbe& target) {
   if (!proposal.width && !proposal.height) {
-    const double ideal = target(proposal).width;
+    const double ideal = target.estimate(proposal).width;
     return {ideal, ideal / ratio};
   }
   if (!proposal.height) return {proposal.width, *proposal.width / ratio};

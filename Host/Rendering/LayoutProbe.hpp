@@ -11,6 +11,8 @@ struct LayoutProbe {
   LayoutItems& items;
   ItemId child;
   [[nodiscard]] Answer operator()(const Proposal& proposal) const;
+  /// A question whose answer only decides what is offered.
+  [[nodiscard]] Answer estimate(const Proposal& proposal) const;
 };
 
 }  // namespace rendering

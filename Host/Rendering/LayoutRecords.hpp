@@ -37,7 +37,8 @@ struct LayoutItem {
   std::uint32_t childCount = 0;
   std::uint32_t text = kNone;       ///< in the tree's texts
   std::uint32_t firstMemo = kNone;  ///< in the tree's remembered answers
-  double priority = 0;              ///< among the siblings in a stack
+  std::uint32_t memoCount = 0;
+  double priority = 0;  ///< among the siblings in a stack
   double zIndex = 0;
   bool onCanvas = false;  ///< a modifier of a canvas's child: its lengths refer to `canvas`
   Size canvas;

@@ -43,7 +43,7 @@ class Line {
     return isRow_ ? answer.width : answer.height;
   }
   [[nodiscard]] double ask(const StackChild& child, double main) const {
-    return mainOf(items_.measure(child.item, offer(main)));
+    return mainOf(items_.estimate(child.item, offer(main)));
   }
   [[nodiscard]] double gapAfter(std::size_t i) const {
     if (i + 1 >= children_.size()) return 0;

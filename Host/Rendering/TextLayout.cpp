@@ -76,6 +76,7 @@ bool TextLayout::breakLines(double width, std::size_t most, Breaking breaking) {
   width += kSlack;
   std::uint32_t begin = 0;
   for (std::size_t c = 0; c < chunks_.size();) {
+    ++steps_;
     if (lines.size() == most) return false;
     std::size_t next = c;
     bool paragraphEnds = false;
@@ -84,6 +85,7 @@ bool TextLayout::breakLines(double width, std::size_t most, Breaking breaking) {
       paragraphEnds = chunks_[next].endsParagraph;
       ++next;
     }
+    steps_ += next - c;
     if (next > c) {
       const std::uint32_t last = std::max(begin, chunks_[next - 1].content);
       lines.push_back({begin, last, false, extent(begin, last)});

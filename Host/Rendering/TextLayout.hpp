@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <utility>
 #include <vector>
 
 #include "Rendering/LayoutRecords.hpp"
@@ -38,6 +39,8 @@ class TextLayout {
     return fit(proposal, scaleLimit).answer;
   }
   [[nodiscard]] const Fit& fit(const Proposal& proposal, double scaleLimit);
+  /// How many stretches were set in lines since this was asked last: what fitting costs.
+  [[nodiscard]] std::size_t takeSteps() { return std::exchange(steps_, 0); }
   /// Whether it has one line and may shrink.
   [[nodiscard]] bool sharesScale() const { return lineLimit_ == 1 && leastScale_ < 1; }
 
@@ -91,6 +94,7 @@ class TextLayout {
   double widestCluster_ = 0;
   std::vector<Chunk> chunks_;
   Fit fit_;
+  std::size_t steps_ = 0;
 };
 
 }  // namespace rendering

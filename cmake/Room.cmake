@@ -16,12 +16,14 @@ target_compile_options(
             -Wno-missing-field-initializers
             -fno-omit-frame-pointer)
 
-# quorvel_room(NAME INCLUDE_ROOT dir FOLDER dir SEES targets... USES libraries...): the sources of FOLDER (the current
-# one); SEES are public, USES private.
+# quorvel_room(NAME INCLUDE_ROOT dir FOLDER dir SEES targets... USES libraries... WITHOUT sources...): the sources of FOLDER
+# (the current one), but for those that another target of the folder has; SEES are public, USES private.
 function(quorvel_room name)
-  cmake_parse_arguments(ROOM "" "INCLUDE_ROOT;FOLDER" "SEES;USES" ${ARGN})
+  cmake_parse_arguments(ROOM "" "INCLUDE_ROOT;FOLDER" "SEES;USES;WITHOUT" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${ROOM_FOLDER}/*.cpp)
   list(FILTER sources EXCLUDE REGEX "/main\\.cpp$")
+  list(TRANSFORM ROOM_WITHOUT PREPEND ${CMAKE_CURRENT_SOURCE_DIR}/)
+  list(REMOVE_ITEM sources ${ROOM_WITHOUT})
   add_library(${name} STATIC ${sources})
   target_include_directories(${name} PUBLIC ${ROOM_INCLUDE_ROOT})
   target_link_libraries(
@@ -44,5 +46,5 @@ endfunction()
 
 # quorvel_runs_programs(NAME): the tests start the built programs, which must be there and new.
 function(quorvel_runs_programs name)
-  add_dependencies(${name} quorvel-host quorvel-hostd quorvel-widgets)
+  add_dependencies(${name} quorvel-host quorvel-hostd quorvel-widgets quorvel-import)
 endfunction()

@@ -65,6 +65,14 @@ std::vector<Room> makeRooms() {
         "Foundation/"},
        true,
        {"fmt/", "CLI/", "systemd/"}},
+      // Writes the document that the extension reads, and knows nothing else of it.
+      {"Import",
+       {"Import/",
+        "QuorvelWidgets/WidgetSupport/WidgetSnapshot.hpp",
+        "QuorvelWidgets/WidgetSupport/WidgetLanguage.hpp",
+        "Foundation/"},
+       true,
+       {"fmt/", "CLI/", "toml++/"}},
       // The one place where extension and host meet.
       {"Host/Cli/main.cpp",
        {"Cli/",

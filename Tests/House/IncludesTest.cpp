@@ -22,7 +22,7 @@ std::string contents(const fs::path& path) {
 
 std::vector<fs::path> sources() {
   std::vector<fs::path> found;
-  for (const char* top : {"Platform", "QuorvelWidgets", "Host"}) {
+  for (const char* top : {"Platform", "QuorvelWidgets", "Host", "Import"}) {
     for (const auto& entry : fs::recursive_directory_iterator(fs::path(QUORVEL_SOURCE_DIR) / top)) {
       const auto extension = entry.path().extension();
       if (extension == ".cpp" || extension == ".hpp") found.push_back(entry.path());
@@ -65,6 +65,18 @@ TEST(Includes, onlyTheProgramComposesExtensionAndHost) {
   EXPECT_THAT(forbiddenIncludes("Host/Cli/main.cpp", text), IsEmpty());
   EXPECT_THAT(forbiddenIncludes("Host/Cli/Options.cpp", text),
               ElementsAre("Host/Cli/Options.cpp:1: QuorvelWidgets/Due/DueWidget.hpp"));
+}
+
+TEST(Includes, theImporterSeesTheDocumentAndNoWidget) {
+  EXPECT_THAT(forbiddenIncludes("Import/SnapshotMaker.cpp",
+                                "#include \"QuorvelWidgets/WidgetSupport/WidgetSnapshot.hpp\"\n"),
+              IsEmpty());
+  EXPECT_THAT(
+      forbiddenIncludes("Import/SnapshotMaker.cpp",
+                        "#include \"QuorvelWidgets/WidgetSupport/WidgetStrings.hpp\"\n"
+                        "#include \"Session/Launch.hpp\"\n"),
+      ElementsAre("Import/SnapshotMaker.cpp:1: QuorvelWidgets/WidgetSupport/WidgetStrings.hpp",
+                  "Import/SnapshotMaker.cpp:2: Session/Launch.hpp"));
 }
 
 TEST(Includes, librariesStayInTheSourcesOfTheirRoom) {

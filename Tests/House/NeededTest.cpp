@@ -65,6 +65,12 @@ TEST(Needed, theExtensionKnowsNoPixels) {
   EXPECT_THAT(without(without(needed, languageRuntime()), foundation()), ::testing::IsEmpty());
 }
 
+TEST(Needed, theImporterLoadsNeitherPixelsNorAnEventLoop) {
+  const Names needed = neededBy("quorvel-import");
+  ASSERT_THAT(needed, ::testing::Contains("libc"));
+  EXPECT_THAT(without(without(needed, languageRuntime()), foundation()), ::testing::IsEmpty());
+}
+
 TEST(Needed, theCommandLineLoadsNoEventLoopAndNoWebServer) {
   const Names needed = neededBy("quorvel-host");
   ASSERT_THAT(needed, ::testing::Contains("libc"));

@@ -1,0 +1,64 @@
+// `init`: settings to start from, and the folder that the widgets look into.
+#include <fcntl.h>
+#include <fmt/format.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+
+#include "Foundation/FileDescriptor.hpp"
+#include "Import/Commands.hpp"
+#include "Import/Output.hpp"
+#include "Import/Session.hpp"
+#include "Import/SettingsTemplate.hpp"
+
+namespace importer {
+namespace {
+
+namespace fs = std::filesystem;
+
+Result<void> makeFolder(const fs::path& folder) {
+  std::error_code error;
+  fs::create_directories(folder, error);
+  if (error)
+    return refused(fmt::format("{}: cannot make it: {}", folder.string(), error.message()));
+  return {};
+}
+
+Result<void> writeSettings(const std::string& file, const std::string& text, bool replaces) {
+  const int ifThere = replaces ? O_TRUNC : O_EXCL;
+  const foundation::FileDescriptor target(
+      ::open(file.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | ifThere, 0600));
+  if (!target && errno == EEXIST)
+    return refused(fmt::format("{}: there are settings already; --force replaces them", file));
+  const bool isWritten = target && ::write(target.get(), text.data(), text.size()) ==
+                                       static_cast<ssize_t>(text.size());
+  if (isWritten) return {};
+  return refused(
+      fmt::format("{}: cannot write: {}; --config names another file", file, std::strerror(errno)));
+}
+
+}  // namespace
+
+Result<void> init(const Options& options, const Program& program) {
+  const Session session = makePlaces(options, program);
+  if (session.settingsFile.empty() || session.container.empty())
+    return refused(
+        "there is no home folder; name a file with --config and a folder with --container");
+  const Settings none;
+  const auto journal = readAccounts(session.request, none);
+  if (!journal) return std::unexpected(journal.error());
+  for (const fs::path& folder :
+       {fs::path(session.settingsFile).parent_path(), fs::path(session.container)}) {
+    if (auto made = makeFolder(folder); !made) return made;
+  }
+  if (auto written = writeSettings(
+          session.settingsFile, settingsTemplate(journal->accounts.types), options.force);
+      !written)
+    return written;
+  return print(fmt::format(
+      "settings   {}\ncontainer  {}\n", oneLine(session.settingsFile), oneLine(session.container)));
+}
+
+}  // namespace importer

@@ -17,7 +17,7 @@ _quorvel_host_options() {
       own="--states --extremes --modes --presets --accessories --components --languages --family --configure --preview
         $drawing --png --out -o $place $data"
       ;;
-    gallery) own="--lang --scale --png $place $data" ;;
+    gallery) own="--lang --beside --scale --png $place $data" ;;
     timeline) own="--json --family --configure $place --languages $data" ;;
     validate) own="--json $place --languages $data" ;;
     sample) own="--lang --out -o $place --languages" ;;
@@ -129,7 +129,7 @@ _quorvel_host() {
         fi
         ;;
       --container) compopt -o dirnames ;;
-      --snapshot | --extension | --info-plist | --out | -o) compopt -o default ;;
+      --snapshot | --beside | --extension | --info-plist | --out | -o) compopt -o default ;;
       --open-with) choices=$(compgen -c -- "$current") ;;
       '')
         case $current:$command:$arguments in

@@ -359,6 +359,9 @@ void describeGallery(CLI::App& app, Options& options) {
   app.add_option("--lang", options.language, "Of the sample document, such as de")
       ->type_name("CODE")
       ->group("Extension and data");
+  app.add_option("--beside", options.beside, "A second document, drawn in the first section")
+      ->type_name("FILE")
+      ->group("Extension and data");
   addValue(app,
            "--scale",
            "Pixels a point of the first contact sheet, 2 unless given; the others have half",

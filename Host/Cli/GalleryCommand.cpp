@@ -66,11 +66,31 @@ Result<GallerySection> sectionOf(const Chapter& chapter, Options options, const 
                         *std::move(rows)};
 }
 
+/// The widgets of a second document, each behind those of the first.
+Result<void> addRowsBeside(GallerySection& section, Options options, const Program& program) {
+  options.source.snapshot = options.beside;
+  options.source.container.clear();
+  options.demonstration = false;
+  options.axes = {};
+  auto rows = sheetRows(options, program);
+  if (!rows) return std::unexpected(rows.error());
+  const std::string name = fs::path(options.beside).parent_path().filename().string();
+  for (SheetRow& row : *rows) {
+    row.caption += ", " + (name.empty() ? options.beside : name);
+    section.rows.push_back(std::move(row));
+  }
+  return {};
+}
+
 Result<std::vector<GallerySection>> sectionsOf(const Options& options, const Program& program) {
   std::vector<GallerySection> sections;
   for (const Chapter& chapter : chapters()) {
     auto section = sectionOf(chapter, options, program);
     if (!section) return std::unexpected(section.error());
+    if (chapter.id == kFirst && !options.beside.empty()) {
+      if (auto added = addRowsBeside(*section, options, program); !added)
+        return std::unexpected(added.error());
+    }
     sections.push_back(*std::move(section));
   }
   sections.push_back({"components",

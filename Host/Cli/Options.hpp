@@ -82,6 +82,7 @@ struct Options {
 
   std::string language;        ///< of a sample document
   std::string folder;          ///< that a gallery is written to
+  std::string beside;          ///< a second document, drawn in a gallery's first section
   bool demonstration = false;  ///< samples stand in for the document
   bool open = true;
   std::string openWith;

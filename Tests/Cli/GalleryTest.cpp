@@ -35,7 +35,7 @@ class Gallery : public ::testing::Test {
  protected:
   static void SetUpTestSuite() {
     folder_ = std::make_unique<TemporaryFolder>();
-    outcome_ = runGallery(folder_->path());
+    outcome_ = runGallery(folder_->path(), {"--beside", example("household.json").string()});
     page_ = contentsOf(folder_->path() / "index.html");
   }
   static void TearDownTestSuite() { folder_.reset(); }
@@ -108,6 +108,16 @@ TEST_F(Gallery, showsADocumentThatIsNamed) {
   EXPECT_NE(page_.find("sample document"), std::string::npos);
   EXPECT_EQ(contentsOf(folder.path() / "g" / "index.html").find("sample document"),
             std::string::npos);
+}
+
+TEST_F(Gallery, drawsASecondDocumentBesideTheFirst) {
+  const auto first = page_.find("<section id=\"widgets\">");
+  const auto second = page_.find("<section id=\"states\">");
+  const auto beside = page_.find("Spending, Examples, ");
+  ASSERT_NE(beside, std::string::npos);
+  EXPECT_GT(beside, first);
+  EXPECT_LT(beside, second);
+  EXPECT_EQ(page_.find("Spending, Examples, ", second), std::string::npos);
 }
 
 TEST_F(Gallery, isRefusedWhereNoFolderCanBe) {

@@ -62,17 +62,24 @@ class Installation : public ::testing::Test {
 TEST_F(Installation, putsEverythingWhereDebianLooksForIt) {
   EXPECT_THAT(files(),
               ::testing::ElementsAre("bin/quorvel-host",
+                                     "bin/quorvel-import",
                                      "libexec/quorvel-widgets",
+                                     "share/applications/quorvel-import.desktop",
                                      "share/bash-completion/completions/quorvel-host",
+                                     "share/bash-completion/completions/quorvel-import",
                                      "share/doc/quorvel-widgets/changelog.gz",
                                      "share/doc/quorvel-widgets/copyright",
                                      "share/doc/quorvel-widgets/examples/README.md",
+                                     "share/doc/quorvel-widgets/examples/household.journal",
                                      "share/doc/quorvel-widgets/examples/household.json",
+                                     "share/doc/quorvel-widgets/examples/household.toml",
                                      "share/doc/quorvel-widgets/examples/minimal.json",
+                                     "share/doc/quorvel-widgets/ledger.md",
                                      "share/doc/quorvel-widgets/protocol.md",
                                      "share/doc/quorvel-widgets/snapshot.md",
                                      "share/doc/quorvel-widgets/widget-snapshot.schema.json",
                                      "share/man/man1/quorvel-host.1.gz",
+                                     "share/man/man1/quorvel-import.1.gz",
                                      "share/quorvel-widgets/Info.plist"));
 }
 

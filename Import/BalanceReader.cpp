@@ -24,7 +24,7 @@ bool BalanceReader::take(const CsvReader::Row& row) {
   amounts_.clear();
   for (std::size_t i = kFirstAmount; i < row.size(); ++i) {
     const auto amount = parseDecimal(row[i]);
-    if (!amount) return fail("has an amount that is no number below 1000000000000000");
+    if (!amount) return fail("has an amount that is no number below 10^15");
     amounts_.push_back(*amount);
   }
   handler_(row[0], row[1], amounts_);

@@ -24,6 +24,9 @@ class CsvReader {
   /// The text is at its end; false as above, or when a quotation is still open.
   bool finish();
 
+  /// A row was longer than kLongestRow.
+  [[nodiscard]] bool isTooLong() const { return length_ > kLongestRow; }
+
   static constexpr std::size_t kLongestRow = std::size_t{4} << 20;
 
  private:

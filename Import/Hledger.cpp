@@ -74,6 +74,10 @@ class JournalReader {
   Result<void> chooseCommodity();
   Result<void> readBalances();
 
+  [[nodiscard]] Result<void> noEntries() const {
+    return refused(
+        fmt::format("{}: there are no entries yet; `hledger add` writes one", journal_.name));
+  }
   void takeAhead(const Book& book);
   [[nodiscard]] std::vector<std::string> withStyles(std::vector<std::string> words) const;
   HledgerRun balances(std::vector<std::string> words, BalanceReader::Handler handler) const;
@@ -143,10 +147,7 @@ Result<void> JournalReader::readChart() {
   for (Query& query : queries) {
     for (std::string& name : linesOf(query.text)) query.matches.insert(std::move(name));
   }
-  if (commodities_.empty())
-    return refused(
-        fmt::format("{}: there are no entries yet; `hledger add` writes one", journal_.name));
-  return {};
+  return commodities_.empty() ? noEntries() : Result<void>{};
 }
 
 /// Of the cards whose settings leave something to tags.
@@ -305,7 +306,12 @@ Result<void> JournalReader::readBalances() {
           journal_.cards.push_back({std::string(account), std::string(commodity), amounts.front()});
       };
   if (!settings_.cards.empty()) runs.push_back(balances({"balance", "-e", tomorrow}, takeCard));
-  return runner_.runAll(runs);
+  if (auto done = runner_.runAll(runs); !done) return done;
+  const bool hasEntries = !journal_.months.empty() || !journal_.past.transactions.empty() ||
+                          std::ranges::any_of(journal_.ahead.transactions, [](const auto& one) {
+                            return one.origin == Origin::entry;
+                          });
+  return hasEntries ? Result<void>{} : noEntries();
 }
 
 }  // namespace

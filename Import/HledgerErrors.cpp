@@ -2,7 +2,9 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <cstring>
+#include <iterator>
 
 namespace importer {
 namespace {
@@ -10,18 +12,21 @@ namespace {
 struct Reason {
   std::string_view sign;   ///< what hledger's message holds, in this or a later version
   std::string_view words;  ///< what we say
+  std::string_view advice = {};
 };
 // The first that fits: the more particular ones stand in front.
 constexpr Reason kReasons[] = {
     {"No existing files match", "an included file is missing"},
-    {"was not found", "there is no such journal"},
+    {"was not found", "there is no such journal", "-f names another"},
     {"Cyclic include", "the file includes itself"},
     {"assertion", "a balance assertion fails"},
     {"could not balance", "an entry does not balance"},
     {"unbalanced", "an entry does not balance"},
     {"invalid date", "there is no such day"},
     {"not a first day", "a periodic rule does not start on the first day of its interval"},
-    {"regular expression", "a query is no regular expression"},
+    {"regular expression",
+     "a query is no regular expression",
+     "a backslash stands before a character that is meant as it is"},
     {"invalid byte sequence", "the text is not UTF-8"},
     {"permission denied", "there is no permission to read it"},
     {"Permission denied", "there is no permission to read it"},
@@ -38,6 +43,20 @@ std::string numberAfter(std::string_view text, std::string_view word) {
   if (at == std::string_view::npos) return {};
   const std::string_view rest = text.substr(at + word.size());
   return ":" + std::string(rest.substr(0, rest.find_first_not_of("0123456789")));
+}
+
+Reason reasonFor(std::string_view errors) {
+  const auto* found = std::ranges::find_if(
+      kReasons, [&](const Reason& reason) { return errors.contains(reason.sign); });
+  return found == std::end(kReasons) ? Reason{"", "hledger refuses it"} : *found;
+}
+
+/// "print" of the program's words: the first that is no option.
+std::string reportOf(const Subprocess& run) {
+  const auto word = std::find_if(run.command.begin() + 1, run.command.end(), [](const auto& text) {
+    return !text.starts_with('-');
+  });
+  return word == run.command.end() ? std::string{} : *word;
 }
 
 }  // namespace
@@ -65,10 +84,7 @@ std::string errorPlace(std::string_view errors) {
 }
 
 std::string_view errorReason(std::string_view errors) {
-  for (const auto& [sign, words] : kReasons) {
-    if (errors.contains(sign)) return words;
-  }
-  return "hledger refuses it";
+  return reasonFor(errors).words;
 }
 
 Failure hledgerFailure(const Subprocess& run,
@@ -96,18 +112,20 @@ Failure hledgerFailure(const Subprocess& run,
       break;
   }
   if (outcome.ending == Ending::declined || outcome.status == 0) {
-    return line(
-        fmt::format("{}: the report of hledger {} {}; reports of hledger 1.25 and later are "
-                    "understood, see {}",
-                    journal,
-                    version,
-                    problem.empty() ? "ends in the middle" : problem,
-                    "`hledger --version`"));
+    return line(fmt::format("{}: the report of hledger {} {}; `hledger {} -O csv` shows it",
+                            journal,
+                            version,
+                            problem.empty() ? "ends in the middle" : problem,
+                            reportOf(run)));
   }
   const std::string place = errorPlace(outcome.errors);
-  return line(fmt::format("{}: {}; `hledger check` shows it",
+  const Reason reason = reasonFor(outcome.errors);
+  return line(fmt::format("{}: {}; {}",
                           place.empty() ? journal : place,
-                          errorReason(outcome.errors)));
+                          reason.words,
+                          reason.advice.empty()
+                              ? fmt::format("`hledger -f {} check` shows it", journal)
+                              : reason.advice));
 }
 
 }  // namespace importer

@@ -46,7 +46,9 @@ class HledgerRunner {
     HledgerRun run;
     run.process.command = command(std::move(words));
     run.process.output = [csv](std::string_view piece) { return csv->read(piece); };
-    run.problem = [reader] { return reader->problem(); };
+    run.problem = [csv, reader] {
+      return csv->isTooLong() ? std::string("has a row without an end") : reader->problem();
+    };
     run.finish = [csv, reader] { return csv->finish() && reader->hasHeader(); };
     return run;
   }

@@ -44,7 +44,7 @@ bool PrintReader::take(const CsvReader::Row& row) {
   // A transaction without an amount has none in this report either.
   const std::string& figure = cell(row, amount);
   const auto value = figure.empty() ? Decimal{} : parseDecimal(figure);
-  if (!value) return fail("has an amount that is no number below 1000000000000000");
+  if (!value) return fail("has an amount that is no number below 10^15");
   const Day day = book_.transactions.back().day;
   book_.postings.push_back(
       {.amount = *value,

@@ -11,6 +11,7 @@
 #include <set>
 
 #include "Foundation/FileManager.hpp"
+#include "QuorvelWidgets/WidgetSupport/WidgetLanguage.hpp"
 
 namespace importer {
 namespace {
@@ -278,6 +279,12 @@ void readOpen(const toml::table& table, Settings& settings, TomlProblems& proble
 void readDocument(const toml::table& document, Settings& settings, TomlProblems& problems) {
   TomlTable reader(document, "", problems);
   settings.language = reader.text("language");
+  const auto isCode = [&](std::string_view code) { return code == settings.language; };
+  if (settings.language && std::ranges::none_of(quorvel::kLanguageCodes, isCode)) {
+    reader.report(
+        *document.get("language"),
+        fmt::format("language must be one of {}", fmt::join(quorvel::kLanguageCodes, ", ")));
+  }
   settings.commodity = reader.text("commodity");
   settings.symbol = reader.text("symbol");
   settings.decimals = reader.boolean("decimals");

@@ -59,6 +59,7 @@ TEST(CsvReader, KeepsNoRowWithoutEnd) {
   int pieces = 0;
   while (pieces < 100 && reader.read(piece)) ++pieces;
   EXPECT_EQ(pieces, 4);
+  EXPECT_TRUE(reader.isTooLong());
 }
 
 }  // namespace

@@ -97,6 +97,7 @@ TEST(Settings, RefuseUnknownKeysWithTheirPlace) {
 TEST(Settings, RefuseWrongTypesAndValuesWithTheirPlace) {
   EXPECT_THAT(refusal("hidden = 1"), StartsWith("l.toml:1:10: hidden must be true or false"));
   EXPECT_THAT(refusal("language = 1"), HasSubstr("language must be a text"));
+  EXPECT_THAT(refusal("language = \"pt\""), HasSubstr("language must be one of en, id, es, pt-BR"));
   EXPECT_THAT(refusal("today = \"2026-03-14\""), HasSubstr("without quotes"));
   EXPECT_THAT(refusal("[budget]\ntotal = \"1800\""),
               StartsWith("l.toml:2:9: total must be an amount"));

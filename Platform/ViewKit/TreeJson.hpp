@@ -24,6 +24,7 @@ struct TreeLimits {
   std::size_t nodes = 4000;         ///< of the whole tree
   std::size_t stringBytes = 16384;  ///< of any one string
   std::size_t modifiers = 64;       ///< of a node
+  std::size_t pathModifiers = 256;  ///< of all nodes from the root to a leaf
   std::size_t lengthDepth = 8;      ///< choices within choices
   std::size_t lengthTerms = 64;     ///< choices in one length
   std::size_t pathSteps = 4000;     ///< of one path

@@ -163,9 +163,22 @@ bool TreeReader::readNode(ObjectCursor& cursor, Node& out) {
   if (!readType(cursor, type) || !readElement(type, cursor, out.element)) return false;
   const Json* name = cursor.take("name");
   if (name != nullptr && !read(*name, out.component)) return at("name");
+  const Json* modifiers = cursor.take("modifiers");
+  const Json::Array* list = modifiers == nullptr ? nullptr : modifiers->array();
+  const std::size_t count = list == nullptr ? 0 : list->size();
+  if (pathModifiers_ + count > limits_.pathModifiers && count <= limits_.modifiers) {
+    fail("too many modifiers from the root to here");
+    return at("modifiers");
+  }
+  pathModifiers_ += count;
+  const bool ok = readInner(cursor, modifiers, out);
+  pathModifiers_ -= count;
+  return ok;
+}
+
+bool TreeReader::readInner(ObjectCursor& cursor, const Json* modifiers, Node& out) {
   const Json* children = cursor.take("children");
   if (children != nullptr && !read(*children, out.children)) return at("children");
-  const Json* modifiers = cursor.take("modifiers");
   return modifiers == nullptr || readModifiers(*modifiers, out.modifiers) || at("modifiers");
 }
 

@@ -59,6 +59,7 @@ class TreeReader {
   // Nodes
   bool readNode(ObjectCursor& cursor, Node& out);
   bool readElement(std::string_view type, ObjectCursor& cursor, Element& out);
+  bool readInner(ObjectCursor& cursor, const Json* modifiers, Node& out);
   bool readModifiers(const Json& json, std::vector<Modifier>& out);
   bool readModifier(const Json& json, Modifier& out);
   bool readType(ObjectCursor& cursor, std::string_view& out);
@@ -114,6 +115,7 @@ class TreeReader {
   const TreeLimits& limits_;
   std::size_t nodes_ = 0;
   std::size_t depth_ = 0;
+  std::size_t pathModifiers_ = 0;
   std::string path_;
   std::string message_;
 };

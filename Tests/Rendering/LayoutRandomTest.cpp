@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <random>
+#include <set>
 
 #include "PlacedNodes.hpp"
 
@@ -49,7 +50,10 @@ class TreeMaker {
       case 0:
         return Text("some words to wrap").font(number()).tracking(number() / 10);
       case 1:
-        return Text("one line").font(12).lineLimit(1).minimumScaleFactor(number());
+        return Text("one line")
+            .font(12)
+            .lineLimit(1)
+            .minimumScaleFactor(below(2) == 0 ? number() : 0.1 * (1 + below(9)));
       case 2:
         return Text("short words in lines").font(11).lineLimit(below(4)).balanced();
       case 3:
@@ -65,7 +69,9 @@ class TreeMaker {
     if (depth == 0) return leaf();
     std::vector<View> views;
     for (int n = below(4); n >= 0; --n) views.push_back(view(depth - 1));
-    switch (below(6)) {
+    switch (below(7)) {
+      case 6:
+        return Fitting{views};
       case 0:
         return HStack{{.alignment = alignment().vertical, .spacing = maybe()}, views};
       case 1:
@@ -83,7 +89,10 @@ class TreeMaker {
 
   View modified(View v, int depth) {
     for (int n = below(4); n > 0; --n) {
-      switch (below(12)) {
+      switch (below(13)) {
+        case 12:
+          v = v.sharedScale();
+          break;
         case 0:
           v = v.frame(FixedFrame{length(), std::nullopt, alignment()});
           break;
@@ -129,17 +138,36 @@ class TreeMaker {
   bool isSane_;
 };
 
-std::size_t countOf(const View& view) {
-  if (view.isEmpty()) return 1;
-  const Node& node = view.node();
-  std::size_t count = 1 + node.modifiers.size();
-  for (const View& child : node.children) count += countOf(child);
-  for (const Modifier& modifier : node.modifiers) {
-    if (const auto* m = std::get_if<Background>(&modifier)) count += countOf(m->content);
-    if (const auto* m = std::get_if<Overlay>(&modifier)) count += countOf(m->content);
+/// Counts the view's nodes and modifiers as placed: of a Fitting's children the one that was taken.
+class Counter {
+ public:
+  explicit Counter(const PlacedNode& root) { find(root); }
+
+  [[nodiscard]] std::size_t count(const View& view) const {
+    if (view.isEmpty()) return 1;
+    const Node& node = view.node();
+    std::size_t sum = 1 + node.modifiers.size();
+    const bool takesOne = std::holds_alternative<FittingElement>(node.element);
+    for (const View& child : node.children) {
+      if (!takesOne || placed_.contains(&child.node())) sum += count(child);
+    }
+    for (const Modifier& modifier : node.modifiers) {
+      if (const auto* m = std::get_if<Background>(&modifier)) sum += count(m->content);
+      if (const auto* m = std::get_if<Overlay>(&modifier)) sum += count(m->content);
+    }
+    return sum;
   }
-  return count;
-}
+
+ private:
+  void find(const PlacedNode& node) {
+    if (node.element()) placed_.insert(node.source);
+    const bool isFitting =
+        node.element() && std::holds_alternative<FittingElement>(*node.element());
+    EXPECT_TRUE(!isFitting || node.children.size() <= 1);
+    for (const PlacedNode& child : node.children) find(child);
+  }
+  std::set<const Node*> placed_;
+};
 
 std::size_t checkedCount(const PlacedNode& node) {
   const Rect& f = node.frame;
@@ -167,7 +195,7 @@ TEST(LayoutRandom, SizesAreNumbersAndNothingIsLost) {
     const View view = TreeMaker(seed, false).view(4);
     for (const LayoutDirection direction : {kLtr, kRtl}) {
       const PlacedTree tree = layOut(view, {.size = {170, 120}, .direction = direction}, measurer);
-      EXPECT_EQ(checkedCount(tree.root), countOf(view)) << "seed " << seed;
+      EXPECT_EQ(checkedCount(tree.root), Counter(tree.root).count(view)) << "seed " << seed;
     }
   }
 }
@@ -214,6 +242,72 @@ TEST(LayoutRandom, RightToLeftIsTheMirrorImage) {
     ++compared;
   }
   EXPECT_GT(compared, 50);
+}
+
+/// A text that ends in an ellipsis or leaves out clusters other than spaces.
+bool hasCutText(const PlacedNode& node) {
+  if (node.text && node.text->isCut()) return true;
+  return std::ranges::any_of(node.children, hasCutText);
+}
+
+/// A line that ends before a cluster behind which no line may end.
+bool hasBrokenWord(const PlacedNode& node) {
+  if (node.text) {
+    const auto& lines = node.text->lines;
+    for (std::size_t i = 0; i + 1 < lines.size(); ++i) {
+      std::uint32_t last = lines[i + 1].first;
+      if (last > 0 && !node.text->paragraph->clusters[last - 1].breakAfter) return true;
+    }
+  }
+  return std::ranges::any_of(node.children, hasBrokenWord);
+}
+
+// Second method: what a Fitting took is compared with each child laid out by itself.
+TEST(LayoutRandom, AFittingTakesTheFirstChildThatFitsByItself) {
+  int taken[4] = {};
+  for (unsigned seed = 0; seed < 1500; ++seed) {
+    TreeMaker maker(seed, true);
+    std::vector<View> views;
+    for (int i = 0; i < 4; ++i) views.push_back(maker.view(2));
+    const Size size{20.0 + seed % 300, 15.0 + seed % 130};
+    const PlacedTree tree = placed(Fitting{views}, size);
+    std::size_t first = 0;
+    for (; first < 3; ++first) {
+      const PlacedTree alone = placed(views[first], size);
+      const Rect& frame = alone.root.frame;
+      if (frame.width > size.width + 1e-6 || frame.height > size.height + 1e-6) continue;
+      if (!hasCutText(alone.root) && !hasBrokenWord(alone.root)) break;
+    }
+    EXPECT_EQ(elementOf(tree.root.children.at(0)).source, &views[first].node()) << "seed " << seed;
+    ++taken[first];
+  }
+  for (const int count : taken) EXPECT_GT(count, 20);
+}
+
+// Second method: the group's scale is read off the placed texts.
+TEST(LayoutRandom, TheTextsOfAGroupHaveOneScaleOrTheirMinimum) {
+  int shrunk = 0;
+  for (unsigned seed = 0; seed < 3000; ++seed) {
+    const View view = TreeMaker(seed, true).view(3).sharedScale();
+    const PlacedTree tree = placed(view, {20.0 + seed % 200, 15.0 + seed % 90});
+    double most = 0;
+    double least = 1;
+    const auto find = [&](const auto& self, const PlacedNode& node) -> void {
+      const auto* text = node.element() ? std::get_if<TextElement>(node.element()) : nullptr;
+      if (text && text->lineLimit == 1 && text->minimumScaleFactor > 0 &&
+          text->minimumScaleFactor < 1) {
+        least = std::min(least, node.text->scale);
+        if (node.text->scale > text->minimumScaleFactor + 1e-6) {
+          most = std::max(most, node.text->scale);
+        }
+      }
+      for (const PlacedNode& child : node.children) self(self, child);
+    };
+    find(find, tree.root);
+    if (most > 0) EXPECT_LE(most, least + 1e-5) << "seed " << seed;
+    shrunk += most > 0 && most < 1 ? 1 : 0;
+  }
+  EXPECT_GT(shrunk, 5);
 }
 
 std::size_t questions(const View& view) {

@@ -383,6 +383,28 @@ TEST(TreeLimits, modifiers) {
   EXPECT_EQ(failure(tree(65)), "/modifiers: too many modifiers");
 }
 
+TEST(TreeLimits, ModifiersFromTheRootToALeaf) {
+  // Four levels of 64 are 256; beside them, or in the background of another, as many again.
+  const auto many = [](int count) {
+    std::string list;
+    for (int i = 0; i < count; ++i) list += (i == 0 ? "" : ",") + std::string{R"({"opacity":1})"};
+    return R"("modifiers":[)" + list + "]";
+  };
+  const auto level = [&](const std::string& inner, int count) {
+    return R"({"type":"HStack","children":[)" + inner + "]," + many(count) + "}";
+  };
+  const std::string leaf = R"({"type":"Circle"})";
+  const std::string most = level(level(level(level(leaf, 64), 64), 64), 64);
+  EXPECT_EQ(failure(most), "accepted");
+  EXPECT_EQ(failure(level(most + "," + most, 0)), "accepted");
+  EXPECT_EQ(failure(level(most, 1)),
+            "/children/0/children/0/children/0/children/0/modifiers: "
+            "too many modifiers from the root to here");
+  EXPECT_EQ(failure(R"({"type":"Circle","modifiers":[{"background":)" + most + "}]}"),
+            "/modifiers/0/background/children/0/children/0/children/0/modifiers: "
+            "too many modifiers from the root to here");
+}
+
 TEST(TreeLimits, lengthDepth) {
   const auto tree = [](std::size_t depth) {
     return modified(R"({"offset":{"x":)" + deepLength(depth) + "}}");

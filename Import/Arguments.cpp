@@ -55,7 +55,7 @@ void addOptions(CLI::App& app, std::string_view command, Options& options) {
     addFigure(app, options);
     return;
   }
-  addContainer(app, options);
+  if (command != "check") addContainer(app, options);
   if (command == "hledger")
     app.add_flag(
         "--watch", options.watch, "Stay, and make it anew on every change and at midnight");

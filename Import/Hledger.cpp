@@ -276,7 +276,9 @@ HledgerRun JournalReader::monthlyValues() {
                                               text(firstDay(monthOf(journal_.today)))}),
                                   reader);
   run.finish = [this, reader, sums, finish = run.finish] {
-    const auto& months = reader->months();
+    // Without entries the report has a column of the day on which it is made.
+    std::vector<Month> months = reader->months();
+    std::erase_if(months, [&](Month month) { return month >= monthOf(journal_.today); });
     sums->resize(std::max(sums->size(), months.size()));
     for (std::size_t i = 0; i < months.size(); ++i)
       journal_.months.push_back({months[i], (*sums)[i]});

@@ -113,11 +113,11 @@ TEST_F(Gallery, showsADocumentThatIsNamed) {
 TEST_F(Gallery, drawsASecondDocumentBesideTheFirst) {
   const auto first = page_.find("<section id=\"widgets\">");
   const auto second = page_.find("<section id=\"states\">");
-  const auto beside = page_.find("Spending, Examples, ");
+  const auto beside = page_.find("Net Worth, Examples, ");
   ASSERT_NE(beside, std::string::npos);
   EXPECT_GT(beside, first);
   EXPECT_LT(beside, second);
-  EXPECT_EQ(page_.find("Spending, Examples, ", second), std::string::npos);
+  EXPECT_EQ(page_.find("Net Worth, Examples, ", second), std::string::npos);
 }
 
 TEST_F(Gallery, isRefusedWhereNoFolderCanBe) {

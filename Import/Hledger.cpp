@@ -75,8 +75,9 @@ class JournalReader {
   Result<void> readBalances();
 
   [[nodiscard]] Result<void> noEntries() const {
-    return refused(
-        fmt::format("{}: there are no entries yet; `hledger add` writes one", journal_.name));
+    return refused(fmt::format("{}: there are no entries up to {}; `hledger add` writes one",
+                               journal_.name,
+                               text(runner_.end() - 1)));
   }
   void takeAhead(const Book& book);
   [[nodiscard]] std::vector<std::string> withStyles(std::vector<std::string> words) const;

@@ -166,10 +166,10 @@ TEST(ImportProgram, SaysNoAmountOfWhatIsWrong) {
 TEST(ImportProgram, RefusesAJournalWithoutEntriesOrText) {
   const Home home;
   const std::string empty = home.journal("; nothing yet\n");
-  expectRefusal(home, {"hledger", "-f", empty}, HasSubstr("there are no entries yet"));
+  expectRefusal(home, {"hledger", "-f", empty}, HasSubstr("there are no entries up to 20"));
   const std::string rules =
       home.journal("commodity $1,000.00\n~ monthly\n    expenses:a  $5\n    assets:cash\n");
-  expectRefusal(home, {"hledger", "-f", rules}, HasSubstr("there are no entries yet"));
+  expectRefusal(home, {"hledger", "-f", rules}, HasSubstr("there are no entries up to 20"));
   const std::string bytes = home.journal("2026-03-01 caf\xe9\n    a  1\n    b\n");
   expectRefusal(home, {"hledger", "-f", bytes}, HasSubstr("the text is not UTF-8"));
   expectRefusal(home, {"hledger", "-f", home.at("gone")}, HasSubstr("there is no such journal"));

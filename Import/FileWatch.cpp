@@ -51,7 +51,7 @@ Result<FileWatch> FileWatch::make() {
   return FileWatch(std::move(changes), std::move(clock), std::move(signals));
 }
 
-void FileWatch::follow(const std::vector<std::string>& files) {
+bool FileWatch::follow(const std::vector<std::string>& files) {
   const std::map<int, Folder> before = std::exchange(folders_, {});
   for (const std::string& file : files) {
     const fs::path path(file);
@@ -63,6 +63,7 @@ void FileWatch::follow(const std::vector<std::string>& files) {
   for (const auto& [watch, folder] : before) {
     if (!folders_.contains(watch)) ::inotify_rm_watch(changes_.get(), watch);
   }
+  return folders_ != before;
 }
 
 void FileWatch::watchFolder(const std::string& folder, const std::string& name) {

@@ -23,8 +23,9 @@ class FileWatch {
   [[nodiscard]] static Result<FileWatch> make();
 
   /// Watches the folders of these files, through symbolic links too; where one is missing, the
-  /// nearest folder above it that is there.
-  void follow(const std::vector<std::string>& files);
+  /// nearest folder above it that is there. True when it watches what it did not watch before,
+  /// which may have changed in the meantime.
+  bool follow(const std::vector<std::string>& files);
 
   /// Waits for one of: a change (some 50 ms after its last write), the wall clock reaching `time`
   /// or being set, a signal to end.
@@ -44,6 +45,8 @@ class FileWatch {
     std::string path;
     std::set<std::string, std::less<>> names;
     bool isStandIn = false;  ///< for a folder below it that is missing: any new name counts
+
+    friend bool operator==(const Folder&, const Folder&) = default;
   };
 
   foundation::FileDescriptor changes_;

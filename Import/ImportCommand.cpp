@@ -34,13 +34,13 @@ Result<void> importOnce(const Options& options, const Program& program, Foreign 
   return print(oneLine(document.path()) + "\n");
 }
 
-/// The journal and all that it includes, and the settings. While the journal cannot be read, what
-/// was watched before.
-void followFiles(const Session& session, std::vector<std::string>& journals, FileWatch& watch) {
+/// The journal and all that it includes, and the settings; true when there are new ones among them.
+/// While the journal cannot be read, what was watched before.
+bool followFiles(const Session& session, std::vector<std::string>& journals, FileWatch& watch) {
   if (auto files = journalFiles(session.request)) journals = *std::move(files);
   std::vector<std::string> all = journals;
   if (!session.settingsFile.empty()) all.push_back(session.settingsFile);
-  watch.follow(all);
+  return watch.follow(all);
 }
 
 /// Where hledger would look for the journal.
@@ -57,17 +57,19 @@ Result<void> importAlways(const Options& options, const Program& program) {
   auto watch = FileWatch::make();
   if (!watch) return std::unexpected(watch.error());
   std::vector<std::string> journals{journalFile(first)};
+  followFiles(first, journals, *watch);
   std::string lastComplaint;
   while (true) {
     // What changes while the journal is being read is seen at the next wait.
     const Session session = makePlaces(options, program);
-    followFiles(session, journals, *watch);
     const auto done = importOnce(options, program, foreign);
     if (done) foreign = Foreign::keep;
     const std::string complaint = done ? std::string{} : done.error().line;
     if (!complaint.empty() && complaint != lastComplaint)
       complain("quorvel-import hledger: " + oneLine(complaint) + "\n");
     lastComplaint = complaint;
+    // Files that were not followed yet may have changed since they were read.
+    if (followFiles(session, journals, *watch)) continue;
     if (watch->wait(session.midnight) == WatchEvent::ended) return {};
   }
 }

@@ -122,6 +122,16 @@ TEST_F(OtherVersion, IsRefusedWhereItDrifts) {
   EXPECT_THAT(refusal("months.csv", "account,commodity,Jan\n"), HasSubstr("no month"));
 }
 
+TEST_F(OtherVersion, IsEndedWhereItHangs) {
+  folder_.write("hledger", "#!/bin/sh\n[ $1 = --version ] && exec echo hledger 1.42\nsleep 1000\n");
+  JournalRequest hanging = request();
+  hanging.limits.time = std::chrono::milliseconds(300);
+  const Settings settings;
+  const auto journal = readJournal(hanging, settings);
+  ASSERT_FALSE(journal);
+  EXPECT_THAT(journal.error().line, HasSubstr("my.journal: hledger did not finish in time"));
+}
+
 TEST(HledgerVersion, IsReadFromItsOwnWords) {
   EXPECT_EQ(hledgerVersion("hledger 1.25, linux-x86_64\n"), 1025);
   EXPECT_EQ(hledgerVersion("hledger 1.32.3"), 1032);

@@ -105,6 +105,33 @@ TEST(ImportProgram, KeepsAForeignDocumentUnlessForced) {
   }
 }
 
+TEST(ImportProgram, TakesHostileNamesAsTheyAre) {
+  const Home home;
+  const std::string longName(100'000, 'x');
+  const std::string file = home.journal(
+      "2026-03-01 \"quo,ted\" \\ <b>&amp;</b> %s $(reboot) `x`\n"
+      "    expenses:a \"b\", c:d'e  $5\n    активы:банк \"x\"\n\n"
+      "2026-03-20 \x1b[2J\x07"
+      "bell\x7f\n    expenses:食費:外食  $6\n    assets:cash\n\n"
+      "2026-03-21 " +
+      longName + "\n    expenses:a  $7\n    assets:cash\n");
+  home.settings("today = 2026-03-14\n");
+  const auto outcome = home.import();
+  ASSERT_EQ(outcome.status, 0) << outcome.errors;
+  EXPECT_EQ(cli::runHost({"validate", home.document()}).status, 0);
+  const auto snapshot = quorvel::decodeWidgetSnapshot(home.written());
+  ASSERT_TRUE(snapshot);
+  EXPECT_EQ(snapshot->spending->topCategory, "a \"b\", c");
+  ASSERT_EQ(snapshot->dues.size(), 2u);
+  EXPECT_EQ(snapshot->dues[0].name, " [2J bell ");
+  EXPECT_EQ(snapshot->dues[1].name, longName.substr(0, 200) + "…");
+  for (const char* command : {"check", "explain"}) {
+    const auto shown = home.run({command, "-f", file});
+    EXPECT_EQ(shown.status, 0);
+    EXPECT_EQ(shown.out.find_first_of("\x1b\x07\x7f"), std::string::npos) << command;
+  }
+}
+
 TEST(ImportProgram, RefusesAContainerThatIsMissingOrReadOnly) {
   const Home home;
   home.journal(kSmallJournal);

@@ -48,8 +48,9 @@ class Workshop {
     auto view = widget_ ? viewInStages(times, watch) : viewOfChild(times, watch);
     if (!view) return std::unexpected(view.error());
     const auto placed = renderer_.place(*view, how_);
+    if (!placed) return refused(placed.error());
     times[kLayout] = watch.lap();
-    renderer_.draw(placed, how_, bitmap_);
+    if (auto done = renderer_.draw(*placed, how_, bitmap_); !done) return refused(done.error());
     times[kPaint] = watch.lap();
     const std::string bytes = rendering::encodePng(bitmap_, png_);
     times[kPng] = watch.lap();

@@ -113,9 +113,10 @@ Result<void> writePictures(const GallerySection& section,
       for (const auto appearance : {viewkit::Appearance::light, viewkit::Appearance::dark}) {
         rendering::RenderOptions how = cells[i].how;
         how.appearance = appearance;
-        auto done = write(
-            folder / pictureFile(section, row, i, appearance),
-            renderer.svg(cells[i].view, how, {.title = titleOf(section.rows[row], cells[i])}));
+        const auto svg =
+            renderer.svg(cells[i].view, how, {.title = titleOf(section.rows[row], cells[i])});
+        if (!svg) return refused(svg.error());
+        auto done = write(folder / pictureFile(section, row, i, appearance), *svg);
         if (!done) return done;
       }
     }

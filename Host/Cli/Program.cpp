@@ -1,5 +1,8 @@
 #include "Cli/Program.hpp"
 
+#include <exception>
+#include <new>
+
 #include "Cli/Arguments.hpp"
 #include "Cli/Commands.hpp"
 #include "Cli/Output.hpp"
@@ -36,10 +39,21 @@ Result<void> interpret(std::span<const char* const> words, const Program& progra
   return done;
 }
 
+/// What libraries throw, for want of memory above all, ends in a line as everything else does.
+Result<void> interpretSafely(std::span<const char* const> words, const Program& program) {
+  try {
+    return interpret(words, program);
+  } catch (const std::bad_alloc&) {
+    return refused("quorvel-host: there is not enough memory for this");
+  } catch (const std::exception& error) {
+    return refused(std::string("quorvel-host: ") + error.what());
+  }
+}
+
 }  // namespace
 
 int run(std::span<const char* const> words, const Program& program) {
-  const auto done = interpret(words, program);
+  const auto done = interpretSafely(words, program);
   if (done) return static_cast<int>(ExitCode::done);
   if (!done.error().line.empty()) complain(oneLine(done.error().line) + "\n");
   return static_cast<int>(done.error().code);

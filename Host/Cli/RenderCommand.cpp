@@ -8,10 +8,10 @@
 namespace cli {
 namespace {
 
-std::string drawn(const viewkit::View& view,
-                  const rendering::RenderOptions& how,
-                  const Options& options,
-                  const std::string& widgetName) {
+rendering::Drawn<std::string> drawn(const viewkit::View& view,
+                                    const rendering::RenderOptions& how,
+                                    const Options& options,
+                                    const std::string& widgetName) {
   if (options.format == Format::tree) return viewkit::dump(view);
   rendering::Renderer renderer;
   switch (options.format) {
@@ -27,7 +27,9 @@ std::string drawn(const viewkit::View& view,
     case Format::tree:
       break;
   }
-  return rendering::encodePng(renderer.bitmap(view, how), options.output.png);
+  const auto bitmap = renderer.bitmap(view, how);
+  if (!bitmap) return std::unexpected(bitmap.error());
+  return rendering::encodePng(*bitmap, options.output.png);
 }
 
 }  // namespace
@@ -51,7 +53,9 @@ Result<void> render(const Options& options, const Program& program) {
       fetchView(*guest, entriesParameters(options.kind, family, options.picture, device));
   if (!view) return std::unexpected(view.error());
   const auto how = renderOptions(family, options.picture, device, guest->images());
-  return write(options.output.file, drawn(*view, how, options, (*widget)->description.displayName));
+  const auto bytes = drawn(*view, how, options, (*widget)->description.displayName);
+  if (!bytes) return refused(bytes.error());
+  return write(options.output.file, *bytes);
 }
 
 }  // namespace cli

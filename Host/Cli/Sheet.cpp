@@ -95,7 +95,8 @@ class Painter {
  public:
   Painter(Bitmap& target, double scale) : target_(target), scale_(scale) {}
 
-  void panel(const Arrangement& arrangement, const Panel& panel, double left) {
+  /// The first picture that is refused ends the panel.
+  rendering::Drawn<void> panel(const Arrangement& arrangement, const Panel& panel, double left) {
     fill(panel.ground, left, arrangement.width());
     for (std::size_t i = 0; i < arrangement.blocks.size(); ++i) {
       const Block& block = arrangement.blocks[i];
@@ -104,6 +105,7 @@ class Painter {
       caption(block.row->caption, panel, x, y, arrangement.columnWidth);
       pictures(block, panel.appearance, x, y + kCaptionHeight + kCaptionGap);
     }
+    return std::exchange(done_, {});
   }
 
  private:
@@ -131,7 +133,17 @@ class Painter {
     how.appearance = panel.appearance;
     how.showsBackground = false;
     how.cornerRadius = 0;
-    blend(renderer_.bitmap(view, how), pixels(x, scale_), pixels(y, scale_), target_);
+    draw(view, how, x, y);
+  }
+
+  void draw(const viewkit::View& view, const rendering::RenderOptions& how, double x, double y) {
+    if (!done_) return;
+    const auto bitmap = renderer_.bitmap(view, how);
+    if (!bitmap) {
+      done_ = std::unexpected(bitmap.error());
+      return;
+    }
+    blend(*bitmap, pixels(x, scale_), pixels(y, scale_), target_);
   }
 
   void pictures(const Block& block, viewkit::Appearance appearance, double x, double y) {
@@ -145,12 +157,13 @@ class Painter {
     rendering::RenderOptions how = cell.how;
     how.appearance = appearance;
     how.scale = scale_;
-    blend(renderer_.bitmap(cell.view, how), pixels(x, scale_), pixels(y, scale_), target_);
+    draw(cell.view, how, x, y);
   }
 
   Bitmap& target_;
   double scale_;
   rendering::Renderer renderer_;
+  rendering::Drawn<void> done_;
 };
 
 }  // namespace
@@ -194,7 +207,8 @@ Result<Bitmap> drawSheet(const std::vector<SheetRow>& rows, double scale) {
   Painter painter{sheet, scale};
   const Arrangement panel = arranged(rows);
   for (std::size_t i = 0; i < kPanels.size(); ++i) {
-    painter.panel(panel, kPanels[i], panel.width() * static_cast<double>(i));
+    const auto done = painter.panel(panel, kPanels[i], panel.width() * static_cast<double>(i));
+    if (!done) return refused(done.error());
   }
   return sheet;
 }

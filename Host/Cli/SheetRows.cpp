@@ -304,7 +304,9 @@ std::vector<SheetRow> componentRows(const Options& options, const Program& progr
     cell.how.mode = setting.mode;
     cell.how.tint = setting.tint;
     cell.how.showsBackground = environment.showsWidgetContainerBackground;
-    cell.how.size.height = std::ceil(renderer.place(cell.view, cell.how).root.frame.height);
+    if (const auto placed = renderer.place(cell.view, cell.how)) {
+      cell.how.size.height = std::ceil(placed->root.frame.height);
+    }
     std::string caption = "Components";
     join(caption, setting.caption);
     rows.push_back({std::move(caption), {std::move(cell)}});

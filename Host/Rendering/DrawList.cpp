@@ -72,14 +72,16 @@ struct Describer {
          c.offset.y,
          text(c.color));
   }
-  void operator()(const DrawContentShadow& c) {
+  void operator()(const BeginShadow& c) {
     line("shadow of {} blur {:.2f} by {:.2f},{:.2f} {}",
          c.count,
          c.deviation,
          c.offset.x,
          c.offset.y,
          text(c.color));
+    ++depth;
   }
+  void operator()(const EndShadow&) { --depth; }
   void operator()(const BeginClip& c) {
     line("clip {}", text(c.bounds));
     ++depth;

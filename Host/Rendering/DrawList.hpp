@@ -100,17 +100,18 @@ struct DrawShadow {
   double deviation = 0;  ///< of the blur
   Point offset;
 };
-/// The blurred silhouette of the `count` commands that follow; they are drawn themselves
-/// afterwards.
-struct DrawContentShadow {
+/// The `count` commands that follow, over their own blurred silhouette.
+struct BeginShadow {
   std::uint32_t count = 0;
-  Rect bounds;
+  Rect bounds;  ///< of these commands
   Rgba color;
   double deviation = 0;
   Point offset;
 };
+struct EndShadow {};
 struct BeginClip {
   PathSlice path;
+  std::uint32_t count = 0;  ///< commands inside
   Rect bounds;
   double corner = -1;  ///< what lies in the bounds and out of their corners by this much is not
                        ///< cut; negative: nothing is sure
@@ -118,6 +119,7 @@ struct BeginClip {
 struct EndClip {};
 struct BeginGroup {
   float opacity = 1;
+  std::uint32_t count = 0;  ///< commands inside
   Rect bounds;
 };
 struct EndGroup {};
@@ -134,7 +136,8 @@ using DrawCommand = std::variant<FillRect,
                                  DrawSymbol,
                                  DrawImage,
                                  DrawShadow,
-                                 DrawContentShadow,
+                                 BeginShadow,
+                                 EndShadow,
                                  BeginClip,
                                  EndClip,
                                  BeginGroup,

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "Rendering/DrawList.hpp"
+#include "Rendering/DrawingLimits.hpp"
 #include "Rendering/GlyphImages.hpp"
 #include "Rendering/PainterSurface.hpp"
 #include "Rendering/Renderer.hpp"
@@ -17,8 +18,11 @@ class Painter {
   explicit Painter(FontLibrary& fonts);
 
   /// Gives `out` the list's size at `scale` and draws; `cornerRadius` points are cut off its
-  /// corners (continuous).
-  void paint(const DrawList& list, double scale, double cornerRadius, Bitmap& out);
+  /// corners (continuous). Refused, with `out` in any state, when the limits do not allow it.
+  [[nodiscard]] Drawn<void> paint(const DrawList& list,
+                                  double scale,
+                                  double cornerRadius,
+                                  Bitmap& out);
 
  private:
   /// A clip within the current group.
@@ -34,11 +38,13 @@ class Painter {
     Surface surface;
     std::vector<std::uint32_t> storage;
     std::size_t firstClip = 0;  ///< clips before it wait until the layer is put on the one below
-    std::size_t clipCount = 0;
     float opacity = 1;
+    const BeginShadow* shadow = nullptr;  ///< that its content throws
   };
 
-  void play(std::size_t first, std::size_t last);
+  [[nodiscard]] Drawn<PixelBox> extentOf(const DrawList& list) const;
+  void play(std::size_t first);
+  // Commands that only open or close something are told apart before the others are drawn.
   void draw(const FillRect& command);
   void draw(const FillPath& command);
   void draw(const StrokePath& command);
@@ -47,11 +53,19 @@ class Painter {
   void draw(const DrawImage& command);
   void draw(const DrawShadow& command);
   void draw(const ErasePath& command);
-  void drawContentShadow(const DrawContentShadow& command, std::size_t first);
-  void beginClip(const BeginClip& command);
-  void endClip();
-  void beginGroup(const PixelBox& box, float opacity);
-  void endGroup();
+  void draw(const BeginClip& command);
+  void draw(const EndClip& command);
+  void draw(const BeginGroup& command);
+  void draw(const EndGroup& command);
+  void draw(const BeginShadow& command);
+  void draw(const EndShadow& command);
+
+  Layer& beginLayer(const PixelBox& box);
+  /// Puts the top layer on the one below and returns it.
+  Layer& endLayer();
+  void putOver(const Layer& layer);
+  void throwShadow(const Layer& layer);
+  void erase(const CoverageMap& hole);
 
   void drawGlyphImages(const DrawGlyphs& command, const PixelSource& source);
   void drawGlyphOutlines(const DrawGlyphs& command, const PixelSource& source);
@@ -59,6 +73,13 @@ class Painter {
   void drawCoverage(const CoverageMap& map, const PixelSource& source);
   void drawMask(const MaskImage& image, int x, int y, const PixelSource& source);
   void cutCorners(double radius, Bitmap& out);
+
+  /// Whether there is something to visit, and the picture can afford it.
+  [[nodiscard]] bool affords(const PixelBox& box, std::int64_t visitsPerPixel = 1);
+  [[nodiscard]] bool affords(const PixelBox& box, const PathSlice& path);
+  bool spend(std::int64_t visits);
+  /// Pixels beside the picture's own, as long as they are needed.
+  bool hold(std::int64_t pixels);
 
   [[nodiscard]] PixelBox clipBox() const;
   /// The mask that matters for these pixels; null when they lie inside all clips.
@@ -78,6 +99,8 @@ class Painter {
   std::vector<Layer> layers_;
   std::size_t depth_ = 0;
   CoverageMap scratch_;
+  std::int64_t visitsLeft_ = 0;
+  std::int64_t held_ = 0;
   const DrawList* list_ = nullptr;
   double scale_ = 1;
 

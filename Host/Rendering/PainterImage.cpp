@@ -26,7 +26,9 @@ std::vector<Tap> taps(
   std::vector<Tap> result;
   result.reserve(static_cast<std::size_t>(std::max(0, to - from)));
   for (int i = from; i < to; ++i) {
-    const double at = (i + 0.5 - target) / length * source - 0.5;
+    // Far outside, or of no length at all, it is the first or last pixel.
+    const double ideal = (i + 0.5 - target) / length * source - 0.5;
+    const double at = std::isfinite(ideal) ? ideal : 0;
     const double low = std::floor(at);
     const int first = static_cast<int>(std::clamp(low, 0.0, source - 1.0));
     const int second = static_cast<int>(std::clamp(low + 1, 0.0, source - 1.0));
@@ -55,7 +57,7 @@ std::uint32_t grey(std::uint32_t pixel) {
 void Painter::draw(const DrawImage& command) {
   const DecodedImage& image = *list_->images[command.image];
   const PixelBox box = intersect(pixelBox(command.bounds, scale_), clipBox());
-  if (box.empty() || image.width <= 0 || image.height <= 0) return;
+  if (image.width <= 0 || image.height <= 0 || !affords(box, limits::kImageVisits)) return;
   const Rect& t = command.target;
   const Rect& b = command.bounds;
   const auto across = taps(box.left,

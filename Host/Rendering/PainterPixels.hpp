@@ -45,6 +45,7 @@ struct PixelBox {
   [[nodiscard]] int width() const { return right - left; }
   [[nodiscard]] int height() const { return bottom - top; }
   [[nodiscard]] bool empty() const { return right <= left || bottom <= top; }
+  [[nodiscard]] std::int64_t area() const { return empty() ? 0 : std::int64_t{width()} * height(); }
 };
 
 constexpr PixelBox intersect(const PixelBox& a, const PixelBox& b) {
@@ -54,20 +55,48 @@ constexpr PixelBox intersect(const PixelBox& a, const PixelBox& b) {
           a.bottom < b.bottom ? a.bottom : b.bottom};
 }
 
+/// The smallest box around both; an empty one adds nothing.
+inline PixelBox unite(const PixelBox& a, const PixelBox& b) {
+  if (a.empty()) return b;
+  if (b.empty()) return a;
+  return {a.left < b.left ? a.left : b.left,
+          a.top < b.top ? a.top : b.top,
+          a.right > b.right ? a.right : b.right,
+          a.bottom > b.bottom ? a.bottom : b.bottom};
+}
+
+constexpr PixelBox moved(const PixelBox& box, int x, int y) {
+  return {box.left + x, box.top + y, box.right + x, box.bottom + y};
+}
+
+constexpr PixelBox grown(const PixelBox& box, int by) {
+  return {box.left - by, box.top - by, box.right + by, box.bottom + by};
+}
+
 constexpr bool contains(const PixelBox& outer, const PixelBox& inner) {
   return inner.left >= outer.left && inner.top >= outer.top && inner.right <= outer.right &&
          inner.bottom <= outer.bottom;
 }
 
-/// The pixels that a rectangle of points touches; far-away edges are brought into reach.
+/// Whether an edge lies between two pixels, as near as it can be seen.
+inline bool isWhole(double v) {
+  return std::abs(v - std::round(v)) < 1.0 / 256;
+}
+
+/// A whole number of pixels; what is far away is brought into reach, as is what is no number.
+inline int nearPixel(double v) {
+  constexpr double kFarthestPixel = 30000;
+  return static_cast<int>(!(v > -kFarthestPixel) ? -kFarthestPixel
+                          : v > kFarthestPixel   ? kFarthestPixel
+                                                 : v);
+}
+
+/// The pixels that a rectangle of points touches.
 inline PixelBox pixelBox(const Rect& rect, double scale) {
-  const auto pixel = [](double v) {
-    return static_cast<int>(v < -30000 ? -30000 : v > 30000 ? 30000 : v);
-  };
-  return {pixel(std::floor(rect.x * scale)),
-          pixel(std::floor(rect.y * scale)),
-          pixel(std::ceil(rect.right() * scale)),
-          pixel(std::ceil(rect.bottom() * scale))};
+  return {nearPixel(std::floor(rect.x * scale)),
+          nearPixel(std::floor(rect.y * scale)),
+          nearPixel(std::ceil(rect.right() * scale)),
+          nearPixel(std::ceil(rect.bottom() * scale))};
 }
 
 }  // namespace rendering

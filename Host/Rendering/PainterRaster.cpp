@@ -154,6 +154,11 @@ void Rasterizer::fill(PathView path,
   render(evenOdd, clip, sink);
 }
 
+/// Other than 0 it ends a decomposition.
+int Rasterizer::isFull() const {
+  return points_.size() > kMostPoints ? 1 : 0;
+}
+
 int Rasterizer::flattenMove(const FT_Vector_* to, void* user) {
   auto& self = *static_cast<Rasterizer*>(user);
   self.endContour();
@@ -161,8 +166,9 @@ int Rasterizer::flattenMove(const FT_Vector_* to, void* user) {
   return 0;
 }
 int Rasterizer::flattenLine(const FT_Vector_* to, void* user) {
-  static_cast<Rasterizer*>(user)->points_.push_back({to->x, to->y});
-  return 0;
+  auto& self = *static_cast<Rasterizer*>(user);
+  self.points_.push_back({to->x, to->y});
+  return self.isFull();
 }
 int Rasterizer::flattenConic(const FT_Vector_* control, const FT_Vector_* to, void* user) {
   auto& self = *static_cast<Rasterizer*>(user);
@@ -171,14 +177,15 @@ int Rasterizer::flattenConic(const FT_Vector_* control, const FT_Vector_* to, vo
   self.addCurve({third(from.x, control->x), third(from.y, control->y)},
                 {third(to->x, control->x), third(to->y, control->y)},
                 {to->x, to->y});
-  return 0;
+  return self.isFull();
 }
 int Rasterizer::flattenCubic(const FT_Vector_* a,
                              const FT_Vector_* b,
                              const FT_Vector_* to,
                              void* user) {
-  static_cast<Rasterizer*>(user)->addCurve({a->x, a->y}, {b->x, b->y}, {to->x, to->y});
-  return 0;
+  auto& self = *static_cast<Rasterizer*>(user);
+  self.addCurve({a->x, a->y}, {b->x, b->y}, {to->x, to->y});
+  return self.isFull();
 }
 
 namespace {

@@ -69,6 +69,7 @@ class Rasterizer {
   void clear();
   void endContour();
   void addCurve(Vector a, Vector b, Vector end);
+  [[nodiscard]] int isFull() const;
   static int flattenMove(const FT_Vector_* to, void* user);
   static int flattenLine(const FT_Vector_* to, void* user);
   static int flattenConic(const FT_Vector_* control, const FT_Vector_* to, void* user);

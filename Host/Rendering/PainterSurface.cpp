@@ -7,9 +7,8 @@
 namespace rendering {
 
 void CoverageMap::reset(const PixelBox& area) {
-  box = area;
-  const auto width = static_cast<std::size_t>(std::max(0, area.width()));
-  coverage.assign(width * static_cast<std::size_t>(std::max(0, area.height())), 0);
+  box = area.empty() ? PixelBox{} : area;
+  coverage.assign(static_cast<std::size_t>(box.area()), 0);
 }
 
 PixelSource::PixelSource(const GradientInk& gradient, float opacity, double scale)

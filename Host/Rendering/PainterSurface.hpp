@@ -44,7 +44,7 @@ class PixelSource {
   [[nodiscard]] std::uint32_t color() const { return color_; }
   [[nodiscard]] std::uint32_t at(int x, int y) const {
     const double t = (x + 0.5) * stepX_ + (y + 0.5) * stepY_ + start_;
-    return table_[static_cast<std::size_t>(t <= 0 ? 0 : t >= kLast ? kLast : t + 0.5)];
+    return table_[static_cast<std::size_t>(!(t > 0) ? 0 : t >= kLast ? kLast : t + 0.5)];
   }
 
  private:

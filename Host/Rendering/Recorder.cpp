@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "Rendering/DrawingLimits.hpp"
 #include "Rendering/RecorderColors.hpp"
 #include "Rendering/RecorderOpacity.hpp"
 
@@ -27,9 +28,15 @@ class TreeRecorder {
       : options_(options), tools_(tools), list_(list) {}
 
   void visit(const PlacedNode& node) {
+    overrun_ = overrun_ || list_.commands.size() > limits::kCommands ||
+               list_.points.size() > limits::kPathPoints || list_.images.size() > limits::kImages;
+    if (overrun_) return;
     if (const auto* modifier = node.modifier()) return visitModifier(node, *modifier);
     if (const auto* element = node.element()) visitElement(node, *element);
   }
+
+  /// Whether something was left out since the list had become too long.
+  [[nodiscard]] bool isOverrun() const { return overrun_; }
 
  private:
   // ---- modifiers
@@ -51,9 +58,7 @@ class TreeRecorder {
       visitTarget(node);
       if (node.children.size() > 1) visit(node.children[1]);
     } else if (const auto* opacity = std::get_if<viewkit::Opacity>(&modifier)) {
-      const std::size_t first = list_.commands.size();
-      visitTarget(node);
-      applyOpacity(list_, first, opacity->opacity);
+      visitOpacity(node, opacity->opacity);
     } else if (const auto* clip = std::get_if<viewkit::Clip>(&modifier)) {
       visitClip(node, clip->shape);
     } else if (const auto* cutout = std::get_if<viewkit::Cutout>(&modifier)) {
@@ -80,7 +85,7 @@ class TreeRecorder {
     const std::size_t begin = list_.commands.size();
     path_.clear();
     appendShape(path_, shape, boxOf(node));
-    BeginClip clip{list_.add(path_), path_.bounds(), -1};
+    BeginClip clip{list_.add(path_), 0, path_.bounds(), -1};
     if (std::holds_alternative<viewkit::RectangleShape>(shape)) {
       clip.corner = 0;
     } else if (const auto* rounded = std::get_if<viewkit::RoundedRectangleShape>(&shape)) {
@@ -93,11 +98,20 @@ class TreeRecorder {
     list_.commands.emplace_back(clip);
     visitTarget(node);
     // Nothing inside: nothing to clip.
-    if (list_.commands.size() == begin + 1) {
-      list_.commands.pop_back();
-    } else {
-      list_.commands.emplace_back(EndClip{});
-    }
+    const auto count = static_cast<std::uint32_t>(list_.commands.size() - begin - 1);
+    if (count == 0) return list_.commands.pop_back();
+    std::get<BeginClip>(list_.commands[begin]).count = count;
+    list_.commands.emplace_back(EndClip{});
+  }
+
+  void visitOpacity(const PlacedNode& node, double opacity) {
+    const auto factor = static_cast<float>(std::clamp(opacity, 0.0, 1.0));
+    if (factor == 0) return;
+    if (factor == 1) return visitTarget(node);
+    const std::size_t begin = list_.commands.size();
+    list_.commands.emplace_back(BeginGroup{factor});
+    visitTarget(node);
+    endOpacity(list_, begin);
   }
 
   void visitCutout(const PlacedNode& node, const viewkit::ShapeGeometry& shape) {
@@ -109,18 +123,22 @@ class TreeRecorder {
 
   void visitShadow(const PlacedNode& node, const viewkit::Shadow& shadow) {
     const Rgba color = resolveColor(shadow.color, options_, accentable_);
-    const std::size_t first = list_.commands.size();
+    if (color.alpha <= 0) return visitTarget(node);
+    const std::size_t begin = list_.commands.size();
+    list_.commands.emplace_back(BeginShadow{});
     visitTarget(node);
-    if (color.alpha <= 0 || list_.commands.size() == first) return;
+    const std::size_t first = begin + 1;
+    if (list_.commands.size() == first) return list_.commands.pop_back();
+    const double most = limits::kShadowRadius * std::max(list_.size.width, list_.size.height);
+    const double deviation = std::min(shadow.radius, most);
     const Point offset{mirrored(node) ? -shadow.x : shadow.x, shadow.y};
-    const auto at = list_.commands.begin() + static_cast<std::ptrdiff_t>(first);
     if (const auto shape = silhouetteFrom(list_, first)) {
-      list_.commands.insert(at,
-                            DrawShadow{shape->path, shape->bounds, color, shadow.radius, offset});
+      list_.commands[begin] = DrawShadow{shape->path, shape->bounds, color, deviation, offset};
     } else {
       const auto count = static_cast<std::uint32_t>(list_.commands.size() - first);
-      const Rect bounds = boundsFrom(list_, first);
-      list_.commands.insert(at, DrawContentShadow{count, bounds, color, shadow.radius, offset});
+      list_.commands[begin] =
+          BeginShadow{count, boundsFrom(list_, first), color, deviation, offset};
+      list_.commands.emplace_back(EndShadow{});
     }
   }
 
@@ -391,17 +409,21 @@ class TreeRecorder {
   DrawList& list_;
   Path path_;  ///< scratch
   const viewkit::Paint* foreground_ = nullptr;
+  bool overrun_ = false;
   bool accentable_ = false;
 };
 
 }  // namespace
 
-void record(const PlacedTree& tree,
-            const RenderOptions& options,
-            RecorderTools tools,
-            DrawList& list) {
+Drawn<void> record(const PlacedTree& tree,
+                   const RenderOptions& options,
+                   RecorderTools tools,
+                   DrawList& list) {
   list.size = tree.size;
-  TreeRecorder(options, tools, list).visit(tree.root);
+  TreeRecorder recorder(options, tools, list);
+  recorder.visit(tree.root);
+  if (recorder.isOverrun()) return std::unexpected("the tree has too much to draw");
+  return {};
 }
 
 }  // namespace rendering

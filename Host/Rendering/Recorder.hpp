@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Rendering/DrawList.hpp"
+#include "Rendering/DrawingLimits.hpp"
 #include "Rendering/FontMeasurer.hpp"
 #include "Rendering/ImageDecoder.hpp"
 #include "Rendering/PlacedTree.hpp"
@@ -17,10 +18,11 @@ struct RecorderTools {
   ImageStore& images;
 };
 
-/// Appends the tree's commands. The list refers to the symbol library's drawings.
-void record(const PlacedTree& tree,
-            const RenderOptions& options,
-            RecorderTools tools,
-            DrawList& list);
+/// Appends the tree's commands. The list refers to the symbol library's drawings. Refused when they
+/// are more than the limits allow.
+[[nodiscard]] Drawn<void> record(const PlacedTree& tree,
+                                 const RenderOptions& options,
+                                 RecorderTools tools,
+                                 DrawList& list);
 
 }  // namespace rendering

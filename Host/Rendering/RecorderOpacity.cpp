@@ -14,7 +14,39 @@ bool overlap(const Rect& a, const Rect& b) {
 }
 
 bool endsSomething(const DrawCommand& c) {
-  return std::holds_alternative<EndClip>(c) || std::holds_alternative<EndGroup>(c);
+  return std::holds_alternative<EndClip>(c) || std::holds_alternative<EndGroup>(c) ||
+         std::holds_alternative<EndShadow>(c);
+}
+
+/// How many of the commands that follow lie within the bounds of this one.
+std::size_t countInside(const DrawCommand& command) {
+  return std::visit(
+      [](const auto& c) -> std::size_t {
+        if constexpr (
+            requires {
+              c.count;
+              c.bounds;
+            } &&
+            !requires { c.ink; })
+          return c.count;
+        return 0;
+      },
+      command);
+}
+
+/// What the command and those inside it may touch.
+Rect touchedBy(const DrawCommand& command) {
+  const Rect bounds = boundsOf(command);
+  const auto blurred = [&](const auto& shadow) -> Rect {
+    const double reach = 3 * shadow.deviation;
+    return {bounds.x + shadow.offset.x - reach,
+            bounds.y + shadow.offset.y - reach,
+            bounds.width + 2 * reach,
+            bounds.height + 2 * reach};
+  };
+  if (const auto* shadow = std::get_if<DrawShadow>(&command)) return blurred(*shadow);
+  const auto* shadow = std::get_if<BeginShadow>(&command);
+  return shadow ? unite(bounds, blurred(*shadow)) : bounds;
 }
 
 /// Commands whose colour alone carries their opacity.
@@ -73,18 +105,6 @@ bool covers(const DrawList& list, std::size_t from, std::size_t to, const BeginC
   return false;
 }
 
-/// One past the end of the clip that begins there.
-std::size_t clipEnd(const DrawList& list, std::size_t begin) {
-  int depth = 0;
-  std::size_t i = begin;
-  do {
-    if (std::holds_alternative<BeginClip>(list.commands[i])) ++depth;
-    if (std::holds_alternative<EndClip>(list.commands[i])) --depth;
-    ++i;
-  } while (depth > 0);
-  return i;
-}
-
 /// Whether the commands from there on fill that path and do nothing else.
 bool fillOnly(const DrawList& list, std::size_t from, const PathSlice& path) {
   return std::all_of(list.commands.begin() + static_cast<std::ptrdiff_t>(from),
@@ -119,51 +139,37 @@ Rect intersect(const Rect& a, const Rect& b) {
 }
 
 Rect boundsFrom(const DrawList& list, std::size_t first) {
-  Rect result;
-  bool any = false;
+  std::optional<Rect> result;
   for (std::size_t i = first; i < list.commands.size(); ++i) {
     const DrawCommand& command = list.commands[i];
     if (endsSomething(command)) continue;
-    Rect b = boundsOf(command);
-    double deviation = 0;
-    Point offset;
-    if (const auto* shadow = std::get_if<DrawShadow>(&command)) {
-      deviation = shadow->deviation;
-      offset = shadow->offset;
-    } else if (const auto* content = std::get_if<DrawContentShadow>(&command)) {
-      deviation = content->deviation;
-      offset = content->offset;
-    }
-    const double reach = 3 * deviation;
-    b = {b.x + offset.x - reach, b.y + offset.y - reach, b.width + 2 * reach, b.height + 2 * reach};
-    result = any ? unite(result, b) : b;
-    any = true;
+    const Rect touched = touchedBy(command);
+    result = result ? unite(*result, touched) : touched;
+    i += countInside(command);
   }
-  return result;
+  return result.value_or(Rect{});
 }
 
-void applyOpacity(DrawList& list, std::size_t first, double opacity) {
-  const auto factor = static_cast<float>(std::clamp(opacity, 0.0, 1.0));
-  if (factor == 1 || first == list.commands.size()) return;
-  if (factor == 0) {
-    list.commands.resize(first);
+void endOpacity(DrawList& list, std::size_t begin) {
+  const std::size_t first = begin + 1;
+  if (first == list.commands.size()) return list.commands.pop_back();
+  BeginGroup& group = std::get<BeginGroup>(list.commands[begin]);
+  if (!canFold(list, first)) {
+    group.count = static_cast<std::uint32_t>(list.commands.size() - first);
+    group.bounds = boundsFrom(list, first);
+    list.commands.emplace_back(EndGroup{});
     return;
   }
-  if (canFold(list, first)) {
-    for (std::size_t i = first; i < list.commands.size(); ++i) {
-      std::visit(
-          [&](auto& c) {
-            if constexpr (requires { c.ink; }) c.ink.color.alpha *= factor;
-            if constexpr (requires { c.opacity; }) c.opacity *= factor;
-          },
-          list.commands[i]);
-    }
-    return;
+  const float factor = group.opacity;
+  for (std::size_t i = first; i < list.commands.size(); ++i) {
+    std::visit(
+        [&](auto& c) {
+          if constexpr (requires { c.ink; }) c.ink.color.alpha *= factor;
+          if constexpr (requires { c.opacity; }) c.opacity *= factor;
+        },
+        list.commands[i]);
   }
-  const Rect bounds = boundsFrom(list, first);
-  list.commands.insert(list.commands.begin() + static_cast<std::ptrdiff_t>(first),
-                       BeginGroup{factor, bounds});
-  list.commands.emplace_back(EndGroup{});
+  list.commands.erase(list.commands.begin() + static_cast<std::ptrdiff_t>(begin));
 }
 
 std::optional<FillPath> silhouetteFrom(DrawList& list, std::size_t first) {
@@ -172,7 +178,7 @@ std::optional<FillPath> silhouetteFrom(DrawList& list, std::size_t first) {
   std::size_t rest = first + 1;
   bool isRectangle = false;
   if (const auto* clip = std::get_if<BeginClip>(&list.commands[first])) {
-    rest = clipEnd(list, first);
+    rest = first + clip->count + 2;
     if (covers(list, first + 1, rest, *clip)) base = FillPath{clip->path, clip->bounds, {}};
   } else if (const auto* fill = std::get_if<FillPath>(&list.commands[first])) {
     if (isOpaque(list, fill->ink)) base = *fill;

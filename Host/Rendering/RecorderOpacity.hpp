@@ -8,8 +8,9 @@
 
 namespace rendering {
 
-/// Makes the commands from `first` on translucent: each by itself if no two touch, else as a group.
-void applyOpacity(DrawList& list, std::size_t first, double opacity);
+/// Ends the group that begins there; where no two of its commands touch, each becomes translucent
+/// by itself and the group goes.
+void endOpacity(DrawList& list, std::size_t begin);
 
 /// The smallest rectangle around what the commands from `first` on may touch.
 [[nodiscard]] Rect boundsFrom(const DrawList& list, std::size_t first);

@@ -1,6 +1,8 @@
 // Ties layout, recording and drawing together.
 #include "Rendering/Renderer.hpp"
 
+#include <algorithm>
+
 #include "Rendering/AccessibilityTree.hpp"
 #include "Rendering/DrawList.hpp"
 #include "Rendering/FontMeasurer.hpp"
@@ -20,7 +22,7 @@ struct Renderer::State {
   Painter painter{fonts};
   DrawList list;
 
-  [[nodiscard]] PlacedTree place(const viewkit::View& view, const RenderOptions& options) {
+  [[nodiscard]] Drawn<PlacedTree> place(const viewkit::View& view, const RenderOptions& options) {
     return layOut(view,
                   {.size = options.size,
                    .direction = options.direction,
@@ -28,31 +30,39 @@ struct Renderer::State {
                   measurer);
   }
 
+  [[nodiscard]] Drawn<void> recordBackground(const PlacedTree& tree, const RenderOptions& options) {
+    if (!options.showsBackground) return {};
+    const viewkit::View background = containerBackground(tree.view);
+    if (background.isEmpty()) return {};
+    RenderOptions plain = options;
+    plain.mode = viewkit::RenderingMode::fullColor;
+    plain.redaction = {};
+    const auto placed = place(background, plain);
+    if (!placed) return std::unexpected(placed.error());
+    return rendering::record(*placed, plain, {measurer, symbols, images}, list);
+  }
+
   /// The background is the host's: what the content cuts out of itself leaves it whole.
-  void record(const PlacedTree& tree, const RenderOptions& options) {
+  [[nodiscard]] Drawn<void> record(const PlacedTree& tree, const RenderOptions& options) {
     symbols.trim();
     list.clear();
     list.size = tree.size;
-    const RecorderTools tools{measurer, symbols, images};
-    if (options.showsBackground) {
-      const viewkit::View background = containerBackground(tree.view);
-      if (!background.isEmpty()) {
-        RenderOptions plain = options;
-        plain.mode = viewkit::RenderingMode::fullColor;
-        plain.redaction = {};
-        rendering::record(place(background, plain), plain, tools, list);
-      }
-    }
+    if (auto done = recordBackground(tree, options); !done) return done;
     const std::size_t first = list.commands.size();
-    rendering::record(tree, options, tools, list);
-    for (std::size_t i = first; i < list.commands.size() && first > 0; ++i) {
-      if (!std::holds_alternative<ErasePath>(list.commands[i])) continue;
-      const Rect all{0, 0, tree.size.width, tree.size.height};
-      list.commands.insert(list.commands.begin() + static_cast<std::ptrdiff_t>(first),
-                           BeginGroup{1, all});
-      list.commands.emplace_back(EndGroup{});
-      break;
+    if (auto done = rendering::record(tree, options, {measurer, symbols, images}, list); !done) {
+      return done;
     }
+    const auto isErasing = [](const DrawCommand& command) {
+      return std::holds_alternative<ErasePath>(command);
+    };
+    const auto content = list.commands.begin() + static_cast<std::ptrdiff_t>(first);
+    if (first > 0 && std::any_of(content, list.commands.end(), isErasing)) {
+      const auto count = static_cast<std::uint32_t>(list.commands.size() - first);
+      list.commands.insert(content,
+                           BeginGroup{1, count, {0, 0, tree.size.width, tree.size.height}});
+      list.commands.emplace_back(EndGroup{});
+    }
+    return {};
   }
 };
 
@@ -63,47 +73,54 @@ TextMeasurer& Renderer::measurer() {
   return state_->measurer;
 }
 
-PlacedTree Renderer::place(const viewkit::View& view, const RenderOptions& options) {
+Drawn<PlacedTree> Renderer::place(const viewkit::View& view, const RenderOptions& options) {
   return state_->place(view, options);
 }
 
-void Renderer::draw(const PlacedTree& tree, const RenderOptions& options, Bitmap& out) {
-  state_->record(tree, options);
+Drawn<void> Renderer::draw(const PlacedTree& tree, const RenderOptions& options, Bitmap& out) {
+  if (auto done = state_->record(tree, options); !done) return done;
   const double radius = options.showsBackground ? options.cornerRadius : 0;
-  state_->painter.paint(state_->list, options.scale, radius, out);
+  return state_->painter.paint(state_->list, options.scale, radius, out);
 }
 
-Bitmap Renderer::bitmap(const viewkit::View& view, const RenderOptions& options) {
+Drawn<Bitmap> Renderer::bitmap(const viewkit::View& view, const RenderOptions& options) {
+  const auto tree = place(view, options);
+  if (!tree) return std::unexpected(tree.error());
   Bitmap out;
-  draw(place(view, options), options, out);
+  if (auto done = draw(*tree, options, out); !done) return std::unexpected(done.error());
   return out;
 }
 
-std::string Renderer::svg(const viewkit::View& view,
-                          const RenderOptions& options,
-                          const SvgNaming& naming) {
-  const PlacedTree tree = place(view, options);
-  state_->record(tree, options);
+Drawn<std::string> Renderer::svg(const viewkit::View& view,
+                                 const RenderOptions& options,
+                                 const SvgNaming& naming) {
+  const auto tree = place(view, options);
+  if (!tree) return std::unexpected(tree.error());
+  if (auto done = state_->record(*tree, options); !done) return std::unexpected(done.error());
   const double radius = options.showsBackground ? options.cornerRadius : 0;
   return writeSvg(state_->list, radius, state_->fonts, naming);
 }
 
-std::string Renderer::plainText(const viewkit::View& view,
-                                const RenderOptions& options,
-                                int columns) {
-  return rendering::plainText(place(view, options),
-                              {.columns = columns, .redaction = options.redaction});
+Drawn<std::string> Renderer::plainText(const viewkit::View& view,
+                                       const RenderOptions& options,
+                                       int columns) {
+  const auto tree = place(view, options);
+  if (!tree) return std::unexpected(tree.error());
+  return rendering::plainText(*tree, {.columns = columns, .redaction = options.redaction});
 }
 
-std::string Renderer::placedDump(const viewkit::View& view, const RenderOptions& options) {
-  return dumpPlaced(place(view, options));
+Drawn<std::string> Renderer::placedDump(const viewkit::View& view, const RenderOptions& options) {
+  const auto tree = place(view, options);
+  if (!tree) return std::unexpected(tree.error());
+  return dumpPlaced(*tree);
 }
 
-std::string Renderer::accessibilityTree(const viewkit::View& view,
-                                        const RenderOptions& options,
-                                        const std::string& name) {
-  return rendering::accessibilityTree(place(view, options),
-                                      {.redaction = options.redaction, .name = name});
+Drawn<std::string> Renderer::accessibilityTree(const viewkit::View& view,
+                                               const RenderOptions& options,
+                                               const std::string& name) {
+  const auto tree = place(view, options);
+  if (!tree) return std::unexpected(tree.error());
+  return rendering::accessibilityTree(*tree, {.redaction = options.redaction, .name = name});
 }
 
 }  // namespace rendering

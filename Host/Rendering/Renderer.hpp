@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "Rendering/DrawingLimits.hpp"
 #include "Rendering/Layout.hpp"
 #include "Rendering/SvgNaming.hpp"
 #include "ViewKit/Appearance.hpp"
@@ -41,7 +42,8 @@ struct Bitmap {
 enum class PngSize { fast, small };
 
 /// Fonts, glyph images, symbols and decoded pictures, kept between renderings. Not for several
-/// threads at once.
+/// threads at once. Whatever the tree, a picture takes bounded time and memory or is refused in one
+/// line.
 class Renderer {
  public:
   Renderer();
@@ -49,24 +51,25 @@ class Renderer {
 
   [[nodiscard]] TextMeasurer& measurer();
 
-  [[nodiscard]] PlacedTree place(const viewkit::View& view, const RenderOptions& options);
-  void draw(const PlacedTree& tree, const RenderOptions& options, Bitmap& out);
+  [[nodiscard]] Drawn<PlacedTree> place(const viewkit::View& view, const RenderOptions& options);
+  [[nodiscard]] Drawn<void> draw(const PlacedTree& tree, const RenderOptions& options, Bitmap& out);
 
-  [[nodiscard]] Bitmap bitmap(const viewkit::View& view, const RenderOptions& options);
-  [[nodiscard]] std::string svg(const viewkit::View& view,
-                                const RenderOptions& options,
-                                const SvgNaming& naming = {});
+  [[nodiscard]] Drawn<Bitmap> bitmap(const viewkit::View& view, const RenderOptions& options);
+  [[nodiscard]] Drawn<std::string> svg(const viewkit::View& view,
+                                       const RenderOptions& options,
+                                       const SvgNaming& naming = {});
   /// Rows and columns as laid out, `columns` characters wide.
-  [[nodiscard]] std::string plainText(const viewkit::View& view,
-                                      const RenderOptions& options,
-                                      int columns = 80);
+  [[nodiscard]] Drawn<std::string> plainText(const viewkit::View& view,
+                                             const RenderOptions& options,
+                                             int columns = 80);
   /// One placed node a line, with its frame.
-  [[nodiscard]] std::string placedDump(const viewkit::View& view, const RenderOptions& options);
+  [[nodiscard]] Drawn<std::string> placedDump(const viewkit::View& view,
+                                              const RenderOptions& options);
   /// One accessible element a line, in reading order. `name` is the widget's: all that a
   /// placeholder says.
-  [[nodiscard]] std::string accessibilityTree(const viewkit::View& view,
-                                              const RenderOptions& options,
-                                              const std::string& name = {});
+  [[nodiscard]] Drawn<std::string> accessibilityTree(const viewkit::View& view,
+                                                     const RenderOptions& options,
+                                                     const std::string& name = {});
 
  private:
   struct State;

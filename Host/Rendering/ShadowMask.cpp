@@ -10,6 +10,7 @@ namespace rendering {
 namespace {
 
 constexpr std::size_t kKept = 16;
+constexpr std::size_t kKeptBytes = std::size_t{16} << 20;
 
 /// A sum of values within the radius becomes their mean.
 class Mean {
@@ -96,10 +97,8 @@ void blur(std::vector<std::uint8_t>& coverage, int width, int height, double dev
   }
 }
 
-const ShadowMask& ShadowMasks::mask(PathView path,
-                                    double scale,
-                                    double deviation,
-                                    PixelBox* origin) {
+const ShadowMask& ShadowMasks::mask(
+    PathView path, double scale, double deviation, const PixelBox& seen, PixelBox* origin) {
   double x = path.points.empty() ? 0 : path.points[0].x;
   double y = path.points.empty() ? 0 : path.points[0].y;
   double right = x;
@@ -116,6 +115,13 @@ const ShadowMask& ShadowMasks::mask(PathView path,
   const double shiftX = std::round((x * scale - left) * 4) / 4;
   const double shiftY = std::round((y * scale - top) * 4) / 4;
 
+  const PixelBox shape = pixelBox({shiftX, shiftY, (right - x) * scale, (bottom - y) * scale}, 1);
+  const PixelBox whole = grown(shape, blurReach(deviation));
+  // Of a shape far larger than the picture only what is seen, and what the blur brings there.
+  const PixelBox part =
+      intersect(whole, grown(moved(seen, -origin->left, -origin->top), blurReach(deviation)));
+  const PixelBox box = whole.area() <= 4 * part.area() ? whole : part;
+
   std::string key;
   const auto add = [&](double value) {
     const auto fixed =
@@ -123,6 +129,7 @@ const ShadowMask& ShadowMasks::mask(PathView path,
     key.append(reinterpret_cast<const char*>(&fixed), sizeof fixed);
   };
   add(deviation);
+  for (const int edge : {box.left, box.top, box.right, box.bottom}) add(edge);
   add(shiftX);
   add(shiftY);
   for (const Point& p : path.points) {
@@ -136,20 +143,24 @@ const ShadowMask& ShadowMasks::mask(PathView path,
     return entry->mask;
   }
 
-  const int room = static_cast<int>(std::ceil(3 * deviation)) + 1;
   entries_.push_front({std::move(key), {}});
   ShadowMask& mask = entries_.front().mask;
-  const PixelBox shape = pixelBox(
-      {shiftX, shiftY, std::min(right - x, 4000.0) * scale, std::min(bottom - y, 4000.0) * scale},
-      1);
-  mask.box = {shape.left - room, shape.top - room, shape.right + room, shape.bottom + room};
-  mask.coverage.assign(
-      static_cast<std::size_t>(mask.box.width()) * static_cast<std::size_t>(mask.box.height()), 0);
+  mask.box = box.empty() ? PixelBox{} : box;
+  mask.coverage.assign(static_cast<std::size_t>(mask.box.area()), 0);
   FillSink sink(mask);
   raster_.fill(path, {scale, scale, shiftX - x * scale, shiftY - y * scale}, false, mask.box, sink);
   blur(mask.coverage, mask.box.width(), mask.box.height(), deviation);
-  if (entries_.size() > kKept) entries_.pop_back();
+  trim();
   return mask;
+}
+
+void ShadowMasks::trim() {
+  std::size_t bytes = 0;
+  for (const Entry& entry : entries_) bytes += entry.mask.coverage.size();
+  while (entries_.size() > 1 && (entries_.size() > kKept || bytes > kKeptBytes)) {
+    bytes -= entries_.back().mask.coverage.size();
+    entries_.pop_back();
+  }
 }
 
 }  // namespace rendering

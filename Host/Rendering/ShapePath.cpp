@@ -259,7 +259,8 @@ void appendCircle(Path& path, Point center, double radius) {
 }
 
 void appendArc(Path& path, Point center, double radius, double startDegrees, double endDegrees) {
-  const double sweep = std::clamp(endDegrees - startDegrees, -360.0, 360.0);
+  const double turn = endDegrees - startDegrees;
+  const double sweep = std::isfinite(turn) ? std::clamp(turn, -360.0, 360.0) : 0;
   const int pieces = std::max(1, static_cast<int>(std::ceil(std::abs(sweep) / 90)));
   const double step = sweep / pieces * std::numbers::pi / 180;
   const double handle = 4.0 / 3 * std::tan(step / 4);

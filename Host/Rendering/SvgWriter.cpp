@@ -8,8 +8,10 @@
 #include <map>
 #include <set>
 #include <span>
+#include <tuple>
 
 #include "Rendering/PainterPixels.hpp"
+#include "Rendering/RecorderOpacity.hpp"
 #include "Rendering/Renderer.hpp"
 
 namespace rendering {
@@ -93,7 +95,8 @@ class Writer {
   Writer(const DrawList& list, const FontLibrary& fonts, const SvgNaming& naming)
       : list_(list), fonts_(fonts), naming_(naming) {}
 
-  std::string write(double cornerRadius) {
+  Drawn<std::string> write(double cornerRadius) {
+    pieces_.resize(2);
     levels_.push_back({});
     const Rect all{0, 0, list_.size.width, list_.size.height};
     if (cornerRadius > 0) {
@@ -102,25 +105,40 @@ class Writer {
       open(fmt::format("<g clip-path=\"url(#{})\">", clip(pathData(path.verbs, path.points))),
            true);
     }
-    play(0, list_.commands.size());
+    for (const DrawCommand& command : list_.commands) {
+      std::visit([&](const auto& c) { put(c); }, command);
+      if (written_ > limits::kSvgBytes) {
+        return std::unexpected(
+            fmt::format("the SVG would have more than {} bytes", limits::kSvgBytes));
+      }
+    }
     while (levels_.size() > 1) close();
-    return fmt::format(
+    std::string out = fmt::format(
         "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"{0}\" height=\"{1}\" viewBox=\"0 0 {0} "
-        "{1}\"{2}<defs>\n{3}</defs>\n{4}</svg>\n",
+        "{1}\"{2}<defs>\n{3}</defs>\n",
         number(all.width),
         number(all.height),
         nameOfPicture(),
-        definitions_,
-        levels_.front().body);
+        definitions_);
+    for (const std::string& piece : pieces_) out += piece;
+    return out + "</svg>\n";
   }
 
  private:
+  /// What is cut out later masks what a level holds so far, so that the places where such masks
+  /// open and close are kept as pieces of their own.
   struct Level {
-    std::string opening;
-    bool group = false;  ///< what is cut out inside does not reach beyond it
-    std::string body;
+    std::size_t masks = 0;    ///< the piece before its content
+    std::size_t endings = 0;  ///< the piece before its opening, of the level around it
+    bool group = false;       ///< what is cut out inside does not reach beyond it
+    bool empty = true;
     std::string clip;  ///< id of the clip path that it applies
   };
+
+  void append(std::string_view text) {
+    pieces_.back() += text;
+    written_ += text.size();
+  }
 
   /// The end of the opening tag and the title, which is what a screen reader says of the whole: the
   /// outlines inside say nothing.
@@ -132,24 +150,30 @@ class Writer {
         escaped(naming_.title));
   }
 
-  void open(std::string element, bool group, std::string clipId = {}) {
-    levels_.push_back({std::move(element), group, {}, std::move(clipId)});
+  void open(const std::string& element, bool group, std::string clipId = {}) {
+    const std::size_t endings = pieces_.size();
+    pieces_.resize(endings + 2);
+    append(element + "\n");
+    pieces_.resize(endings + 4);
+    levels_.push_back({endings + 2, endings, group, true, std::move(clipId)});
   }
   void close() {
-    const Level level = std::move(levels_.back());
     levels_.pop_back();
-    levels_.back().body += level.opening + "\n" + level.body + "</g>\n";
+    levels_.back().empty = false;
+    append("</g>\n");
   }
 
   template <class... Args>
   void line(fmt::format_string<Args...> format, Args&&... args) {
-    fmt::format_to(std::back_inserter(levels_.back().body), format, std::forward<Args>(args)...);
-    levels_.back().body += '\n';
+    append(fmt::format(format, std::forward<Args>(args)...) + "\n");
+    levels_.back().empty = false;
   }
   template <class... Args>
   void define(fmt::format_string<Args...> format, Args&&... args) {
+    const std::size_t before = definitions_.size();
     fmt::format_to(std::back_inserter(definitions_), format, std::forward<Args>(args)...);
     definitions_ += '\n';
+    written_ += definitions_.size() - before;
   }
   std::string newId(char kind) { return fmt::format("{}{}{}", naming_.idPrefix, kind, nextId_++); }
 
@@ -194,16 +218,6 @@ class Writer {
       result += fmt::format(" {}-opacity=\"{}\"", what, number(ink.color.alpha));
     }
     return result;
-  }
-
-  void play(std::size_t first, std::size_t last) {
-    for (std::size_t i = first; i < last; ++i) {
-      if (const auto* shadow = std::get_if<DrawContentShadow>(&list_.commands[i])) {
-        contentShadow(*shadow, i + 1);
-      } else {
-        std::visit([&](const auto& c) { put(c); }, list_.commands[i]);
-      }
-    }
   }
 
   void put(const FillRect& c) {
@@ -320,34 +334,61 @@ class Writer {
     line("{}", content);
   }
 
+  /// Everything that is in front of the picture's own pixels is said of the group, so that the
+  /// next drawing of the same picture can use the element.
   void put(const DrawImage& c) {
+    const std::string clipId = clip(fmt::format("M{} {}H{}V{}H{}Z",
+                                                number(c.bounds.x),
+                                                number(c.bounds.y),
+                                                number(c.bounds.right()),
+                                                number(c.bounds.bottom()),
+                                                number(c.bounds.x)));
+    const bool isTinted = c.colors == DrawImage::Colors::tinted;
+    const std::uint32_t tint = isTinted ? premultiply(c.tint) : 0;
     const DecodedImage& image = *list_.images[c.image];
+    auto [first, isNew] = imageUses_.try_emplace({&image, isTinted, tint});
+    if (isNew) first->second = {newId('i'), c.target};
+    line("<g clip-path=\"url(#{})\" opacity=\"{}\"{}>{}</g>",
+         clipId,
+         number(c.opacity),
+         c.colors == DrawImage::Colors::grey ? " style=\"filter:grayscale(1)\"" : "",
+         isNew ? embedded(image, isTinted, tint, first->second)
+               : usedAgain(first->second, c.target));
+  }
+
+  struct ImageUse {
+    std::string id;
+    Rect target;
+  };
+
+  static std::string embedded(const DecodedImage& image,
+                              bool isTinted,
+                              std::uint32_t tint,
+                              const ImageUse& use) {
     Bitmap bitmap{image.width, image.height, image.width, image.pixels};
     for (std::uint32_t& pixel : bitmap.pixels) {
-      if (c.colors == DrawImage::Colors::tinted)
-        pixel = scalePixel(premultiply(c.tint), pixel >> 24);
+      if (isTinted) pixel = scalePixel(tint, pixel >> 24);
     }
-    const char* filter = "";
-    if (c.colors == DrawImage::Colors::grey) {
-      filter = " style=\"filter:grayscale(1)\"";
-    }
-    std::string clipId = clip(fmt::format("M{} {}H{}V{}H{}Z",
-                                          number(c.bounds.x),
-                                          number(c.bounds.y),
-                                          number(c.bounds.right()),
-                                          number(c.bounds.bottom()),
-                                          number(c.bounds.x)));
-    line(
-        "<g clip-path=\"url(#{})\"><image x=\"{}\" y=\"{}\" width=\"{}\" height=\"{}\" "
-        "preserveAspectRatio=\"none\" opacity=\"{}\"{} href=\"data:image/png;base64,{}\"/></g>",
-        clipId,
-        number(c.target.x),
-        number(c.target.y),
-        number(c.target.width),
-        number(c.target.height),
-        number(c.opacity),
-        filter,
+    return fmt::format(
+        "<image id=\"{}\" x=\"{}\" y=\"{}\" width=\"{}\" height=\"{}\" "
+        "preserveAspectRatio=\"none\" href=\"data:image/png;base64,{}\"/>",
+        use.id,
+        number(use.target.x),
+        number(use.target.y),
+        number(use.target.width),
+        number(use.target.height),
         base64(encodePng(bitmap)));
+  }
+
+  static std::string usedAgain(const ImageUse& first, const Rect& target) {
+    const double width = target.width / first.target.width;
+    const double height = target.height / first.target.height;
+    return fmt::format("<use href=\"#{}\" transform=\"matrix({} 0 0 {} {} {})\"/>",
+                       first.id,
+                       number(width),
+                       number(height),
+                       number(target.x - first.target.x * width),
+                       number(target.y - first.target.y * height));
   }
 
   std::string blurFilter(double deviation, const Rect& b) {
@@ -375,38 +416,41 @@ class Writer {
          paint("fill", {c.color}));
   }
 
-  /// The content once more, reduced to its silhouette by the filter.
-  void contentShadow(const DrawContentShadow& c, std::size_t first) {
+  /// The filter lays the content over its own silhouette.
+  void put(const BeginShadow& c) {
     const double room = 3 * c.deviation + 1;
+    const Rect blurred{c.bounds.x + c.offset.x - room,
+                       c.bounds.y + c.offset.y - room,
+                       c.bounds.width + 2 * room,
+                       c.bounds.height + 2 * room};
+    const Rect region = unite(c.bounds, blurred);
     const std::string id = newId('b');
     define(
         "<filter id=\"{}\" filterUnits=\"userSpaceOnUse\" x=\"{}\" y=\"{}\" width=\"{}\" "
-        "height=\"{}\">"
-        "<feGaussianBlur in=\"SourceAlpha\" stdDeviation=\"{}\" result=\"s\"/><feFlood "
-        "flood-color=\"{}\" flood-opacity=\"{}\"/><feComposite in2=\"s\" "
-        "operator=\"in\"/></filter>",
+        "height=\"{}\" color-interpolation-filters=\"sRGB\">"
+        "<feGaussianBlur in=\"SourceAlpha\" stdDeviation=\"{}\"/>"
+        "<feOffset dx=\"{}\" dy=\"{}\" result=\"s\"/>"
+        "<feFlood flood-color=\"{}\" flood-opacity=\"{}\"/>"
+        "<feComposite in2=\"s\" operator=\"in\"/>"
+        "<feMerge><feMergeNode/><feMergeNode in=\"SourceGraphic\"/></feMerge></filter>",
         id,
-        number(c.bounds.x - room),
-        number(c.bounds.y - room),
-        number(c.bounds.width + 2 * room),
-        number(c.bounds.height + 2 * room),
+        number(region.x),
+        number(region.y),
+        number(region.width),
+        number(region.height),
         number(c.deviation),
+        number(c.offset.x),
+        number(c.offset.y),
         hex(c.color),
         number(c.color.alpha));
-    open(fmt::format("<g transform=\"translate({} {})\" filter=\"url(#{})\">",
-                     number(c.offset.x),
-                     number(c.offset.y),
-                     id),
-         true);
-    play(first, first + c.count);
-    close();
+    open(fmt::format("<g filter=\"url(#{})\">", id), false);
   }
+  void put(const EndShadow&) { close(); }
 
-  void put(const DrawContentShadow&) {}
   void put(const BeginClip& c) {
     std::string id = clip(data(c.path));
-    std::string element = fmt::format("<g clip-path=\"url(#{})\">", id);
-    open(std::move(element), false, std::move(id));
+    const std::string element = fmt::format("<g clip-path=\"url(#{})\">", id);
+    open(element, false, std::move(id));
   }
   void put(const EndClip&) { close(); }
   void put(const BeginGroup& c) {
@@ -431,12 +475,17 @@ class Writer {
         number(list_.size.width),
         number(list_.size.height),
         hole);
+    const std::string mask = fmt::format("<g mask=\"url(#{})\">\n", id);
+    std::size_t end = pieces_.size() - 1;
     for (std::size_t i = levels_.size(); i-- > 0;) {
-      Level& level = levels_[i];
-      if (!level.body.empty()) {
-        level.body = fmt::format("<g mask=\"url(#{})\">\n{}</g>\n", id, level.body);
+      const Level& level = levels_[i];
+      if (!level.empty) {
+        pieces_[level.masks].insert(0, mask);
+        pieces_[end] += "</g>\n";
+        written_ += mask.size() + 5;
       }
       if (level.group) break;
+      end = level.endings;
     }
   }
 
@@ -444,17 +493,20 @@ class Writer {
   const FontLibrary& fonts_;
   const SvgNaming& naming_;
   std::vector<Level> levels_;
+  std::vector<std::string> pieces_;
   std::string definitions_;
+  std::size_t written_ = 0;
+  std::map<std::tuple<const DecodedImage*, bool, std::uint32_t>, ImageUse> imageUses_;
   std::set<std::string> outlined_;
   int nextId_ = 0;
 };
 
 }  // namespace
 
-std::string writeSvg(const DrawList& list,
-                     double cornerRadius,
-                     const FontLibrary& fonts,
-                     const SvgNaming& naming) {
+Drawn<std::string> writeSvg(const DrawList& list,
+                            double cornerRadius,
+                            const FontLibrary& fonts,
+                            const SvgNaming& naming) {
   return Writer(list, fonts, naming).write(cornerRadius);
 }
 

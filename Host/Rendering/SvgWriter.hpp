@@ -4,16 +4,17 @@
 #include <string>
 
 #include "Rendering/DrawList.hpp"
+#include "Rendering/DrawingLimits.hpp"
 #include "Rendering/Font.hpp"
 #include "Rendering/SvgNaming.hpp"
 
 namespace rendering {
 
 /// `cornerRadius` points are cut off the corners (continuous). Each glyph's outline stands once and
-/// is used by name.
-[[nodiscard]] std::string writeSvg(const DrawList& list,
-                                   double cornerRadius,
-                                   const FontLibrary& fonts,
-                                   const SvgNaming& naming);
+/// is used by name. Refused when it would be longer than the limits allow.
+[[nodiscard]] Drawn<std::string> writeSvg(const DrawList& list,
+                                          double cornerRadius,
+                                          const FontLibrary& fonts,
+                                          const SvgNaming& naming);
 
 }  // namespace rendering

@@ -36,6 +36,20 @@ bool isSame(const Demand& a, const Demand& b) {
   return parts(a) == parts(b);
 }
 
+/// Nothing, in the size that was asked for as far as a picture may have it.
+rendering::Bitmap blank(const rendering::RenderOptions& options) {
+  const auto side = [&](double points) {
+    const double pixels = std::round(points * options.scale);
+    return static_cast<int>(pixels >= 1 && pixels <= 4096 ? pixels : 1);
+  };
+  rendering::Bitmap bitmap;
+  bitmap.width = bitmap.stride = side(options.size.width);
+  bitmap.height = side(options.size.height);
+  bitmap.pixels.resize(static_cast<std::size_t>(bitmap.width) *
+                       static_cast<std::size_t>(bitmap.height));
+  return bitmap;
+}
+
 void fade(rendering::Bitmap& bitmap, double opacity) {
   // Premultiplied: every channel is multiplied alike, two at a time.
   const auto factor = static_cast<std::uint32_t>(std::lround(opacity * 256));
@@ -64,18 +78,24 @@ struct RendererPainter::Studio {
     const auto& options = request.demand.options;
     auto picture = std::make_shared<Picture>();
     picture->isRedacted = options.redaction.privacy;
+    // What the limits of a picture refuse stays blank.
     const auto tree = renderer.place(request.view, options);
-    picture->elements = rendering::accessibleElements(tree, {.redaction = options.redaction});
+    if (tree) {
+      picture->elements = rendering::accessibleElements(*tree, {.redaction = options.redaction});
+    }
     switch (request.demand.medium) {
       case Medium::bitmap:
-        renderer.draw(tree, options, picture->bitmap);
+        if (!tree || !renderer.draw(*tree, options, picture->bitmap)) {
+          picture->bitmap = blank(options);
+        }
         if (request.opacity < 1) fade(picture->bitmap, request.opacity);
         break;
       case Medium::svg:
-        picture->text = renderer.svg(request.view, options);
+        picture->text = renderer.svg(request.view, options).value_or("");
         break;
       case Medium::plainText:
-        picture->text = renderer.plainText(request.view, options, request.demand.columns);
+        picture->text =
+            renderer.plainText(request.view, options, request.demand.columns).value_or("");
         break;
     }
     return picture;

@@ -19,7 +19,7 @@ constexpr rendering::Size kSize{364, 382};
 std::string spoken(rendering::Renderer& renderer,
                    const WidgetLayout& layout,
                    const WidgetState& state) {
-  const auto tree = renderer.place(fixtures::viewOf(layout, state), {.size = kSize});
+  const auto tree = renderer.place(fixtures::viewOf(layout, state), {.size = kSize}).value();
   std::string lines;
   for (const auto& element : rendering::accessibleElements(
            tree, {.redaction = state.environment.redactionReasons, .name = "The widget"})) {

@@ -22,9 +22,10 @@ class Drawing : public testing::Test {
     const auto side = [&](double points) {
       return static_cast<int>(std::max(1L, std::lround(points * options.scale)));
     };
-    const rendering::Bitmap bitmap = renderer.bitmap(fixtures::viewOf(layout, state), options);
-    EXPECT_EQ(bitmap.width, side(options.size.width)) << layout.name << ", " << state.name;
-    EXPECT_EQ(bitmap.height, side(options.size.height)) << layout.name << ", " << state.name;
+    const auto bitmap = renderer.bitmap(fixtures::viewOf(layout, state), options);
+    ASSERT_TRUE(bitmap) << layout.name << ", " << state.name << ": " << bitmap.error();
+    EXPECT_EQ(bitmap->width, side(options.size.width)) << layout.name << ", " << state.name;
+    EXPECT_EQ(bitmap->height, side(options.size.height)) << layout.name << ", " << state.name;
   }
   void expectDrawn(const WidgetState& state, RenderOptions options) {
     for (const WidgetLayout& layout : fixtures::kLayouts) expectDrawn(layout, state, options);

@@ -103,7 +103,7 @@ std::string drawn(const Scene& scene) {
   options.mode = scene.mode;
   options.showsBackground = isFullColor;
   rendering::Renderer renderer;
-  return rendering::encodePng(renderer.bitmap(view, options));
+  return rendering::encodePng(renderer.bitmap(view, options).value());
 }
 
 class GoldenPicture : public ::testing::TestWithParam<Scene> {};

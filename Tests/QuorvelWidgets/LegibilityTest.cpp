@@ -177,7 +177,7 @@ TEST_F(Legibility, NoTextIsCutLeavesTheWidgetOrOverlapsAnother) {
       for (const WidgetLayout& layout : fixtures::kLayouts) {
         const viewkit::View view = fixtures::viewOf(layout, state);
         for (const Device& device : kDevices) {
-          const PlacedTree tree = renderer_.place(view, optionsFor(layout, state, device));
+          const PlacedTree tree = renderer_.place(view, optionsFor(layout, state, device)).value();
           const auto found = inspection::find(tree);
           const auto fail = [&](const std::string& what) {
             faults.add(std::string{layout.name} + " " + std::string{lang} + ": " + what,
@@ -202,7 +202,7 @@ TEST_F(Legibility, ALongMonthStaysInsideTheMarginsOfTheSmallestScreen) {
   const WidgetState state = fixtures::widgetStates("en").front();
   const viewkit::View view = fixtures::viewOf(layout, state);
   for (const Size& size : {Size{364, 382}, Size{338, 354}, Size{292, 311}}) {
-    const PlacedTree tree = renderer_.place(view, {.size = size});
+    const PlacedTree tree = renderer_.place(view, {.size = size}).value();
     const auto found = inspection::find(tree);
     ASSERT_FALSE(found.texts.empty());
     const Rect margins{16, 16, size.width - 32, size.height - 32};
@@ -228,7 +228,7 @@ TEST_F(Legibility, TheChecksSeeWhatIsWrong) {
           Rectangle().frame(FixedFrame{.width = 50, .height = 20}).link("quorvel-widget://open/x"),
       }
           .frame(FixedFrame{.width = 170, .height = 170, .alignment = Alignment::topLeading});
-  const PlacedTree tree = renderer_.place(wrong, {.size = {170, 170}});
+  const PlacedTree tree = renderer_.place(wrong, {.size = {170, 170}}).value();
   const auto found = inspection::find(tree);
   std::set<std::string> seen;
   const auto fail = [&](const std::string& what) { seen.insert(what.substr(0, what.find(':'))); };
@@ -365,11 +365,11 @@ TEST_F(Legibility, EveryTextStandsOutFromWhatLiesUnderIt) {
     const viewkit::View ground = withoutTexts(view);
     for (const Device& device : kDevices) {
       auto options = optionsFor(layout, state, device);
-      const PlacedTree tree = renderer_.place(view, options);
+      const PlacedTree tree = renderer_.place(view, options).value();
       const auto found = inspection::find(tree);
       for (const Appearance appearance : {Appearance::light, Appearance::dark}) {
         options.appearance = appearance;
-        const rendering::Bitmap bitmap = renderer_.bitmap(ground, options);
+        const rendering::Bitmap bitmap = renderer_.bitmap(ground, options).value();
         ++pictures;
         for (const FoundText& text : found.texts) {
           if (text.around.isCovered && options.redaction.privacy) continue;

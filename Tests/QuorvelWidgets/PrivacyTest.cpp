@@ -73,10 +73,10 @@ std::vector<Form> forms(rendering::Renderer& renderer,
   viewkit::writeView(wire, view);
   return {{"wire", wire.take()},
           {"dump", viewkit::dump(view)},
-          {"placed dump", renderer.placedDump(view, options)},
-          {"plain text", renderer.plainText(view, options)},
-          {"SVG", renderer.svg(view, options)},
-          {"accessibility", renderer.accessibilityTree(view, options)}};
+          {"placed dump", renderer.placedDump(view, options).value()},
+          {"plain text", renderer.plainText(view, options).value()},
+          {"SVG", renderer.svg(view, options).value()},
+          {"accessibility", renderer.accessibilityTree(view, options).value()}};
 }
 
 TEST(Privacy, TheDigitsAreThereWhileNothingIsHidden) {
@@ -150,12 +150,15 @@ TEST(Privacy, OtherDaysLookTheSameUnderTheHostsRedaction) {
     const viewkit::View second = fixtures::viewOf(layout, other);
     rendering::RenderOptions options{.size = {364, 382}};
     options.redaction.privacy = true;
-    EXPECT_EQ(renderer.bitmap(first, options).pixels, renderer.bitmap(second, options).pixels)
+    EXPECT_EQ(renderer.bitmap(first, options).value().pixels,
+              renderer.bitmap(second, options).value().pixels)
         << layout.name;
-    EXPECT_EQ(renderer.svg(first, options), renderer.svg(second, options)) << layout.name;
-    EXPECT_EQ(renderer.plainText(first, options), renderer.plainText(second, options));
-    EXPECT_EQ(renderer.accessibilityTree(first, options),
-              renderer.accessibilityTree(second, options));
+    EXPECT_EQ(renderer.svg(first, options).value(), renderer.svg(second, options).value())
+        << layout.name;
+    EXPECT_EQ(renderer.plainText(first, options).value(),
+              renderer.plainText(second, options).value());
+    EXPECT_EQ(renderer.accessibilityTree(first, options).value(),
+              renderer.accessibilityTree(second, options).value());
   }
 }
 

@@ -204,8 +204,29 @@ TEST(RandomDocuments, EveryWidgetLaysThemOutSoundly) {
     const WidgetState state{"random", fixtures::morningOf("2025-03-14"), *decoded, {}};
     for (const WidgetLayout& layout : fixtures::kLayouts) {
       const auto tree =
-          renderer.place(fixtures::viewOf(layout, state), {.size = sizeOf(layout.family)});
+          renderer.place(fixtures::viewOf(layout, state), {.size = sizeOf(layout.family)}).value();
       EXPECT_EQ(faultOf(tree), "") << layout.name << ", seed " << seed;
+    }
+  }
+}
+
+TEST(RandomDocuments, EveryWidgetDrawsThem) {
+  rendering::Renderer renderer;
+  constexpr unsigned kDocuments = 40;
+  constexpr double kScales[] = {0.5, 1, 2, 3.3};
+  for (unsigned seed = 1; seed <= kDocuments; ++seed) {
+    Chooser choose{seed};
+    const WidgetState state{
+        "random", fixtures::morningOf("2025-03-14"), randomSnapshot(choose), {}};
+    for (const WidgetLayout& layout : fixtures::kLayouts) {
+      rendering::RenderOptions options;
+      options.size = {1.0 + static_cast<double>(choose.below(3600)) / 10,
+                      1.0 + static_cast<double>(choose.below(3600)) / 10};
+      options.scale = choose.oneOf(kScales);
+      options.appearance = choose.coin() ? viewkit::Appearance::dark : viewkit::Appearance::light;
+      options.mode = static_cast<viewkit::RenderingMode>(choose.below(3));
+      const auto bitmap = renderer.bitmap(fixtures::viewOf(layout, state), options);
+      EXPECT_TRUE(bitmap) << layout.name << ", seed " << seed << ": " << bitmap.error();
     }
   }
 }

@@ -157,13 +157,13 @@ TEST(SafeToSpendForms, HiddenOnesHoldNoDigitOfAnAmountOrPercentage) {
         const rendering::RenderOptions options{
             .size = family == WidgetFamily::systemSmall ? kSmall : kMedium,
             .redaction = environment.redactionReasons};
-        const std::string words =
-            renderer.plainText(view, options) + renderer.accessibilityTree(view, options);
+        const std::string words = renderer.plainText(view, options).value() +
+                                  renderer.accessibilityTree(view, options).value();
         EXPECT_NE(words.find("10d left"), std::string::npos) << words;
         for (const char* secret : {"$", "%", "7391", "7,391", "9,876", "2,485", "248.", "75"}) {
           EXPECT_EQ(words.find(secret), std::string::npos) << secret << " in\n" << words;
         }
-        const std::string svg = renderer.svg(view, options);
+        const std::string svg = renderer.svg(view, options).value();
         for (const char* secret : {"$", "7,391", "9,876", "2,485", "75%"}) {
           EXPECT_EQ(svg.find(secret), std::string::npos) << secret;
         }

@@ -110,7 +110,7 @@ TEST_F(DrawLists, AShadowOfATranslucentViewIsThatOfItsPixels) {
   const View view = box(Color::same(0xFF0000).withOpacity(0.5)).shadow({Color::black(), 4, 0, 0});
   EXPECT_EQ(recorded(view),
             "shadow of 1 blur 4.00 by 0.00,0.00 #000000\n"
-            "rect 15.00,5.00 10.00x10.00 #FF0000@0.50\n");
+            "  rect 15.00,5.00 10.00x10.00 #FF0000@0.50\n");
 }
 
 TEST_F(DrawLists, TrendArrowsMirrorAndCartsDoNot) {

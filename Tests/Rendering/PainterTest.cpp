@@ -23,7 +23,7 @@ class Painting : public testing::Test {
     return {.size = {width, height}, .scale = 1, .showsBackground = false};
   }
   Bitmap draw(const View& view, const RenderOptions& options) {
-    return renderer.bitmap(view, options);
+    return renderer.bitmap(view, options).value();
   }
   static std::uint32_t at(const Bitmap& bitmap, int x, int y) {
     return bitmap.pixels[static_cast<std::size_t>(y * bitmap.stride + x)];
@@ -361,9 +361,9 @@ TEST_F(Painting, PlaceholdersShowBarsForTextsAndKeepShapes) {
 
 TEST_F(Painting, ABitmapIsUsedAgain) {
   const View small = box(kRed, 4, 4);
-  const PlacedTree tree = renderer.place(small, plain(4, 4));
+  const PlacedTree tree = renderer.place(small, plain(4, 4)).value();
   Bitmap b = draw(box(kBlue, 50, 50), plain(50, 50));
-  renderer.draw(tree, plain(4, 4), b);
+  ASSERT_TRUE(renderer.draw(tree, plain(4, 4), b));
   expectSame(b, draw(small, plain(4, 4)), 0);
 }
 

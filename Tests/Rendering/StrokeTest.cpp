@@ -19,8 +19,9 @@ const Color kInk = Color::same(0xFF0000);
 class Strokes : public testing::Test {
  protected:
   Bitmap draw(const View& view, double width, double height, double scale = 1) {
-    return renderer.bitmap(view,
-                           {.size = {width, height}, .scale = scale, .showsBackground = false});
+    return renderer
+        .bitmap(view, {.size = {width, height}, .scale = scale, .showsBackground = false})
+        .value();
   }
   /// Pixels' worth of ink.
   static double weight(const Bitmap& bitmap) {

@@ -74,7 +74,7 @@ View everything() {
 
 TEST(Svg, IsWellFormed) {
   Renderer renderer;
-  const std::string svg = renderer.svg(everything(), {.size = {120, 300}});
+  const std::string svg = renderer.svg(everything(), {.size = {120, 300}}).value();
   expectWellFormed(svg);
   EXPECT_NE(svg.find("viewBox=\"0 0 120 300\""), std::string::npos);
   EXPECT_EQ(svg.find("<text"), std::string::npos) << "outlines only";
@@ -91,7 +91,7 @@ TEST(Svg, DoesNotDependOnWhatIsCovered) {
                                  .font(20)
                                  .frame({.width = Length(80)})
                                  .privacySensitive(PrivacyTreatment::covered)};
-    return renderer.svg(view, {.size = {120, 60}, .redaction = {.privacy = privacy}});
+    return renderer.svg(view, {.size = {120, 60}, .redaction = {.privacy = privacy}}).value();
   };
   EXPECT_NE(svg("$7,391", false), svg("$2,458", false));
   EXPECT_EQ(svg("$7,391", true), svg("$2,458", true));
@@ -99,7 +99,8 @@ TEST(Svg, DoesNotDependOnWhatIsCovered) {
 
 TEST(Svg, EachGlyphStandsOnce) {
   Renderer renderer;
-  const std::string svg = renderer.svg(Text{"aaaa"}, {.size = {120, 60}, .showsBackground = false});
+  const std::string svg =
+      renderer.svg(Text{"aaaa"}, {.size = {120, 60}, .showsBackground = false}).value();
   const std::regex definition("<path id=\"f");
   const std::regex use("<use ");
   const auto count = [&](const std::regex& what) {
@@ -120,8 +121,10 @@ std::set<std::string> idsOf(const std::string& svg) {
 
 TEST(Svg, TitleIsWhatAScreenReaderSays) {
   Renderer renderer;
-  const std::string svg = renderer.svg(
-      everything(), {.size = {120, 300}}, {.title = "Rent & <care>\n", .idPrefix = "w-"});
+  const std::string svg =
+      renderer
+          .svg(everything(), {.size = {120, 300}}, {.title = "Rent & <care>\n", .idPrefix = "w-"})
+          .value();
   expectWellFormed(svg);
   EXPECT_NE(svg.find(" role=\"img\" aria-labelledby=\"w-title\""), std::string::npos);
   EXPECT_NE(svg.find("<title id=\"w-title\">Rent &amp; &lt;care&gt;</title>"), std::string::npos);
@@ -129,7 +132,7 @@ TEST(Svg, TitleIsWhatAScreenReaderSays) {
 
 TEST(Svg, WithoutATitleThereIsNoRole) {
   Renderer renderer;
-  const std::string svg = renderer.svg(everything(), {.size = {120, 300}});
+  const std::string svg = renderer.svg(everything(), {.size = {120, 300}}).value();
   EXPECT_EQ(svg.find("role="), std::string::npos);
   EXPECT_EQ(svg.find("<title"), std::string::npos);
 }
@@ -137,8 +140,10 @@ TEST(Svg, WithoutATitleThereIsNoRole) {
 TEST(Svg, PicturesWithPrefixesOfTheirOwnShareNoId) {
   Renderer renderer;
   const RenderOptions options{.size = {120, 300}};
-  const std::string first = renderer.svg(everything(), options, {.title = "A", .idPrefix = "a-"});
-  const std::string second = renderer.svg(everything(), options, {.title = "B", .idPrefix = "b-"});
+  const std::string first =
+      renderer.svg(everything(), options, {.title = "A", .idPrefix = "a-"}).value();
+  const std::string second =
+      renderer.svg(everything(), options, {.title = "B", .idPrefix = "b-"}).value();
   const auto ids = idsOf(first);
   EXPECT_GT(ids.size(), 5U);
   for (const std::string& id : idsOf(second)) {

@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "Rendering/DrawingLimits.hpp"
 #include "Rendering/Layout.hpp"
 #include "Rendering/LayoutFitting.hpp"
 #include "Rendering/LayoutRecords.hpp"
@@ -24,7 +25,7 @@ namespace rendering {
 /// Answers of one item that are worked out to estimate by.
 inline constexpr std::uint32_t kSamples = 64;
 /// Questions of one picture before nothing more is worked out that can be estimated.
-inline constexpr std::size_t kLayoutQuestions = 500'000;
+using limits::kLayoutQuestions;
 
 class LayoutItems {
  public:

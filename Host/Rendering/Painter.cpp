@@ -114,8 +114,9 @@ bool Painter::affords(const PixelBox& box, std::int64_t visitsPerPixel) {
 bool Painter::affords(const PixelBox& box, const PathSlice& path) {
   if (box.empty()) return false;
   const std::int64_t points = path.points;
-  return spend(box.area() + points * (box.width() + box.height()) / 4 +
-               limits::kCrossingVisits * points * points);
+  const std::int64_t sides = box.width() + box.height();
+  return spend(box.area() + points * sides / 4 +
+               limits::kCrossingVisits * points * std::min(points, sides));
 }
 
 // ---- sources

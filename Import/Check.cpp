@@ -56,6 +56,15 @@ std::string chart(const Journal& journal, const Settings& settings) {
     text += line("without type",
                  listed(typeless) + ": in no figure; declare them: account NAME  ; type:A");
   }
+  std::vector<std::string> unknown;
+  for (const auto& [account, category] : settings.categories) {
+    const bool exists = std::ranges::any_of(journal.accounts.types, [&](const auto& known) {
+      return isAtOrBelow(known.first, account) && firstTwoComponents(account) == account;
+    });
+    if (!exists) unknown.push_back(account);
+  }
+  if (!unknown.empty())
+    text += line("no category", listed(unknown) + ": a category is an account of two components");
   return text;
 }
 

@@ -286,7 +286,9 @@ TEST(CheckCommand, SaysWhatEachWidgetWillShowAndNoAmount) {
   const std::string file = home.journal(
       "2026-03-01 market\n    expenses:food:market  $98765\n    aktiva:bank\n\n"
       "2026-03-02 abroad\n    expenses:food  3 EUR\n    assets:cash\n");
-  home.settings("today = 2026-03-14\ncommodity = \"$\"\n");
+  home.settings(
+      "today = 2026-03-14\ncommodity = \"$\"\n[category.\"expenses:food\"]\nname = \"Food\"\n"
+      "[category.\"expenses:food:market\"]\nname = \"Market\"\n");
   const auto outcome = home.run({"check", "-f", file});
   EXPECT_EQ(outcome.status, 0) << outcome.errors;
   EXPECT_THAT(
@@ -298,6 +300,7 @@ TEST(CheckCommand, SaysWhatEachWidgetWillShowAndNoAmount) {
             HasSubstr("Due            nothing due"),
             HasSubstr("without type   aktiva:bank"),
             HasSubstr("not counted    1 spending posting in other commodities"),
+            HasSubstr("no category    expenses:food:market: a category is"),
             HasSubstr("without price  EUR")));
   EXPECT_THAT(outcome.out, Not(HasSubstr("98765")));
   EXPECT_FALSE(fs::exists(home.document()));

@@ -2,11 +2,20 @@
 
 #include <fmt/format.h>
 
-// Errors as return values; the packaged library, built to throw, is not linked.
-#define TOML_EXCEPTIONS 0
+// The library takes it for granted that "[" stands before a name, and ends the program otherwise,
+// or goes astray where assertions are off. Here an assertion ends the parsing.
+namespace importer {
+struct TomlAssertion {};
+[[noreturn]] static void failTomlAssertion() {
+  throw TomlAssertion{};
+}
+}  // namespace importer
+#undef NDEBUG
+#define TOML_ASSERT(condition) ((condition) ? static_cast<void>(0) : importer::failTomlAssertion())
 #include <toml++/toml.h>
 
 #include <algorithm>
+#include <cctype>
 #include <cmath>
 #include <set>
 
@@ -298,18 +307,43 @@ void readDocument(const toml::table& document, Settings& settings, TomlProblems&
   reader.finish();
 }
 
+/// The line of the first table whose name does not begin like one.
+int brokenTable(std::string_view toml) {
+  int number = 1;
+  for (; !toml.empty(); ++number) {
+    const std::string_view line = toml.substr(0, toml.find('\n'));
+    toml.remove_prefix(std::min(line.size() + 1, toml.size()));
+    const auto start = line.find_first_not_of(" \t");
+    if (start == std::string_view::npos || line[start] != '[') continue;
+    const auto name = line.find_first_not_of("[ \t", start);
+    const bool isDeep = line.substr(start).starts_with("[[[");
+    const bool isName = name != std::string_view::npos && line[name] != ']' &&
+                        (line[name] == '"' || line[name] == '\'' || line[name] == '-' ||
+                         line[name] == '_' || std::isalnum(static_cast<unsigned char>(line[name])));
+    if (isDeep || !isName) break;
+  }
+  return number;
+}
+
 }  // namespace
 
 Result<Settings> parseSettings(std::string_view toml, const std::string& file) {
   TomlProblems problems{.file = file, .first = {}};
-  const toml::parse_result parsed = toml::parse(toml, file);
-  if (!parsed) {
-    problems.report(parsed.error().source(), parsed.error().description());
-    return refused(*problems.first);
+  toml::table document;
+  try {
+    document = toml::parse(toml, file);
+  } catch (const toml::parse_error& error) {
+    problems.report(error.source(), error.description());
+  } catch (const TomlAssertion&) {
+    problems.first =
+        fmt::format("{}:{}: a table needs a name, in quotes or of letters, digits, - and _",
+                    file,
+                    brokenTable(toml));
   }
+  if (problems.first) return refused(*problems.first);
   Settings settings;
   settings.file = file;
-  readDocument(parsed.table(), settings, problems);
+  readDocument(document, settings, problems);
   if (problems.first) return refused(*problems.first);
   return settings;
 }

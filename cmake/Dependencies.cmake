@@ -4,7 +4,7 @@ find_package(simdjson REQUIRED)
 find_package(fmt REQUIRED)
 find_package(CLI11 REQUIRED)
 find_package(nlohmann_json REQUIRED)
-# Headers alone: the packaged library throws where it should return.
+# Headers alone: in the packaged library a failed assertion ends the program.
 find_path(TOMLPLUSPLUS_INCLUDE_DIR toml++/toml.h REQUIRED)
 pkg_check_modules(ICU REQUIRED IMPORTED_TARGET icu-uc icu-i18n)
 pkg_check_modules(PLIST REQUIRED IMPORTED_TARGET libplist-2.0)

@@ -123,6 +123,15 @@ TEST(Settings, RefuseBrokenTomlWithItsPlace) {
   EXPECT_THAT(refusal("\xff"), StartsWith("l.toml:1:"));
 }
 
+TEST(Settings, RefuseTablesWithoutANameWithTheirLine) {
+  for (const char* table : {"[[[", "[=", "[[=", "[.a]", "[#", "[[#", "[[[a]]]", "[$x]"})
+    EXPECT_THAT(refusal("hidden = true\n" + std::string(table)), StartsWith("l.toml:2")) << table;
+  for (const char* text : {"[]", "[ ]", "[", "[[", "[[]", "[a.]", "[a", "a.=1", ".a=1", "=1", "}"})
+    EXPECT_THAT(refusal(text), StartsWith("l.toml:1:")) << text;
+  EXPECT_THAT(refusal(std::string(100'000, '[')), StartsWith("l.toml:1:"));
+  EXPECT_THAT(refusal("a = " + std::string(100'000, '[')), StartsWith("l.toml:1:"));
+}
+
 TEST(SettingsTemplate, IsAcceptedAsItIsAndWithEveryLineSet) {
   const AccountTypes accounts{{"assets:bank", 'C'},
                               {"liabilities:say \"visa\" \\ card", 'L'},

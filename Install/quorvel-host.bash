@@ -22,6 +22,12 @@ _quorvel_host_options() {
     validate) own="--json $place --languages $data" ;;
     sample) own="--lang --out -o $place --languages" ;;
     perform) own="--no-open --open-with $data" ;;
+    status) own='--json' ;;
+    add | configure) own='--family --configure' ;;
+    move) own='--output' ;;
+    open) own='--region' ;;
+    watch) own='--format' ;;
+    reload | hide | remove) own='' ;;
     bench) own="--kind --images --warmup $picture --png $place --languages $data" ;;
     *) return ;;
   esac
@@ -67,6 +73,11 @@ _quorvel_host_cases() {
   printf '%s\n' "$cases"
 }
 
+# _quorvel_host_placed PROGRAM: the ids of what the resident host shows.
+_quorvel_host_placed() {
+  "$1" status 2>/dev/null </dev/null | sed -n 's/^\(w[0-9]*\) .*/\1/p'
+}
+
 _quorvel_host() {
   local program=${1/#\~\//$HOME/}
   # Bash also splits at "=" and ":"; here a word ends at a blank.
@@ -104,7 +115,8 @@ _quorvel_host() {
 
   local choices=''
   if ((last <= 1)); then
-    choices='list render sheet gallery timeline options validate sample perform bench doctor --help'
+    choices='list render sheet gallery timeline options validate sample perform status reload hide add remove configure'
+    choices+=' move open watch bench doctor --help'
   else
     case $option in
       --family)
@@ -114,7 +126,10 @@ _quorvel_host() {
       --appearance) choices='light dark' ;;
       --mode) choices='fullColor accented vibrant' ;;
       --redact) choices='privacy placeholder privacy,placeholder' ;;
-      --format) choices='png svg text tree placed accessibility' ;;
+      --format)
+        choices='png svg text tree placed accessibility'
+        [[ $command == watch ]] && choices='waybar i3bar i3blocks polybar plain json'
+        ;;
       --png) choices='fast small' ;;
       --time-zone) choices=$(awk '!/^#/ { print $3 }' /usr/share/zoneinfo/zone.tab 2>/dev/null) ;;
       --kind) choices=$(_quorvel_host_offers "$program" kind) ;;
@@ -136,6 +151,12 @@ _quorvel_host() {
           -*) choices=$(_quorvel_host_options "$command") ;;
           *:render:0 | *:timeline:0 | *:options:0 | *:sheet:*) choices=$(_quorvel_host_offers "$program" kind) ;;
           *:options:1) choices=$(_quorvel_host_offers "$program" parameter "$kind") ;;
+          *:add:0) choices=$(_quorvel_host_offers "$program" kind) ;;
+          *:reload:0 | *:open:0 | *:watch:0)
+            choices="$(_quorvel_host_placed "$program") $(_quorvel_host_offers "$program" kind)"
+            ;;
+          *:remove:0 | *:configure:0 | *:move:0) choices=$(_quorvel_host_placed "$program") ;;
+          *:hide:0) choices='on off toggle' ;;
           *:perform:0) choices=$(_quorvel_host_offers "$program" intent) ;;
           *:validate:*) compopt -o default ;;
           *:gallery:0) compopt -o dirnames ;;

@@ -214,18 +214,20 @@ Result<void> bench(const Options& options, const Program& program) {
   const auto bundle = program.extension.makeBundle(initializeParameters(source, program));
   const widgetruntime::Widget* widget = nullptr;
   for (const auto& offered : bundle.widgets) {
-    if (offered.description.kind == options.kind && !source.isolated) widget = &offered;
+    if (offered.description.kind == (*listing)->description.kind && !source.isolated)
+      widget = &offered;
   }
   const auto family =
       options.picture.family.value_or(session::defaultFamily((*listing)->description.families));
-  Workshop workshop{*guest,
-                    widget,
-                    entriesParameters(options.kind, family, options.picture, device),
-                    renderOptions(family, options.picture, device, guest->images()),
-                    options.output.png};
+  Workshop workshop{
+      *guest,
+      widget,
+      entriesParameters((*listing)->description.kind, family, options.picture, device),
+      renderOptions(family, options.picture, device, guest->images()),
+      options.output.png};
   const auto measured = measure(workshop, *file, *document, options);
   if (!measured) return std::unexpected(measured.error());
-  return print(report(*measured, options.kind, widgetruntime::name(family)));
+  return print(report(*measured, (*listing)->description.kind, widgetruntime::name(family)));
 }
 
 }  // namespace cli

@@ -16,6 +16,15 @@ namespace cli {
 [[nodiscard]] Result<void> validate(const Options& options, const Program& program);
 [[nodiscard]] Result<void> sample(const Options& options, const Program& program);
 [[nodiscard]] Result<void> perform(const Options& options, const Program& program);
+[[nodiscard]] Result<void> status(const Options& options, const Program& program);
+[[nodiscard]] Result<void> reload(const Options& options, const Program& program);
+[[nodiscard]] Result<void> hide(const Options& options, const Program& program);
+[[nodiscard]] Result<void> add(const Options& options, const Program& program);
+[[nodiscard]] Result<void> removePlacement(const Options& options, const Program& program);
+[[nodiscard]] Result<void> configure(const Options& options, const Program& program);
+[[nodiscard]] Result<void> move(const Options& options, const Program& program);
+[[nodiscard]] Result<void> open(const Options& options, const Program& program);
+[[nodiscard]] Result<void> watch(const Options& options, const Program& program);
 [[nodiscard]] Result<void> bench(const Options& options, const Program& program);
 [[nodiscard]] Result<void> doctor(const Options& options, const Program& program);
 

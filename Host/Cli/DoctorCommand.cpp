@@ -2,6 +2,7 @@
 #include <fmt/format.h>
 
 #include "Cli/Commands.hpp"
+#include "Cli/HostRequest.hpp"
 #include "Cli/Output.hpp"
 #include "Cli/Picture.hpp"
 #include "Foundation/JsonWriter.hpp"
@@ -98,6 +99,23 @@ void examineData(Findings& findings, Guest& guest, const foundation::Device& dev
                         : "the application writes it; `quorvel-host sample` writes one to try"});
 }
 
+void examineResidentHost(Findings& findings, const Program& program) {
+  const auto socket = controlSocket(program);
+  const auto status = askHost(program, "status", "{}");
+  findings.push_back({.what = "resident host",
+                      .found = status.has_value(),
+                      .needed = false,
+                      .where = socket.value_or(""),
+                      .advice = status ? std::string{} : status.error().line});
+  if (!status) return;
+  const std::string problem = textIn(*status, "sessionProblem");
+  findings.push_back({.what = "session lock",
+                      .found = problem.empty(),
+                      .needed = false,
+                      .where = problem.empty() ? "amounts are hidden while it is locked" : "",
+                      .advice = problem + "; amounts are hidden only by `quorvel-host hide on`"});
+}
+
 std::string asJson(const Findings& findings) {
   foundation::JsonWriter json;
   json.beginObject().key("findings").beginArray();
@@ -138,6 +156,7 @@ Result<void> doctor(const Options& options, const Program& program) {
                                      : std::string{},
                       .advice = guest ? std::string{} : guest.error().line});
   if (guest) examineData(findings, *guest, deviceFrom(options.device, program.environment));
+  examineResidentHost(findings, program);
   examineSymbols(findings);
   examineFonts(findings);
   if (auto done = print(options.json ? asJson(findings) : asText(findings)); !done) return done;

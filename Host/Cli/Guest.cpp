@@ -7,6 +7,7 @@
 #include <cstring>
 #include <memory>
 
+#include "Control/KindName.hpp"
 #include "Foundation/FileManager.hpp"
 #include "Foundation/PropertyList.hpp"
 #include "Session/ChildProcess.hpp"
@@ -112,7 +113,7 @@ Result<Guest> Guest::open(const SourceOptions& source, const Program& program) {
 Result<const widgetruntime::WidgetListing*> Guest::widget(const std::string& kind) const {
   std::string kinds;
   for (const auto& listing : about_.bundle.widgets) {
-    if (listing.description.kind == kind) return &listing;
+    if (control::namesKind(kind, listing.description.kind)) return &listing;
     kinds += (kinds.empty() ? "" : ", ") + listing.description.kind;
   }
   return refused(fmt::format("there is no widget \"{}\" (there are: {})", kind, kinds));

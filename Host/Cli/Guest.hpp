@@ -30,7 +30,7 @@ class Guest {
   [[nodiscard]] static Result<Guest> open(const SourceOptions& source, const Program& program);
 
   [[nodiscard]] const widgetruntime::InitializeAnswer& about() const { return about_; }
-  /// The widget of that kind; refused with the kinds that there are.
+  /// The widget of that kind, in full or short; refused with the kinds that there are.
   [[nodiscard]] Result<const widgetruntime::WidgetListing*> widget(const std::string& kind) const;
 
   /// The document that is read; empty without a container.

@@ -7,6 +7,7 @@
 
 #include "Foundation/Instant.hpp"
 #include "Rendering/Renderer.hpp"
+#include "Surfaces/Bar/BarLine.hpp"
 #include "WidgetRuntime/Environment.hpp"
 #include "WidgetRuntime/Intents.hpp"
 
@@ -65,6 +66,17 @@ struct SheetAxes {
   std::vector<std::string> languages;  ///< "all" alone: those that the extension speaks
 };
 
+/// What is asked of the resident host, as it was typed.
+struct HostOptions {
+  std::string target;  ///< an id or a kind
+  std::string hide;    ///< on, off, toggle
+  std::string column;
+  std::string row;
+  std::string output;  ///< of a desktop; empty: the board
+  std::string region;
+  surfaces::BarFormat format = surfaces::BarFormat::plain;
+};
+
 struct Options {
   SourceOptions source;
   DeviceOptions device;
@@ -72,6 +84,7 @@ struct Options {
   OutputOptions output;
   Format format = Format::png;
   SheetAxes axes;
+  HostOptions host;
   bool json = false;
 
   std::string kind;

@@ -56,8 +56,8 @@ Result<void> choices(const Options& options, const Program& program) {
   const auto widget = guest->widget(options.kind);
   if (!widget) return std::unexpected(widget.error());
   if (auto known = checkParameter(**widget, options.parameter); !known) return known;
-  const auto answer =
-      guest->options({.kind = options.kind, .parameter = options.parameter, .identifiers = {}});
+  const auto answer = guest->options(
+      {.kind = (*widget)->description.kind, .parameter = options.parameter, .identifiers = {}});
   if (!answer) return std::unexpected(answer.error());
   return print(options.json ? asJson(*answer) : asText(*answer));
 }

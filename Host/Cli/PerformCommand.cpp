@@ -1,11 +1,28 @@
 // `perform`: runs an intent in the extension, then opens the application if the intent asks for
 // that.
+#include <poll.h>
+
 #include "Cli/Commands.hpp"
 #include "Cli/Guest.hpp"
-#include "Cli/Opener.hpp"
 #include "Cli/Output.hpp"
+#include "Opening/LinkOpener.hpp"
 
 namespace cli {
+namespace {
+
+Result<void> openLink(const std::string& link, const std::string& program) {
+  opening::LinkOpener opener{link, program};
+  for (;;) {
+    if (const auto opened = opener.proceed()) {
+      if (!*opened) return refused(opened->error());
+      return {};
+    }
+    pollfd polled{opener.descriptor(), POLLIN, 0};
+    ::poll(&polled, 1, -1);
+  }
+}
+
+}  // namespace
 
 Result<void> perform(const Options& options, const Program& program) {
   auto guest = Guest::open(options.source, program);
@@ -13,8 +30,8 @@ Result<void> perform(const Options& options, const Program& program) {
   const auto answer = guest->perform({.intent = options.intent});
   if (!answer) return std::unexpected(answer.error());
   if (!answer->openApp) return {};
-  const auto link = applicationLink(guest->about().urlScheme);
-  if (!link) return std::unexpected(link.error());
+  const auto link = opening::applicationLink(guest->about().urlScheme);
+  if (!link) return refused(link.error());
   return options.open ? openLink(*link, options.openWith) : print(*link + "\n");
 }
 

@@ -20,6 +20,15 @@ Result<void> runCommand(std::string_view name, const Options& options, const Pro
   if (name == "validate") return validate(options, program);
   if (name == "sample") return sample(options, program);
   if (name == "perform") return perform(options, program);
+  if (name == "status") return status(options, program);
+  if (name == "reload") return reload(options, program);
+  if (name == "hide") return hide(options, program);
+  if (name == "add") return add(options, program);
+  if (name == "remove") return removePlacement(options, program);
+  if (name == "configure") return configure(options, program);
+  if (name == "move") return move(options, program);
+  if (name == "open") return open(options, program);
+  if (name == "watch") return watch(options, program);
   if (name == "bench") return bench(options, program);
   return doctor(options, program);
 }

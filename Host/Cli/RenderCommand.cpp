@@ -49,8 +49,8 @@ Result<void> render(const Options& options, const Program& program) {
   const auto device = deviceFrom(options.device, program.environment);
   const auto family =
       options.picture.family.value_or(session::defaultFamily((*widget)->description.families));
-  const auto view =
-      fetchView(*guest, entriesParameters(options.kind, family, options.picture, device));
+  const auto view = fetchView(
+      *guest, entriesParameters((*widget)->description.kind, family, options.picture, device));
   if (!view) return std::unexpected(view.error());
   const auto how = renderOptions(family, options.picture, device, guest->images());
   const auto bytes = drawn(*view, how, options, (*widget)->description.displayName);

@@ -19,6 +19,8 @@ class ExtensionAsker : public Asker {
                  session::Deadlines deadlines = {});
   ~ExtensionAsker() override;
 
+  [[nodiscard]] bool isIdle() { return worker_.isIdle(); }
+
   void initialize(Then<widgetruntime::InitializeAnswer> then) override;
   void timeline(Urgency urgency,
                 std::string key,

@@ -10,20 +10,6 @@ using widgetruntime::EntriesAnswer;
 using widgetruntime::ReloadPolicy;
 using widgetruntime::RenderedEntry;
 
-namespace {
-
-// Entries carry the document's date as soon as the extension sends it.
-template <class Entry>
-std::optional<Instant> generatedAtOf(const Entry& entry) {
-  if constexpr (requires { entry.generatedAt; }) {
-    return entry.generatedAt;
-  } else {
-    return std::nullopt;
-  }
-}
-
-}  // namespace
-
 void InstanceTimeline::answered(EntriesAnswer answer, Modes modes, DocumentVersion version) {
   std::ranges::stable_sort(answer.entries, {}, &RenderedEntry::date);
   answer_ = std::move(answer);
@@ -63,7 +49,7 @@ surfaces::State InstanceTimeline::state() const {
 
 std::optional<Instant> InstanceTimeline::generatedAt(Instant now) const {
   const RenderedEntry* entry = entryAt(now);
-  return entry != nullptr ? generatedAtOf(*entry) : std::nullopt;
+  return entry != nullptr ? entry->generatedAt : std::nullopt;
 }
 
 bool InstanceTimeline::isDoubtful(DocumentVersion current) const {

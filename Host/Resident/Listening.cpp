@@ -10,6 +10,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstdio>
 #include <cstring>
 
 namespace resident {
@@ -37,7 +38,7 @@ bool isAnswering(const std::string& path) {
 }
 
 std::expected<FileDescriptor, std::string> listenOn(const std::string& path) {
-  if (path.size() >= sizeof(sockaddr_un::sun_path)) {
+  if (path.size() + 4 >= sizeof(sockaddr_un::sun_path)) {
     return std::unexpected(fmt::format("{}: longer than a socket's name may be", path));
   }
   // The lock is ours, so what answers here is systemd's, kept for a unit that was not started.
@@ -45,12 +46,15 @@ std::expected<FileDescriptor, std::string> listenOn(const std::string& path) {
     return std::unexpected(fmt::format(
         "{} is systemd's; start the host with `systemctl --user start quorvel-hostd`", path));
   }
-  ::unlink(path.c_str());
+  // Whoever waits for the name to appear finds somebody who listens.
+  const std::string made = path + ".new";
+  ::unlink(made.c_str());
   FileDescriptor listener{::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0)};
-  const sockaddr_un address = addressOf(path);
+  const sockaddr_un address = addressOf(made);
   if (!listener ||
       ::bind(listener.get(), reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0 ||
-      ::chmod(path.c_str(), 0600) != 0 || ::listen(listener.get(), 64) != 0) {
+      ::chmod(made.c_str(), 0600) != 0 || ::listen(listener.get(), 64) != 0 ||
+      std::rename(made.c_str(), path.c_str()) != 0) {
     return failed("cannot listen on " + path);
   }
   return listener;

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "Foundation/JsonWriter.hpp"
+#include "Opening/LinkOpener.hpp"
 #include "Resident/Status.hpp"
 
 namespace resident {
@@ -176,14 +177,15 @@ void Operations::perform(const Parameters& parameters, ControlServer::Reply repl
     if (!done) return reply(refused("the extension: " + done.error().reason));
     const auto* offer = host_.offer();
     if (!done->openApp || offer == nullptr) return reply(std::string(kDone));
-    openThen(offer->urlScheme + "://", reply);
+    const auto link = opening::applicationLink(offer->urlScheme);
+    if (!link) return reply(refused(link.error()));
+    openThen(*link, reply);
   };
   asker_.perform({.intent = text(parameters, "intent")}, then);
 }
 
 void Operations::openThen(const std::string& link, ControlServer::Reply reply) {
-  if (!openLink) return reply(refused("links are not opened"));
-  openLink(link, [reply = std::move(reply)](const std::string& problem) {
+  host_.openLink(link, [reply = std::move(reply)](const std::string& problem) {
     reply(problem.empty() ? Answer{std::string(kDone)} : refused(problem));
   });
 }

@@ -17,9 +17,6 @@ class Operations {
               const foundation::JsonValue& parameters,
               ControlServer::Reply reply);
 
-  /// Hands a link to the desktop; calls back with what went wrong, or nothing.
-  std::function<void(const std::string& link, std::function<void(std::string)> then)> openLink;
-
  private:
   using Answer = ControlServer::Answer;
   using Parameters = foundation::JsonValue;

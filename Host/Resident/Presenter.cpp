@@ -14,23 +14,10 @@ using surfaces::Surface;
 
 namespace {
 
-using namespace std::chrono_literals;
-
 constexpr double kStaleOpacity = 0.62;
-constexpr auto kKeepAfter = 2s;
 
 std::string keyOf(const Subject& subject, const Surface& surface) {
   return Slot{subject.id, std::string(surface.name())}.key();
-}
-
-// Trees carry a summary as soon as the extension sends it.
-template <class Tree>
-surfaces::Summary summaryOf(const Tree& tree) {
-  if constexpr (requires { tree.summary; }) {
-    return {tree.summary.text, std::string(widgetruntime::name(tree.summary.state))};
-  } else {
-    return {};
-  }
 }
 
 /// All but the picture.
@@ -89,7 +76,7 @@ void Presenter::presentOn(Place& place,
     }
     return show(place, std::move(shown));
   }
-  shown.summary = summaryOf(*tree);
+  shown.summary = tree->summary;
   shown.link = tree->link.value_or("");
   shown.asOf = timeline.generatedAt(moment.now);
   DrawRequest request = requestFor(place, tree->view, redacted);
@@ -150,7 +137,7 @@ void Presenter::show(Place& place, Shown shown) {
 void Presenter::keepLater(Place& place, const viewkit::View& redacted) {
   if (place.toKeep ? *place.toKeep == redacted : place.kept && *place.kept == redacted) return;
   place.toKeep = redacted;
-  keeping_ = loop_.after(kKeepAfter, [this] { keepAll(); });
+  keeping_ = loop_.after(keepAfter_, [this] { keepAll(); });
 }
 
 void Presenter::keepAll() {

@@ -2,6 +2,7 @@
 // ones for the next start.
 #pragma once
 
+#include <chrono>
 #include <functional>
 #include <map>
 #include <string>
@@ -16,7 +17,11 @@ namespace resident {
 
 class Presenter {
  public:
-  Presenter(Loop& loop, Painter& painter) : loop_(loop), painter_(painter) {}
+  /// Redacted pictures are kept so long after the last change.
+  static constexpr std::chrono::milliseconds kKeepAfter{2000};
+
+  Presenter(Loop& loop, Painter& painter, std::chrono::milliseconds keepAfter = kKeepAfter)
+      : loop_(loop), painter_(painter), keepAfter_(keepAfter) {}
 
   /// What the host adds to every demand.
   struct Scene {
@@ -83,6 +88,7 @@ class Presenter {
 
   Loop& loop_;
   Painter& painter_;
+  std::chrono::milliseconds keepAfter_;
   Scene scene_;
   std::vector<surfaces::Surface*> surfaces_;
   std::map<std::string, Place> places_;  // by Slot::key

@@ -12,6 +12,7 @@
 #include "Resident/ControlServer.hpp"
 #include "Resident/ExtensionAsker.hpp"
 #include "Resident/FolderWatch.hpp"
+#include "Resident/Links.hpp"
 #include "Resident/Listening.hpp"
 #include "Resident/Logind.hpp"
 #include "Resident/Operations.hpp"
@@ -91,6 +92,7 @@ class Program {
   SystemClock clock_;
   ExtensionAsker asker_;
   RendererPainter painter_;
+  Links links_;
   std::unique_ptr<PictureFolder> pictures_;
   Resident host_;
   Watchers watchers_;
@@ -119,6 +121,7 @@ Program::Program(const HostOptions& options,
                  .environment = session::childEnvironment(environment)}),
              initializeParameters(options, places, environment)),
       painter_(loop_, paths.pictures()),
+      links_(loop_),
       host_({.loop = loop_,
              .clock = clock_,
              .asker = asker_,
@@ -145,6 +148,7 @@ Program::Program(const HostOptions& options,
     host_.addSurface(*pictures_);
   }
   host_.addSurface(watchers_);
+  host_.openLink = [this](const auto& link, auto then) { links_.open(link, std::move(then)); };
   host_.onOffer = [this](const auto& offer) { watchContainer(offer.container); };
   host_.onPlacements = [this] { watchers_.refresh(); };
   watchers_.tell = [this](auto client, const auto& json) {
@@ -158,7 +162,10 @@ int Program::run() {
   watchSession();
   sayReady();
   loop_.run();
+  host_.finish();
   if (!socketToRemove_.empty()) ::unlink(socketToRemove_.c_str());
+  // Nobody waits for an extension that hangs: it ends with this process.
+  if (!asker_.isIdle()) ::_exit(0);
   return 0;
 }
 
@@ -182,6 +189,7 @@ void Program::watchSession() {
       SessionEvents{
           .onLocked =
               [this](bool locked) {
+                host_.sessionProblem.clear();
                 host_.withPrivacy([&](Privacy& privacy) { privacy.setLocked(locked); });
               },
           .onGoingToSleep =
@@ -191,7 +199,8 @@ void Program::watchSession() {
                 host_.withPrivacy([&](Privacy& privacy) { privacy.setScreenSaver(active); });
               },
           .onWithoutSession =
-              [this](const std::string&) {
+              [this](const std::string& why) {
+                host_.sessionProblem = why;
                 host_.withPrivacy([](Privacy& privacy) { privacy.setWithoutSession(); });
               }});
 }

@@ -132,10 +132,13 @@ void Resident::withPrivacy(const std::function<void(Privacy&)>& change) {
 
 void Resident::save() {
   // After what the person waits for: a disk may be slow.
-  saving_ = parts_.loop.soon([this] {
-    saving_.reset();
-    if (const auto problem = parts_.file.save(placements_)) parts_.log(*problem);
-  });
+  saving_ = parts_.loop.soon([this] { finish(); });
+}
+
+void Resident::finish() {
+  if (!saving_) return;
+  saving_.reset();
+  if (const auto problem = parts_.file.save(placements_)) parts_.log(*problem);
 }
 
 void Resident::changed(surfaces::Surface& surface) {
@@ -144,10 +147,12 @@ void Resident::changed(surfaces::Surface& surface) {
   presentAll(Urgency::reload);
 }
 
-std::string Resident::open(const std::string& id, std::optional<std::size_t> region) {
+void Resident::open(const std::string& id,
+                    std::optional<std::size_t> region,
+                    std::function<void(const std::string&)> then) {
   const std::string link = presenter_.linkOf(id, region);
-  if (link.empty()) return "nothing to open here";
-  return openLink ? openLink(link) : std::string{"links are not opened"};
+  if (link.empty()) return then("nothing to open here");
+  openLink(link, std::move(then));
 }
 
 const WidgetListing* Resident::listingOf(const std::string& kind) const {

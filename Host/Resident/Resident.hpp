@@ -38,6 +38,9 @@ class Resident : public surfaces::Host {
   void start();
   void addSurface(surfaces::Surface& surface);
 
+  /// Saves what is still to be saved.
+  void finish();
+
   /// The extension has said what it offers, for the first time.
   std::function<void(const widgetruntime::InitializeAnswer&)> onOffer;
   /// Placements or their configurations are others now.
@@ -84,11 +87,17 @@ class Resident : public surfaces::Host {
   /// Why the extension does not start; empty when it has.
   [[nodiscard]] const std::string& problem() const { return problem_; }
 
+  /// Why nobody says whether the session is locked; empty when somebody does.
+  std::string sessionProblem;
+
   // surfaces::Host
   void changed(surfaces::Surface& surface) override;
-  std::string open(const std::string& id, std::optional<std::size_t> region) override;
-  /// Set by who opens links: hands one to the desktop.
-  std::function<std::string(const std::string& link)> openLink;
+  void open(const std::string& id,
+            std::optional<std::size_t> region,
+            std::function<void(const std::string&)> then) override;
+  /// Hands a link to the desktop; `then` gets what went wrong, or nothing.
+  std::function<void(const std::string& link, std::function<void(const std::string&)> then)>
+      openLink;
 
  private:
   void askForOffer();

@@ -14,7 +14,8 @@ std::string_view name(Cause cause) {
 }
 
 void Scheduler::add(const std::string& instance, Cause cause) {
-  rows_[instance].wanted = cause;
+  // Answers to what was asked for an earlier instance of that name come too late.
+  rows_.insert_or_assign(instance, Row{.wanted = cause, .latest = serial_, .settled = serial_});
 }
 
 void Scheduler::remove(const std::string& instance) {
@@ -74,7 +75,10 @@ bool Scheduler::answered(const Ask& ask, Plan plan) {
 
 bool Scheduler::failed(const Ask& ask) {
   const auto found = rows_.find(ask.instance);
-  if (found == rows_.end() || ask.serial != found->second.latest) return false;
+  if (found == rows_.end() || ask.serial != found->second.latest ||
+      ask.serial <= found->second.settled) {
+    return false;
+  }
   found->second.settled = ask.serial;
   found->second.hasFailed = true;
   return true;

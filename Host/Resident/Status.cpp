@@ -50,6 +50,7 @@ std::string statusJson(Resident& host) {
   for (const std::string_view reason : host.privacy().reasons()) json.value(reason);
   json.endArray();
   if (!host.problem().empty()) json.member("problem", host.problem());
+  if (!host.sessionProblem.empty()) json.member("sessionProblem", host.sessionProblem);
   if (host.offer() != nullptr) json.member("container", host.offer()->container);
   json.key("placements").beginArray();
   for (const Placement& placement : host.placements().placements) {

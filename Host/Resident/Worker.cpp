@@ -40,15 +40,22 @@ void Worker::submit(Urgency urgency, std::string key, Task task) {
   hasWork_.notify_one();
 }
 
+bool Worker::isIdle() {
+  const std::lock_guard lock(mutex_);
+  return !isWorking_ && queue_.isEmpty();
+}
+
 void Worker::run() {
   for (;;) {
     std::unique_lock lock(mutex_);
     hasWork_.wait(lock, [this] { return isEnding_ || !queue_.isEmpty(); });
     if (isEnding_) return;
     const Task task = *queue_.pop();
+    isWorking_ = true;
     lock.unlock();
     Continuation result = task();
     lock.lock();
+    isWorking_ = false;
     results_.push_back(std::move(result));
     lock.unlock();
     const std::uint64_t one = 1;

@@ -28,6 +28,9 @@ class Worker {
   Worker(const Worker&) = delete;
   Worker& operator=(const Worker&) = delete;
 
+  /// Nothing runs and nothing waits.
+  [[nodiscard]] bool isIdle();
+
   /// See WorkQueue::push.
   void submit(Urgency urgency, std::string key, Task task);
 
@@ -39,6 +42,7 @@ class Worker {
   std::mutex mutex_;
   std::condition_variable hasWork_;
   bool isEnding_ = false;
+  bool isWorking_ = false;
   WorkQueue<Task> queue_;
   std::vector<Continuation> results_;
   Watch watch_;

@@ -13,6 +13,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -24,6 +25,7 @@
 #include "Rendering/Renderer.hpp"
 #include "WidgetRuntime/Environment.hpp"
 #include "WidgetRuntime/Intents.hpp"
+#include "WidgetRuntime/WidgetSummary.hpp"
 
 namespace surfaces {
 
@@ -65,21 +67,13 @@ enum class State : std::uint8_t {
 };
 [[nodiscard]] std::string_view name(State state);
 
-/// One line for bars and titles, already masked where the picture is redacted.
-struct Summary {
-  std::string text;
-  std::string state = "none";  ///< none, good, warning, critical
-
-  friend bool operator==(const Summary&, const Summary&) = default;
-};
-
 /// Everything there is to show of a widget now.
 struct Shown {
   State state = State::placeholder;
   std::string reason;  ///< why it is stale or failed, one line
   bool isHidden = true;
-  Summary summary;
-  std::string link;  ///< of the whole widget; empty: none
+  widgetruntime::WidgetSummary summary;  ///< masked where the picture is redacted
+  std::string link;                      ///< of the whole widget; empty: none
   std::optional<foundation::Instant> asOf;
   /// Null while there is none. Shared: a surface that has handed it on drops it.
   std::shared_ptr<const Picture> picture;
@@ -107,8 +101,10 @@ class Host {
   /// The surface's demands are others now (scale, look, outputs).
   virtual void changed(Surface& surface) = 0;
   /// Opens the link of a region of what is shown (an index into Picture::elements), else the
-  /// widget's; an empty answer, or why nothing opens.
-  virtual std::string open(const std::string& id, std::optional<std::size_t> region) = 0;
+  /// widget's; `then` gets why nothing opens, or an empty text.
+  virtual void open(const std::string& id,
+                    std::optional<std::size_t> region,
+                    std::function<void(const std::string& problem)> then) = 0;
 };
 
 }  // namespace surfaces

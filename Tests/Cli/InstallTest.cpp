@@ -62,11 +62,19 @@ class Installation : public ::testing::Test {
 TEST_F(Installation, putsEverythingWhereDebianLooksForIt) {
   EXPECT_THAT(files(),
               ::testing::ElementsAre("bin/quorvel-host",
+                                     "bin/quorvel-hostd",
                                      "bin/quorvel-import",
+                                     "lib/systemd/user/quorvel-hostd.service",
+                                     "lib/systemd/user/quorvel-hostd.socket",
                                      "libexec/quorvel-widgets",
                                      "share/applications/quorvel-import.desktop",
                                      "share/bash-completion/completions/quorvel-host",
                                      "share/bash-completion/completions/quorvel-import",
+                                     "share/doc/quorvel-widgets/bars/i3blocks.conf",
+                                     "share/doc/quorvel-widgets/bars/polybar.ini",
+                                     "share/doc/quorvel-widgets/bars/sway.conf",
+                                     "share/doc/quorvel-widgets/bars/waybar.css",
+                                     "share/doc/quorvel-widgets/bars/waybar.jsonc",
                                      "share/doc/quorvel-widgets/changelog.gz",
                                      "share/doc/quorvel-widgets/copyright",
                                      "share/doc/quorvel-widgets/examples/README.md",
@@ -79,6 +87,7 @@ TEST_F(Installation, putsEverythingWhereDebianLooksForIt) {
                                      "share/doc/quorvel-widgets/snapshot.md",
                                      "share/doc/quorvel-widgets/widget-snapshot.schema.json",
                                      "share/man/man1/quorvel-host.1.gz",
+                                     "share/man/man1/quorvel-hostd.1.gz",
                                      "share/man/man1/quorvel-import.1.gz",
                                      "share/quorvel-widgets/Info.plist"));
 }

@@ -61,12 +61,17 @@ std::string escapedMarkup(std::string_view text) {
   return out;
 }
 
-/// No text may begin a tag of polybar's: a zero-width space parts the two characters.
-std::string withoutTags(std::string_view text) {
+/// No text may begin a tag of polybar's: a zero-width space parts the two characters. It has no
+/// glyph for the isolates around amounts and knows no direction, so they are left out.
+std::string forItsFonts(std::string_view text) {
+  constexpr std::array<std::string_view, 4> kIsolates{"\u2066", "\u2067", "\u2068", "\u2069"};
   std::string out;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    out += text[i];
-    if (text.substr(i).starts_with("%{")) out += "\u200B";
+  while (!text.empty()) {
+    const auto isolate = std::ranges::find_if(
+        kIsolates, [&](std::string_view mark) { return text.starts_with(mark); });
+    if (isolate == kIsolates.end()) out += text.front();
+    if (text.starts_with("%{")) out += "\u200B";
+    text.remove_prefix(isolate == kIsolates.end() ? 1 : isolate->size());
   }
   return out;
 }
@@ -103,7 +108,7 @@ std::string forI3blocks(const BarLine& line) {
 }
 
 std::string forPolybar(const BarLine& line) {
-  const std::string text = withoutTags(shownText(line));
+  const std::string text = forItsFonts(shownText(line));
   const auto color = colorOf(line);
   if (color.empty()) return text + "\n";
   return "%{F" + std::string(color) + "}" + text + "%{F-}\n";

@@ -1,0 +1,238 @@
+#include "HostProcess.hpp"
+
+#include <fcntl.h>
+#include <poll.h>
+#include <spawn.h>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <csignal>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <stdexcept>
+
+#include "Foundation/JsonWriter.hpp"
+
+namespace resident {
+
+namespace fs = std::filesystem;
+using foundation::FileDescriptor;
+using foundation::JsonValue;
+using testsupport::contentsOf;
+
+namespace {
+
+constexpr auto kLongest = std::chrono::seconds{30};
+
+FileDescriptor noticeSocket(const std::string& path) {
+  FileDescriptor socket{::socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0)};
+  sockaddr_un address{};
+  address.sun_family = AF_UNIX;
+  path.copy(address.sun_path, sizeof address.sun_path - 1);
+  ::unlink(path.c_str());
+  if (::bind(socket.get(), reinterpret_cast<sockaddr*>(&address), sizeof address) != 0) {
+    throw std::runtime_error("no socket for notices");
+  }
+  return socket;
+}
+
+std::vector<char*> pointers(const std::vector<std::string>& texts) {
+  std::vector<char*> result;
+  for (const std::string& text : texts) result.push_back(const_cast<char*>(text.c_str()));
+  result.push_back(nullptr);
+  return result;
+}
+
+int statusFrom(int status) {
+  return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+}
+
+std::vector<pid_t> childrenOf(pid_t process) {
+  std::vector<pid_t> children;
+  for (const auto& task : fs::directory_iterator("/proc/" + std::to_string(process) + "/task")) {
+    std::ifstream list(task.path() / "children");
+    for (pid_t child = 0; list >> child;) children.push_back(child);
+  }
+  return children;
+}
+
+JsonValue multiplied(const JsonValue& json, int factor) {
+  if (const double* number = json.number()) return JsonValue{*number * factor};
+  if (json.object() == nullptr) return json;
+  JsonValue::Object object = *json.object();
+  for (auto& [key, value] : object) value = multiplied(value, factor);
+  return JsonValue{std::move(object)};
+}
+
+}  // namespace
+
+HostProcess::HostProcess() {
+  for (const char* name : {"run", "config", "state", "data", "home", "container", "pictures"}) {
+    fs::create_directory(folder_.at(name));
+  }
+  words = {"--container", path("container"), "--pictures", path("pictures")};
+}
+
+HostProcess::~HostProcess() {
+  if (process_ > 0) stop();
+}
+
+std::vector<std::string> HostProcess::environment() const {
+  std::map<std::string, std::string> all{{"PATH", "/usr/bin:/bin"},
+                                         {"HOME", path("home")},
+                                         {"XDG_RUNTIME_DIR", path("run")},
+                                         {"XDG_CONFIG_HOME", path("config")},
+                                         {"XDG_STATE_HOME", path("state")},
+                                         {"XDG_DATA_HOME", path("data")},
+                                         {"DBUS_SYSTEM_BUS_ADDRESS", "unix:path=/nonexistent"},
+                                         {"DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent"},
+                                         {"LANG", "en_US.UTF-8"},
+                                         {"TZ", "UTC"},
+                                         {"NOTIFY_SOCKET", path("notices")}};
+  for (const auto& [name, value] : variables) all[name] = value;
+  std::vector<std::string> entries;
+  for (const auto& [name, value] : all) entries.push_back(name + "=" + value);
+  return entries;
+}
+
+void HostProcess::start() {
+  const std::vector<std::string> entries = environment();
+  std::vector<std::string> arguments{QUORVEL_BINARY_DIR "/bin/quorvel-hostd"};
+  arguments.insert(arguments.end(), words.begin(), words.end());
+  if (!activator.empty()) {
+    arguments.insert(arguments.begin(), {activator, "-l", path("run/quorvel-host/control")});
+    for (const std::string& entry : entries) {
+      arguments.insert(arguments.begin() + 3, {"-E", entry});
+    }
+  }
+  if (!extension.empty()) arguments.insert(arguments.end(), {"--extension", extension});
+
+  const FileDescriptor notices = noticeSocket(path("notices"));
+  posix_spawn_file_actions_t actions;
+  posix_spawn_file_actions_init(&actions);
+  posix_spawn_file_actions_addopen(
+      &actions, STDERR_FILENO, path("log").c_str(), O_WRONLY | O_CREAT | O_APPEND, 0600);
+  const int error = ::posix_spawn(&process_,
+                                  arguments[0].c_str(),
+                                  &actions,
+                                  nullptr,
+                                  pointers(arguments).data(),
+                                  pointers(entries).data());
+  posix_spawn_file_actions_destroy(&actions);
+  if (error != 0) throw std::runtime_error("quorvel-hostd does not start");
+  // An activator is silent until somebody connects.
+  if (activator.empty()) waitUntilReady(notices);
+}
+
+void HostProcess::waitUntilReady(const FileDescriptor& notices) const {
+  const FileDescriptor end{static_cast<int>(::syscall(434 /* pidfd_open */, process_, 0))};
+  pollfd polled[2]{{notices.get(), POLLIN, 0}, {end.get(), POLLIN, 0}};
+  if (::poll(polled, 2, 30'000) <= 0) throw std::runtime_error("quorvel-hostd is never ready");
+}
+
+int HostProcess::wait() {
+  int status = 0;
+  ::waitpid(process_, &status, 0);
+  process_ = 0;
+  client_.reset();
+  return statusFrom(status);
+}
+
+int HostProcess::stop() {
+  ::kill(process_, SIGTERM);
+  return wait();
+}
+
+JsonValue HostProcess::ask(const std::string& method, const std::string& parameters) {
+  if (!client_) {
+    auto client = control::Client::connect(path("run/quorvel-host/control"));
+    if (!client) return JsonValue::Object{{"error", client.error().line}};
+    client_ = *std::move(client);
+  }
+  auto result = client_->call(method, parameters);
+  if (result) return *std::move(result);
+  return JsonValue::Object{{"error", result.error().line}};
+}
+
+JsonValue HostProcess::placement(const std::string& id) {
+  const JsonValue status = ask("status");
+  const JsonValue* placements = status.member("placements");
+  if (placements == nullptr) return {};
+  for (const JsonValue& placement : *placements->array()) {
+    if (*placement.member("id")->string() == id) return placement;
+  }
+  return {};
+}
+
+std::string HostProcess::textOf(const std::string& id, const std::string& member) {
+  const JsonValue json = placement(id);
+  const JsonValue* value = json.member(member);
+  return value != nullptr && value->string() != nullptr ? *value->string() : std::string{};
+}
+
+bool HostProcess::areAll(const std::string& state) {
+  const JsonValue status = ask("status");
+  const JsonValue* placements = status.member("placements");
+  if (placements == nullptr || placements->array()->empty()) return false;
+  for (const JsonValue& placement : *placements->array()) {
+    if (*placement.member("state")->string() != state) return false;
+    if (*placement.member("isAsked")->boolean()) return false;
+  }
+  return true;
+}
+
+bool HostProcess::isAsking() {
+  const JsonValue status = ask("status");
+  const JsonValue* placements = status.member("placements");
+  if (placements == nullptr) return false;
+  return std::ranges::any_of(*placements->array(), [](const JsonValue& placement) {
+    return *placement.member("isAsked")->boolean();
+  });
+}
+
+bool HostProcess::until(const std::function<bool()>& condition) {
+  const auto end = std::chrono::steady_clock::now() + kLongest;
+  while (std::chrono::steady_clock::now() < end) {
+    if (condition()) return true;
+  }
+  return false;
+}
+
+pid_t HostProcess::extensionId() const {
+  // Between the two stands the supervisor.
+  for (const pid_t supervisor : childrenOf(process_)) {
+    for (const pid_t child : childrenOf(supervisor)) return child;
+  }
+  return 0;
+}
+
+void HostProcess::writeDocument(const std::string& text) {
+  const std::string written = path("container/.document.new");
+  std::ofstream(written, std::ios::binary) << text;
+  std::rename(written.c_str(), path("container/widget-snapshot.json").c_str());
+}
+
+std::string HostProcess::picture(const std::string& id) const {
+  return contentsOf(path("pictures/" + id + ".png"));
+}
+
+std::string HostProcess::log() const {
+  return contentsOf(path("log"));
+}
+
+std::string household(int factor) {
+  auto document = foundation::parseJson(contentsOf(QUORVEL_SOURCE_DIR "/Examples/household.json"));
+  JsonValue::Object object = *document->object();
+  for (auto& [key, value] : object) {
+    if (key == "netWorth") value = multiplied(value, factor);
+  }
+  foundation::JsonWriter writer;
+  JsonValue{std::move(object)}.write(writer);
+  return writer.take();
+}
+
+}  // namespace resident

@@ -1,0 +1,402 @@
+// The real resident host with the real extension.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <filesystem>
+#include <fstream>
+#include <set>
+
+#include "HostProcess.hpp"
+
+namespace resident {
+namespace {
+
+namespace fs = std::filesystem;
+using namespace std::chrono_literals;
+using ::testing::HasSubstr;
+using ::testing::Not;
+using ::testing::SizeIs;
+using testsupport::contentsOf;
+
+class HostTest : public ::testing::Test {
+ protected:
+  void startLive() {
+    host.writeDocument(household());
+    host.start();
+    ASSERT_TRUE(HostProcess::until([&] { return host.areAll("live"); })) << host.log();
+    ASSERT_TRUE(HostProcess::until([&] { return !host.picture("w5").empty(); }));
+  }
+  void startUnreliable() {
+    host.extension = UNRELIABLE_CHILD;
+    startLive();
+  }
+  void behave(const std::string& how) { std::ofstream(host.path("home/behaviour")) << how; }
+  /// The picture of the net worth that is drawn of such a document.
+  std::string pictureOf(int factor) {
+    HostProcess other;
+    other.writeDocument(household(factor));
+    other.start();
+    EXPECT_TRUE(HostProcess::until(
+        [&] { return other.areAll("live") && hasKept(other, "w3") && !isHidden(other); }));
+    return other.picture("w3");
+  }
+  static bool hasKept(const HostProcess& host, const std::string& id) {
+    return !host.picture(id).empty();
+  }
+  static bool isHidden(HostProcess& host) {
+    return *host.ask("status").member("hidden")->boolean();
+  }
+
+  HostProcess host;
+};
+
+TEST_F(HostTest, PlacesAndDrawsOneOfEachWidget) {
+  startLive();
+  for (const char* id : {"w1", "w2", "w3", "w4", "w5"}) {
+    EXPECT_THAT(host.picture(id), ::testing::StartsWith("\x89PNG")) << id;
+    EXPECT_NE(host.textOf(id, "nextReload"), "") << id;
+  }
+  EXPECT_EQ(host.textOf("w4", "kind"), "safe-to-spend");
+  EXPECT_EQ(host.log(), "");
+}
+
+TEST_F(HostTest, DrawsAChangedDocument) {
+  startLive();
+  const std::string before = host.picture("w3");
+  host.writeDocument(household(2));
+  EXPECT_TRUE(HostProcess::until([&] { return host.picture("w3") != before; }));
+  EXPECT_EQ(host.textOf("w3", "lastCause"), "document");
+}
+
+TEST_F(HostTest, DrawsAContainerThatIsMadeLater) {
+  fs::remove(host.path("container"));
+  host.start();
+  ASSERT_TRUE(HostProcess::until([&] { return host.areAll("live") && hasKept(host, "w3"); }));
+  const std::string without = host.picture("w3");
+  fs::create_directory(host.path("container"));
+  host.writeDocument(household());
+  EXPECT_TRUE(HostProcess::until([&] { return host.picture("w3") != without; }));
+}
+
+TEST_F(HostTest, DrawsAContainerThatWasReplacedByAFileMeanwhile) {
+  startLive();
+  const std::string with = host.picture("w3");
+  fs::remove_all(host.path("container"));
+  std::ofstream(host.path("container")) << "x";
+  ASSERT_TRUE(HostProcess::until([&] { return host.picture("w3") != with; }));
+  fs::remove(host.path("container"));
+  fs::create_directory(host.path("container"));
+  host.writeDocument(household());
+  EXPECT_TRUE(HostProcess::until([&] { return host.picture("w3") == with; }));
+}
+
+TEST_F(HostTest, DrawsOnlyWhatWasWritten) {
+  const std::set<std::string> possible{pictureOf(1), pictureOf(2), pictureOf(3)};
+  ASSERT_THAT(possible, SizeIs(3));
+  startLive();
+  ASSERT_TRUE(HostProcess::until([&] { return possible.contains(host.picture("w3")); }));
+  const std::string documents[]{household(1), household(2), household(3)};
+  for (int i = 0; i < 1000; ++i) {
+    host.writeDocument(documents[i % 3]);
+    if (i % 10 == 0) {
+      EXPECT_TRUE(possible.contains(host.picture("w3"))) << i;
+    }
+  }
+  host.writeDocument(documents[1]);
+  const std::string last = pictureOf(2);
+  EXPECT_TRUE(HostProcess::until([&] { return host.picture("w3") == last; }));
+}
+
+TEST_F(HostTest, HidesWithoutTheExtensionAndStaysHidden) {
+  startLive();
+  const std::string open = host.picture("w3");
+  ::kill(host.extensionId(), SIGKILL);
+  host.ask("hide", R"({"hide":"on"})");
+  ASSERT_TRUE(HostProcess::until([&] { return host.picture("w3") != open; }));
+  const std::string hidden = host.picture("w3");
+  EXPECT_EQ(host.stop(), 0);
+  host.start();
+  ASSERT_TRUE(HostProcess::until([&] { return host.areAll("live"); }));
+  EXPECT_EQ(host.picture("w3"), hidden);
+  host.ask("hide", R"({"hide":"off"})");
+  EXPECT_TRUE(HostProcess::until([&] { return host.picture("w3") == open; }));
+}
+
+TEST_F(HostTest, HidesWhileTheExtensionHangs) {
+  startUnreliable();
+  const std::string open = host.picture("w3");
+  behave("hang");
+  host.ask("reload");
+  const auto begin = std::chrono::steady_clock::now();
+  host.ask("hide", R"({"hide":"on"})");
+  ASSERT_TRUE(HostProcess::until([&] { return host.picture("w3") != open; }));
+  // A hung timeline takes five seconds.
+  EXPECT_LT(std::chrono::steady_clock::now() - begin, 2s);
+}
+
+TEST_F(HostTest, KeepsRedactedPicturesForTheNextStart) {
+  startLive();
+  const std::string kept = host.path("state/quorvel-host/pictures/w3.pictures.light.fullColor.png");
+  ASSERT_TRUE(HostProcess::until([&] { return fs::exists(kept); }));
+  struct stat status {};
+  ASSERT_EQ(::stat(kept.c_str(), &status), 0);
+  EXPECT_EQ(status.st_mode & 0777, 0600U);
+  host.ask("hide", R"({"hide":"on"})");
+  EXPECT_TRUE(HostProcess::until([&] { return host.picture("w3") == contentsOf(kept); }));
+  host.ask("remove", R"({"id":"w3"})");
+  EXPECT_TRUE(HostProcess::until([&] { return !fs::exists(kept); }));
+  EXPECT_FALSE(fs::exists(host.path("pictures/w3.png")));
+}
+
+TEST_F(HostTest, ShowsTheRedactedPictureWhileTheExtensionDoesNotStart) {
+  startLive();
+  const std::string kept = host.path("state/quorvel-host/pictures/w3.pictures.light.fullColor.png");
+  ASSERT_TRUE(HostProcess::until([&] { return fs::exists(kept); }));
+  host.stop();
+  fs::remove(host.path("pictures/w3.png"));
+  host.extension = "/bin/false";
+  host.start();
+  EXPECT_TRUE(HostProcess::until([&] { return host.picture("w3") == contentsOf(kept); }));
+  EXPECT_THAT(host.log(), HasSubstr("the extension does not start"));
+}
+
+TEST_F(HostTest, ComesBackAfterAKillAtEveryRequest) {
+  startLive();
+  for (int i = 0; i < 30; ++i) {
+    if (const pid_t child = host.extensionId(); child > 0) ::kill(child, SIGKILL);
+    // Who is killed so often comes into quarantine; what a person asks passes all the same.
+    ASSERT_TRUE(HostProcess::until([&] {
+      host.ask("reload");
+      return HostProcess::until([&] { return !host.isAsking(); }) && host.areAll("live");
+    })) << i;
+  }
+}
+
+TEST_F(HostTest, LivesWhileItsExtensionIsKilledAtAnyMoment) {
+  startLive();
+  for (int i = 0; i < 100; ++i) {
+    host.ask("reload");
+    if (const pid_t child = host.extensionId(); child > 0) ::kill(child, SIGKILL);
+  }
+  ASSERT_TRUE(HostProcess::until([&] {
+    host.ask("reload");
+    return host.areAll("live");
+  }));
+}
+
+class Misbehaviour : public HostTest, public ::testing::WithParamInterface<const char*> {};
+
+TEST_P(Misbehaviour, CostsNothingButCurrency) {
+  startUnreliable();
+  const std::string good = host.picture("w3");
+  behave(GetParam());
+  host.ask("reload");
+  ASSERT_TRUE(HostProcess::until([&] { return host.textOf("w3", "state") == "stale"; }));
+  EXPECT_NE(host.textOf("w3", "reason"), "");
+  EXPECT_NE(host.textOf("w3", "since"), "");
+  // The last picture stands, paler.
+  ASSERT_TRUE(HostProcess::until([&] { return host.picture("w3") != good; }));
+  behave("");
+  ASSERT_TRUE(HostProcess::until([&] {
+    host.ask("reload");
+    return host.areAll("live");
+  }));
+  EXPECT_TRUE(HostProcess::until([&] { return host.picture("w3") == good; }));
+}
+
+INSTANTIATE_TEST_SUITE_P(,
+                         Misbehaviour,
+                         ::testing::Values("die", "hang", "flood", "garble"),
+                         [](const auto& test) { return std::string(test.param); });
+
+TEST_F(HostTest, ShowsNoAmountOfADocumentThatTheExtensionCannotRead) {
+  startUnreliable();
+  const std::string open = host.picture("w3");
+  behave("die");
+  host.writeDocument(household(2));
+  ASSERT_TRUE(HostProcess::until([&] { return host.textOf("w3", "state") == "stale"; }));
+  host.ask("hide", R"({"hide":"on"})");
+  ASSERT_TRUE(HostProcess::until([&] { return host.picture("w3") != open; }));
+  const std::string redacted = host.picture("w3");
+  host.ask("hide", R"({"hide":"off"})");
+  EXPECT_EQ(host.picture("w3"), redacted);
+}
+
+TEST_F(HostTest, RunsOnce) {
+  startLive();
+  HostProcess second;
+  second.variables["XDG_RUNTIME_DIR"] = host.path("run");
+  second.start();
+  EXPECT_EQ(second.wait(), 1);
+  EXPECT_THAT(second.log(), HasSubstr("a resident host runs already"));
+  EXPECT_TRUE(host.areAll("live"));
+}
+
+TEST_F(HostTest, EndsWithItsExtension) {
+  startLive();
+  const pid_t child = host.extensionId();
+  ASSERT_GT(child, 0);
+  EXPECT_EQ(host.stop(), 0);
+  EXPECT_NE(::kill(child, 0), 0);
+  EXPECT_FALSE(fs::exists(host.path("run/quorvel-host/control")));
+}
+
+TEST_F(HostTest, EndsSoonWhileItsExtensionHangs) {
+  startUnreliable();
+  const pid_t child = host.extensionId();
+  behave("hang");
+  host.ask("reload");
+  const auto begin = std::chrono::steady_clock::now();
+  EXPECT_EQ(host.stop(), 0);
+  // A hung timeline takes five seconds.
+  EXPECT_LT(std::chrono::steady_clock::now() - begin, 2s);
+  EXPECT_TRUE(HostProcess::until([&] { return ::kill(child, 0) != 0; }));
+}
+
+TEST_F(HostTest, KeepsPlacementsOverARestart) {
+  startLive();
+  const auto added =
+      host.ask("add", R"({"kind":"safe-to-spend","configuration":{"style":"ring"}})");
+  ASSERT_NE(added.member("id"), nullptr);
+  EXPECT_EQ(*added.member("id")->string(), "w6");
+  host.ask("configure", R"({"id":"w1","family":"systemLarge"})");
+  host.ask("remove", R"({"id":"w2"})");
+  host.ask("move", R"({"id":"w3","surface":"board","column":2,"row":1})");
+  host.stop();
+  EXPECT_THAT(contentsOf(host.path("config/quorvel-host/placements.json")),
+              HasSubstr(R"("board":{"column":2,"row":1})"));
+  host.start();
+  ASSERT_TRUE(HostProcess::until([&] { return host.areAll("live"); }));
+  EXPECT_EQ(host.textOf("w1", "family"), "systemLarge");
+  EXPECT_TRUE(host.placement("w2").isNull());
+  EXPECT_EQ(*host.placement("w6").member("configuration")->member("style")->string(), "ring");
+  EXPECT_EQ(*host.ask("add", R"({"kind":"due"})").member("id")->string(), "w7");
+}
+
+TEST_F(HostTest, RefusesWhatIsNotOffered) {
+  startLive();
+  const auto error = [&](const char* method, const char* parameters) {
+    const auto answer = host.ask(method, parameters);
+    return answer.member("error") != nullptr ? *answer.member("error")->string() : std::string{};
+  };
+  EXPECT_THAT(error("add", R"({"kind":"weather"})"), HasSubstr("safe-to-spend"));
+  EXPECT_THAT(error("add", R"({"kind":"due","family":"systemLarge"})"), HasSubstr("systemLarge"));
+  EXPECT_THAT(error("add", R"({"kind":"due","family":"huge"})"), HasSubstr("family"));
+  EXPECT_THAT(error("add", R"({"kind":"safe-to-spend","configuration":{"style":"x"}})"),
+              HasSubstr("\"x\" is no style"));
+  EXPECT_THAT(error("add", R"({"kind":"due","configuration":{"style":"ring"}})"),
+              HasSubstr("no parameter"));
+  EXPECT_THAT(error("remove", R"({"id":"w9"})"), HasSubstr("w9"));
+  EXPECT_THAT(error("reload", R"({"target":"weather"})"), HasSubstr("weather"));
+  EXPECT_THAT(error("hide", R"({"hide":"maybe"})"), HasSubstr("on, off or toggle"));
+  EXPECT_THAT(error("move", R"({"id":"w1","surface":"board","column":-1,"row":0})"),
+              HasSubstr("whole numbers"));
+  EXPECT_THAT(error("nonsense", "{}"), HasSubstr("nonsense"));
+  EXPECT_TRUE(host.areAll("live"));
+}
+
+TEST_F(HostTest, PutsBrokenPlacementsAsideAndStarts) {
+  fs::create_directories(host.path("config/quorvel-host"));
+  std::ofstream(host.path("config/quorvel-host/placements.json")) << "{\"version\":1}";
+  startLive();
+  EXPECT_THAT(host.log(), HasSubstr("placements.json.broken-1"));
+  EXPECT_TRUE(fs::exists(host.path("config/quorvel-host/placements.json.broken-1")));
+}
+
+TEST_F(HostTest, LogsNoAmount) {
+  startUnreliable();
+  behave("garble");
+  host.ask("reload");
+  ASSERT_TRUE(HostProcess::until([&] { return host.textOf("w3", "state") == "stale"; }));
+  for (const char* amount : {"412", "15.99", "2400", "591", "8320"}) {
+    EXPECT_THAT(host.log(), Not(HasSubstr(amount)));
+  }
+}
+
+TEST_F(HostTest, SleepsWhileNothingHappens) {
+  startLive();
+  const auto switches = [&] {
+    long sum = 0;
+    for (const auto& task :
+         fs::directory_iterator("/proc/" + std::to_string(host.id()) + "/task")) {
+      std::ifstream status(task.path() / "status");
+      for (std::string word; status >> word;) {
+        if (!word.ends_with("_ctxt_switches:")) continue;
+        long count = 0;
+        status >> count;
+        sum += count;
+      }
+    }
+    return sum;
+  };
+  // The redacted pictures are written two seconds after the last change.
+  ASSERT_TRUE(HostProcess::until([&] {
+    return fs::exists(host.path("state/quorvel-host/pictures/w5.pictures.light.fullColor.png"));
+  }));
+  const char* seconds = std::getenv("QUORVEL_IDLE_SECONDS");
+  const auto idle = std::chrono::seconds(seconds != nullptr ? std::atoi(seconds) : 3);
+  long before = 0;
+  // What was begun before is still being finished.
+  ASSERT_TRUE(HostProcess::until([&] {
+    before = switches();
+    ::usleep(50'000);
+    return switches() == before;
+  }));
+  ::usleep(static_cast<useconds_t>(std::chrono::microseconds(idle).count()));
+  EXPECT_EQ(switches() - before, 0);
+}
+
+TEST_F(HostTest, GrowsWithNoReload) {
+  const char* wanted = std::getenv("QUORVEL_RELOADS");
+  const int reloads = wanted != nullptr ? std::atoi(wanted) : 400;
+  startLive();
+  const auto figure = [&](const std::string& name) {
+    std::ifstream status("/proc/" + std::to_string(host.id()) + "/status");
+    for (std::string word; status >> word;) {
+      if (word != name) continue;
+      long value = 0;
+      status >> value;
+      return value;
+    }
+    return 0L;
+  };
+  const auto descriptors = [&] {
+    return std::distance(fs::directory_iterator("/proc/" + std::to_string(host.id()) + "/fd"), {});
+  };
+  const std::string documents[]{household(1), household(2)};
+  const auto reload = [&](int count) {
+    for (int i = 0; i < count; ++i) {
+      const std::string before = host.picture("w3");
+      host.writeDocument(documents[i % 2]);
+      if (!HostProcess::until([&] { return host.picture("w3") != before; })) {
+        ADD_FAILURE() << "not drawn: " << i;
+        return;
+      }
+    }
+  };
+  reload(reloads / 5 | 1);
+  const long memory = figure("RssAnon:");
+  const auto open = descriptors();
+  reload(reloads | 1);
+  // In kilobytes.
+  EXPECT_LE(figure("RssAnon:") - memory, 1024) << "from " << memory;
+  EXPECT_EQ(descriptors(), open);
+}
+
+TEST_F(HostTest, TakesTheSocketOfSystemd) {
+  host.writeDocument(household());
+  const std::string socket = host.path("run/quorvel-host/control");
+  fs::create_directory(host.path("run/quorvel-host"));
+  host.activator = "/usr/bin/systemd-socket-activate";
+  host.start();
+  ASSERT_TRUE(HostProcess::until([&] { return fs::exists(socket); }));
+  ASSERT_TRUE(HostProcess::until([&] { return host.areAll("live"); })) << host.log();
+  EXPECT_EQ(host.stop(), 0);
+  EXPECT_TRUE(fs::exists(socket));  // it is systemd's
+}
+
+}  // namespace
+}  // namespace resident

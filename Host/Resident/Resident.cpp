@@ -32,7 +32,10 @@ Resident::Resident(Parts parts, std::optional<Placements> placements)
       privacy_(placements_.hidden),
       reloader_(parts_.loop, parts_.clock, parts_.asker, parts_.device),
       presenter_(parts_.loop, parts_.painter) {
-  reloader_.onChange = [this](const std::string& id, Urgency urgency) { present(id, urgency); };
+  reloader_.onChange = [this](const std::string& id, Urgency urgency) {
+    logFailure(id);
+    present(id, urgency);
+  };
   presenter_.onRecalled = [this](const std::string& id) {
     if (auto* instance = reloader_.find(id)) instance->timeline.setHasOldPicture();
   };
@@ -108,6 +111,13 @@ void Resident::present(const std::string& id, Urgency urgency) {
                       .isHidden = privacy_.isHidden(),
                       .isKept = instance->subject.isPlaced},
                      urgency);
+}
+
+void Resident::logFailure(const std::string& id) {
+  const std::string& reason = reloader_.find(id)->timeline.reason();
+  if (reason == loggedReason_) return;
+  loggedReason_ = reason;
+  if (!reason.empty()) parts_.log(reason);
 }
 
 void Resident::presentAll(Urgency urgency) {

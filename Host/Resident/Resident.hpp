@@ -104,6 +104,8 @@ class Resident : public surfaces::Host {
   void receiveOffer(Asked<widgetruntime::InitializeAnswer> offer);
   void placeOneOfEach();
   void present(const std::string& id, Urgency urgency);
+  /// Says why a widget is not live, once for each reason.
+  void logFailure(const std::string& id);
   void presentAll(Urgency urgency);
   void updateModes();
   void save();
@@ -120,6 +122,7 @@ class Resident : public surfaces::Host {
   Presenter presenter_;
   std::optional<widgetruntime::InitializeAnswer> offer_;
   std::string problem_;
+  std::string loggedReason_;
   std::map<std::string, surfaces::Subject> passing_;
   Watch offerRetry_;
   Watch saving_;

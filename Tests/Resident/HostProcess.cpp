@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <csignal>
 #include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <stdexcept>
@@ -109,6 +110,9 @@ void HostProcess::start() {
       arguments.insert(arguments.begin() + 3, {"-E", entry});
     }
   }
+  // One that is instrumented does not fit into the memory that a child may have.
+  const char* other = std::getenv("QUORVEL_TEST_EXTENSION");
+  if (extension.empty() && other != nullptr) extension = other;
   if (!extension.empty()) arguments.insert(arguments.end(), {"--extension", extension});
 
   const FileDescriptor notices = noticeSocket(path("notices"));

@@ -5,6 +5,7 @@
 #include <cassert>
 #include <utility>
 
+#include "Foundation/JsonProblemCount.hpp"
 #include "Foundation/JsonScanner.hpp"
 
 namespace foundation {
@@ -138,6 +139,15 @@ std::optional<JsonFailure> decodeJsonRecord(std::string_view document,
   std::vector<JsonProblem> problems = state.scanner.takeProblems();
   if (problems.empty()) return std::nullopt;
   return JsonFailure{std::move(problems)};
+}
+
+std::size_t countJsonProblems(std::string_view document,
+                              std::span<const JsonField> fields,
+                              void* record) {
+  JsonReaderState state(document);
+  JsonReaderState::reader(state).readRecord(fields, record);
+  state.scanner.finish();
+  return state.scanner.problemCount();
 }
 
 namespace detail {

@@ -99,9 +99,10 @@ std::string_view typeName(char first) {
   }
 }
 
-/// RFC 6901 writes two characters otherwise.
+/// RFC 6901 writes two characters otherwise. Of an endless key only as much is looked at as any
+/// pointer has room for.
 void appendPointerToken(std::string& out, std::string_view key) {
-  for (const char c : key) {
+  for (const char c : key.substr(0, kMaximumPointer + 1)) {
     if (c == '~') {
       out += "~0";
     } else if (c == '/') {
@@ -421,11 +422,14 @@ void JsonScanner::mismatch(std::string_view expected) {
 }
 
 void JsonScanner::note(const char* at, std::string_view expected, std::string_view found) {
+  if (noted_.size() == kMaximumProblems) {
+    ++leftOut_;
+    return;
+  }
   // A missing key is noted at the start of its object, after the problems within.
   noted_.insert(
       std::ranges::upper_bound(noted_, at, {}, &Noted::at),
       {at, {.pointer = pointer(), .expected = std::string(expected), .found = std::string(found)}});
-  if (noted_.size() == kMaximumProblems) stopped_ = true;
 }
 
 bool JsonScanner::fail(std::string_view expected) {
@@ -449,6 +453,7 @@ std::string JsonScanner::pointer() const {
   std::string out;
   for (const Descent* descent : descents | std::views::reverse) {
     if (descent->place_ == Descent::Place::between) break;  // only the innermost can be
+    if (out.size() > kMaximumPointer) break;
     out += '/';
     if (descent->place_ == Descent::Place::element) {
       out += fmt::format_int(descent->count_ - 1).str();
@@ -456,6 +461,7 @@ std::string JsonScanner::pointer() const {
       appendPointerToken(out, descent->key_);
     }
   }
+  shortenUtf8(out, kMaximumPointer);
   return out;
 }
 

@@ -16,6 +16,9 @@
 
 namespace foundation {
 
+/// Bytes of a problem's pointer; a longer one is cut between two characters and ends in "…".
+inline constexpr std::size_t kMaximumPointer = 512;
+
 class JsonScanner {
  public:
   /// One open array or object that the walk is in, for as long as it lives: what is told of a
@@ -98,6 +101,8 @@ class JsonScanner {
 
   /// In document order, at most a hundred.
   [[nodiscard]] std::vector<JsonProblem> takeProblems();
+  /// All of them, also those beyond the hundred.
+  [[nodiscard]] std::size_t problemCount() const { return noted_.size() + leftOut_; }
 
  private:
   struct Noted {
@@ -130,6 +135,7 @@ class JsonScanner {
   std::size_t maximumDepth_;
   std::size_t maximumString_;
   std::vector<Noted> noted_;
+  std::size_t leftOut_ = 0;
   bool stopped_ = false;
   bool cutAtBadUtf8_ = false;  // end_ stands on a byte that is no UTF-8
 };

@@ -74,4 +74,17 @@ void appendUtf8(std::string& out, char32_t scalar) {
   }
 }
 
+std::string_view utf8Prefix(std::string_view text, std::size_t most) {
+  if (text.size() <= most) return text;
+  while (most > 0 && (static_cast<unsigned char>(text[most]) & 0xC0U) == 0x80U) --most;
+  return text.substr(0, most);
+}
+
+void shortenUtf8(std::string& text, std::size_t most) {
+  constexpr std::string_view kEllipsis = "\u2026";
+  if (text.size() <= most) return;
+  text.resize(utf8Prefix(text, most - kEllipsis.size()).size());
+  text += kEllipsis;
+}
+
 }  // namespace foundation

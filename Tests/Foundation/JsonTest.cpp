@@ -7,6 +7,7 @@
 #include <limits>
 
 #include "Foundation/Json.hpp"
+#include "Foundation/JsonProblemCount.hpp"
 #include "JsonRecords.hpp"
 
 namespace foundation {
@@ -469,12 +470,27 @@ TEST(JsonProblems, NoValueIsQuoted) {
   }
 }
 
-TEST(JsonProblems, EndAfterAHundred) {
+TEST(JsonProblems, AreAHundredAtMostAndTheRestIsCounted) {
   std::string values = "[null";
   for (int i = 0; i < 5000; ++i) values += ",null";
   const auto decoded = decodeJson<Holder<std::vector<double>>>("{\"v\":" + values + "]}");
   ASSERT_FALSE(decoded);
   EXPECT_THAT(decoded.error().problems, SizeIs(100));
+  EXPECT_EQ(countJsonProblems<Holder<std::vector<double>>>("{\"v\":" + values + "]}"), 5001U);
+}
+
+TEST(JsonProblems, PointersAreCutBetweenCharacters) {
+  const auto pointerOf = [](const std::string& key) {
+    const auto decoded =
+        decodeJson<Holder<std::vector<double>>>(R"({"v":[],")" + key + R"(\ud800":1})");
+    return decoded ? std::string() : decoded.error().problems[0].pointer;
+  };
+  // 512 bytes at most, the last three an ellipsis. Behind slash and letter there is room for 507,
+  // which is 253 letters of two bytes and half a one.
+  std::string accents;
+  for (int i = 0; i < 100'000; ++i) accents += "é";
+  EXPECT_EQ(pointerOf("a" + accents), "/a" + accents.substr(0, 506) + "…");
+  EXPECT_EQ(pointerOf(std::string(508, 'k')), "/" + std::string(508, 'k') + "\uFFFD");
 }
 
 TEST(JsonEncoding, LeavesAbsentOptionalsOut) {

@@ -25,13 +25,6 @@ SnapshotStore makeStore(const InitializeParameters& parameters, const FileManage
           parameters.snapshotFile};
 }
 
-/// Where the group's folder is, or would be.
-std::string containerPath(const InitializeParameters& parameters, const SnapshotStore& store) {
-  if (parameters.container) return *parameters.container;
-  if (!parameters.containerRoot) return {};
-  return foundation::appendingPathComponent(*parameters.containerRoot, store.appGroup());
-}
-
 widgetruntime::WidgetBundle makeBundle(const InitializeParameters& parameters) {
   const FileManager files = makeFileManager(parameters);
   const SnapshotStore store = makeStore(parameters, files);
@@ -39,14 +32,22 @@ widgetruntime::WidgetBundle makeBundle(const InitializeParameters& parameters) {
       makeQuorvelWidgetsBundle(store, files, parameters.offersControls);
   bundle.appGroup = store.appGroup();
   bundle.urlScheme = store.urlScheme();
-  bundle.container = containerPath(parameters, store);
+  bundle.container = files.containerPath(store.appGroup()).value_or("");
   return bundle;
+}
+
+std::string documentPath(const InitializeParameters& parameters) {
+  if (parameters.snapshotFile) return *parameters.snapshotFile;
+  const FileManager files = makeFileManager(parameters);
+  const auto container = files.containerPath(makeStore(parameters, files).appGroup());
+  return container ? foundation::appendingPathComponent(*container, kSnapshotFileName)
+                   : std::string{};
 }
 
 }  // namespace
 
 widgetruntime::ExtensionDefinition quorvelWidgetsExtension() {
-  return {.makeBundle = makeBundle, .diagnose = diagnoseSnapshot};
+  return {.makeBundle = makeBundle, .diagnose = diagnoseSnapshot, .documentPath = documentPath};
 }
 
 }  // namespace quorvel

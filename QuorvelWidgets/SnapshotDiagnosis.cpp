@@ -4,11 +4,14 @@
 
 #include <expected>
 #include <limits>
+#include <new>
+#include <stdexcept>
 #include <string>
 #include <utility>
 
 #include "Foundation/DayString.hpp"
 #include "Foundation/FileManager.hpp"
+#include "Foundation/JsonProblemCount.hpp"
 #include "QuorvelWidgets/Due/UpcomingDues.hpp"
 #include "QuorvelWidgets/SafeToSpend/SafeToSpendMetrics.hpp"
 
@@ -77,15 +80,34 @@ constexpr Outlook kOutlooks[] = {
     {"QuorvelSpendingWidget", spending},
 };
 
-JsonFailure unreadable(foundation::FileError error) {
-  return {{{.expected = "a readable document", .found = std::string{describe(error)}}}};
+std::unexpected<JsonFailure> unreadable(std::string_view found) {
+  return std::unexpected(
+      JsonFailure{{{.expected = "a readable document", .found = std::string{found}}}});
 }
 
-std::expected<WidgetSnapshot, JsonFailure> readSnapshot(const DiagnoseParameters& parameters) {
-  if (parameters.text) return decodeWidgetSnapshot(*parameters.text);
-  const auto bytes = foundation::readFile(parameters.path.value_or(""));
-  if (!bytes) return std::unexpected(unreadable(bytes.error()));
-  return decodeWidgetSnapshot(*bytes);
+using Decoded = std::expected<WidgetSnapshot, JsonFailure>;
+
+Decoded decode(std::string_view document, DiagnoseAnswer& answer) {
+  auto snapshot = decodeWidgetSnapshot(document);
+  if (!snapshot) {
+    answer.leftOut =
+        foundation::countJsonProblems<WidgetSnapshot>(document) - snapshot.error().problems.size();
+  }
+  return snapshot;
+}
+
+Decoded readSnapshot(const DiagnoseParameters& parameters, DiagnoseAnswer& answer) {
+  if (parameters.text) return decode(*parameters.text, answer);
+  if (parameters.path.value_or("").empty()) return unreadable("no container");
+  try {
+    const auto bytes = foundation::readFile(*parameters.path);
+    if (!bytes) return unreadable(describe(bytes.error()));
+    return decode(*bytes, answer);
+  } catch (const std::bad_alloc&) {
+    return unreadable("more than memory holds");
+  } catch (const std::length_error&) {
+    return unreadable("more than memory holds");
+  }
 }
 
 }  // namespace
@@ -104,9 +126,9 @@ std::vector<WidgetOutlook> widgetOutlooks(const WidgetSnapshot* snapshot,
 }
 
 DiagnoseAnswer diagnoseSnapshot(const DiagnoseParameters& parameters) {
-  const auto snapshot = readSnapshot(parameters);
-  const Calendar calendar{parameters.device.locale, parameters.device.timeZone};
   DiagnoseAnswer answer;
+  const auto snapshot = readSnapshot(parameters, answer);
+  const Calendar calendar{parameters.device.locale, parameters.device.timeZone};
   answer.accepted = snapshot.has_value();
   if (!snapshot) answer.problems = snapshot.error().problems;
   answer.widgets = widgetOutlooks(snapshot ? &*snapshot : nullptr, parameters.device.now, calendar);

@@ -24,7 +24,7 @@ struct ChildProcessOptions {
   std::string program;  ///< a path; nothing is searched
   std::vector<std::string> arguments;
   std::vector<std::string> environment;  ///< "NAME=value"; all that the child sees
-  std::size_t maximumData = std::size_t{64} << 20;
+  std::size_t maximumData = std::size_t{512} << 20;
   /// From an expired deadline, when a cancellation is sent, to the kill.
   std::chrono::milliseconds grace{100};
 };

@@ -24,6 +24,8 @@ class FileDescriptor {
 
   explicit operator bool() const { return descriptor_ >= 0; }
   [[nodiscard]] int get() const { return descriptor_; }
+  /// Gives the descriptor up without closing it.
+  [[nodiscard]] int release() { return std::exchange(descriptor_, -1); }
   void reset() {
     if (descriptor_ >= 0) ::close(std::exchange(descriptor_, -1));
   }

@@ -103,13 +103,17 @@ FileManager FileManager::withContainer(std::string folder) {
   return manager;
 }
 
+std::optional<std::string> FileManager::containerPath(std::string_view identifier) const {
+  const bool isPlainName = !identifier.empty() && identifier != "." && identifier != ".." &&
+                           !identifier.contains('/') && !identifier.contains('\0');
+  if (!isPlainName || root_.empty()) return std::nullopt;
+  return isContainer_ ? root_ : appendingPathComponent(root_, identifier);
+}
+
 std::optional<std::string> FileManager::containerURLForSecurityApplicationGroupIdentifier(
     std::string_view identifier) const {
-  if (identifier.empty() || identifier == "." || identifier == ".." || identifier.contains('/')) {
-    return std::nullopt;
-  }
-  std::string folder = isContainer_ ? root_ : appendingPathComponent(root_, identifier);
-  if (root_.empty() || !isDirectory(folder)) return std::nullopt;
+  auto folder = containerPath(identifier);
+  if (folder && !isDirectory(*folder)) folder.reset();
   return folder;
 }
 

@@ -39,6 +39,10 @@ class FileManager {
   /// Every group's folder is `folder` itself.
   [[nodiscard]] static FileManager withContainer(std::string folder);
 
+  /// Where the group's folder is, or would be; nothing without a root and for an identifier that is
+  /// no plain folder name.
+  [[nodiscard]] std::optional<std::string> containerPath(std::string_view identifier) const;
+
   /// The group's existing folder; nothing for an unknown group or for an identifier that is no
   /// plain folder name.
   [[nodiscard]] std::optional<std::string> containerURLForSecurityApplicationGroupIdentifier(

@@ -18,6 +18,9 @@
 
 namespace viewkit {
 
+/// Bytes of a text that is written; the rest of a longer one is left out.
+inline constexpr std::size_t kMaximumWrittenText = 1024;
+
 /// What a reader accepts. Contents of backgrounds and overlays count like children.
 struct TreeLimits {
   std::size_t depth = 64;           ///< nodes from the root to a leaf
@@ -31,8 +34,8 @@ struct TreeLimits {
   std::size_t gradientStops = 64;
 };
 
-/// One value. Numbers that are not finite become null, which no reader accepts; a string longer
-/// than a reader takes is cut between two characters.
+/// One value. Numbers that are not finite become null, which no reader accepts; a string that
+/// is too long is cut between two characters.
 void writeView(foundation::JsonWriter& writer, const View& view);
 
 /// A view equal to the one that was written, component names included; or where the tree breaks

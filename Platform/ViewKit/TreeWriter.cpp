@@ -3,6 +3,7 @@
 #include <cmath>
 #include <string_view>
 
+#include "Foundation/Utf8.hpp"
 #include "ViewKit/ColorText.hpp"
 #include "ViewKit/Members.hpp"
 #include "ViewKit/Names.hpp"
@@ -15,16 +16,6 @@ namespace {
 void appendShortest(std::string& out, double number) {
   char digits[32];
   out.append(digits, std::to_chars(digits, digits + sizeof digits, number).ptr);
-}
-
-// What no reader would take is cut between two characters: a document's overlong name must not cost
-// the whole tree.
-std::string_view withinLimit(std::string_view text) {
-  constexpr std::size_t kMost = TreeLimits{}.stringBytes;
-  if (text.size() <= kMost) return text;
-  std::size_t end = kMost;
-  while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0U) == 0x80U) --end;
-  return text.substr(0, end);
 }
 
 class TreeWriter {
@@ -47,7 +38,11 @@ class TreeWriter {
   void put(bool flag) { json_.value(flag); }
   void put(int number) { json_.value(number); }
   void put(double number);
-  void put(const std::string& text) { json_.value(withinLimit(text)); }
+  // Far less than a reader takes and more than any widget shows: a document's overlong names must
+  // cost neither the tree nor, a dozen of them together, the message.
+  void put(const std::string& text) {
+    json_.value(foundation::utf8Prefix(text, kMaximumWrittenText));
+  }
   void put(const Length& length);
   void put(const Length::Term& term);
   void put(const LengthPoint& point);

@@ -6,6 +6,8 @@
 #include <exception>
 #include <utility>
 
+#include "Foundation/Utf8.hpp"
+
 namespace widgetruntime {
 
 using foundation::JsonValue;
@@ -15,6 +17,9 @@ namespace {
 
 // What the envelope, the policy and the brackets around the entries may take.
 constexpr std::size_t kEnvelope = 1024;
+
+// 9999-12-31T23:59:59Z: later instants have no internet date-time, and nobody waits for them.
+constexpr std::int64_t kLastSecond = 253'402'300'799;
 
 std::unexpected<RpcError> fail(RpcErrorCode code, std::string message) {
   return std::unexpected(RpcError{code, std::move(message)});
@@ -37,14 +42,70 @@ const Widget* findWidget(const WidgetBundle& bundle, std::string_view kind) {
       bundle.widgets, [](const Widget& w) { return std::string_view{w.description.kind}; }, kind);
 }
 
-// Options that a host would refuse to read are not offered: a document's odd name must not cost the
-// others.
-std::vector<IntentOption> offered(std::vector<IntentOption> options) {
-  std::erase_if(options, [](const IntentOption& option) {
-    return std::max(option.id.size(), option.title.size()) > kMaximumString;
+std::size_t encodedSize(const IntentOption& option) {
+  JsonWriter writer;
+  writer.beginArray().value(option.id).value(option.title).endArray();
+  return writer.text().size() + std::string_view{R"({"id":,"title":},)"}.size();
+}
+
+// As many as a list and a message hold: a document's odd names must not cost the others. A title is
+// cut; an id must stay what it is, so one that no host would read is not offered.
+void offer(std::vector<IntentOption> options, OptionsAnswer& answer) {
+  std::size_t size = kEnvelope;
+  for (IntentOption& option : options) {
+    if (option.id.size() > kMaximumString) {
+      answer.more = true;
+      continue;
+    }
+    foundation::shortenUtf8(option.title, kMaximumTitle);
+    size += encodedSize(option);
+    // The default's id may stand a second time behind the list.
+    const bool isFull = answer.options.size() == kMaximumItems || size > kMaximumMessage * 3 / 4;
+    if (isFull) {
+      answer.more = true;
+      return;
+    }
+    answer.options.push_back(std::move(option));
+  }
+}
+
+using Identifiers = std::optional<std::vector<std::string>>;
+
+OptionsAnswer cases(const IntentParameter& parameter, const Identifiers& ids) {
+  OptionsAnswer answer{.defaultOption = parameter.defaultValue};
+  for (const IntentOption& option : parameter.cases) {
+    if (ids && std::ranges::find(*ids, option.id) == ids->end()) continue;
+    answer.options.push_back(option);
+  }
+  return answer;
+}
+
+// The default is the query's unless that one is not offered and could not be chosen again.
+std::optional<std::string> defaultOf(const EntityQuery& query, const OptionsAnswer& answer) {
+  const auto option = query.defaultResult();
+  if (option &&
+      std::ranges::find(answer.options, option->id, &IntentOption::id) != answer.options.end()) {
+    return option->id;
+  }
+  if (answer.options.empty()) return std::nullopt;
+  return answer.options.front().id;
+}
+
+OptionsAnswer entities(const EntityQuery& query, const Identifiers& ids) {
+  OptionsAnswer answer;
+  offer(ids ? query.entitiesForIdentifiers(*ids) : query.suggestedEntities(), answer);
+  if (!ids) {
+    answer.defaultOption = defaultOf(query, answer);
+  } else if (const auto option = query.defaultResult()) {
+    if (option->id.size() <= kMaximumString) answer.defaultOption = option->id;
+  }
+  return answer;
+}
+
+bool configures(const WidgetBundle& bundle, std::string_view intent) {
+  return std::ranges::any_of(bundle.widgets, [&](const Widget& widget) {
+    return widget.configuration && widget.configuration->name == intent;
   });
-  if (options.size() > kMaximumItems) options.resize(kMaximumItems);
-  return options;
 }
 
 AnyTimeline single(AnyEntry entry) {
@@ -79,10 +140,16 @@ std::expected<std::string, RpcError> writeTimeline(const AnyTimeline& timeline,
                                                    const EntriesParameters& request,
                                                    bool withPolicy) {
   ReloadPolicy policy = timeline.policy;
+  const ReloadPolicy never{.type = ReloadPolicy::Type::never};
+  if (policy.type == ReloadPolicy::Type::after && policy.date.seconds > kLastSecond) policy = never;
   JsonWriter writer;
   writer.beginObject().key("entries").beginArray();
   std::size_t count = 0;
   for (const AnyEntry& entry : timeline.entries) {
+    if (count > 0 && entry.date.seconds > kLastSecond) {
+      policy = never;
+      break;
+    }
     const std::string json = count < kMaximumEntries ? render(entry, request) : "";
     if (json.empty() || writer.text().size() + json.size() + kEnvelope > kMaximumMessage) {
       if (count == 0) {
@@ -165,6 +232,7 @@ Dispatcher::Answer Dispatcher::initialize(const JsonValue& json) {
                             kProtocolVersion));
   }
   bundle_ = definition_.makeBundle(*parameters);
+  if (definition_.documentPath) document_ = definition_.documentPath(*parameters);
   return encode(InitializeAnswer{kProtocolVersion,
                                  bundle_->appGroup,
                                  bundle_->urlScheme,
@@ -196,21 +264,9 @@ Dispatcher::Answer Dispatcher::options(const WidgetBundle& bundle, const JsonVal
   }
   if (parameter == nullptr) return unknown("parameter", request->parameter);
 
-  const auto& ids = request->identifiers;
-  OptionsAnswer answer;
-  if (parameter->type == IntentParameter::Type::enumeration) {
-    for (const IntentOption& option : parameter->cases) {
-      if (!ids || std::ranges::find(*ids, option.id) != ids->end()) {
-        answer.options.push_back(option);
-      }
-    }
-    answer.defaultOption = parameter->defaultValue;
-    return encode(answer);
-  }
-  const EntityQuery& query = parameter->query;
-  answer.options = offered(ids ? query.entitiesForIdentifiers(*ids) : query.suggestedEntities());
-  if (auto option = query.defaultResult()) answer.defaultOption = std::move(option->id);
-  return encode(answer);
+  const bool isEntity = parameter->type == IntentParameter::Type::entity;
+  return encode(isEntity ? entities(parameter->query, request->identifiers)
+                         : cases(*parameter, request->identifiers));
 }
 
 Dispatcher::Answer Dispatcher::perform(const WidgetBundle& bundle, const JsonValue& json) {
@@ -218,17 +274,18 @@ Dispatcher::Answer Dispatcher::perform(const WidgetBundle& bundle, const JsonVal
   if (!request) return fail(RpcErrorCode::invalidParameters, request.error());
   const Action* action = findNamed(
       bundle.actions, [](const Action& a) { return std::string_view{a.name}; }, request->intent);
+  // An intent that configures a widget has nothing to do.
+  if (action == nullptr && configures(bundle, request->intent)) return encode(PerformAnswer{});
   if (action == nullptr) return unknown("intent", request->intent);
   action->perform();
   return encode(PerformAnswer{action->openAppWhenRun});
 }
 
 Dispatcher::Answer Dispatcher::diagnose(const JsonValue& json) const {
-  const auto request = read<DiagnoseParameters>(json);
+  auto request = read<DiagnoseParameters>(json);
   if (!request) return fail(RpcErrorCode::invalidParameters, request.error());
-  DiagnoseAnswer answer = definition_.diagnose(*request);
-  if (answer.problems.size() > kMaximumItems) answer.problems.resize(kMaximumItems);
-  return encode(answer);
+  if (!request->path && !request->text) request->path = document_;
+  return encode(definition_.diagnose(*request));
 }
 
 }  // namespace widgetruntime

@@ -16,7 +16,11 @@ namespace widgetruntime {
 /// locale of the process.
 struct ExtensionDefinition {
   std::function<WidgetBundle(const InitializeParameters&)> makeBundle;
+  /// Has a path or a text. Names at most as many problems as fit into a message.
   std::function<DiagnoseAnswer(const DiagnoseParameters&)> diagnose;
+  /// The document that widgets are made from, there or not; empty without a container. Absent:
+  /// always empty.
+  std::function<std::string(const InitializeParameters&)> documentPath{};
 };
 
 /// Keeps nothing between requests but the bundle that initialize made. Never throws.
@@ -51,6 +55,7 @@ class Dispatcher {
 
   ExtensionDefinition definition_;
   std::optional<WidgetBundle> bundle_;
+  std::string document_;
   bool isShutDown_ = false;
   bool hasExited_ = false;
 };

@@ -27,6 +27,10 @@ int wholeNumber(ObjectReader& reader, std::string_view key) {
   return static_cast<int>(number);
 }
 
+std::size_t count(ObjectReader& reader, std::string_view key) {
+  return static_cast<std::size_t>(std::max(0, wholeNumber(reader, key)));
+}
+
 foundation::Device readDevice(ObjectReader& reader) {
   foundation::Device device;
   device.now = reader.instant("now");
@@ -138,15 +142,16 @@ WidgetListing readWidget(const JsonValue& json, std::string path, Problem& probl
   return widget;
 }
 
-Control readControl(const JsonValue& json, std::string path, Problem& problem) {
+ControlListing readControl(const JsonValue& json, std::string path, Problem& problem) {
   ObjectReader reader(json, std::move(path), problem);
-  Control control;
+  ControlListing control;
   control.kind = reader.string("kind");
   control.displayName = reader.string("name");
   control.description = reader.string("description");
   control.label = reader.string("label");
   control.symbol = reader.string("symbol");
   control.intent = reader.string("intent");
+  control.intentTitle = reader.optionalString("intentTitle").value_or("");
   return control;
 }
 
@@ -220,8 +225,8 @@ foundation::JsonProblem readProblem(const JsonValue& json, std::string path, Pro
   ObjectReader reader(json, std::move(path), problem);
   foundation::JsonProblem result;
   result.pointer = reader.string("pointer");
-  result.line = static_cast<std::size_t>(std::max(0, wholeNumber(reader, "line")));
-  result.column = static_cast<std::size_t>(std::max(0, wholeNumber(reader, "column")));
+  result.line = count(reader, "line");
+  result.column = count(reader, "column");
   result.expected = reader.string("expected");
   result.found = reader.string("found");
   return result;
@@ -323,6 +328,7 @@ Read<OptionsAnswer> read(const JsonValue& json) {
   OptionsAnswer answer;
   answer.options = readOptions(reader, "options");
   answer.defaultOption = reader.optionalString("default");
+  answer.more = reader.booleanOr("more", false);
   return finish(std::move(answer), problem);
 }
 
@@ -363,6 +369,7 @@ Read<DiagnoseAnswer> read(const JsonValue& json) {
   reader.array("problems", kMaximumItems, true, [&](const JsonValue& element, std::string path) {
     answer.problems.push_back(readProblem(element, std::move(path), problem));
   });
+  if (reader.present("leftOut") != nullptr) answer.leftOut = count(reader, "leftOut");
   reader.array("widgets", kMaximumItems, true, [&](const JsonValue& element, std::string path) {
     ObjectReader widget(element, std::move(path), problem);
     answer.widgets.push_back({widget.string("kind"), widget.string("shows")});

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <variant>
 
+#include "Foundation/Utf8.hpp"
 #include "ViewKit/TreeJson.hpp"
 #include "WidgetRuntime/Messages.hpp"
 
@@ -96,7 +97,7 @@ void writeWidget(JsonWriter& writer, const WidgetListing& widget) {
   writer.endObject();
 }
 
-void writeControl(JsonWriter& writer, const Control& control) {
+void writeControl(JsonWriter& writer, const ControlListing& control) {
   writer.beginObject();
   writeText(writer, "kind", control.kind);
   writeText(writer, "name", control.displayName);
@@ -104,6 +105,7 @@ void writeControl(JsonWriter& writer, const Control& control) {
   writeText(writer, "label", control.label);
   writeText(writer, "symbol", control.symbol);
   writeText(writer, "intent", control.intent);
+  writeText(writer, "intentTitle", control.intentTitle);
   writer.endObject();
 }
 
@@ -122,19 +124,9 @@ void writeEnvironment(JsonWriter& writer, const Environment& environment) {
   writer.endObject();
 }
 
-/// At most `maximum` bytes of a UTF-8 text, without a part of a character.
-std::string_view firstBytes(std::string_view text, std::size_t maximum) {
-  if (text.size() <= maximum) return text;
-  constexpr unsigned char kContinuation = 0x80;
-  while (maximum > 0 && (static_cast<unsigned char>(text[maximum]) & 0xC0U) == kContinuation) {
-    --maximum;
-  }
-  return text.substr(0, maximum);
-}
-
 void writeSummary(JsonWriter& writer, const WidgetSummary& summary) {
   writer.key("summary").beginObject();
-  writer.member("text", firstBytes(summary.text, kMaximumSummary));
+  writer.member("text", foundation::utf8Prefix(summary.text, kMaximumSummary));
   writer.member("state", name(summary.state));
   writer.endObject();
 }
@@ -157,7 +149,7 @@ void write(JsonWriter& writer, const BundleDescription& bundle) {
   writer.beginObject().key("widgets").beginArray();
   for (const WidgetListing& widget : bundle.widgets) writeWidget(writer, widget);
   writer.endArray().key("controls").beginArray();
-  for (const Control& control : bundle.controls) writeControl(writer, control);
+  for (const ControlListing& control : bundle.controls) writeControl(writer, control);
   writer.endArray().endObject();
 }
 
@@ -252,6 +244,7 @@ void write(JsonWriter& writer, const OptionsAnswer& answer) {
   writer.beginObject();
   writeOptions(writer, "options", answer.options);
   writeDefault(writer, answer.defaultOption);
+  if (answer.more) writer.member("more", true);
   writer.endObject();
 }
 
@@ -284,7 +277,9 @@ void write(JsonWriter& writer, const DiagnoseAnswer& answer) {
     writeText(writer, "found", problem.found);
     writer.endObject();
   }
-  writer.endArray().key("widgets").beginArray();
+  writer.endArray();
+  if (answer.leftOut > 0) writer.member("leftOut", static_cast<double>(answer.leftOut));
+  writer.key("widgets").beginArray();
   for (const WidgetOutlook& widget : answer.widgets) {
     writer.beginObject();
     writeText(writer, "kind", widget.kind);
@@ -299,7 +294,11 @@ BundleDescription describe(const WidgetBundle& bundle) {
   for (const Widget& widget : bundle.widgets) {
     description.widgets.push_back({widget.description, widget.configuration});
   }
-  description.controls = bundle.controls;
+  for (const Control& control : bundle.controls) {
+    const auto action = std::ranges::find(bundle.actions, control.intent, &Action::name);
+    description.controls.push_back(
+        {control, action == bundle.actions.end() ? std::string{} : action->title});
+  }
   return description;
 }
 

@@ -49,6 +49,7 @@ inline constexpr std::size_t kMaximumAnswerDepth =
 inline constexpr std::size_t kMaximumEntries = 32;  ///< of a timeline
 inline constexpr std::size_t kMaximumEnvironments = 8;
 inline constexpr std::size_t kMaximumItems = 1024;  ///< of any other list
+inline constexpr std::size_t kMaximumTitle = 256;   ///< bytes of an option's title, when written
 
 template <class T>
 using Read = std::expected<T, std::string>;
@@ -73,10 +74,14 @@ struct WidgetListing {
       configuration;  ///< without queries: those are asked for by configuration/options
 };
 
+struct ControlListing : Control {
+  std::string intentTitle;  ///< of the action that its button runs
+};
+
 /// What a bundle offers, without the functions behind it.
 struct BundleDescription {
   std::vector<WidgetListing> widgets;
-  std::vector<Control> controls;
+  std::vector<ControlListing> controls;
 };
 
 struct InitializeAnswer {
@@ -134,7 +139,8 @@ struct OptionsParameters {
 
 struct OptionsAnswer {
   std::vector<IntentOption> options;
-  std::optional<std::string> defaultOption;  ///< an id
+  std::optional<std::string> defaultOption;  ///< an id among those that are suggested
+  bool more = false;  ///< there are options beyond these; a query by id finds any
 
   friend bool operator==(const OptionsAnswer&, const OptionsAnswer&) = default;
 };
@@ -142,7 +148,7 @@ struct OptionsAnswer {
 // ---- intent/perform
 
 struct PerformParameters {
-  std::string intent;  ///< an action's name
+  std::string intent;  ///< an action's name, or that of a widget's configuration
 
   friend bool operator==(const PerformParameters&, const PerformParameters&) = default;
 };
@@ -174,6 +180,7 @@ struct DiagnoseAnswer {
   bool accepted = false;
   std::vector<foundation::JsonProblem> problems;
   std::vector<WidgetOutlook> widgets;
+  std::size_t leftOut = 0;  ///< problems beyond those listed, which are only counted
 
   friend bool operator==(const DiagnoseAnswer&, const DiagnoseAnswer&) = default;
 };

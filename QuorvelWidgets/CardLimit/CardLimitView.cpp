@@ -60,7 +60,7 @@ View CardLimitView::body() const {
   if (family == WidgetFamily::systemMedium) {
     return scaffold.root(cardLimitMedium(content).foregroundStyle(primary), false);
   }
-  scaffold.link = widgetLink(urlScheme, "card/" + content.cards.front()->id);
+  scaffold.link = cardLink(urlScheme, content.cards.front()->id);
   return scaffold.root(cardLimitSmall(content).foregroundStyle(primary));
 }
 

@@ -77,7 +77,7 @@ View card(const DueContent& content, std::size_t index) {
                  .frame(visible)
                  .accessibility({.children = Accessibility::Children::combine});
   if (upcoming.due->cardId) {
-    row = row.link(widgetLink(content.urlScheme, "card/" + *upcoming.due->cardId));
+    row = row.link(cardLink(content.urlScheme, *upcoming.due->cardId));
   }
   return row.frame(FixedFrame{.height = kCardHeight, .alignment = Alignment::top})
       .background(ground)

@@ -3,6 +3,8 @@
 #include <fmt/format.h>
 
 #include <mutex>
+#include <new>
+#include <stdexcept>
 #include <utility>
 
 #include "Foundation/Bundle.hpp"
@@ -76,11 +78,18 @@ std::optional<std::string> SnapshotStore::documentPath() const {
 std::optional<WidgetSnapshot> SnapshotStore::load() const {
   const auto path = documentPath();
   if (!path) return std::nullopt;
-  const auto bytes = foundation::contentsOfFile(*path);
-  if (!bytes) return std::nullopt;
-  auto snapshot = decodeWidgetSnapshot(*bytes);
-  if (!snapshot) return std::nullopt;
-  return std::move(*snapshot);
+  // A document within the limit of its size may still hold more than the process may keep.
+  try {
+    const auto bytes = foundation::contentsOfFile(*path);
+    if (!bytes) return std::nullopt;
+    auto snapshot = decodeWidgetSnapshot(*bytes);
+    if (!snapshot) return std::nullopt;
+    return std::move(*snapshot);
+  } catch (const std::bad_alloc&) {
+    return std::nullopt;
+  } catch (const std::length_error&) {
+    return std::nullopt;
+  }
 }
 
 const WidgetSnapshot& SnapshotStore::sample(const foundation::Device& device) const {

@@ -37,7 +37,7 @@ class SnapshotStore {
   /// Where the document is read, whether it exists or not; nothing without a container.
   [[nodiscard]] std::optional<std::string> documentPath() const;
 
-  /// Nothing without a container, a readable document or a valid one.
+  /// Nothing without a container, a readable document or a valid one that memory can hold.
   [[nodiscard]] std::optional<WidgetSnapshot> load() const;
 
   /// The sample of the first request's day and languages.

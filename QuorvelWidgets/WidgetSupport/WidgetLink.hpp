@@ -12,4 +12,11 @@ namespace quorvel {
   return std::string{urlScheme} + "://open/" + std::string{destination};
 }
 
+/// Of one card; of all cards where the id is longer than any that an application could mean.
+[[nodiscard]] inline std::string cardLink(std::string_view urlScheme, std::string_view cardId) {
+  constexpr std::size_t kMaximumId = 1024;
+  if (cardId.size() > kMaximumId) return widgetLink(urlScheme, "cards");
+  return widgetLink(urlScheme, "card/" + std::string{cardId});
+}
+
 }  // namespace quorvel

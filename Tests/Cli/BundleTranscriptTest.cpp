@@ -16,7 +16,7 @@ using testsupport::replay;
 const std::string kControl =
     R"({"kind":"QuorvelAddExpenseControl","name":"Add Expense",
     "description":"Open Quorvel to log an expense.","label":"Add Expense","symbol":"plus",
-    "intent":"AddExpenseIntent"})";
+    "intent":"AddExpenseIntent","intentTitle":"Add Expense"})";
 
 std::string requestsOf(const std::string& transcript) {
   std::string frames;

@@ -48,7 +48,7 @@ TEST(Dispatcher, DescribesItsBundle) {
     {"name":"style","title":"Style","type":"enumeration","typeName":"Style","default":"plain",
     "cases":[{"id":"plain","title":"Plain"},{"id":"ring","title":"Ring"}]}]}}],
     "controls":[{"kind":"FakeControl","name":"Do","description":"Does it.","label":"Do it",
-    "symbol":"plus","intent":"DoIntent"}]}}}
+    "symbol":"plus","intent":"DoIntent","intentTitle":"Do"}]}}}
 )";
   EXPECT_EQ(replay(transcript, [&](std::string_view r) { return dispatcher.handle(r); }),
             joined(transcript));
@@ -181,7 +181,7 @@ TEST(Dispatcher, EndsATimelineOfLargeEntriesWhereTheMessageIsFull) {
 TEST(Dispatcher, RefusesWhatCannotBeSent) {
   const auto timeline = timelineOf("Huge");
   ASSERT_FALSE(timeline);
-  EXPECT_THAT(timeline.error(), testing::StartsWith("an entry of Huge takes 220"));
+  EXPECT_THAT(timeline.error(), testing::StartsWith("an entry of Huge takes 2"));
 }
 
 TEST(Dispatcher, SaysNothingOfWhatABundleThrew) {
@@ -225,6 +225,9 @@ TEST(Dispatcher, PerformsIntentsAndDiagnosesDocuments) {
 > {"jsonrpc":"2.0","id":2,"method":"intent/perform","params":{"intent":"StayIntent"}}
 < {"jsonrpc":"2.0","id":2,"result":{"openApp":false}}
 ---
+> {"jsonrpc":"2.0","id":7,"method":"intent/perform","params":{"intent":"FakeCardIntent"}}
+< {"jsonrpc":"2.0","id":7,"result":{"openApp":false}}
+---
 > {"jsonrpc":"2.0","id":3,"method":"intent/perform","params":{"intent":"Other"}}
 < {"jsonrpc":"2.0","id":3,"error":{"code":-32602,"message":"unknown intent \"Other\""}}
 ---
@@ -243,6 +246,134 @@ TEST(Dispatcher, PerformsIntentsAndDiagnosesDocuments) {
     "now":"2025-03-14T23:30:00Z","timeZone":"UTC","locale":"en","languages":[]}}
 < {"jsonrpc":"2.0","id":6,"error":{"code":-32602,"message":"text: not beside a path"}}
 )");
+}
+
+// A bundle of one widget whose parameter offers these.
+Read<OptionsAnswer> offered(std::vector<IntentOption> options, const std::string& query = "") {
+  Dispatcher dispatcher({[&](const InitializeParameters& parameters) {
+                           WidgetBundle bundle = fake::makeBundle(parameters);
+                           EntityQuery& cards =
+                               bundle.widgets[1].configuration->parameters[0].query;
+                           cards.suggestedEntities = [&] { return options; };
+                           cards.defaultResult = [&]() -> std::optional<IntentOption> {
+                             if (options.empty()) return std::nullopt;
+                             return options.front();
+                           };
+                           cards.entitiesForIdentifiers = [&](const std::vector<std::string>& ids) {
+                             std::vector<IntentOption> found = options;
+                             std::erase_if(found, [&](const IntentOption& option) {
+                               return std::ranges::find(ids, option.id) == ids.end();
+                             });
+                             return found;
+                           };
+                           return bundle;
+                         },
+                         fake::diagnose});
+  EXPECT_THAT(dispatcher.handle(kInitialize), HasSubstr("\"result\""));
+  const std::string text = dispatcher.handle(
+      R"({"jsonrpc":"2.0","id":1,"method":"configuration/options","params":{"kind":"Card",)"
+      R"("parameter":"card")" +
+      query + "}}");
+  EXPECT_LE(text.size(), kMaximumMessage);
+  const auto answer = readAnswer(text);
+  if (!answer) return std::unexpected(answer.error());
+  if (!answer->result) return std::unexpected(answer->result.error().message);
+  return read<OptionsAnswer>(*answer->result);
+}
+
+std::vector<IntentOption> cards(int count) {
+  std::vector<IntentOption> result;
+  for (int i = 0; i < count; ++i) result.push_back({std::to_string(i), "Card"});
+  return result;
+}
+
+TEST(Dispatcher, OffersWhatAListHoldsAndSaysThatThereIsMore) {
+  const auto all = offered(cards(1024));
+  ASSERT_TRUE(all) << all.error();
+  EXPECT_EQ(all->options.size(), 1024U);
+  EXPECT_FALSE(all->more);
+
+  const auto some = offered(cards(5000));
+  ASSERT_TRUE(some) << some.error();
+  EXPECT_EQ(some->options.size(), 1024U);
+  EXPECT_TRUE(some->more);
+  EXPECT_EQ(some->defaultOption, "0");
+
+  const auto asked = offered(cards(5000), R"(,"query":{"identifiers":["4999"]})");
+  ASSERT_TRUE(asked) << asked.error();
+  EXPECT_EQ(asked->options, (std::vector<IntentOption>{{"4999", "Card"}}));
+  EXPECT_FALSE(asked->more);
+}
+
+TEST(Dispatcher, OffersNoIdThatNoHostReadsAndADefaultThatItOffers) {
+  std::vector<IntentOption> options = cards(2);
+  options.insert(options.begin(), {std::string(16385, 'i'), "Endless"});
+  const auto answer = offered(options);
+  ASSERT_TRUE(answer) << answer.error();
+  EXPECT_EQ(answer->options, cards(2));
+  EXPECT_EQ(answer->defaultOption, "0");
+  EXPECT_TRUE(answer->more);
+
+  const auto none = offered({options.front()});
+  ASSERT_TRUE(none) << none.error();
+  EXPECT_TRUE(none->options.empty());
+  EXPECT_EQ(none->defaultOption, std::nullopt);
+}
+
+TEST(Dispatcher, OffersWhatAMessageHolds) {
+  // The form of a control character takes six bytes, so forty such ids fill a message thrice.
+  std::vector<IntentOption> options;
+  for (int i = 0; i < 40; ++i) {
+    options.push_back({std::string(16000, '\1') + std::to_string(i), std::string(20000, '\2')});
+  }
+  const auto answer = offered(options);
+  ASSERT_TRUE(answer) << answer.error();
+  EXPECT_GT(answer->options.size(), 5U);
+  EXPECT_LT(answer->options.size(), 11U);
+  EXPECT_TRUE(answer->more);
+  EXPECT_EQ(answer->defaultOption, options.front().id);
+  // 256 bytes at most, the last three an ellipsis.
+  EXPECT_EQ(answer->options.front().title, std::string(253, '\2') + "\u2026");
+}
+
+TEST(Dispatcher, DiagnosesTheDocumentOfItsBundleWhenNoneIsNamed) {
+  std::vector<DiagnoseParameters> asked;
+  Dispatcher dispatcher({fake::makeBundle,
+                         [&](const DiagnoseParameters& parameters) {
+                           asked.push_back(parameters);
+                           DiagnoseAnswer answer;
+                           answer.leftOut = 7;
+                           return answer;
+                         },
+                         [](const InitializeParameters&) { return "/data/group.fake/document"; }});
+  EXPECT_THAT(dispatcher.handle(kInitialize), HasSubstr("\"result\""));
+  const std::string device =
+      R"("now":"2025-03-14T23:30:00Z","timeZone":"UTC","locale":"en","languages":[]}})";
+  for (const char* named : {"", R"("path":"/x",)", R"("text":"{}",)"}) {
+    EXPECT_THAT(
+        dispatcher.handle(R"({"jsonrpc":"2.0","id":1,"method":"document/diagnose","params":{)" +
+                          (named + device)),
+        HasSubstr(R"("leftOut":7)"));
+  }
+  ASSERT_EQ(asked.size(), 3U);
+  EXPECT_EQ(asked[0].path, "/data/group.fake/document");
+  EXPECT_EQ(asked[1].path, "/x");
+  EXPECT_EQ(asked[2].path, std::nullopt);
+}
+
+TEST(Dispatcher, NobodyWaitsForADateThatCannotBeWritten) {
+  Dispatcher dispatcher(fake::definition());
+  EXPECT_THAT(dispatcher.handle(kInitialize), HasSubstr("\"result\""));
+  const auto timeline = [&](const std::string& now) {
+    return dispatcher.handle(
+        R"({"jsonrpc":"2.0","id":1,"method":"widget/timeline","params":{"kind":"Clock",)"
+        R"("family":"systemSmall","now":")" +
+        now + R"(","timeZone":"UTC","locale":"en","languages":[],"environments":[]}})");
+  };
+  // The clock is to be asked again after an hour.
+  EXPECT_THAT(timeline("9999-12-31T22:59:59Z"),
+              HasSubstr(R"("policy":{"type":"after","date":"9999-12-31T23:59:59Z"})"));
+  EXPECT_THAT(timeline("9999-12-31T23:00:00Z"), HasSubstr(R"("policy":{"type":"never"})"));
 }
 
 TEST(Dispatcher, RefusesEnvelopesThatAreNoRequests) {

@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "ViewKit/TreeJson.hpp"
 #include "ViewKit/ViewKit.hpp"
 #include "WidgetRuntime/Dispatcher.hpp"
 
@@ -94,7 +95,7 @@ inline viewkit::View view(const Entry& entry, const Environment& environment) {
   const std::string text = environment.redactionReasons.privacy ? "hidden" : entry.text;
   const std::string link = "fake://open/" + std::string(name(environment.familyInForce()));
   // One text may not be longer than a tree's strings: a large entry has many.
-  constexpr std::size_t kPiece = 16'000;
+  constexpr std::size_t kPiece = viewkit::kMaximumWrittenText;
   if (text.size() <= kPiece) return viewkit::Text{text}.widgetURL(link);
   std::vector<viewkit::View> pieces;
   for (std::size_t at = 0; at < text.size(); at += kPiece) {

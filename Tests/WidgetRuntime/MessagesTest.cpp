@@ -136,11 +136,13 @@ TEST(Messages, SmallMessagesComeBack) {
   const OptionsAnswer options{{{"a", "Card A"}, {"b", ""}}, "a"};
   EXPECT_EQ(throughJson(options), options);
   EXPECT_EQ(throughJson(OptionsAnswer{}), OptionsAnswer{});
+  const OptionsAnswer cut{.options = {{"a", "Card A"}}, .more = true};
+  EXPECT_EQ(throughJson(cut), cut);
   const OptionsParameters query{"Card", "card", std::vector<std::string>{"x", "y"}};
   EXPECT_EQ(throughJson(query).identifiers, query.identifiers);
   EXPECT_EQ(throughJson(OptionsParameters{"Card", "card", std::nullopt}).identifiers, std::nullopt);
   const DiagnoseAnswer diagnosis{
-      false, {{"/a/0", 3, 14, "a number", "true"}}, {{"Clock", "nothing"}}};
+      false, {{"/a/0", 3, 14, "a number", "true"}}, {{"Clock", "nothing"}}, 12};
   EXPECT_EQ(throughJson(diagnosis), diagnosis);
   const DiagnoseParameters document{.text = std::string(200'000, 'x'), .device = someDevice()};
   EXPECT_EQ(throughJson(document).text, document.text);

@@ -7,6 +7,7 @@
 #include "Cli/Picture.hpp"
 #include "Foundation/JsonWriter.hpp"
 #include "Foundation/Locale.hpp"
+#include "Foundation/Printable.hpp"
 #include "Rendering/SymbolData.hpp"
 
 namespace cli {
@@ -78,12 +79,16 @@ void examineTimeZone(Findings& findings, const Program& program) {
        .advice = std::move(advice)});
 }
 
-void examineData(Findings& findings, Guest& guest, const foundation::Device& device) {
+void examineData(Findings& findings,
+                 Guest& guest,
+                 const Options& options,
+                 const foundation::Device& device) {
   std::error_code ignored;
-  const auto& container = guest.images();
+  const fs::path container = guest.about().container;
   findings.push_back(
       {.what = "container",
        .found = !container.empty() && fs::is_directory(container, ignored),
+       .needed = options.source.snapshot.empty(),
        .where = container.string(),
        .advice =
            fmt::format("the application makes it, for the group {}; or name one with --container",
@@ -133,10 +138,10 @@ std::string asText(const Findings& findings) {
   for (const Finding& finding : findings) {
     const char* state = finding.found ? "found  " : finding.needed ? "MISSING" : "absent ";
     text +=
-        oneLine(fmt::format(
+        foundation::printable(fmt::format(
             "{}  {:<18} {}", state, finding.what, finding.where.empty() ? "-" : finding.where)) +
         "\n";
-    if (!finding.found) text += oneLine("         -> " + finding.advice) + "\n";
+    if (!finding.found) text += foundation::printable("         -> " + finding.advice) + "\n";
   }
   return text;
 }
@@ -155,7 +160,8 @@ Result<void> doctor(const Options& options, const Program& program) {
                                                    guest->about().bundle.controls.size())
                                      : std::string{},
                       .advice = guest ? std::string{} : guest.error().line});
-  if (guest) examineData(findings, *guest, deviceFrom(options.device, program.environment));
+  if (guest)
+    examineData(findings, *guest, options, deviceFrom(options.device, program.environment));
   examineResidentHost(findings, program);
   examineSymbols(findings);
   examineFonts(findings);

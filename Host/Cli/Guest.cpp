@@ -65,12 +65,11 @@ widgetruntime::InitializeParameters initializeParameters(const SourceOptions& so
                                                          const Program& program) {
   widgetruntime::InitializeParameters parameters;
   parameters.host = "quorvel-host 1.0";
-  parameters.containerRoot = session::containerRoot(program.environment);
   if (!source.container.empty()) parameters.container = session::absolutePath(source.container);
-  if (!source.snapshot.empty()) {
-    parameters.snapshotFile = session::absolutePath(source.snapshot);
-    if (source.container.empty())
-      parameters.container = fs::path(*parameters.snapshotFile).parent_path().string();
+  if (!source.snapshot.empty()) parameters.snapshotFile = session::absolutePath(source.snapshot);
+  // A document of its own has nothing to do with the application's container.
+  if (source.snapshot.empty()) {
+    parameters.containerRoot = session::containerRoot(program.environment);
   }
   const fs::path infoPlist = findPlaces(source, program.folder).infoPlist;
   if (!infoPlist.empty()) parameters.infoPlist = infoPlist.string();
@@ -105,8 +104,11 @@ Result<Guest> Guest::open(const SourceOptions& source, const Program& program) {
   if (!about) return std::unexpected(about.error());
   Guest guest{std::move(extension), *std::move(about)};
   guest.images_ = guest.about_.container;
-  guest.document_ = parameters.snapshotFile.value_or(
-      guest.about_.container.empty() ? std::string{} : (guest.images_ / kDocumentName).string());
+  if (!guest.images_.empty()) guest.document_ = guest.images_ / kDocumentName;
+  if (parameters.snapshotFile) {
+    guest.document_ = *parameters.snapshotFile;
+    if (guest.images_.empty()) guest.images_ = guest.document_.parent_path();
+  }
   return guest;
 }
 

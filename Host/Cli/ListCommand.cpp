@@ -5,10 +5,12 @@
 #include "Cli/Guest.hpp"
 #include "Cli/Output.hpp"
 #include "Foundation/JsonWriter.hpp"
+#include "Foundation/Printable.hpp"
 
 namespace cli {
 namespace {
 
+using foundation::printable;
 using widgetruntime::BundleDescription;
 using widgetruntime::IntentParameter;
 
@@ -18,7 +20,8 @@ std::string_view typeName(IntentParameter::Type type) {
 
 void write(foundation::JsonWriter& json, const IntentParameter& parameter) {
   json.beginObject().member("name", parameter.name).member("title", parameter.title);
-  json.member("type", typeName(parameter.type)).key("default");
+  json.member("type", typeName(parameter.type)).member("typeName", parameter.typeName);
+  json.key("default");
   parameter.defaultValue ? json.value(*parameter.defaultValue) : json.null();
   json.key("cases").beginArray();
   for (const auto& option : parameter.cases) {
@@ -53,8 +56,9 @@ std::string asJson(const BundleDescription& bundle) {
   json.endArray().key("controls").beginArray();
   for (const auto& control : bundle.controls) {
     json.beginObject().member("kind", control.kind).member("name", control.displayName);
-    json.member("description", control.description).member("symbol", control.symbol);
-    json.member("intent", control.intent).endObject();
+    json.member("description", control.description).member("label", control.label);
+    json.member("symbol", control.symbol).member("intent", control.intent);
+    json.member("intentTitle", control.intentTitle).endObject();
   }
   json.endArray().endObject();
   return json.take() + "\n";
@@ -70,23 +74,27 @@ std::string casesOf(const IntentParameter& parameter) {
 std::string asText(const BundleDescription& bundle) {
   std::string text;
   for (const auto& [description, configuration] : bundle.widgets) {
-    text += fmt::format(
-        "{}\n  {}: {}\n ", description.kind, description.displayName, description.description);
+    text += fmt::format("{}\n  {}: {}\n ",
+                        printable(description.kind),
+                        printable(description.displayName),
+                        printable(description.description));
     for (const auto family : description.families)
       text += fmt::format(" {}", widgetruntime::name(family));
     text += "\n";
     if (!configuration) continue;
     for (const auto& parameter : configuration->parameters) {
-      text += fmt::format(
-          "  --configure {}=... ({}): {}\n", parameter.name, parameter.title, casesOf(parameter));
+      text += fmt::format("  --configure {}=... ({}): {}\n",
+                          printable(parameter.name),
+                          printable(parameter.title),
+                          printable(casesOf(parameter)));
     }
   }
   for (const auto& control : bundle.controls) {
     text += fmt::format("{}\n  {}: {}\n  runs {}\n",
-                        control.kind,
-                        control.displayName,
-                        control.description,
-                        control.intent);
+                        printable(control.kind),
+                        printable(control.displayName),
+                        printable(control.description),
+                        printable(control.intent));
   }
   return text;
 }

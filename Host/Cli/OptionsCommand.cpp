@@ -5,6 +5,7 @@
 #include "Cli/Guest.hpp"
 #include "Cli/Output.hpp"
 #include "Foundation/JsonWriter.hpp"
+#include "Foundation/Printable.hpp"
 
 namespace cli {
 namespace {
@@ -17,19 +18,20 @@ std::string asJson(const widgetruntime::OptionsAnswer& answer) {
   }
   json.endArray().key("default");
   answer.defaultOption ? json.value(*answer.defaultOption) : json.null();
-  json.endObject();
+  json.member("more", answer.more).endObject();
   return json.take() + "\n";
 }
 
 std::string asText(const widgetruntime::OptionsAnswer& answer) {
-  if (answer.options.empty()) return "there is nothing to choose from\n";
+  if (answer.options.empty() && !answer.more) return "there is nothing to choose from\n";
   std::string text;
   for (const auto& option : answer.options) {
     text += fmt::format("{}  {}{}\n",
-                        option.id,
-                        option.title,
+                        foundation::printable(option.id),
+                        foundation::printable(option.title),
                         option.id == answer.defaultOption ? "  (default)" : "");
   }
+  if (answer.more) text += "... and more, which --configure takes by id as well\n";
   return text;
 }
 

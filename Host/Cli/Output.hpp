@@ -8,19 +8,18 @@
 
 namespace cli {
 
-/// To standard output; refused when it is full or closed.
+/// To standard output, with everything escaped that a terminal would obey; refused when it is full
+/// or closed.
 [[nodiscard]] Result<void> print(std::string_view text);
 
-/// To the error stream; whether that works is nobody's business.
+/// To the error stream, escaped alike; whether that works is nobody's business.
 void complain(std::string_view text);
 
-/// "-" is standard output; any other name is a file that is made or replaced.
+/// "-" is standard output; any other name is a file that is made or replaced. The old file stays
+/// until the new one is whole.
 [[nodiscard]] Result<void> write(const std::string& file, std::string_view bytes);
 
 /// Refused for "-" when standard output is a terminal, which cannot show pictures.
 [[nodiscard]] Result<void> checkPictureTarget(const std::string& file);
-
-/// Control characters become spaces, so that a message stays on its line.
-[[nodiscard]] std::string oneLine(std::string text);
 
 }  // namespace cli

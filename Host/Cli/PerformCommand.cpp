@@ -30,6 +30,13 @@ Result<void> perform(const Options& options, const Program& program) {
   const auto answer = guest->perform({.intent = options.intent});
   if (!answer) return std::unexpected(answer.error());
   if (!answer->openApp) return {};
+  std::error_code ignored;
+  if (const auto& container = guest->about().container;
+      container.empty() || !std::filesystem::is_directory(container, ignored)) {
+    complain(
+        "warning: there is no container, so nothing is left for the application (name one "
+        "with --container)\n");
+  }
   const auto link = opening::applicationLink(guest->about().urlScheme);
   if (!link) return refused(link.error());
   return options.open ? openLink(*link, options.openWith) : print(*link + "\n");

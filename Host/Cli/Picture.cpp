@@ -8,6 +8,7 @@
 #include "Cli/Output.hpp"
 #include "Cli/Sizes.hpp"
 #include "Foundation/Locale.hpp"
+#include "Foundation/Printable.hpp"
 #include "Session/HostEnvironment.hpp"
 
 namespace cli {
@@ -119,13 +120,14 @@ std::string documentProblem(Guest& guest, const foundation::Device& device) {
     return "there is no container, so there is no document (name one with --container)";
   const std::string file = guest.document().string();
   const auto diagnosis = guest.diagnose({.path = file, .text = std::nullopt, .device = device});
-  if (!diagnosis) return oneLine(diagnosis.error().line);
+  if (!diagnosis) return foundation::printable(diagnosis.error().line);
   if (diagnosis->accepted || diagnosis->problems.empty()) return {};
   const auto& problem = diagnosis->problems.front();
   std::string place = file;
   if (problem.line > 0) place += fmt::format(":{}:{}", problem.line, problem.column);
   if (!problem.pointer.empty()) place += ": " + problem.pointer;
-  return oneLine(fmt::format("{}: expected {}, found {}", place, problem.expected, problem.found));
+  return foundation::printable(
+      fmt::format("{}: expected {}, found {}", place, problem.expected, problem.found));
 }
 
 }  // namespace cli

@@ -6,6 +6,7 @@
 #include "Cli/Arguments.hpp"
 #include "Cli/Commands.hpp"
 #include "Cli/Output.hpp"
+#include "Foundation/Printable.hpp"
 
 namespace cli {
 namespace {
@@ -64,7 +65,7 @@ Result<void> interpretSafely(std::span<const char* const> words, const Program& 
 int run(std::span<const char* const> words, const Program& program) {
   const auto done = interpretSafely(words, program);
   if (done) return static_cast<int>(ExitCode::done);
-  if (!done.error().line.empty()) complain(oneLine(done.error().line) + "\n");
+  if (!done.error().line.empty()) complain(foundation::printable(done.error().line) + "\n");
   return static_cast<int>(done.error().code);
 }
 

@@ -1,18 +1,36 @@
 // `render`: one widget, as a picture or as one of its text forms.
+#include <fmt/format.h>
+
 #include "Cli/Commands.hpp"
 #include "Cli/Output.hpp"
 #include "Cli/Picture.hpp"
+#include "Foundation/Printable.hpp"
+#include "Foundation/Utf8.hpp"
 #include "Session/HostEnvironment.hpp"
 #include "ViewKit/Dump.hpp"
 
 namespace cli {
 namespace {
 
-rendering::Drawn<std::string> drawn(const viewkit::View& view,
-                                    const rendering::RenderOptions& how,
-                                    const Options& options,
-                                    const std::string& widgetName) {
-  if (options.format == Format::tree) return viewkit::dump(view);
+/// What a terminal would obey, as XML writes it.
+std::string asReferences(std::string svg) {
+  if (foundation::printableLines(svg) == svg) return svg;
+  std::string result;
+  for (std::size_t at = 0; at < svg.size();) {
+    const foundation::Utf8Step step = foundation::utf8Step(std::string_view{svg}.substr(at));
+    const auto bytes = std::string_view{svg}.substr(at, step.length);
+    const bool isPlain = foundation::printableLines(bytes) == bytes;
+    result += isPlain ? std::string(bytes)
+                      : fmt::format("&#x{:X};", static_cast<std::uint32_t>(step.scalar));
+    at += step.length;
+  }
+  return result;
+}
+
+rendering::Drawn<std::string> textForm(const viewkit::View& view,
+                                       const rendering::RenderOptions& how,
+                                       const Options& options,
+                                       const std::string& widgetName) {
   rendering::Renderer renderer;
   switch (options.format) {
     case Format::svg:
@@ -27,6 +45,20 @@ rendering::Drawn<std::string> drawn(const viewkit::View& view,
     case Format::tree:
       break;
   }
+  return viewkit::dump(view);
+}
+
+rendering::Drawn<std::string> drawn(const viewkit::View& view,
+                                    const rendering::RenderOptions& how,
+                                    const Options& options,
+                                    const std::string& widgetName) {
+  if (options.format != Format::png) {
+    auto text = textForm(view, how, options, widgetName);
+    if (!text) return text;
+    return options.format == Format::svg ? asReferences(*std::move(text))
+                                         : foundation::printableLines(*text);
+  }
+  rendering::Renderer renderer;
   const auto bitmap = renderer.bitmap(view, how);
   if (!bitmap) return std::unexpected(bitmap.error());
   return rendering::encodePng(*bitmap, options.output.png);

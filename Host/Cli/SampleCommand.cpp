@@ -1,4 +1,8 @@
 // `sample`: a complete document, as a start for whoever writes them.
+#include <fmt/format.h>
+#include <fmt/ranges.h>
+
+#include <algorithm>
 #include <nlohmann/json.hpp>
 
 #include "Cli/Commands.hpp"
@@ -9,6 +13,12 @@ namespace cli {
 
 /// Indented, since people go on from here.
 Result<void> sample(const Options& options, const Program& program) {
+  if (!options.language.empty() &&
+      std::ranges::find(program.languages, options.language) == program.languages.end()) {
+    return misused(fmt::format("--lang: there is no \"{}\" (there are: {})",
+                               options.language,
+                               fmt::join(program.languages, ", ")));
+  }
   const auto device = deviceFrom(options.device, program.environment);
   const auto document = nlohmann::ordered_json::parse(
       program.sampleDocument(device, options.language), nullptr, false);

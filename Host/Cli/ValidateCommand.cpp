@@ -6,6 +6,7 @@
 #include "Cli/Output.hpp"
 #include "Cli/Picture.hpp"
 #include "Foundation/JsonWriter.hpp"
+#include "Foundation/Printable.hpp"
 
 namespace cli {
 namespace {
@@ -25,23 +26,30 @@ std::string asJson(const std::string& file, const DiagnoseAnswer& answer) {
     json.member("column", static_cast<std::int64_t>(problem.column));
     json.member("expected", problem.expected).member("found", problem.found).endObject();
   }
+  json.endArray().member("leftOut", static_cast<std::int64_t>(answer.leftOut));
+  json.key("widgets").beginArray();
+  for (const auto& widget : answer.widgets) {
+    json.beginObject().member("kind", widget.kind).member("shows", widget.shows).endObject();
+  }
   json.endArray().endObject();
   return json.take() + "\n";
 }
 
 std::string asText(const std::string& file, const DiagnoseAnswer& answer) {
-  std::string text = fmt::format("{}: {}\n", file, answer.accepted ? "accepted" : "refused");
+  std::string text = fmt::format(
+      "{}: {}\n", foundation::printable(file), answer.accepted ? "accepted" : "refused");
   for (const auto& problem : answer.problems) {
     std::string place =
         problem.line > 0 ? fmt::format("{}:{}: ", problem.line, problem.column) : std::string{};
     place += problem.pointer.empty() ? "the document" : problem.pointer;
-    text +=
-        "  " +
-        oneLine(fmt::format("{}: expected {}, found {}", place, problem.expected, problem.found)) +
-        "\n";
+    text += "  " +
+            foundation::printable(
+                fmt::format("{}: expected {}, found {}", place, problem.expected, problem.found)) +
+            "\n";
   }
+  if (answer.leftOut > 0) text += fmt::format("  and {} more\n", answer.leftOut);
   for (const auto& widget : answer.widgets)
-    text += oneLine(fmt::format("  {}: {}", widget.kind, widget.shows)) + "\n";
+    text += foundation::printable(fmt::format("  {}: {}", widget.kind, widget.shows)) + "\n";
   return text;
 }
 

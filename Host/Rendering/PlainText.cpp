@@ -166,7 +166,7 @@ double usualLineHeight(const PlacedNode& root) {
 }  // namespace
 
 std::string plainText(const PlacedTree& tree, const PlainTextOptions& options) {
-  PlainGrid grid{.width = tree.size.width};
+  PlainGrid grid{.width = tree.size.width, .height = tree.size.height};
   const int columns = std::clamp(options.columns, 1, 1000);
   grid.cellWidth = std::max(tree.size.width / columns, kLeastCellWidth);
   grid.cellHeight = usualLineHeight(tree.root);

@@ -144,7 +144,12 @@ std::string printable(std::string_view text) {
 }
 
 std::string setInGrid(std::vector<PlainLabel> labels, const PlainGrid& grid) {
-  std::erase_if(labels, [](const PlainLabel& label) { return label.text.empty(); });
+  // A frame can be anywhere, and rows as far as there would be endless.
+  std::erase_if(labels, [&](const PlainLabel& label) {
+    const double middle = label.box.y + label.box.height / 2;
+    const bool isInside = middle > -grid.cellHeight && middle < grid.height + grid.cellHeight;
+    return label.text.empty() || !isInside;
+  });
   std::string result;
   int next = 0;
   for (Row& row : rowsOf(labels)) {

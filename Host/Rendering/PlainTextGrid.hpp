@@ -25,13 +25,14 @@ struct PlainLabel {
 
 struct PlainGrid {
   double width = 0;  ///< of the picture, in points
+  double height = 0;
   double cellWidth = 1;
   double cellHeight = 1;
   int columns = 80;
 };
 
 /// The rows, each ended by a line break, without trailing spaces. Labels that would collide move
-/// apart.
+/// apart; those that stand above or below the picture are left out.
 [[nodiscard]] std::string setInGrid(std::vector<PlainLabel> labels, const PlainGrid& grid);
 
 }  // namespace rendering

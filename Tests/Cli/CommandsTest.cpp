@@ -50,8 +50,9 @@ TEST_P(Commands, listNamesTheFiveWidgetsAndTheControl) {
                                               "QuorvelSpendingWidget"));
   EXPECT_EQ(answer["controls"],
             json::parse(R"([{"kind":"QuorvelAddExpenseControl","name":"Add Expense",
-                             "description":"Open Quorvel to log an expense.","symbol":"plus",
-                             "intent":"AddExpenseIntent"}])"));
+                             "description":"Open Quorvel to log an expense.",
+                             "label":"Add Expense","symbol":"plus",
+                             "intent":"AddExpenseIntent","intentTitle":"Add Expense"}])"));
 }
 
 TEST_P(Commands, listDescribesConfigurations) {
@@ -63,7 +64,8 @@ TEST_P(Commands, listDescribesConfigurations) {
           "description": "How much you can spend per day to stay on budget.",
           "families": ["systemSmall", "systemMedium"],
           "configuration": {"intent": "SafeToSpendIntent", "title": "Choose Style", "parameters": [
-            {"name": "style", "title": "Style", "type": "enumeration", "default": "accent",
+            {"name": "style", "title": "Style", "type": "enumeration", "typeName": "Style",
+             "default": "accent",
              "cases": [{"id": "accent", "title": "Accent Tile"}, {"id": "ring", "title": "Budget Ring"}]}]}})"));
     } else if (widget["kind"] == "QuorvelDueWidget") {
       EXPECT_TRUE(widget["configuration"].is_null());
@@ -71,7 +73,8 @@ TEST_P(Commands, listDescribesConfigurations) {
       EXPECT_EQ(
           widget["configuration"],
           json::parse(R"({"intent": "SelectCardIntent", "title": "Choose Card", "parameters": [
-                  {"name": "card", "title": "Card", "type": "entity", "default": null, "cases": []}]})"));
+                  {"name": "card", "title": "Card", "type": "entity", "typeName": "Card", "default": null,
+                   "cases": []}]})"));
     }
   }
 }
@@ -129,14 +132,15 @@ TEST_P(Commands, optionsOfCardsAreThoseOfTheDocument) {
       asked({"options", "QuorvelCardLimitWidget", "card", "--json", "--snapshot", kHousehold});
   EXPECT_EQ(answer, json::parse(R"({"options":[{"id":"a","title":"Northbank Everyday"},
                                                {"id":"b","title":"Harbour Credit Travel"},
-                                               {"id":"c","title":"Kettle & Co"}],"default":"a"})"));
+                                               {"id":"c","title":"Kettle & Co"}],
+                                   "default":"a","more":false})"));
 }
 
 TEST_P(Commands, optionsWithoutADocumentAreNone) {
   const TemporaryFolder folder;
   const json answer =
       asked({"options", "QuorvelCardLimitWidget", "card", "--json", "--container", folder.path()});
-  EXPECT_EQ(answer, json::parse(R"({"options":[],"default":null})"));
+  EXPECT_EQ(answer, json::parse(R"({"options":[],"default":null,"more":false})"));
 }
 
 TEST_P(Commands, validateAccepts) {
@@ -144,6 +148,10 @@ TEST_P(Commands, validateAccepts) {
   EXPECT_EQ(answer["file"], kHousehold);
   EXPECT_EQ(answer["accepted"], true);
   EXPECT_TRUE(answer["problems"].empty());
+  EXPECT_EQ(answer["leftOut"], 0);
+  ASSERT_EQ(answer["widgets"].size(), 5U);
+  EXPECT_EQ(answer["widgets"][0], json::parse(R"({"kind":"QuorvelCardLimitWidget",
+                            "shows":"The remaining limit of 3 cards."})"));
 }
 
 TEST_P(Commands, validateSaysWhatTheWidgetsWillShow) {
@@ -206,6 +214,78 @@ TEST_P(Commands, performLeavesTheRequestAndPrintsTheLink) {
     preferences += contentsOf(entry.path());
   }
   EXPECT_THAT(preferences, HasSubstr("widget.pendingAddExpense"));
+}
+
+TEST_P(Commands, ValidateCountsTheProblemsThatItDoesNotName) {
+  const TemporaryFolder folder;
+  std::string dues = "1";
+  for (int i = 1; i < 1234; ++i) dues += ",1";
+  std::string text = contentsOf(example("minimal.json"));
+  text.replace(text.find("\"dues\": []"), 10, "\"dues\": [" + dues + "]");
+  const Outcome outcome = run({"validate", folder.write("dues.json", text)});
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_THAT(outcome.out, HasSubstr("/dues/99: expected object, found number\n  and 1134 more\n"));
+}
+
+TEST_P(Commands, ADocumentOfItsOwnBringsImagesButNoPreferences) {
+  const TemporaryFolder folder;
+  const std::string file = folder.write("widget-snapshot.json", contentsOf(kHousehold));
+  const Outcome outcome = run({"perform", "AddExpenseIntent", "--no-open", "--snapshot", file});
+  EXPECT_EQ(outcome.status, 0) << outcome.errors;
+  EXPECT_EQ(outcome.out, "quorvel-widget://\n");
+  EXPECT_THAT(outcome.errors, StartsWith("warning: there is no container, so nothing is left"));
+  EXPECT_FALSE(std::filesystem::exists(folder.path() / "Library"));
+}
+
+TEST_P(Commands, PerformSaysThatThereIsNoContainer) {
+  const TemporaryFolder home;
+  const Outcome outcome =
+      runHost({"perform", "AddExpenseIntent", "--no-open"}, {{"HOME", home.path().string()}});
+  EXPECT_EQ(outcome.status, 0) << outcome.errors;
+  EXPECT_THAT(outcome.errors, HasSubstr("there is no container"));
+}
+
+TEST_P(Commands, AnIntentThatConfiguresHasNothingToDo) {
+  for (const char* intent : {"SelectCardIntent", "SafeToSpendIntent"}) {
+    const TemporaryFolder folder;
+    const Outcome outcome = run({"perform", intent, "--no-open", "--container", folder.path()});
+    EXPECT_EQ(outcome.status, 0) << outcome.errors;
+    EXPECT_THAT(outcome.out + outcome.errors, IsEmpty());
+    EXPECT_TRUE(std::filesystem::is_empty(folder.path()));
+  }
+}
+
+TEST_P(Commands, TheLastSecondHasATimeline) {
+  const json answer = asked({"timeline",
+                             "QuorvelDueWidget",
+                             "--json",
+                             "--snapshot",
+                             kHousehold,
+                             "--now",
+                             "9999-12-31T23:59:59Z",
+                             "--time-zone",
+                             "UTC"});
+  EXPECT_EQ(answer["entries"][0]["date"], "9999-12-31T23:59:59Z");
+  EXPECT_EQ(answer["policy"], json::parse(R"({"type":"never"})"));
+}
+
+TEST_P(Commands, AGroupThatIsNoFolderNameHasNoContainer) {
+  for (const char* group : {"..", ".", "a/b"}) {
+    const TemporaryFolder home;
+    home.write("share/a/b/widget-snapshot.json", contentsOf(kHousehold));
+    home.write("widget-snapshot.json", contentsOf(kHousehold));
+    const std::string plist = home.write(
+        "Info.plist",
+        std::string(R"(<?xml version="1.0" encoding="UTF-8"?><plist version="1.0"><dict>)"
+                    R"(<key>QuorvelAppGroup</key><string>)") +
+            group + "</string></dict></plist>");
+    Words words{"doctor", "--info-plist", plist};
+    if (GetParam()) words.emplace_back("--isolated");
+    const Outcome outcome = runHost(words, {{"XDG_DATA_HOME", home.at("share")}});
+    EXPECT_EQ(outcome.status, 1) << group;
+    EXPECT_THAT(outcome.out, ::testing::ContainsRegex("MISSING +container +-")) << group;
+    EXPECT_THAT(outcome.out, ::testing::ContainsRegex("MISSING +document +-")) << group;
+  }
 }
 
 TEST_P(Commands, doctorFindsTheContainerAndTheDocument) {
@@ -303,6 +383,49 @@ TEST(Sample, isACompleteDocumentInTheLanguage) {
   EXPECT_EQ(document["dues"][0]["dueDate"], "2025-03-17");
   EXPECT_EQ(document["totalRemaining"], 25730);
   EXPECT_EQ(runHost({"validate", file}).status, 0);
+}
+
+TEST(Sample, refusesALanguageThatThereIsNot) {
+  const Outcome outcome = runHost({"sample", "--lang", "klingon"});
+  EXPECT_EQ(outcome.status, 2);
+  EXPECT_THAT(outcome.out, IsEmpty());
+  EXPECT_THAT(outcome.errors, HasSubstr("--lang: there is no \"klingon\" (there are: en, id,"));
+}
+
+TEST(OutputFile, takesThePlaceOfAnOlderOneOnlyWhenItIsWhole) {
+  namespace fs = std::filesystem;
+  const TemporaryFolder folder;
+  const std::string file = folder.write("sample.json", "old");
+  fs::permissions(file, fs::perms::owner_read | fs::perms::owner_write);
+  const std::string other = folder.at("other.json");
+  fs::create_hard_link(file, other);
+  ASSERT_EQ(runHost({"sample", "-o", file}).status, 0);
+  EXPECT_THAT(contentsOf(file), StartsWith("{"));
+  // The old file was not written into, and the new one is as private as it was.
+  EXPECT_EQ(contentsOf(other), "old");
+  EXPECT_EQ(fs::status(file).permissions(), fs::perms::owner_read | fs::perms::owner_write);
+  EXPECT_EQ(std::distance(fs::directory_iterator(folder.path()), {}), 2);
+}
+
+TEST(OutputFile, staysWhenTheNewOneCannotBeMade) {
+  const TemporaryFolder folder;
+  const std::string file = folder.write("due.png", "old");
+  EXPECT_NE(runHost({"render", "NoSuchWidget", "--snapshot", kHousehold, "-o", file}).status, 0);
+  EXPECT_EQ(contentsOf(file), "old");
+  EXPECT_THAT(runHost({"sample", "-o", folder.at("none/x.json")}).errors,
+              HasSubstr("cannot write " + folder.at("none/x.json") + ": No such file"));
+}
+
+TEST(OutputFile, followsALinkAndWritesToADevice) {
+  namespace fs = std::filesystem;
+  const TemporaryFolder folder;
+  const std::string target = folder.write("target.json", "old");
+  fs::create_symlink("target.json", folder.at("link.json"));
+  ASSERT_EQ(runHost({"sample", "-o", folder.at("link.json")}).status, 0);
+  EXPECT_TRUE(fs::is_symlink(folder.at("link.json")));
+  EXPECT_THAT(contentsOf(target), StartsWith("{"));
+  EXPECT_EQ(runHost({"sample", "-o", "/dev/null"}).status, 0);
+  EXPECT_TRUE(fs::is_character_file("/dev/null"));
 }
 
 TEST(Bench, printsOneLineOfFigures) {

@@ -70,6 +70,7 @@ TEST_F(Installation, putsEverythingWhereDebianLooksForIt) {
                                      "share/applications/quorvel-import.desktop",
                                      "share/bash-completion/completions/quorvel-host",
                                      "share/bash-completion/completions/quorvel-import",
+                                     "share/doc/quorvel-widgets/application.md",
                                      "share/doc/quorvel-widgets/bars/i3blocks.conf",
                                      "share/doc/quorvel-widgets/bars/polybar.ini",
                                      "share/doc/quorvel-widgets/bars/sway.conf",

@@ -11,7 +11,8 @@ _quorvel_host_options() {
   local picture="--family --preset --size --configure --preview --appearance --mode $drawing"
   local own
   case $1 in
-    list | doctor | options) own="--json $data" ;;
+    list) own="--json --languages $data" ;;
+    doctor | options) own="--json $data" ;;
     render) own="$picture --format --id-prefix --png --out -o $place --languages $data" ;;
     sheet)
       own="--states --extremes --modes --presets --accessories --components --languages --family --configure --preview

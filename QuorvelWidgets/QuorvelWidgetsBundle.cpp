@@ -11,19 +11,19 @@ namespace quorvel {
 
 widgetruntime::WidgetBundle makeQuorvelWidgetsBundle(const SnapshotStore& store,
                                                      const foundation::FileManager& files,
-                                                     bool offersControls) {
+                                                     const BundleOptions& options) {
   widgetruntime::WidgetBundle bundle;
   bundle.widgets = {
-      CardLimitWidget::configuration(store),
-      DueWidget::configuration(store),
-      NetWorthWidget::configuration(store),
-      SafeToSpendWidget::configuration(store),
-      SpendingWidget::configuration(store),
+      CardLimitWidget::configuration(store, options.lang),
+      DueWidget::configuration(store, options.lang),
+      NetWorthWidget::configuration(store, options.lang),
+      SafeToSpendWidget::configuration(store, options.lang),
+      SpendingWidget::configuration(store, options.lang),
   };
-  if (!offersControls) return bundle;
+  if (!options.offersControls) return bundle;
   const AddExpenseIntent intent{store, files, foundation::NotificationCenter::defaultCenter()};
-  bundle.controls = {AddExpenseControl::configuration()};
-  bundle.actions = {intent.action()};
+  bundle.controls = {AddExpenseControl::configuration(options.lang)};
+  bundle.actions = {intent.action(options.lang)};
   return bundle;
 }
 

@@ -1,15 +1,23 @@
 // Everything that the extension offers.
 #pragma once
 
+#include <string>
+
 #include "Foundation/FileManager.hpp"
 #include "QuorvelWidgets/WidgetSupport/SnapshotStore.hpp"
 #include "WidgetRuntime/Widget.hpp"
 
 namespace quorvel {
 
-/// In the gallery's order. A host that knows no controls gets the widgets alone. `files` is where
-/// the control's action leaves its request.
+struct BundleOptions {
+  std::string lang = "en";     ///< of the names in the gallery
+  bool offersControls = true;  ///< a host that knows no controls gets the widgets alone
+};
+
+/// In the gallery's order. `files` is where the control's action leaves its request.
 [[nodiscard]] widgetruntime::WidgetBundle makeQuorvelWidgetsBundle(
-    const SnapshotStore& store, const foundation::FileManager& files, bool offersControls = true);
+    const SnapshotStore& store,
+    const foundation::FileManager& files,
+    const BundleOptions& options = {});
 
 }  // namespace quorvel

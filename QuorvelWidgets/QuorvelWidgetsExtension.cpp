@@ -5,6 +5,7 @@
 #include "QuorvelWidgets/QuorvelWidgetsBundle.hpp"
 #include "QuorvelWidgets/SnapshotDiagnosis.hpp"
 #include "QuorvelWidgets/WidgetSupport/SnapshotStore.hpp"
+#include "QuorvelWidgets/WidgetSupport/WidgetLanguage.hpp"
 
 namespace quorvel {
 
@@ -29,7 +30,10 @@ widgetruntime::WidgetBundle makeBundle(const InitializeParameters& parameters) {
   const FileManager files = makeFileManager(parameters);
   const SnapshotStore store = makeStore(parameters, files);
   widgetruntime::WidgetBundle bundle =
-      makeQuorvelWidgetsBundle(store, files, parameters.offersControls);
+      makeQuorvelWidgetsBundle(store,
+                               files,
+                               {.lang = preferredLanguageCode(parameters.preferredLanguages),
+                                .offersControls = parameters.offersControls});
   bundle.appGroup = store.appGroup();
   bundle.urlScheme = store.urlScheme();
   bundle.container = files.containerPath(store.appGroup()).value_or("");

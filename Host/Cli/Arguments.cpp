@@ -25,6 +25,7 @@ struct Command {
 
 void describeList(CLI::App& app, Options& options) {
   addJson(app, options);
+  addLanguages(app, options.device.languages, "Of the names, by preference: de,en", "Device");
   addSource(app, options.source);
 }
 

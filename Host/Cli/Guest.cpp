@@ -87,7 +87,9 @@ std::string informationProblem(const fs::path& infoPlist) {
   return list && list->dictionary() ? std::string{} : "no property list";
 }
 
-Result<Guest> Guest::open(const SourceOptions& source, const Program& program) {
+Result<Guest> Guest::open(const SourceOptions& source,
+                          const Program& program,
+                          const std::vector<std::string>& languages) {
   if (!source.infoPlist.empty()) {
     if (const auto problem = informationProblem(source.infoPlist); !problem.empty())
       return refused(fmt::format("cannot read {}: {}", source.infoPlist, problem));
@@ -98,7 +100,8 @@ Result<Guest> Guest::open(const SourceOptions& source, const Program& program) {
   }
   auto connection = transport(source, program);
   if (!connection) return std::unexpected(connection.error());
-  const auto parameters = initializeParameters(source, program);
+  auto parameters = initializeParameters(source, program);
+  parameters.preferredLanguages = languages;
   session::Extension extension{*std::move(connection), parameters};
   auto about = said(extension.initialize());
   if (!about) return std::unexpected(about.error());

@@ -27,7 +27,11 @@ inline constexpr std::string_view kDocumentName = "widget-snapshot.json";
 
 class Guest {
  public:
-  [[nodiscard]] static Result<Guest> open(const SourceOptions& source, const Program& program);
+  /// `languages` are the device's: the extension names its widgets in the first that it speaks, in
+  /// English without any.
+  [[nodiscard]] static Result<Guest> open(const SourceOptions& source,
+                                          const Program& program,
+                                          const std::vector<std::string>& languages = {});
 
   [[nodiscard]] const widgetruntime::InitializeAnswer& about() const { return about_; }
   /// The widget of that kind, in full or short; refused with the kinds that there are.

@@ -4,6 +4,7 @@
 #include "Cli/Commands.hpp"
 #include "Cli/Guest.hpp"
 #include "Cli/Output.hpp"
+#include "Cli/Picture.hpp"
 #include "Foundation/JsonWriter.hpp"
 #include "Foundation/Printable.hpp"
 
@@ -102,7 +103,8 @@ std::string asText(const BundleDescription& bundle) {
 }  // namespace
 
 Result<void> list(const Options& options, const Program& program) {
-  auto guest = Guest::open(options.source, program);
+  const auto device = deviceFrom(options.device, program.environment);
+  auto guest = Guest::open(options.source, program, device.preferredLanguages);
   if (!guest) return std::unexpected(guest.error());
   const BundleDescription& bundle = guest->about().bundle;
   return print(options.json ? asJson(bundle) : asText(bundle));

@@ -72,13 +72,13 @@ Result<void> render(const Options& options, const Program& program) {
   }
   if (!options.output.idPrefix.empty() && options.format != Format::svg)
     return misused("--id-prefix: only with --format svg");
-  auto guest = Guest::open(options.source, program);
+  const auto device = deviceFrom(options.device, program.environment);
+  auto guest = Guest::open(options.source, program, device.preferredLanguages);
   if (!guest) return std::unexpected(guest.error());
   const auto widget = guest->widget(options.kind);
   if (!widget) return std::unexpected(widget.error());
   if (auto known = checkConfiguration(**widget, options.picture.configuration); !known)
     return known;
-  const auto device = deviceFrom(options.device, program.environment);
   const auto family =
       options.picture.family.value_or(session::defaultFamily((*widget)->description.families));
   const auto view = fetchView(

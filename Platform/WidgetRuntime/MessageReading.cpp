@@ -245,6 +245,8 @@ Read<InitializeParameters> read(const JsonValue& json) {
   parameters.container = reader.optionalString("container");
   parameters.infoPlist = reader.optionalString("infoPlist");
   parameters.snapshotFile = reader.optionalString("snapshotFile");
+  if (json.member("languages") != nullptr)
+    parameters.preferredLanguages = reader.strings("languages", 64, true);
   if (json.member("offersControls") != nullptr) {
     parameters.offersControls = reader.boolean("offersControls");
   }

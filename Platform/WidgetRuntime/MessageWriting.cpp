@@ -141,6 +141,8 @@ void write(JsonWriter& writer, const InitializeParameters& parameters) {
   writeOptional(writer, "container", parameters.container);
   writeOptional(writer, "infoPlist", parameters.infoPlist);
   writeOptional(writer, "snapshotFile", parameters.snapshotFile);
+  if (!parameters.preferredLanguages.empty())
+    writeStrings(writer, "languages", parameters.preferredLanguages);
   if (!parameters.offersControls) writer.member("offersControls", false);
   writer.endObject();
 }

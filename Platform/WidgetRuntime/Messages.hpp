@@ -63,7 +63,8 @@ struct InitializeParameters {
   std::optional<std::string> container;      ///< the group's own folder; wins over `containerRoot`
   std::optional<std::string> infoPlist;      ///< path of the information property list
   std::optional<std::string> snapshotFile;   ///< read in place of the container's document
-  bool offersControls = true;                ///< false: the host shows widgets alone
+  std::vector<std::string> preferredLanguages;  ///< the device's, for the names of what is offered
+  bool offersControls = true;                   ///< false: the host shows widgets alone
 
   friend bool operator==(const InitializeParameters&, const InitializeParameters&) = default;
 };

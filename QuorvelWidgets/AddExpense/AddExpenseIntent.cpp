@@ -1,8 +1,16 @@
 #include "QuorvelWidgets/AddExpense/AddExpenseIntent.hpp"
 
 #include "Foundation/UserDefaults.hpp"
+#include "QuorvelWidgets/WidgetSupport/GalleryName.hpp"
 
 namespace quorvel {
+namespace {
+
+std::string addExpense(std::string_view lang) {
+  return galleryName("Add Expense", "addExpense", lang);
+}
+
+}  // namespace
 
 void AddExpenseIntent::perform() const {
   if (const auto suite = foundation::UserDefaults::initWithSuiteName(store.appGroup(), files)) {
@@ -12,18 +20,18 @@ void AddExpenseIntent::perform() const {
   notifications.postNotificationName(kAddExpenseNotification);
 }
 
-widgetruntime::Action AddExpenseIntent::action() const {
+widgetruntime::Action AddExpenseIntent::action(std::string_view lang) const {
   return {.name = std::string{kName},
-          .title = std::string{kTitle},
+          .title = addExpense(lang),
           .openAppWhenRun = openAppWhenRun,
           .perform = [intent = *this] { intent.perform(); }};
 }
 
-widgetruntime::Control AddExpenseControl::configuration() {
+widgetruntime::Control AddExpenseControl::configuration(std::string_view lang) {
   return {.kind = std::string{kKind},
-          .displayName = "Add Expense",
+          .displayName = addExpense(lang),
           .description = "Open Quorvel to log an expense.",
-          .label = "Add Expense",
+          .label = addExpense(lang),
           .symbol = "plus",
           .intent = std::string{AddExpenseIntent::kName}};
 }

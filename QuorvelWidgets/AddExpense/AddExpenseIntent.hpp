@@ -16,7 +16,6 @@ inline constexpr std::string_view kAddExpenseNotification = "quorvelWidgetAddExp
 
 struct AddExpenseIntent {
   static constexpr std::string_view kName = "AddExpenseIntent";
-  static constexpr std::string_view kTitle = "Add Expense";
   static constexpr bool openAppWhenRun = true;
 
   SnapshotStore store;
@@ -27,13 +26,15 @@ struct AddExpenseIntent {
   /// notification. Always succeeds.
   void perform() const;
 
-  [[nodiscard]] widgetruntime::Action action() const;
+  /// Titled in `lang`.
+  [[nodiscard]] widgetruntime::Action action(std::string_view lang) const;
 };
 
 /// The button that runs it.
 struct AddExpenseControl {
   static constexpr std::string_view kKind = "QuorvelAddExpenseControl";
-  [[nodiscard]] static widgetruntime::Control configuration();
+  /// Named in `lang` for the gallery.
+  [[nodiscard]] static widgetruntime::Control configuration(std::string_view lang);
 };
 
 }  // namespace quorvel

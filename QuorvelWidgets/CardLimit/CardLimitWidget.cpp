@@ -2,6 +2,7 @@
 
 #include "QuorvelWidgets/CardLimit/CardLimitView.hpp"
 #include "QuorvelWidgets/CardLimit/CardProvider.hpp"
+#include "QuorvelWidgets/WidgetSupport/GalleryName.hpp"
 
 namespace quorvel {
 
@@ -9,10 +10,11 @@ using widgetruntime::Environment;
 using widgetruntime::WidgetContent;
 using widgetruntime::WidgetFamily;
 
-widgetruntime::Widget CardLimitWidget::configuration(const SnapshotStore& store) {
+widgetruntime::Widget CardLimitWidget::configuration(const SnapshotStore& store,
+                                                     std::string_view lang) {
   return widgetruntime::makeIntentConfiguration(
       {.kind = std::string{kKind},
-       .displayName = "Remaining Limit",
+       .displayName = galleryName("Remaining Limit", "remainingLimit", lang),
        .description = "How much limit is left on your cards.",
        .families = {WidgetFamily::systemSmall,
                     WidgetFamily::systemMedium,

@@ -1,6 +1,7 @@
 #include "QuorvelWidgets/Due/DueWidget.hpp"
 
 #include "QuorvelWidgets/Due/DueWidgetView.hpp"
+#include "QuorvelWidgets/WidgetSupport/GalleryName.hpp"
 #include "QuorvelWidgets/WidgetSupport/SnapshotProvider.hpp"
 
 namespace quorvel {
@@ -9,10 +10,10 @@ using widgetruntime::Environment;
 using widgetruntime::WidgetContent;
 using widgetruntime::WidgetFamily;
 
-widgetruntime::Widget DueWidget::configuration(const SnapshotStore& store) {
+widgetruntime::Widget DueWidget::configuration(const SnapshotStore& store, std::string_view lang) {
   return widgetruntime::makeStaticConfiguration(
       {.kind = std::string{kKind},
-       .displayName = "Next Due",
+       .displayName = galleryName("Next Due", "nextDue", lang),
        .description = "Card bills, bills and loans due next.",
        .families = {WidgetFamily::systemSmall, WidgetFamily::systemMedium}},
       SnapshotProvider{store},

@@ -1,6 +1,7 @@
 #include "QuorvelWidgets/NetWorth/NetWorthWidget.hpp"
 
 #include "QuorvelWidgets/NetWorth/NetWorthWidgetView.hpp"
+#include "QuorvelWidgets/WidgetSupport/GalleryName.hpp"
 #include "QuorvelWidgets/WidgetSupport/SnapshotProvider.hpp"
 
 namespace quorvel {
@@ -9,10 +10,11 @@ using widgetruntime::Environment;
 using widgetruntime::WidgetContent;
 using widgetruntime::WidgetFamily;
 
-widgetruntime::Widget NetWorthWidget::configuration(const SnapshotStore& store) {
+widgetruntime::Widget NetWorthWidget::configuration(const SnapshotStore& store,
+                                                    std::string_view lang) {
   return widgetruntime::makeStaticConfiguration(
       {.kind = std::string{kKind},
-       .displayName = "Net Worth",
+       .displayName = galleryName("Net Worth", "netWorth", lang),
        .description = "Your net worth and how it's trending.",
        .families = {WidgetFamily::systemSmall,
                     WidgetFamily::systemMedium,

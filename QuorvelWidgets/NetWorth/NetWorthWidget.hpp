@@ -1,6 +1,8 @@
 // The net worth widget as the bundle offers it.
 #pragma once
 
+#include <string_view>
+
 #include "QuorvelWidgets/WidgetSupport/SnapshotStore.hpp"
 #include "WidgetRuntime/Widget.hpp"
 
@@ -8,7 +10,9 @@ namespace quorvel {
 
 struct NetWorthWidget {
   static constexpr std::string_view kKind = "QuorvelNetWorthWidget";
-  [[nodiscard]] static widgetruntime::Widget configuration(const SnapshotStore& store);
+  /// Named in `lang` for the gallery.
+  [[nodiscard]] static widgetruntime::Widget configuration(const SnapshotStore& store,
+                                                           std::string_view lang);
 };
 
 }  // namespace quorvel

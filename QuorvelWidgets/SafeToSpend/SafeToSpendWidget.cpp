@@ -2,6 +2,7 @@
 
 #include "QuorvelWidgets/SafeToSpend/SafeToSpendProvider.hpp"
 #include "QuorvelWidgets/SafeToSpend/SafeToSpendView.hpp"
+#include "QuorvelWidgets/WidgetSupport/GalleryName.hpp"
 
 namespace quorvel {
 
@@ -9,10 +10,11 @@ using widgetruntime::Environment;
 using widgetruntime::WidgetContent;
 using widgetruntime::WidgetFamily;
 
-widgetruntime::Widget SafeToSpendWidget::configuration(const SnapshotStore& store) {
+widgetruntime::Widget SafeToSpendWidget::configuration(const SnapshotStore& store,
+                                                       std::string_view lang) {
   return widgetruntime::makeIntentConfiguration(
       {.kind = std::string{kKind},
-       .displayName = "Safe to Spend",
+       .displayName = galleryName("Safe to Spend", "safeToSpend", lang),
        .description = "How much you can spend per day to stay on budget.",
        .families = {WidgetFamily::systemSmall, WidgetFamily::systemMedium}},
       SafeToSpendIntent::description(),

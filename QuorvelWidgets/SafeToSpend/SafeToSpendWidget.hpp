@@ -1,6 +1,8 @@
 // The safe-to-spend widget as the bundle offers it.
 #pragma once
 
+#include <string_view>
+
 #include "QuorvelWidgets/WidgetSupport/SnapshotStore.hpp"
 #include "WidgetRuntime/Widget.hpp"
 
@@ -9,7 +11,9 @@ namespace quorvel {
 struct SafeToSpendWidget {
   static constexpr std::string_view kKind = "QuorvelSafeToSpendWidget";
 
-  [[nodiscard]] static widgetruntime::Widget configuration(const SnapshotStore& store);
+  /// Named in `lang` for the gallery.
+  [[nodiscard]] static widgetruntime::Widget configuration(const SnapshotStore& store,
+                                                           std::string_view lang);
 };
 
 }  // namespace quorvel

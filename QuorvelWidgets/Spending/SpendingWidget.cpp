@@ -1,6 +1,7 @@
 #include "QuorvelWidgets/Spending/SpendingWidget.hpp"
 
 #include "QuorvelWidgets/Spending/SpendingWidgetView.hpp"
+#include "QuorvelWidgets/WidgetSupport/GalleryName.hpp"
 #include "QuorvelWidgets/WidgetSupport/SnapshotProvider.hpp"
 
 namespace quorvel {
@@ -9,10 +10,11 @@ using widgetruntime::Environment;
 using widgetruntime::WidgetContent;
 using widgetruntime::WidgetFamily;
 
-widgetruntime::Widget SpendingWidget::configuration(const SnapshotStore& store) {
+widgetruntime::Widget SpendingWidget::configuration(const SnapshotStore& store,
+                                                    std::string_view lang) {
   return widgetruntime::makeStaticConfiguration(
       {.kind = std::string{kKind},
-       .displayName = "Spending This Month",
+       .displayName = galleryName("Spending This Month", "spentThisMonth", lang),
        .description = "This month's spending vs last month.",
        .families = {WidgetFamily::systemSmall,
                     WidgetFamily::systemMedium,

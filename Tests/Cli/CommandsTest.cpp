@@ -55,6 +55,13 @@ TEST_P(Commands, listNamesTheFiveWidgetsAndTheControl) {
                              "intent":"AddExpenseIntent","intentTitle":"Add Expense"}])"));
 }
 
+TEST_P(Commands, listNamesInTheLanguageThatIsPreferred) {
+  const json answer = asked({"list", "--json", "--languages", "nl,fr"});
+  EXPECT_EQ(answer["widgets"][2]["name"], "Patrimoine net");
+  EXPECT_EQ(answer["widgets"][2]["description"], "Your net worth and how it's trending.");
+  EXPECT_EQ(answer["controls"][0]["name"], "Ajouter une dépense");
+}
+
 TEST_P(Commands, listDescribesConfigurations) {
   const json answer = asked({"list", "--json"});
   for (const json& widget : answer["widgets"]) {

@@ -67,11 +67,11 @@ TEST_F(AddExpenseTest, WithoutAContainerItPostsAndSetsNothing) {
 }
 
 TEST_F(AddExpenseTest, OpensTheApplicationAndIsNamedSo) {
-  const widgetruntime::Action action = intent(folder_.path()).action();
+  const widgetruntime::Action action = intent(folder_.path()).action("en");
   EXPECT_EQ(action.name, "AddExpenseIntent");
   EXPECT_EQ(action.title, "Add Expense");
   EXPECT_TRUE(action.openAppWhenRun);
-  const widgetruntime::Control control = AddExpenseControl::configuration();
+  const widgetruntime::Control control = AddExpenseControl::configuration("en");
   EXPECT_EQ(control.kind, "QuorvelAddExpenseControl");
   EXPECT_EQ(control.label, "Add Expense");
   EXPECT_EQ(control.symbol, "plus");

@@ -4,6 +4,7 @@
 
 #include "Foundation/Bundle.hpp"
 #include "QuorvelWidgets/QuorvelWidgetsBundle.hpp"
+#include "QuorvelWidgets/QuorvelWidgetsExtension.hpp"
 
 namespace quorvel {
 namespace {
@@ -11,10 +12,9 @@ namespace {
 using enum widgetruntime::WidgetFamily;
 using Families = std::vector<widgetruntime::WidgetFamily>;
 
-widgetruntime::WidgetBundle bundle(bool offersControls = true) {
+widgetruntime::WidgetBundle bundle(const BundleOptions& options = {}) {
   const auto files = foundation::FileManager::withContainer("/nonexistent");
-  return makeQuorvelWidgetsBundle(
-      SnapshotStore{foundation::Bundle{}, files}, files, offersControls);
+  return makeQuorvelWidgetsBundle(SnapshotStore{foundation::Bundle{}, files}, files, options);
 }
 
 struct Declared {
@@ -65,6 +65,105 @@ TEST(Bundle, DeclaresFiveWidgetsInTheGallerysOrder) {
   }
 }
 
+struct Named {
+  const char* lang;
+  std::array<const char*, 6> names;  ///< the widgets in the gallery's order, then the control
+};
+
+constexpr Named kNames[] = {
+    {"en",
+     {"Remaining Limit",
+      "Next Due",
+      "Net Worth",
+      "Safe to Spend",
+      "Spending This Month",
+      "Add Expense"}},
+    {"id",
+     {"Sisa limit",
+      "Jatuh tempo",
+      "Kekayaan bersih",
+      "Aman dibelanjakan",
+      "Pengeluaran bulan ini",
+      "Catat pengeluaran"}},
+    {"es",
+     {"Límite disponible",
+      "Próximo pago",
+      "Patrimonio neto",
+      "Libre para gastar",
+      "Gastado este mes",
+      "Añadir gasto"}},
+    {"pt-BR",
+     {"Limite disponível",
+      "Próximo vencimento",
+      "Patrimônio líquido",
+      "Livre para gastar",
+      "Gasto neste mês",
+      "Adicionar gasto"}},
+    {"fr",
+     {"Plafond restant",
+      "Prochaine échéance",
+      "Patrimoine net",
+      "Disponible",
+      "Dépensé ce mois-ci",
+      "Ajouter une dépense"}},
+    {"de",
+     {"Verfügbares Limit",
+      "Nächste Fälligkeit",
+      "Nettovermögen",
+      "Frei verfügbar",
+      "Ausgaben im Monat",
+      "Ausgabe hinzufügen"}},
+    {"ru",
+     {"Доступный лимит",
+      "Ближайший платёж",
+      "Чистый капитал",
+      "Можно тратить",
+      "Расходы за месяц",
+      "Добавить расход"}},
+    {"ja", {"利用可能額", "次の支払い", "純資産", "使えるお金", "今月の支出", "支出を追加"}},
+    {"ko", {"남은 한도", "다음 결제", "순자산", "쓸 수 있는 돈", "이번 달 지출", "지출 추가"}},
+    {"zh-Hans", {"可用额度", "下一笔待付款", "净资产", "可支配金额", "本月支出", "添加支出"}},
+    {"zh-Hant", {"可用額度", "下一筆待繳", "淨資產", "可安心花用", "本月支出", "新增支出"}},
+    {"hi", {"उपलब्ध लिमिट", "अगला भुगतान", "नेट वर्थ", "ख़र्च के लिए उपलब्ध", "इस महीने का ख़र्च", "ख़र्च जोड़ें"}},
+    {"ar",
+     {"الحد المتبقي",
+      "الاستحقاق القادم",
+      "صافي الثروة",
+      "المتاح للإنفاق",
+      "إنفاق هذا الشهر",
+      "إضافة مصروف"}},
+};
+
+TEST(Bundle, NamesAreInTheGallerysLanguage) {
+  static_assert(std::size(kNames) == 13);
+  for (const auto& [lang, names] : kNames) {
+    const auto named = bundle({.lang = lang});
+    for (std::size_t i = 0; i < 5; ++i)
+      EXPECT_EQ(named.widgets[i].description.displayName, names[i]) << lang;
+    EXPECT_EQ(named.controls[0].displayName, names[5]) << lang;
+    EXPECT_EQ(named.controls[0].label, names[5]) << lang;
+    EXPECT_EQ(named.actions[0].title, names[5]) << lang;
+  }
+}
+
+TEST(Bundle, DescriptionsAreEnglishInEveryLanguage) {
+  const auto english = bundle();
+  const auto german = bundle({.lang = "de"});
+  for (std::size_t i = 0; i < 5; ++i) {
+    EXPECT_EQ(german.widgets[i].description.description,
+              english.widgets[i].description.description);
+  }
+  EXPECT_EQ(german.controls[0].description, "Open Quorvel to log an expense.");
+}
+
+TEST(Bundle, TheDevicesFirstLanguageThatIsSpokenNamesTheWidgets) {
+  const auto made =
+      quorvelWidgetsExtension().makeBundle({.preferredLanguages = {"nl-NL", "de-AT", "fr"}});
+  EXPECT_EQ(made.widgets[1].description.displayName, "Nächste Fälligkeit");
+  EXPECT_EQ(quorvelWidgetsExtension().makeBundle({}).widgets[1].description.displayName,
+            "Next Due");
+}
+
 TEST(Bundle, TheSixKindsAreDistinct) {
   std::set<std::string> kinds;
   for (const auto& widget : bundle().widgets) kinds.insert(widget.description.kind);
@@ -73,9 +172,10 @@ TEST(Bundle, TheSixKindsAreDistinct) {
 }
 
 TEST(Bundle, AHostWithoutControlsGetsTheWidgetsAlone) {
-  EXPECT_EQ(bundle(false).widgets.size(), 5U);
-  EXPECT_TRUE(bundle(false).controls.empty());
-  EXPECT_TRUE(bundle(false).actions.empty());
+  const auto alone = bundle({.offersControls = false});
+  EXPECT_EQ(alone.widgets.size(), 5U);
+  EXPECT_TRUE(alone.controls.empty());
+  EXPECT_TRUE(alone.actions.empty());
   EXPECT_EQ(bundle().controls.size(), 1U);
 }
 

@@ -26,7 +26,10 @@ foundation::Device someDevice() {
 }
 
 TEST(Messages, InitializeParametersComeBack) {
-  InitializeParameters parameters{.host = "host \"1\"\n", .containerRoot = "/r", .infoPlist = ""};
+  InitializeParameters parameters{.host = "host \"1\"\n",
+                                  .containerRoot = "/r",
+                                  .infoPlist = "",
+                                  .preferredLanguages = {"nl", "de-AT"}};
   EXPECT_EQ(throughJson(parameters), parameters);
   parameters = {.container =
                     "/Gr\xC3\xBC\xC3\x9F"

@@ -4,8 +4,10 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <string_view>
 
+#include "Rendering/Layout.hpp"
 #include "Rendering/PlacedText.hpp"
 
 namespace rendering {
@@ -56,12 +58,29 @@ std::string withoutDirectionalControls(std::string_view text) {
   return result;
 }
 
-std::string joined(const Elements& elements) {
+/// What stands between the items of a list in a language.
+std::string_view listSeparator(std::string_view language) {
+  if (language.starts_with("ar")) return "، ";
+  if (language.starts_with("ja")) return "、";
+  if (language.starts_with("zh")) return "，";
+  return ", ";
+}
+
+/// The language of the tree's first text that has one: a widget speaks one language.
+std::string_view languageOf(const View& view) {
+  if (const auto* text = std::get_if<TextElement>(&view.node().element)) return text->language;
+  for (const View& child : view.node().children) {
+    if (const std::string_view language = languageOf(child); !language.empty()) return language;
+  }
+  return {};
+}
+
+std::string joined(const Elements& elements, std::string_view separator) {
   std::string result;
   for (const AccessibleElement& element : elements) {
     for (const std::string* part : {&element.label, &element.value}) {
       if (part->empty()) continue;
-      if (!result.empty()) result += ", ";
+      if (!result.empty()) result += separator;
       result += *part;
     }
   }
@@ -70,7 +89,8 @@ std::string joined(const Elements& elements) {
 
 class Reader {
  public:
-  explicit Reader(RedactionReasons redaction) : redaction_(redaction) {}
+  Reader(RedactionReasons redaction, std::string_view separator)
+      : redaction_(redaction), separator_(separator) {}
 
   [[nodiscard]] Elements read(const PlacedNode& node) const {
     if (isInvisible(node) || isSilenced(node)) return {};
@@ -120,7 +140,7 @@ class Reader {
     if (!said.label.empty()) {
       one.label = withoutDirectionalControls(said.label);
     } else if (!isIgnored) {
-      one.label = joined(inner);
+      one.label = joined(inner, separator_);
     }
     if (one.label.empty() && one.value.empty()) return {};
     return {std::move(one)};
@@ -128,7 +148,7 @@ class Reader {
 
   [[nodiscard]] Elements readLink(const PlacedNode& node, const Link& link) const {
     const Elements inner = read(node.children[0]);
-    std::string label = joined(inner);
+    std::string label = joined(inner, separator_);
     if (label.empty()) return {};
     return {{AccessibleRole::link, std::move(label), "", node.frame, link.url}};
   }
@@ -166,6 +186,7 @@ class Reader {
   }
 
   RedactionReasons redaction_;
+  std::string_view separator_;
 };
 
 const char* roleName(AccessibleRole role) {
@@ -203,12 +224,18 @@ std::string lineOf(const AccessibleElement& element) {
 
 std::vector<AccessibleElement> accessibleElements(const PlacedTree& tree,
                                                   const AccessibilityOptions& options) {
-  if (options.redaction.placeholder) {
-    if (options.name.empty()) return {};
+  Elements elements;
+  if (!options.name.empty()) {
     const Rect whole{0, 0, tree.size.width, tree.size.height};
-    return {{AccessibleRole::group, options.name, "", whole, ""}};
+    std::string link = options.redaction.placeholder ? std::string{} : widgetURL(tree.view);
+    const AccessibleRole role = link.empty() ? AccessibleRole::group : AccessibleRole::link;
+    elements.push_back({role, options.name, "", whole, std::move(link)});
   }
-  return Reader(options.redaction).read(tree.root);
+  if (options.redaction.placeholder) return elements;
+  const std::string_view separator = listSeparator(languageOf(tree.view));
+  std::ranges::move(Reader(options.redaction, separator).read(tree.root),
+                    std::back_inserter(elements));
+  return elements;
 }
 
 std::string accessibilityTree(const PlacedTree& tree, const AccessibilityOptions& options) {

@@ -12,7 +12,7 @@ namespace rendering {
 
 struct AccessibilityOptions {
   viewkit::RedactionReasons redaction;
-  std::string name{};  ///< the widget's, all that a placeholder says
+  std::string name{};  ///< the widget's; without one there is no element of the widget itself
 };
 
 enum class AccessibleRole : std::uint8_t { text, image, link, group };
@@ -22,13 +22,15 @@ struct AccessibleElement {
   std::string label;
   std::string value;
   Rect frame;
-  std::string link;  ///< of the link role
+  std::string link;  ///< where a tap leads, of the link role
   friend bool operator==(const AccessibleElement&, const AccessibleElement&) = default;
 };
 
-/// In the order of the tree. Symbols and images are silent unless labelled; what a link surrounds
-/// is one element; a covered view and its labels are left out while the host redacts for privacy.
-/// Controls of the writing direction are left out of what is said.
+/// First the widget itself: its name, and where a tap on no other link leads. A placeholder says no
+/// more than that. Then in the order of the tree. Symbols and images are silent unless labelled;
+/// what a link surrounds is one element, its texts joined as their language lists things; a covered
+/// view and its labels are left out while the host redacts for privacy. Controls of the writing
+/// direction are left out of what is said.
 [[nodiscard]] std::vector<AccessibleElement> accessibleElements(
     const PlacedTree& tree, const AccessibilityOptions& options);
 

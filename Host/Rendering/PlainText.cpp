@@ -6,6 +6,7 @@
 
 #include "Rendering/PlacedText.hpp"
 #include "Rendering/PlainTextGrid.hpp"
+#include "Rendering/SymbolLibrary.hpp"
 
 namespace rendering {
 
@@ -41,11 +42,13 @@ std::string meterBar(double fraction, int columns) {
          std::string(static_cast<std::size_t>(inside - filled), '-') + "]";
 }
 
-/// Only symbols that say something which no text beside them says.
-std::string symbolText(const std::string& name) {
+/// Only symbols that say something which no text beside them says, turned as they are drawn.
+std::string symbolText(const std::string& name, LayoutDirection direction) {
   const auto has = [&](std::string_view part) { return name.find(part) != std::string::npos; };
-  if (has("arrow.up.right")) return "↗";
-  if (has("arrow.down.right")) return "↘";
+  const bool turned = direction == LayoutDirection::rightToLeft && mirrorsInRightToLeft(name);
+  if (has("arrow.up.right")) return turned ? "↖" : "↗";
+  if (has("arrow.down.right")) return turned ? "↙" : "↘";
+  if (name == "arrow.right") return turned ? "←" : "→";
   if (name.starts_with("arrow.up")) return "↑";
   if (name.starts_with("arrow.down")) return "↓";
   if (name.starts_with("exclamationmark")) return "!";
@@ -90,7 +93,7 @@ class Collector {
       return;
     }
     if (node.text) addText(node);
-    if (const Element* element = node.element()) addElement(*element, node.frame);
+    if (const Element* element = node.element()) addElement(*element, node);
     const bool behind = node.modifier() && std::holds_alternative<Background>(*node.modifier());
     if (behind && node.children.size() > 1) visit(node.children[1]);
     for (std::size_t i = 0; i < node.children.size() - (behind ? 1 : 0); ++i) {
@@ -98,9 +101,10 @@ class Collector {
     }
   }
 
-  void addElement(const Element& element, const Rect& frame) {
+  void addElement(const Element& element, const PlacedNode& node) {
+    const Rect& frame = node.frame;
     if (const auto* symbol = std::get_if<SymbolElement>(&element)) {
-      if (!redaction_.placeholder) addBox(symbolText(symbol->name), frame);
+      if (!redaction_.placeholder) addBox(symbolText(symbol->name, node.direction), frame);
     } else if (const auto* shape = std::get_if<ShapeElement>(&element)) {
       if (isBar(*shape)) addBar(frame);
     } else if (const auto* gauge = std::get_if<GaugeElement>(&element)) {

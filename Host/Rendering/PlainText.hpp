@@ -13,7 +13,8 @@ struct PlainTextOptions {
   viewkit::RedactionReasons redaction;
 };
 
-/// Texts where they stand, each row of them on a row of its own; meters as "[######----]"; covered
+/// Texts where they stand, each row of them on a row of its own, columns lined up at the edge that
+/// they share; meters as "[######----]"; covered
 /// views, and the texts of a placeholder, as "▒▒▒▒". Right-to-left text is in logical order, wide
 /// East Asian characters count as two columns.
 [[nodiscard]] std::string plainText(const PlacedTree& tree, const PlainTextOptions& options);

@@ -73,16 +73,31 @@ std::vector<Row> rowsOf(const std::vector<PlainLabel>& labels) {
   return rows;
 }
 
-/// Labels start where their box does; those that alone end at the picture's right edge end there.
+/// Whether a label lines up with others at its right edge rather than at its left, as amounts of a
+/// column do. One that lines up with none ends at the right edge of the picture's half.
+bool endsAtItsBox(const PlainLabel& label,
+                  const std::vector<PlainLabel>& all,
+                  const PlainGrid& grid) {
+  const Rect& box = label.box;
+  const auto sharing = [&](auto edge) {
+    return std::ranges::count_if(all, [&](const PlainLabel& other) {
+      return &other != &label && std::abs(edge(other.box) - edge(box)) < kSameEdge;
+    });
+  };
+  const auto atLeft = sharing([](const Rect& r) { return r.x; });
+  const auto atRight = sharing([](const Rect& r) { return r.right(); });
+  if (atLeft != atRight) return atRight > atLeft;
+  return box.x > grid.width - box.right() + kSameEdge &&
+         std::ranges::none_of(all, [&](const PlainLabel& other) {
+           return other.box.right() >= box.right() + kSameEdge;
+         });
+}
+
 int wantedStart(const SetLabel& set, const std::vector<PlainLabel>& all, const PlainGrid& grid) {
   const Rect& box = set.label->box;
-  bool endsRow = box.x > grid.width - box.right() + kSameEdge;
-  for (const PlainLabel& other : all) {
-    if (&other == set.label) continue;
-    endsRow &= other.box.right() < box.right() + kSameEdge;
-    endsRow &= std::abs(other.box.x - box.x) >= kSameEdge;
-  }
-  const double start = endsRow ? box.right() / grid.cellWidth - set.width : box.x / grid.cellWidth;
+  const double start = endsAtItsBox(*set.label, all, grid)
+                           ? std::round(box.right() / grid.cellWidth) - set.width
+                           : box.x / grid.cellWidth;
   return std::max(0, static_cast<int>(std::lround(start)));
 }
 

@@ -38,7 +38,7 @@ View face(const CardLimitContent& content, const WidgetSnapshot::Card& card) {
                             .tracking(1)
                             .lineLimit(1)
                             .direction(LayoutDirection::leftToRight)
-                            .accessibilityLabel(spokenOneByOne(number))
+                            .accessibilityLabel(spokenEndingIn(number, content.snapshot.lang))
                             .foregroundStyle(faceTextColor(mode).withOpacity(kNumberOpacity))
                             .padding({.leading = 10, .bottom = 7}),
                         Alignment::bottomLeading);

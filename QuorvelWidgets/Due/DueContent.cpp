@@ -28,7 +28,7 @@ View DueContent::subtitle(const WidgetSnapshot::Due& due) const {
       .font(11)
       .lineLimit(1)
       .language(snapshot.lang)
-      .accessibilityLabel(spokenSubtitle(*due.subtitle))
+      .accessibilityLabel(spokenSubtitle(*due.subtitle, snapshot.lang))
       .opacity(kSubtitleOpacity);
 }
 

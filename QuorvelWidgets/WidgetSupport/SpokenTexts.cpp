@@ -141,6 +141,20 @@ constexpr Translations kFromMonth{.en = "{} from {month}",
                                   .hi = "{month} की तुलना में {}",
                                   .ar = "{} مقارنة ب{month}"};
 
+constexpr Translations kEndingIn{.en = "ending in {}",
+                                 .id = "berakhiran {}",
+                                 .es = "terminada en {}",
+                                 .ptBR = "final {}",
+                                 .fr = "se terminant par {}",
+                                 .de = "endet auf {}",
+                                 .ru = "оканчивается на {}",
+                                 .ja = "末尾 {}",
+                                 .ko = "끝자리 {}",
+                                 .zhHans = "尾号 {}",
+                                 .zhHant = "末碼 {}",
+                                 .hi = "अंतिम अंक {}",
+                                 .ar = "تنتهي بـ {}"};
+
 /// A phrase for each form; a form that a language does not have is empty.
 struct Counted {
   std::string_view one;
@@ -268,23 +282,23 @@ std::string spokenChangeFromMonth(const ChangeDescription& change,
   return text;
 }
 
-std::string spokenOneByOne(std::string_view digits) {
-  std::string text;
+std::string spokenEndingIn(std::string_view digits, std::optional<std::string_view> lang) {
+  std::string spelled;
   for (const std::string_view digit : foundation::graphemeClusters(digits)) {
-    if (!text.empty()) text += ' ';
-    text += digit;
+    if (!spelled.empty()) spelled += ' ';
+    spelled += digit;
   }
-  return text;
+  return filled(kEndingIn, lang, spelled);
 }
 
-std::string spokenSubtitle(std::string_view subtitle) {
+std::string spokenSubtitle(std::string_view subtitle, std::optional<std::string_view> lang) {
   constexpr std::string_view kBullet = "\u2022";
   std::string_view digits = subtitle;
   while (digits.starts_with(kBullet)) digits.remove_prefix(kBullet.size());
   while (digits.starts_with(' ')) digits.remove_prefix(1);
   const bool isNumber =
       !digits.empty() && digits.find_first_not_of("0123456789") == std::string_view::npos;
-  return isNumber ? spokenOneByOne(digits) : std::string(subtitle);
+  return isNumber ? spokenEndingIn(digits, lang) : std::string(subtitle);
 }
 
 }  // namespace quorvel

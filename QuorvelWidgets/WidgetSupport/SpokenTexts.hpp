@@ -45,10 +45,12 @@ namespace quorvel {
                                                 std::string_view month,
                                                 std::optional<std::string_view> lang);
 
-/// "8 4 7 8": the digits of a card are said one by one.
-[[nodiscard]] std::string spokenOneByOne(std::string_view digits);
+/// "ending in 8 4 7 8": the last digits of a card's number, said one by one.
+[[nodiscard]] std::string spokenEndingIn(std::string_view digits,
+                                         std::optional<std::string_view> lang);
 
-/// A payment's subtitle: as it is, but a masked number ("•• 8478") without its bullets.
-[[nodiscard]] std::string spokenSubtitle(std::string_view subtitle);
+/// A payment's subtitle: as it is, but a masked number ("•• 8478") as that of a card.
+[[nodiscard]] std::string spokenSubtitle(std::string_view subtitle,
+                                         std::optional<std::string_view> lang);
 
 }  // namespace quorvel

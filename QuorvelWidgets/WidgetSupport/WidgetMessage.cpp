@@ -37,10 +37,11 @@ View labelView(const WidgetMessage& message) {
   if (message.titleIsStatus) return label.foregroundStyle(palette::statusGood);
   const View ground =
       RoundedRectangle(13, CornerStyle::continuous).fill(message.accent.soft).accentable();
-  return label.foregroundStyle(message.accent.ink)
-      .padding(Insets::horizontal(12))
-      .frame(FixedFrame{.height = 26})
-      .background(ground);
+  const View pill = label.foregroundStyle(message.accent.ink)
+                        .padding(Insets::horizontal(12))
+                        .frame(FixedFrame{.height = 26})
+                        .background(ground);
+  return message.link.empty() ? pill : pill.link(message.link);
 }
 
 }  // namespace

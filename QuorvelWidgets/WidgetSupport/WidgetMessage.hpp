@@ -23,6 +23,7 @@ struct WidgetMessage : viewkit::Modifiers<WidgetMessage> {
   bool titleIsStatus = false;  ///< the label says how things are, not what to do
   WAccent accent = WAccent{};
   std::string lang;  ///< of the texts
+  std::string link;  ///< where the action leads; empty: it leads nowhere
 
   [[nodiscard]] viewkit::View body() const;
 };

@@ -30,7 +30,8 @@ View WidgetScaffold::message(const EmptyState& state) const {
                      .title = WidgetStrings::text(state.title, language),
                      .titleIsStatus = state.labelIsStatus,
                      .accent = std::move(accent),
-                     .lang = language};
+                     .lang = language,
+                     .link = link};
   if (isAccessory(environment.familyInForce())) return accessoryMessage(view, environment);
   return view;
 }

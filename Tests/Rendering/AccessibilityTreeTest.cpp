@@ -149,6 +149,30 @@ TEST(AccessibilityTree, APlaceholderSaysTheWidgetsNameOnly) {
   EXPECT_THAT(labels(Text("a"), {.redaction = placeholder}), IsEmpty());
 }
 
+TEST(AccessibilityTree, TheWidgetItselfComesFirstWithItsLink) {
+  const View view = Text("$5").widgetURL("quorvel://open/budget");
+  const auto elements = heard(view, {.name = "Safe to Spend"});
+  ASSERT_EQ(elements.size(), 2u);
+  EXPECT_EQ(elements[0].role, AccessibleRole::link);
+  EXPECT_EQ(elements[0].label, "Safe to Spend");
+  EXPECT_EQ(elements[0].link, "quorvel://open/budget");
+  EXPECT_EQ(elements[0].frame.width, 200);
+  EXPECT_EQ(elements[0].frame.height, 100);
+  EXPECT_EQ(heard(Text("$5"), {.name = "Safe to Spend"})[0].role, AccessibleRole::group);
+}
+
+TEST(AccessibilityTree, ListsAreSeparatedAsTheirLanguageDoes) {
+  const auto joined = [](const char* language) {
+    const View row = HStack{{}, Symbol("tag"), Text("a").language(language), Text("b")};
+    return labels(row.accessibility({.children = Accessibility::Children::combine})).front();
+  };
+  EXPECT_EQ(joined("ar"), "a، b");
+  EXPECT_EQ(joined("ja"), "a、b");
+  EXPECT_EQ(joined("zh-Hans"), "a，b");
+  EXPECT_EQ(joined("ko"), "a, b");
+  EXPECT_EQ(joined(""), "a, b");
+}
+
 TEST(AccessibilityTree, OneElementALine) {
   const View view = VStack{
       {.spacing = 0},

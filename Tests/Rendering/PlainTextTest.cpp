@@ -103,6 +103,32 @@ TEST(PlainText, OnlyTellingSymbolsAreShown) {
   EXPECT_EQ(picture(row, {30, 12.1}), "↗\n");
 }
 
+TEST(PlainText, TrendsTurnWhereTheLayoutRunsRightToLeft) {
+  const auto arrow = [](const char* name, LayoutDirection direction) {
+    return picture(Symbol(name).font(10), {30, 12.1}, {}, direction);
+  };
+  EXPECT_NE(arrow("arrow.right", kLtr).find("→"), std::string::npos);
+  EXPECT_NE(arrow("arrow.up.right", kRtl).find("↖"), std::string::npos);
+  EXPECT_NE(arrow("arrow.down.right", kRtl).find("↙"), std::string::npos);
+  EXPECT_NE(arrow("arrow.right", kRtl).find("←"), std::string::npos);
+}
+
+// Amounts of three widths in cells of 4.5 points; the second and third happen to start together.
+TEST(PlainText, AmountsOfAColumnEndTogether) {
+  const auto row = [](const char* words, const char* amount, double size) {
+    return HStack{{}, Text(words).font(10), Spacer{}, Text(amount).font(size)};
+  };
+  const View column = VStack{{.spacing = 0},
+                             row("Liquid", "$51,240", 10),
+                             row("Fixed", "$9,000", 10),
+                             row("Debt", "$7,000", 10)}
+                          .padding({.trailing = 20});
+  // The texts end at 340 points: column 75.6, so all end before column 76.
+  EXPECT_EQ(picture(column, {360, 36.3}),
+            "Liquid" + std::string(63, ' ') + "$51,240\n" + "Fixed" + std::string(65, ' ') +
+                "$9,000\n" + "Debt" + std::string(66, ' ') + "$7,000\n");
+}
+
 TEST(PlainText, CoveredViewsAreBlankBarsUnderPrivacy) {
   const View row = HStack{{},
                           Text("Spent").font(10),

@@ -54,6 +54,17 @@ TEST(MessageComponent, AnActionIsAnAccentablePillInTheAccentColour) {
   EXPECT_DOUBLE_EQ(inspection::modifier<Padding>(*node)->insets.top, 10);
 }
 
+TEST(MessageComponent, AnActionLeadsWhereItsLinkDoes) {
+  WidgetMessage message = noBudget();
+  message.link = "quorvel://open/budget";
+  const View view = message;
+  const auto* node = inspection::textNode(view, "Set a budget");
+  ASSERT_NE(inspection::modifier<Link>(*node), nullptr);
+  EXPECT_EQ(inspection::modifier<Link>(*node)->url, "quorvel://open/budget");
+  const View without = noBudget();
+  EXPECT_EQ(inspection::modifier<Link>(*inspection::textNode(without, "Set a budget")), nullptr);
+}
+
 TEST(MessageComponent, AStatusHasNoGround) {
   WidgetMessage message = noBudget();
   message.label = "All clear";

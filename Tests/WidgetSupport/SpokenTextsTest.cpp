@@ -172,17 +172,30 @@ TEST(SpokenTexts, EveryPhraseHoldsItsValue) {
   }
 }
 
-TEST(SpokenTexts, DigitsOneByOne) {
-  EXPECT_EQ(spokenOneByOne("8478"), "8 4 7 8");
-  EXPECT_EQ(spokenOneByOne("é1"), "é 1");
-  EXPECT_EQ(spokenOneByOne(""), "");
+TEST(SpokenTexts, LastDigitsOneByOneInEveryLanguage) {
+  const std::array<const char*, kLanguageCount> expected{"ending in 8 4 7 8",
+                                                         "berakhiran 8 4 7 8",
+                                                         "terminada en 8 4 7 8",
+                                                         "final 8 4 7 8",
+                                                         "se terminant par 8 4 7 8",
+                                                         "endet auf 8 4 7 8",
+                                                         "оканчивается на 8 4 7 8",
+                                                         "末尾 8 4 7 8",
+                                                         "끝자리 8 4 7 8",
+                                                         "尾号 8 4 7 8",
+                                                         "末碼 8 4 7 8",
+                                                         "अंतिम अंक 8 4 7 8",
+                                                         "تنتهي بـ 8 4 7 8"};
+  for (std::size_t i = 0; i < kLanguageCount; ++i)
+    EXPECT_EQ(spokenEndingIn("8478", kLanguageCodes[i]), expected[i]);
+  EXPECT_EQ(spokenEndingIn("é1", std::nullopt), "ending in é 1");
 }
 
 TEST(SpokenTexts, AMaskedNumberWithoutItsBullets) {
-  EXPECT_EQ(spokenSubtitle("\u2022\u2022 8478"), "8 4 7 8");
-  EXPECT_EQ(spokenSubtitle("\u2022\u2022 Northbank"), "\u2022\u2022 Northbank");
-  EXPECT_EQ(spokenSubtitle("Family plan 2"), "Family plan 2");
-  EXPECT_EQ(spokenSubtitle("\u2022\u2022"), "\u2022\u2022");
+  EXPECT_EQ(spokenSubtitle("\u2022\u2022 8478", "en"), "ending in 8 4 7 8");
+  EXPECT_EQ(spokenSubtitle("\u2022\u2022 Northbank", "en"), "\u2022\u2022 Northbank");
+  EXPECT_EQ(spokenSubtitle("Family plan 2", "en"), "Family plan 2");
+  EXPECT_EQ(spokenSubtitle("\u2022\u2022", "en"), "\u2022\u2022");
 }
 
 }  // namespace

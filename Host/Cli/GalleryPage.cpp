@@ -2,6 +2,8 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
+
 #include "Cli/SheetLayout.hpp"
 
 namespace cli {
@@ -23,7 +25,7 @@ constexpr std::string_view kHead = R"(<!doctype html>
   @media (max-width: 1720px) { :root { --u: .86px; } }
   @media (max-width: 1480px) { :root { --u: .8px; } }
   @media (max-width: 900px) { :root { --u: 1px; } }
-  html { scroll-behavior: smooth; scroll-padding-top: 4.5rem; }
+  html { scroll-padding-top: 4.5rem; }
   body {
     margin: 0 auto; padding: 0 clamp(.75rem, 2.5vw, 3rem) 6rem; max-width: 108rem;
     background: var(--page); color: var(--text); font: 15px/1.5 Inter, system-ui, sans-serif;
@@ -48,14 +50,29 @@ constexpr std::string_view kHead = R"(<!doctype html>
   label input { position: absolute; opacity: 0; }
   section { padding-top: 3.2rem; }
   section > p { margin: .3rem 0 1.6rem; }
-  article { margin: 0 0 1.7rem; content-visibility: auto; contain-intrinsic-size: auto 26rem; }
+  article { margin: 0 0 1.7rem; }
   .grounds { display: flex; gap: .75rem; }
   .ground { flex: 1 1 0; min-width: 0; border-radius: 18px; padding: clamp(.8rem, 1.4vw, 1.4rem); display: flex; flex-wrap: wrap; gap: calc(20 * var(--u)); align-items: flex-start; }
   .ground > div { display: flex; flex-direction: column; gap: calc(20 * var(--u)); max-width: 100%; }
-  .light { background: #d7dadf; }
-  .dark { background: #0d0e10; }
+  .light { background-color: #d7dadf; color: #43474d; }
+  .dark { background-color: #0d0e10; color: #adb1b7; }
+  .light.wallpaper {
+    color: #2b2f36;
+    background-image: radial-gradient(60% 90% at 12% 8%, #f6d9c4 0, transparent 70%),
+      radial-gradient(70% 80% at 88% 18%, #c8dcf0 0, transparent 70%),
+      radial-gradient(80% 90% at 60% 100%, #d5e6d3 0, transparent 75%);
+  }
+  .dark.wallpaper {
+    color: #d3d7de;
+    background-image: radial-gradient(60% 90% at 12% 8%, #4a2a35 0, transparent 70%),
+      radial-gradient(70% 80% at 88% 18%, #1d3550 0, transparent 70%),
+      radial-gradient(80% 90% at 60% 100%, #1f3a33 0, transparent 75%);
+  }
+  figure { margin: 0; max-width: 100%; }
+  figcaption { font-size: .78rem; line-height: 1.3; margin-top: .4rem; }
   img { display: block; max-width: 100%; height: auto; }
   @media (max-width: 900px) { .grounds { flex-direction: column; } }
+  @media (max-width: 640px) { .bar { position: static; } html { scroll-padding-top: .5rem; } }
   body:has(#light:checked) .dark, body:has(#dark:checked) .light { display: none; }
 </style>
 )";
@@ -98,13 +115,22 @@ std::string picture(const GallerySection& section,
                     Appearance appearance) {
   const SheetCell& shown = section.rows[row].cells[cell];
   return fmt::format(
-      "<img loading=\"lazy\" width=\"{0}\" height=\"{1}\" style=\"width:calc({0}*var(--u))\" "
-      "src=\"{2}\" alt=\"{3}, {4}\" title=\"{4}\">\n",
+      R"(<figure>
+<img loading="lazy" width="{0}" height="{1}" style="width:calc({0}*var(--u))" src="{2}" alt="{3}, {4}">
+<figcaption>{4}</figcaption>
+</figure>
+)",
       shown.how.size.width,
       shown.how.size.height,
       pictureFile(section, row, cell, appearance),
       escaped(section.rows[row].caption),
       escaped(shown.name));
+}
+
+/// Whether something is drawn without a ground of its own: it is made to stand on a picture.
+bool needsWallpaper(const SheetRow& row) {
+  return std::ranges::any_of(row.cells,
+                             [](const SheetCell& cell) { return !cell.how.showsBackground; });
 }
 
 /// A row's pictures in the columns of the contact sheet.
@@ -114,8 +140,10 @@ std::string ground(const GallerySection& section, std::size_t row, Appearance ap
   sizes.reserve(cells.size());
   for (const SheetCell& cell : cells) sizes.push_back(cell.how.size);
   const Packing packing = packRow(sizes, 20);
-  std::string text = fmt::format("<div class=\"ground {}\"><div>\n",
-                                 appearance == Appearance::light ? "light" : "dark");
+  std::string text = fmt::format(R"(<div class="ground {}{}"><div>
+)",
+                                 appearance == Appearance::light ? "light" : "dark",
+                                 needsWallpaper(section.rows[row]) ? " wallpaper" : "");
   for (std::size_t i = 0; i < cells.size(); ++i) {
     if (i > 0 && packing.places[i].x != packing.places[i - 1].x) text += "</div><div>\n";
     text += picture(section, row, i, appearance);
@@ -124,13 +152,19 @@ std::string ground(const GallerySection& section, std::size_t row, Appearance ap
 }
 
 std::string sectionText(const GallerySection& section) {
-  std::string text = fmt::format("<section id=\"{}\">\n<h2>{}</h2>\n<p>{}</p>\n",
+  std::string text = fmt::format(R"(<section aria-labelledby="{0}">
+<h2 id="{0}">{1}</h2>
+<p>{2}</p>
+)",
                                  section.id,
                                  escaped(section.title),
                                  escaped(section.note));
   for (std::size_t row = 0; row < section.rows.size(); ++row) {
-    text +=
-        "<article>\n<h3>" + heading(section.rows[row].caption) + "</h3>\n<div class=\"grounds\">\n";
+    text += fmt::format(R"(<article>
+<h3>{}</h3>
+<div class="grounds">
+)",
+                        heading(section.rows[row].caption));
     text += ground(section, row, Appearance::light) + ground(section, row, Appearance::dark);
     text += "</div>\n</article>\n";
   }
@@ -153,14 +187,30 @@ std::string pictureFile(const GallerySection& section,
 std::string galleryPage(const std::vector<GallerySection>& sections,
                         const std::string& introduction) {
   std::string page{kHead};
-  page += "<header>\n<h1>Quorvel widgets</h1>\n<p>" + escaped(introduction) + "</p>\n</header>\n";
-  page += "<div class=\"bar\">\n<nav aria-label=\"Sections\">\n";
+  page += fmt::format(R"(<header>
+<h1>Quorvel widgets</h1>
+<p>{}</p>
+</header>
+<main>
+<div class="bar">
+<nav aria-label="Sections">
+)",
+                      escaped(introduction));
   for (const GallerySection& section : sections) {
-    page += fmt::format("<a href=\"#{}\">{}</a>\n", section.id, escaped(section.title));
+    page += fmt::format(R"(<a href="#{}">{}</a>
+)",
+                        section.id,
+                        escaped(section.title));
   }
-  page += "</nav>\n" + std::string{kShow} + "</div>\n";
+  page += R"(</nav>
+)";
+  page += kShow;
+  page += R"(</div>
+)";
   for (const GallerySection& section : sections) page += sectionText(section);
-  return page + "</html>\n";
+  return page + R"(</main>
+</html>
+)";
 }
 
 }  // namespace cli

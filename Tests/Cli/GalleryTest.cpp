@@ -66,7 +66,7 @@ TEST_F(Gallery, hasASectionForEachThingToLookAt) {
   };
   for (const std::string id :
        {"widgets", "states", "languages", "modes", "presets", "extremes", "components"}) {
-    look("<section id=\"" + id + "\">");
+    look("<h2 id=\"" + id + "\">");
     look("href=\"#" + id + "\"");
   }
   for (const char* caption : {"amounts hidden by the application",
@@ -87,6 +87,45 @@ TEST_F(Gallery, hasASectionForEachThingToLookAt) {
   }
   look("Safe to Spend, Small, ");
   EXPECT_THAT(missing, ::testing::IsEmpty());
+}
+
+std::size_t countOf(const std::string& text, const std::string& what) {
+  std::size_t count = 0;
+  for (std::size_t at = text.find(what); at != std::string::npos; at = text.find(what, at + 1))
+    ++count;
+  return count;
+}
+
+TEST_F(Gallery, everythingStandsInALandmark) {
+  EXPECT_EQ(countOf(page_, "<main>"), 1u);
+  const std::size_t main = page_.find("<main>");
+  const std::size_t end = page_.find("</main>");
+  EXPECT_LT(page_.find("</header>"), main);
+  EXPECT_EQ(page_.substr(end), "</main>\n</html>\n");
+  for (const char* part : {"<nav", "<section", "role=\"radiogroup\""})
+    EXPECT_GT(page_.find(part), main) << part;
+}
+
+// What is skipped while it is out of sight has a guessed height: links would land beside it.
+TEST_F(Gallery, laysOutWhatIsOutOfSight) {
+  EXPECT_EQ(page_.find("content-visibility"), std::string::npos);
+  EXPECT_EQ(page_.find("scroll-behavior"), std::string::npos);
+}
+
+TEST_F(Gallery, eachPictureHasAVisibleCaption) {
+  EXPECT_EQ(countOf(page_, "<figcaption>"), countOf(page_, "<img "));
+  EXPECT_GT(countOf(page_, "<figcaption>Small</figcaption>"), 10u);
+}
+
+TEST_F(Gallery, picturesWithoutAGroundStandOnAWallpaper) {
+  const auto classOf = [&](const std::string& caption) {
+    const std::size_t at = page_.find(caption);
+    const std::size_t from = page_.find("<div class=\"ground ", at);
+    return page_.substr(from, page_.find('>', from) - from);
+  };
+  for (const char* caption : {"vibrant</span>", "accented</span>", "accessories</span>"})
+    EXPECT_THAT(classOf(caption), HasSubstr("light wallpaper")) << caption;
+  EXPECT_THAT(classOf("<h3>Net Worth</h3>"), ::testing::Not(HasSubstr("wallpaper")));
 }
 
 TEST_F(Gallery, saysWhereThingsAreAndTheyAreThere) {

@@ -48,9 +48,10 @@ inline constexpr std::int64_t kBlurVisits = 8;  ///< of a pixel: three passes in
 inline constexpr std::int64_t kLayerPixels = 128 * 1024 * 1024;
 
 // ---- picture files
-inline constexpr int kImageScans = 100;             ///< of a progressive file
-inline constexpr int kAncillaryChunks = 64;         ///< of a file
-inline constexpr double kProgressivePixels = 16e6;  ///< all of them are held at once
+inline constexpr std::uint64_t kImageSide = 16'384;  ///< pixels
+inline constexpr std::uint64_t kImagePixels = 50'000'000;
+inline constexpr std::uint64_t kProgressivePixels = 16'000'000;  ///< all are held at once
+inline constexpr int kImageScans = 100;                          ///< of a progressive file
 }  // namespace limits
 
 }  // namespace rendering

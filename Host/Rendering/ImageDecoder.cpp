@@ -53,7 +53,7 @@ Descriptor openBeneath(const std::filesystem::path& container, std::string_view 
   return at;
 }
 
-/// A regular file of a bearable size.
+/// A regular file within the limit.
 bool describe(const Descriptor& file, struct stat* status) {
   return file && fstat(file.get(), status) == 0 && S_ISREG(status->st_mode) &&
          status->st_size <= kLargestFile;

@@ -31,8 +31,8 @@ struct DecodedImage {
                                                      std::string_view path);
 
 /// PNG or JPEG. The picture is halved, thirded ... while it stays at least as large as `wanted`
-/// (pixels) on both axes. Absent when damaged, of another format, wider or higher than 16,384 or of
-/// more than 50 million pixels.
+/// (pixels) on both axes. Absent when damaged in any way, of another format or beyond the limits
+/// of picture files.
 [[nodiscard]] std::shared_ptr<const DecodedImage> decodeImage(std::string_view bytes, Size wanted);
 
 /// The pictures of the last drawings, by file and size. A file that has changed is read again.

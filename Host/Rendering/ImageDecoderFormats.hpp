@@ -4,6 +4,7 @@
 #include <optional>
 #include <string_view>
 
+#include "Rendering/DrawingLimits.hpp"
 #include "Rendering/ImageDecoder.hpp"
 
 namespace rendering {
@@ -13,10 +14,16 @@ namespace rendering {
 [[nodiscard]] std::optional<DecodedImage> decodePng(std::string_view bytes, Size wanted);
 [[nodiscard]] std::optional<DecodedImage> decodeJpeg(std::string_view bytes, Size wanted);
 
+/// How a file's pixels are stored.
+enum class PixelOrder : std::uint8_t { rowByRow, progressive };
+
 /// Whether a picture of this size may be decoded at all.
-[[nodiscard]] constexpr bool isBearable(std::uint64_t width, std::uint64_t height) {
-  return width > 0 && height > 0 && width <= 16384 && height <= 16384 &&
-         width * height <= 50'000'000;
+[[nodiscard]] constexpr bool isWithinLimits(std::uint64_t width,
+                                            std::uint64_t height,
+                                            PixelOrder order) {
+  return width > 0 && height > 0 && width <= limits::kImageSide && height <= limits::kImageSide &&
+         width * height <=
+             (order == PixelOrder::progressive ? limits::kProgressivePixels : limits::kImagePixels);
 }
 
 }  // namespace rendering

@@ -1,4 +1,5 @@
-// JPEG by libjpeg, which scales by eighths while decoding.
+// JPEG by libjpeg, which scales by eighths while decoding. It fills what is missing with grey and
+// warns; whoever sees a card wants all of it or none, so a warning is as bad as an error.
 #include <csetjmp>
 #include <cstddef>
 #include <cstdio>
@@ -23,11 +24,19 @@ void fail(j_common_ptr info) {
   std::longjmp(reinterpret_cast<ErrorHandler*>(info->err)->jump, 1);
 }
 void ignoreMessage(j_common_ptr) {}
-void ignoreLevel(j_common_ptr, int) {}
+void failOnWarning(j_common_ptr info, int level) {
+  if (level < 0) fail(info);
+}
+
+/// Called now and then within a scan.
+void failOnManyScans(j_common_ptr info) {
+  if (reinterpret_cast<j_decompress_ptr>(info)->input_scan_number > limits::kImageScans) fail(info);
+}
 
 struct Decoding {
   jpeg_decompress_struct info{};
   ErrorHandler errors{};
+  jpeg_progress_mgr progress{};
   std::optional<ShrinkingImage> image;
   std::vector<std::uint8_t> line;
   std::vector<std::uint8_t> rgba;
@@ -42,9 +51,13 @@ void fromInks(const std::uint8_t* from, std::uint8_t* to) {
 std::optional<DecodedImage> decode(Decoding& d, std::string_view bytes, Size wanted) {
   if (setjmp(d.errors.jump)) return std::nullopt;
   jpeg_create_decompress(&d.info);
+  d.progress.progress_monitor = failOnManyScans;
+  d.info.progress = &d.progress;
   jpeg_mem_src(&d.info, reinterpret_cast<const unsigned char*>(bytes.data()), bytes.size());
   if (jpeg_read_header(&d.info, TRUE) != JPEG_HEADER_OK) return std::nullopt;
-  if (!isBearable(d.info.image_width, d.info.image_height)) return std::nullopt;
+  const auto order =
+      jpeg_has_multiple_scans(&d.info) != 0 ? PixelOrder::progressive : PixelOrder::rowByRow;
+  if (!isWithinLimits(d.info.image_width, d.info.image_height, order)) return std::nullopt;
   const bool inks = d.info.jpeg_color_space == JCS_CMYK || d.info.jpeg_color_space == JCS_YCCK;
   d.info.out_color_space = inks ? JCS_CMYK : JCS_RGB;
   const int sourceWidth = static_cast<int>(d.info.image_width);
@@ -78,6 +91,7 @@ std::optional<DecodedImage> decode(Decoding& d, std::string_view bytes, Size wan
     }
     d.image->row(d.rgba.data());
   }
+  jpeg_finish_decompress(&d.info);
   DecodedImage image = d.image->finish();
   image.sourceWidth = sourceWidth;
   image.sourceHeight = sourceHeight;
@@ -95,7 +109,7 @@ std::optional<DecodedImage> decodeJpeg(std::string_view bytes, Size wanted) {
   d.info.err = jpeg_std_error(&d.errors.base);
   d.errors.base.error_exit = fail;
   d.errors.base.output_message = ignoreMessage;
-  d.errors.base.emit_message = ignoreLevel;
+  d.errors.base.emit_message = failOnWarning;
   return decode(d, bytes, wanted);
 }
 

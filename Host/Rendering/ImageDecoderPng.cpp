@@ -1,4 +1,6 @@
 // PNG by libpng, row by row; interlaced pictures need the whole of it at once and may be smaller.
+// Chunks that say nothing of the pixels are passed over unread: compressed texts and colour
+// profiles take long, and profiles that are slightly wrong bring warnings.
 #include <png.h>
 
 #include <csetjmp>
@@ -11,7 +13,7 @@ namespace rendering {
 
 namespace {
 
-constexpr std::uint64_t kLargestInterlaced = 8'000'000;
+constexpr int kAllAncillary = -1;  // but tRNS, which is needed
 
 struct Input {
   std::string_view rest;
@@ -24,7 +26,6 @@ void readBytes(png_structp png, png_bytep to, png_size_t count) {
   input.rest.remove_prefix(count);
 }
 
-void ignoreWarning(png_structp, png_const_charp) {}
 void fail(png_structp png, png_const_charp) {
   png_longjmp(png, 1);
 }
@@ -53,10 +54,12 @@ std::optional<DecodedImage> decode(Decoding& d, Size wanted) {
   png_read_info(d.png, d.info);
   const std::uint64_t width = png_get_image_width(d.png, d.info);
   const std::uint64_t height = png_get_image_height(d.png, d.info);
-  if (!isBearable(width, height)) return std::nullopt;
+  const auto order = png_get_interlace_type(d.png, d.info) != PNG_INTERLACE_NONE
+                         ? PixelOrder::progressive
+                         : PixelOrder::rowByRow;
+  if (!isWithinLimits(width, height, order)) return std::nullopt;
   expandToRgba(d.png);
   const int passes = png_set_interlace_handling(d.png);
-  if (passes > 1 && width * height > kLargestInterlaced) return std::nullopt;
   png_read_update_info(d.png, d.info);
   if (png_get_rowbytes(d.png, d.info) != width * 4) return std::nullopt;
   const int w = static_cast<int>(width);
@@ -74,6 +77,7 @@ std::optional<DecodedImage> decode(Decoding& d, Size wanted) {
       d.image->row(d.bytes.data());
     }
   }
+  png_read_end(d.png, nullptr);
   return d.image->finish();
 }
 
@@ -85,10 +89,11 @@ bool isPng(std::string_view bytes) {
 
 std::optional<DecodedImage> decodePng(std::string_view bytes, Size wanted) {
   Decoding d{{bytes}};
-  d.png = png_create_read_struct(PNG_LIBPNG_VER_STRING, nullptr, fail, ignoreWarning);
+  d.png = png_create_read_struct(PNG_LIBPNG_VER_STRING, nullptr, fail, fail);
   if (!d.png) return std::nullopt;
   d.info = png_create_info_struct(d.png);
   if (!d.info) return std::nullopt;
+  png_set_keep_unknown_chunks(d.png, PNG_HANDLE_CHUNK_NEVER, nullptr, kAllAncillary);
   png_set_read_fn(d.png, &d.input, readBytes);
   return decode(d, wanted);
 }

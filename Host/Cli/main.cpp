@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "Cli/Program.hpp"
+#include "Foundation/ProcessPrivacy.hpp"
 #include "QuorvelWidgets/ComponentSheet.hpp"
 #include "QuorvelWidgets/QuorvelWidgetsExtension.hpp"
 #include "QuorvelWidgets/WidgetSupport/SnapshotSample.hpp"
@@ -39,6 +40,7 @@ std::string sampleDocument(const foundation::Device& device, std::string_view la
 }  // namespace
 
 int main(int argc, char** argv) {
+  foundation::keepMemoryPrivate();
   const cli::Program program{
       .extension = quorvel::quorvelWidgetsExtension(),
       .sampleDocument = sampleDocument,

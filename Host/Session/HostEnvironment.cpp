@@ -1,19 +1,16 @@
 #include "Session/HostEnvironment.hpp"
 
 #include <algorithm>
-#include <array>
-#include <string_view>
+
+#include "Foundation/Locale.hpp"
 
 namespace session {
 
 viewkit::LayoutDirection layoutDirection(const foundation::Device& device) {
-  constexpr std::array<std::string_view, 4> kRightToLeft{"ar", "he", "fa", "ur"};
-  const std::string_view language =
-      device.preferredLanguages.empty() ? "" : std::string_view{device.preferredLanguages.front()};
-  const std::string_view code = language.substr(0, language.find_first_of("-_"));
-  return std::ranges::find(kRightToLeft, code) != kRightToLeft.end()
-             ? viewkit::LayoutDirection::rightToLeft
-             : viewkit::LayoutDirection::leftToRight;
+  const bool isRightToLeft = !device.preferredLanguages.empty() &&
+                             foundation::isRightToLeft(device.preferredLanguages.front());
+  return isRightToLeft ? viewkit::LayoutDirection::rightToLeft
+                       : viewkit::LayoutDirection::leftToRight;
 }
 
 bool showsContainerBackground(widgetruntime::WidgetFamily family, viewkit::RenderingMode mode) {

@@ -4,6 +4,7 @@
 #include <unicode/dtfmtsym.h>
 #include <unicode/gregocal.h>
 #include <unicode/timezone.h>
+#include <unicode/uloc.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -97,6 +98,10 @@ TimeZoneSetting timeZoneSetting(const ProcessEnvironment& environment, const std
 
 TimeZone currentTimeZone(const ProcessEnvironment& environment) {
   return timeZoneSetting(environment).zone;
+}
+
+bool isRightToLeft(std::string_view language) {
+  return uloc_isRightToLeft(std::string(language).c_str()) != 0;
 }
 
 int firstWeekday(const Locale& locale) {

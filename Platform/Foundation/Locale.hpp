@@ -50,6 +50,9 @@ struct TimeZoneSetting {
 
 [[nodiscard]] TimeZone currentTimeZone(const ProcessEnvironment& environment);
 
+/// Whether a language such as "ar", "pa-Arab" or "he_IL" is written from right to left.
+[[nodiscard]] bool isRightToLeft(std::string_view language);
+
 /// 1 = Sunday ... 7 = Saturday.
 [[nodiscard]] int firstWeekday(const Locale& locale);
 

@@ -47,6 +47,32 @@ TEST(CurrentLocale, FirstOfThreeVariables) {
   EXPECT_EQ(currentLocale({}).identifier, "en_US");
 }
 
+TEST(RightToLeft, FollowsTheScriptOfTheLanguage) {
+  for (const char* language : {"ar",
+                               "he",
+                               "fa",
+                               "ur",
+                               "ps",
+                               "sd",
+                               "ckb",
+                               "yi",
+                               "dv",
+                               "ug",
+                               "ar-EG",
+                               "ar_SA.UTF-8",
+                               "he_IL",
+                               "pa-Arab",
+                               "az_Arab_IR",
+                               "uz-Arab-AF",
+                               "iw"}) {
+    EXPECT_TRUE(isRightToLeft(language)) << language;
+  }
+  for (const char* language :
+       {"", "en", "de-DE", "pa", "az", "ku", "zh-Hant", "ar-Latn", "C", "xx", "klingon"}) {
+    EXPECT_FALSE(isRightToLeft(language)) << language;
+  }
+}
+
 TEST(CurrentTimeZone, VariableInItsThreeForms) {
   EXPECT_EQ(currentTimeZone({{"TZ", "Asia/Jakarta"}}).identifier, "Asia/Jakarta");
   EXPECT_EQ(currentTimeZone({{"TZ", ":Asia/Jakarta"}}).identifier, "Asia/Jakarta");

@@ -1,0 +1,73 @@
+// Neither program leaves its memory, where amounts are, in a core.
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <spawn.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <array>
+#include <csignal>
+#include <string>
+#include <vector>
+
+#include "CommandRunner.hpp"
+
+namespace cli {
+namespace {
+
+/// Starts a program, waits for its first byte of output, ends it with the signal that asks for a
+/// core, and says whether there was one.
+bool leavesACore(const std::string& program, const Words& words, const std::string& input) {
+  std::array<int, 2> in{};
+  std::array<int, 2> out{};
+  EXPECT_EQ(::pipe2(in.data(), O_CLOEXEC) + ::pipe2(out.data(), O_CLOEXEC), 0);
+  const TemporaryFolder folder;
+  const pid_t child = ::fork();
+  if (child == 0) {
+    const rlimit unlimited{RLIM_INFINITY, RLIM_INFINITY};
+    ::setrlimit(RLIMIT_CORE, &unlimited);
+    ::dup2(in[0], STDIN_FILENO);
+    ::dup2(out[1], STDOUT_FILENO);
+    std::vector<char*> arguments{const_cast<char*>(program.c_str())};
+    for (const std::string& word : words) arguments.push_back(const_cast<char*>(word.c_str()));
+    arguments.push_back(nullptr);
+    if (::chdir(folder.path().c_str()) == 0) ::execv(program.c_str(), arguments.data());
+    ::_exit(127);
+  }
+  ::close(in[0]);
+  ::close(out[1]);
+  EXPECT_EQ(::write(in[1], input.data(), input.size()), static_cast<ssize_t>(input.size()));
+  char byte = 0;
+  EXPECT_EQ(::read(out[0], &byte, 1), 1) << program;
+  ::kill(child, SIGABRT);
+  int status = 0;
+  ::waitpid(child, &status, 0);
+  ::close(in[1]);
+  ::close(out[0]);
+  EXPECT_TRUE(WIFSIGNALED(status)) << program;
+  return WIFSIGNALED(status) && WCOREDUMP(status);
+}
+
+TEST(MemoryPrivacy, NeitherProgramLeavesACore) {
+  if (!leavesACore("/bin/sh", {"-c", "echo ready; read line"}, "")) {
+    GTEST_SKIP() << "this machine keeps no cores";
+  }
+  const std::string request = R"({"jsonrpc":"2.0","id":1,"method":"nothing"})";
+  EXPECT_FALSE(
+      leavesACore(builtProgram("quorvel-widgets").string(),
+                  {},
+                  "Content-Length: " + std::to_string(request.size()) + "\r\n\r\n" + request));
+  const TemporaryFolder container;
+  EXPECT_FALSE(leavesACore(builtProgram("quorvel-host").string(),
+                           {"perform",
+                            "AddExpenseIntent",
+                            "--container",
+                            container.path().string(),
+                            "--open-with",
+                            "sh -c 'echo ready; sleep 1'"},
+                           ""));
+}
+
+}  // namespace
+}  // namespace cli

@@ -1,6 +1,6 @@
 // Our pictures are flat: long runs of one colour, rows that repeat the row above, and letters whose
 // edges have few shades. One pass over whole pixels finds all three.
-#include <zlib.h>
+#include <libdeflate.h>
 
 #include <algorithm>
 #include <array>
@@ -432,8 +432,7 @@ void putChunk(std::string& out, const char* type, const std::string& data) {
   const std::size_t begin = out.size();
   out += type;
   out += data;
-  const auto* bytes = reinterpret_cast<const Bytef*>(out.data() + begin);
-  putNumber(out, static_cast<std::uint32_t>(crc32(0, bytes, static_cast<uInt>(data.size() + 4))));
+  putNumber(out, libdeflate_crc32(0, out.data() + begin, data.size() + 4));
 }
 
 bool isOpaque(const Bitmap& bitmap) {

@@ -7,7 +7,7 @@
 
 namespace rendering {
 
-/// The zlib stream of the rows, the smaller of two ways to filter them; empty on failure.
+/// The zlib stream of the rows; empty on failure.
 [[nodiscard]] std::string deflateSmall(const Bitmap& bitmap, bool opaque);
 
 }  // namespace rendering

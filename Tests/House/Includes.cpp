@@ -45,7 +45,7 @@ std::vector<Room> makeRooms() {
         "freetype/",
         "png.h",
         "jpeglib.h",
-        "zlib.h"}},
+        "libdeflate.h"}},
       {"Host/Session", {"Session/", "WidgetRuntime/", "ViewKit/", "Foundation/"}, true, {"fmt/"}},
       {"Host/Control", {"Control/", "WidgetRuntime/", "Foundation/"}, true, {"fmt/"}},
       {"Host/Opening", {"Opening/", "Foundation/"}, true, {"fmt/"}},

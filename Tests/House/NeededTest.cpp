@@ -74,7 +74,7 @@ TEST(Needed, theImporterLoadsNeitherPixelsNorAnEventLoop) {
 TEST(Needed, theCommandLineLoadsNoEventLoopAndNoWebServer) {
   const Names needed = neededBy("quorvel-host");
   ASSERT_THAT(needed, ::testing::Contains("libc"));
-  const Names drawing{"libfreetype", "libharfbuzz", "libpng16", "libjpeg", "libz"};
+  const Names drawing{"libfreetype", "libharfbuzz", "libpng16", "libjpeg", "libdeflate"};
   EXPECT_THAT(without(without(without(needed, languageRuntime()), foundation()), drawing),
               ::testing::IsEmpty());
 }

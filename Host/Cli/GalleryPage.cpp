@@ -115,11 +115,11 @@ std::string picture(const GallerySection& section,
                     Appearance appearance) {
   const SheetCell& shown = section.rows[row].cells[cell];
   return fmt::format(
-      R"(<figure>
+      R"html(<figure>
 <img loading="lazy" width="{0}" height="{1}" style="width:calc({0}*var(--u))" src="{2}" alt="{3}, {4}">
 <figcaption>{4}</figcaption>
 </figure>
-)",
+)html",
       shown.how.size.width,
       shown.how.size.height,
       pictureFile(section, row, cell, appearance),

@@ -1,6 +1,8 @@
 // `timeline`: a widget's entries and when the extension is asked again.
 #include <fmt/format.h>
 
+#include <algorithm>
+
 #include "Cli/Commands.hpp"
 #include "Cli/Output.hpp"
 #include "Cli/Picture.hpp"
@@ -58,7 +60,8 @@ std::string asJson(const EntriesAnswer& answer) {
 std::string describe(const RenderedEntry& entry) {
   const WidgetSummary* summary = summaryOf(entry);
   if (summary == nullptr) return entry.hasSnapshot ? "shows the document" : "has no document";
-  std::string text = oneLine(summary->text);
+  std::string text = summary->text;
+  std::ranges::replace(text, '\n', ' ');
   if (summary->state != WidgetSummary::State::none) {
     text += fmt::format(" ({})", name(summary->state));
   }

@@ -34,13 +34,11 @@ struct HostileProvider {
 };
 
 WidgetContent body(const Entry&, const Environment&) {
-  const viewkit::View view =
+  const viewkit::View stack =
       viewkit::VStack{{},
                       viewkit::Text{kHostile},
-                      viewkit::Text{"label"}.accessibilityLabel(kHostile).link(kHostile)}
-          .named(kHostile)
-          .widgetURL(kHostile);
-  return {view, {kHostile}};
+                      viewkit::Text{"label"}.accessibilityLabel(kHostile).link(kHostile)};
+  return {stack.named(kHostile).widgetURL(kHostile), {kHostile}};
 }
 
 WidgetBundle makeBundle(const InitializeParameters&) {

@@ -32,7 +32,7 @@ namespace {
 
 constexpr std::size_t kReadSize = std::size_t{64} << 10;
 constexpr std::size_t kMaximumErrorOutput = std::size_t{4} << 20;  // bytes during one request
-constexpr std::chrono::milliseconds kTimeToDie{50};
+constexpr std::chrono::milliseconds kTimeToDie{500};
 
 bool wouldBlock() {
   return errno == EAGAIN || errno == EWOULDBLOCK || errno == EINTR;

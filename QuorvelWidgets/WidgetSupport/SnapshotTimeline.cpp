@@ -21,8 +21,11 @@ foundation::Instant SnapshotTimeline::nextRefresh(foundation::Instant now,
 
 widgetruntime::Timeline<SnapshotEntry> SnapshotTimeline::load(const SnapshotStore& store,
                                                               const foundation::Device& device) {
-  return {{{device.now, store.load()}},
-          widgetruntime::ReloadPolicy::after(nextRefresh(device.now, device))};
+  widgetruntime::Timeline<SnapshotEntry> timeline;
+  timeline.policy = widgetruntime::ReloadPolicy::after(nextRefresh(device.now, device));
+  // Moved in: an initializer list would copy a document, which may fill half of the memory.
+  timeline.entries.push_back({device.now, store.load()});
+  return timeline;
 }
 
 }  // namespace quorvel

@@ -150,8 +150,8 @@ TEST_F(Gallery, showsADocumentThatIsNamed) {
 }
 
 TEST_F(Gallery, drawsASecondDocumentBesideTheFirst) {
-  const auto first = page_.find("<section id=\"widgets\">");
-  const auto second = page_.find("<section id=\"states\">");
+  const auto first = page_.find("<section aria-labelledby=\"widgets\"");
+  const auto second = page_.find("<section aria-labelledby=\"states\"");
   const auto beside = page_.find("Net Worth, Examples, ");
   ASSERT_NE(beside, std::string::npos);
   EXPECT_GT(beside, first);

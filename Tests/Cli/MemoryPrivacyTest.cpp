@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <spawn.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -16,9 +17,12 @@
 namespace cli {
 namespace {
 
-/// Starts a program, waits for its first byte of output, ends it with the signal that asks for a
-/// core, and says whether there was one.
-bool leavesACore(const std::string& program, const Words& words, const std::string& input) {
+/// Starts a program, waits for a first byte of its output (or of `pipe`, a named one), ends it with
+/// the signal that asks for a core, and says whether there was one.
+bool leavesACore(const std::string& program,
+                 const Words& words,
+                 const std::string& input,
+                 const std::string& pipe = {}) {
   std::array<int, 2> in{};
   std::array<int, 2> out{};
   EXPECT_EQ(::pipe2(in.data(), O_CLOEXEC) + ::pipe2(out.data(), O_CLOEXEC), 0);
@@ -39,12 +43,14 @@ bool leavesACore(const std::string& program, const Words& words, const std::stri
   ::close(out[1]);
   EXPECT_EQ(::write(in[1], input.data(), input.size()), static_cast<ssize_t>(input.size()));
   char byte = 0;
-  EXPECT_EQ(::read(out[0], &byte, 1), 1) << program;
+  const int ready = pipe.empty() ? out[0] : ::open(pipe.c_str(), O_RDONLY | O_CLOEXEC);
+  EXPECT_EQ(::read(ready, &byte, 1), 1) << program;
   ::kill(child, SIGABRT);
   int status = 0;
   ::waitpid(child, &status, 0);
   ::close(in[1]);
   ::close(out[0]);
+  if (!pipe.empty()) ::close(ready);
   EXPECT_TRUE(WIFSIGNALED(status)) << program;
   return WIFSIGNALED(status) && WCOREDUMP(status);
 }
@@ -58,15 +64,17 @@ TEST(MemoryPrivacy, NeitherProgramLeavesACore) {
       leavesACore(builtProgram("quorvel-widgets").string(),
                   {},
                   "Content-Length: " + std::to_string(request.size()) + "\r\n\r\n" + request));
-  const TemporaryFolder container;
+  // The host waits for an extension that says only that it was started.
+  const TemporaryFolder folder;
+  const std::string pipe = folder.at("ready");
+  ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+  const std::string silent =
+      folder.write("silent", "#!/bin/sh\necho ready > " + pipe + "\nexec sleep 5\n");
+  ASSERT_EQ(::chmod(silent.c_str(), 0700), 0);
   EXPECT_FALSE(leavesACore(builtProgram("quorvel-host").string(),
-                           {"perform",
-                            "AddExpenseIntent",
-                            "--container",
-                            container.path().string(),
-                            "--open-with",
-                            "sh -c 'echo ready; sleep 1'"},
-                           ""));
+                           {"list", "--isolated", "--extension", silent},
+                           "",
+                           pipe));
 }
 
 }  // namespace

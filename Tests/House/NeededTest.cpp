@@ -82,7 +82,8 @@ TEST(Needed, theCommandLineLoadsNoEventLoopAndNoWebServer) {
 TEST(Needed, theResidentHostLoadsOneEventLoopAndNoDesktop) {
   const Names needed = neededBy("quorvel-hostd");
   ASSERT_THAT(needed, ::testing::Contains("libsystemd"));
-  const Names allowed{"libfreetype", "libharfbuzz", "libpng16", "libjpeg", "libz", "libsystemd"};
+  const Names allowed{
+      "libfreetype", "libharfbuzz", "libpng16", "libjpeg", "libdeflate", "libsystemd"};
   EXPECT_THAT(without(without(without(needed, languageRuntime()), foundation()), allowed),
               ::testing::IsEmpty());
 }

@@ -18,7 +18,7 @@ struct Flip {
 
 Flip flipOf(std::string_view name) {
   if (name == "flip-structure") return {"\"trees\":", false};
-  if (name == "flip-text") return {"\"text\":\"", false};
+  if (name == "flip-text") return {"\"type\":\"Text\",\"text\":\"", false};
   return {"", true};
 }
 

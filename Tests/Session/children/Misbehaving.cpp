@@ -164,7 +164,7 @@ int countIgnoredSignals() {
 
 [[noreturn]] void allocateTooMuch() {
   readRequest();
-  void* memory = std::malloc(std::size_t{200} << 20);
+  void* memory = std::malloc(std::size_t{600} << 20);
   put(STDOUT_FILENO, answer(memory == nullptr ? "\"refused\"" : "\"given\""));
   std::free(memory);
   sleepForever();

@@ -23,6 +23,7 @@ FileError errorOf(int code) {
     case ENXIO:
     case ENODEV:
     case EISDIR:
+    case ELOOP:
       return FileError::notRegular;
     default:
       return FileError::unreadable;

@@ -57,10 +57,10 @@ TEST(ReadFile, LinkToAFileIsFollowed) {
   EXPECT_EQ(readFile(folder.at("link")), "x");
 }
 
-TEST(ReadFile, LinkToItselfIsUnreadable) {
+TEST(ReadFile, LinkToItselfIsNoRegularFile) {
   const TemporaryFolder folder;
   std::filesystem::create_symlink(folder.at("loop"), folder.at("loop"));
-  EXPECT_EQ(readFile(folder.at("loop")), std::unexpected(FileError::unreadable));
+  EXPECT_EQ(readFile(folder.at("loop")), std::unexpected(FileError::notRegular));
 }
 
 TEST(ReadFile, DirectoryIsNoFile) {

@@ -8,6 +8,7 @@
 #include "Cli/HostRequest.hpp"
 #include "Cli/Output.hpp"
 #include "Foundation/JsonWriter.hpp"
+#include "Foundation/Printable.hpp"
 
 namespace cli {
 namespace {
@@ -35,13 +36,13 @@ std::string placementText(const JsonValue& placement) {
   std::string line = fmt::format(
       "{:<5}{:<12}{}", textIn(placement, "id"), textIn(placement, "state"), describe(placement));
   if (const auto asOf = textIn(placement, "asOf"); !asOf.empty()) line += ", as of " + asOf;
-  line = oneLine(line) + "\n";
+  line = foundation::printable(line) + "\n";
   if (const auto next = textIn(placement, "nextReload"); !next.empty()) {
-    line += "     asked again " + oneLine(next) + "\n";
+    line += "     asked again " + foundation::printable(next) + "\n";
   }
   if (const auto reason = textIn(placement, "reason"); !reason.empty()) {
     const auto since = textIn(placement, "since");
-    line += "     -> " + oneLine((since.empty() ? "" : "since " + since + ": ") + reason) + "\n";
+    line += "     -> " + foundation::printable((since.empty() ? "" : "since " + since + ": ") + reason) + "\n";
   }
   return line;
 }
@@ -57,13 +58,13 @@ std::string joined(const JsonValue* list) {
 
 std::string hiddenText(const JsonValue& json, std::string_view because) {
   if (!isTrue(json, "hidden")) return "amounts are shown\n";
-  return oneLine(fmt::format("amounts are hidden ({})", joined(json.member(because)))) + "\n";
+  return foundation::printable(fmt::format("amounts are hidden ({})", joined(json.member(because)))) + "\n";
 }
 
 std::string statusText(const JsonValue& status) {
   std::string text;
   if (const auto problem = textIn(status, "problem"); !problem.empty()) {
-    text += "the extension does not start: " + oneLine(problem) + "\n";
+    text += "the extension does not start: " + foundation::printable(problem) + "\n";
   }
   text += hiddenText(status, "hiddenBecause");
   const JsonValue* placements = status.member("placements");
@@ -126,7 +127,7 @@ Result<void> add(const Options& options, const Program& program) {
   json.endObject();
   const auto result = askHost(program, "add", json.text());
   if (!result) return std::unexpected(result.error());
-  return print(oneLine(textIn(*result, "id")) + "\n");
+  return print(foundation::printable(textIn(*result, "id")) + "\n");
 }
 
 Result<void> removePlacement(const Options& options, const Program& program) {

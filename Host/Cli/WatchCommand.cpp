@@ -16,6 +16,7 @@
 #include "Control/Paths.hpp"
 #include "Foundation/FileDescriptor.hpp"
 #include "Foundation/JsonWriter.hpp"
+#include "Foundation/Printable.hpp"
 #include "Surfaces/Bar/BarLine.hpp"
 
 namespace cli {
@@ -156,7 +157,7 @@ Result<void> BarWatch::readMessages() {
     const control::Message& said = **message;
     if (said.id && !said.error.empty()) {
       if (said.id == watching_) return refused(said.error);
-      complain("quorvel-host watch: " + oneLine(said.error) + "\n");
+      complain("quorvel-host watch: " + foundation::printable(said.error) + "\n");
     }
     if (said.method != "summary") continue;
     if (auto shown = show(lineFrom(said.content)); !shown) return shown;

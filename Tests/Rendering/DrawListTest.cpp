@@ -18,7 +18,7 @@ class DrawLists : public testing::Test {
     const PlacedTree tree =
         layOut(view, {.size = options.size, .direction = options.direction}, measurer);
     DrawList list;
-    record(tree, options, {measurer, symbols, images}, list);
+    EXPECT_TRUE(record(tree, options, {measurer, symbols, images}, list));
     return describe(list);
   }
 

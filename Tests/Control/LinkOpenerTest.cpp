@@ -84,14 +84,14 @@ TEST_F(LinkOpenerTest, PutsWordsBeforeTheLink) {
 }
 
 TEST_F(LinkOpenerTest, DoesNotWaitForTheProgram) {
-  program("stay", "read line");
+  program("stay", "exec sleep 2");
   LinkOpener opener{"x://y", "stay"};
   EXPECT_EQ(opener.proceed(), std::nullopt);
   EXPECT_TRUE(opener.isHandedOver());
 }
 
 TEST_F(LinkOpenerTest, DoesNotWaitForAnAnswerToItsQuestion) {
-  program("xdg-mime", "sleep 1000");
+  program("xdg-mime", "exec sleep 1000");
   LinkOpener opener{"x://y", {}};
   EXPECT_EQ(opener.proceed(), std::nullopt);
   EXPECT_FALSE(opener.isHandedOver());

@@ -14,7 +14,11 @@ namespace {
 
 using viewkit::LayoutDirection;
 
-constexpr double kCoverOpacity = 0.12;  ///< of the bars that stand for redacted content
+/// Of a text's own colour in the bar that stands for it.
+constexpr double kBarOpacity = 0.22;
+/// What covers redacted content: an empty cell, or a faint primary where a host tints.
+constexpr viewkit::Color kPlate{viewkit::Color::Pair{0xECEBE6, 0x2A2926}, 1, -1};
+constexpr viewkit::Color kTintedPlate{viewkit::ColorRole::primary, 0.14, -1};
 constexpr double kCoverRadius = 6;
 constexpr double kTextBarHeight = 0.7;  ///< of the line
 constexpr double kTextBarRadius = 4;
@@ -72,7 +76,10 @@ class TreeRecorder {
     } else if (const auto* sensitive = std::get_if<viewkit::PrivacySensitive>(&modifier)) {
       const bool covered = sensitive->treatment == viewkit::PrivacyTreatment::covered;
       if (covered && options_.redaction.privacy) {
-        cover(node.frame, std::min(kCoverRadius, node.frame.height / 2));
+        const bool isTinted = options_.mode != viewkit::RenderingMode::fullColor;
+        cover(node.frame,
+              std::min(kCoverRadius, node.frame.height / 2),
+              isTinted ? kTintedPlate : kPlate);
       } else {
         visitTarget(node);
       }
@@ -216,7 +223,9 @@ class TreeRecorder {
       const double width = std::max(line.width, 2 * size);
       const double x = mirrored(node) ? line.x + line.width - width : line.x;
       const double middle = line.baseline - (metrics.ascent - metrics.descent) / 2 * size;
-      cover({x, middle - height / 2, width, height}, std::min(kTextBarRadius, height / 2));
+      cover({x, middle - height / 2, width, height},
+            std::min(kTextBarRadius, height / 2),
+            barColor());
     }
   }
 
@@ -224,7 +233,7 @@ class TreeRecorder {
     const Point center{node.frame.x + node.frame.width / 2, node.frame.y + node.frame.height / 2};
     if (options_.redaction.placeholder) {
       const double side = symbol.size;
-      return cover({center.x - side / 2, center.y - side / 2, side, side}, 0.25 * side);
+      return cover({center.x - side / 2, center.y - side / 2, side, side}, 0.25 * side, barColor());
     }
     const SymbolDrawing& drawing =
         tools_.symbols.drawing(symbol.name, symbol.fallback, symbol.weight);
@@ -312,7 +321,7 @@ class TreeRecorder {
     const Rect& frame = node.frame;
     if (!(frame.width > 0) || !(frame.height > 0)) return;
     if (options_.redaction.placeholder) {
-      return cover(frame, 0.25 * std::min(frame.width, frame.height));
+      return cover(frame, 0.25 * std::min(frame.width, frame.height), barColor());
     }
     const Size wanted{frame.width * options_.scale, frame.height * options_.scale};
     const auto image = options_.container.empty()
@@ -369,12 +378,17 @@ class TreeRecorder {
     return {node.frame, node.proposal, node.direction};
   }
 
-  void cover(const Rect& frame, double radius) {
+  /// The colour of what is drawn here, faint. A gradient has no colour of its own.
+  [[nodiscard]] viewkit::Color barColor() const {
+    const auto* color = foreground_ ? std::get_if<viewkit::Color>(&*foreground_) : nullptr;
+    return (color != nullptr ? *color : viewkit::Color::primary()).withOpacity(kBarOpacity);
+  }
+
+  void cover(const Rect& frame, double radius, const viewkit::Color& shade) {
     if (!(frame.width > 0) || !(frame.height > 0)) return;
     path_.clear();
     appendRounded(path_, frame, radius, viewkit::CornerStyle::circular);
-    const Rgba color =
-        resolveColor(viewkit::Color::primary().withOpacity(kCoverOpacity), options_, accentable_);
+    const Rgba color = resolveColor(shade, options_, accentable_);
     list_.commands.emplace_back(FillPath{list_.add(path_), frame, {color}});
   }
 

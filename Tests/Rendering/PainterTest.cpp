@@ -340,8 +340,15 @@ TEST_F(Painting, CoveredViewsBecomeABlankBar) {
   expectSame(draw(covered, options), draw(amount, options), 0);
   options.redaction.privacy = true;
   const Bitmap bar = draw(covered, options);
-  EXPECT_EQ(at(bar, 40, 15), 0x1F000000) << "0.12 of black";
-  for (std::uint32_t p : bar.pixels) EXPECT_EQ(p & 0xFFFFFF, 0u) << "nothing of the red text";
+  EXPECT_EQ(at(bar, 40, 15), 0xFFECEBE6) << "an empty cell";
+  const View blue = Text{"7391"}.font(20, FontWeight::bold).foregroundStyle(kBlue);
+  expectSame(draw(blue.privacySensitive(PrivacyTreatment::covered), options), bar, 0);
+  options.appearance = Appearance::dark;
+  EXPECT_EQ(at(draw(covered, options), 40, 15), 0xFF2A2926);
+  options.mode = RenderingMode::vibrant;
+  EXPECT_EQ(at(draw(covered, options), 40, 15), 0x24242424) << "0.14 of white";
+  options.mode = RenderingMode::fullColor;
+  options.appearance = Appearance::light;
   const View masked = amount.privacySensitive(PrivacyTreatment::masked);
   expectSame(draw(masked, options), draw(amount, options), 0);
 }
@@ -350,13 +357,14 @@ TEST_F(Painting, PlaceholdersShowBarsForTextsAndKeepShapes) {
   RenderOptions options = plain(60, 40);
   options.redaction.placeholder = true;
   const Bitmap text = draw(Text{"i"}.font(20).foregroundStyle(kRed), options);
-  EXPECT_EQ(at(text, 30, 20), 0x1F000000);
+  // 0.22 of the text's own colour.
+  EXPECT_EQ(at(text, 30, 20), 0x38380000);
   // At least two em wide.
-  EXPECT_EQ(at(text, 12, 20), 0x1F000000);
-  EXPECT_EQ(at(text, 48, 20), 0x1F000000);
+  EXPECT_EQ(at(text, 12, 20), 0x38380000);
+  EXPECT_EQ(at(text, 48, 20), 0x38380000);
   EXPECT_EQ(at(draw(Circle().fill(kRed), options), 30, 20), 0xFFFF0000);
   const Bitmap symbol = draw(Symbol{"house.fill"}.font(20).foregroundStyle(kRed), options);
-  EXPECT_EQ(at(symbol, 30, 20), 0x1F000000);
+  EXPECT_EQ(at(symbol, 30, 20), 0x38380000);
 }
 
 TEST_F(Painting, ABitmapIsUsedAgain) {

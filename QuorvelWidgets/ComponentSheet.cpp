@@ -7,9 +7,8 @@
 #include "QuorvelWidgets/WidgetSupport/AccessoryBackdrop.hpp"
 #include "QuorvelWidgets/WidgetSupport/Amount.hpp"
 #include "QuorvelWidgets/WidgetSupport/CardArtTile.hpp"
+#include "QuorvelWidgets/WidgetSupport/ModeColors.hpp"
 #include "QuorvelWidgets/WidgetSupport/Palette.hpp"
-#include "QuorvelWidgets/WidgetSupport/TintedColors.hpp"
-#include "QuorvelWidgets/WidgetSupport/WAccent.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetChange.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetEnvironment.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetHeader.hpp"
@@ -63,14 +62,15 @@ void addAmounts(Samples& out) {
   add("hidden", 97260, 21, hidden);
 }
 
-void addChanges(Samples& out) {
+void addChanges(Samples& out, const ModeColors& colors) {
   const auto add = [&](std::string_view variant, double value, bool favorableWhenPositive) {
     out.push_back({"WidgetChange",
                    variant,
                    WidgetChange{.value = value,
                                 .precision = 1,
                                 .favorableWhenPositive = favorableWhenPositive,
-                                .size = 12}});
+                                .size = 12,
+                                .colors = colors}});
   };
   add("rise, favourable", 5.5, true);
   add("fall, unfavourable", -3.26, true);
@@ -80,8 +80,8 @@ void addChanges(Samples& out) {
   add("not finite", kNaN, true);
 }
 
-void addTilesAndHeaders(Samples& out) {
-  const WAccent accent;
+void addTilesAndHeaders(Samples& out, const ModeColors& colors) {
+  const WAccent accent = colors.accent(std::nullopt);
   const auto tile = [&](std::string_view variant, std::string symbol, double size) {
     out.push_back({"WidgetIconTile",
                    variant,
@@ -94,27 +94,33 @@ void addTilesAndHeaders(Samples& out) {
   tile("22", "gauge.with.needle", 22);
   tile("26", "creditcard.fill", 26);
   tile("30", "calendar.badge.clock", 30);
-  out.push_back(
-      {"WidgetHeader",
-       "regular",
-       WidgetHeader{.symbol = "chart.line.uptrend.xyaxis", .text = "Net worth", .lang = "en"}});
-  out.push_back(
-      {"WidgetHeader",
-       "compact",
-       WidgetHeader{
-           .symbol = "cart.fill", .text = "Spent this month", .compact = true, .lang = "en"}});
+  out.push_back({"WidgetHeader",
+                 "regular",
+                 WidgetHeader{.symbol = "chart.line.uptrend.xyaxis",
+                              .text = "Net worth",
+                              .accent = accent,
+                              .lang = "en",
+                              .colors = colors}});
+  out.push_back({"WidgetHeader",
+                 "compact",
+                 WidgetHeader{.symbol = "cart.fill",
+                              .text = "Spent this month",
+                              .compact = true,
+                              .accent = accent,
+                              .lang = "en",
+                              .colors = colors}});
 }
 
-void addPillsAndNotes(Samples& out, const Environment& environment) {
+void addPillsAndNotes(Samples& out, const ModeColors& colors) {
   const WAccent accent;
-  const Color onTile = isTinted(environment) ? Color::primary() : accent.glyph;
+  const Color onTile = colors.mark(accent.glyph);
   const auto pill =
       [&](std::string_view variant, std::string text, std::string symbol, Color color) {
         out.push_back({"WidgetPill",
                        variant,
                        WidgetPill{.text = std::move(text),
                                   .symbol = std::move(symbol),
-                                  .color = color,
+                                  .color = colors.mark(color),
                                   .size = 13.5,
                                   .lang = "en"}});
       };
@@ -123,16 +129,17 @@ void addPillsAndNotes(Samples& out, const Environment& environment) {
   pill("critical", "Too fast", "exclamationmark", palette::statusCritical);
   out.push_back({"WidgetPrivacyNote",
                  "secondary",
-                 WidgetPrivacyNote{.lang = "en", .color = palette::textSecondary}});
+                 WidgetPrivacyNote{.lang = "en", .color = colors.caption()}});
   out.push_back(
       {"WidgetPrivacyNote",
        "on the accent tile",
        WidgetPrivacyNote{.lang = "id", .color = onTile.withOpacity(0.88)}.padding(10).background(
-           RoundedRectangle(10).fill(groundColor(accent.fill, environment)))});
+           RoundedRectangle(10).fill(colors.ground(accent.fill)))});
 }
 
 void addMetersAndGauges(Samples& out, const Environment& environment) {
-  const Color track = meterTrackColor(environment.widgetRenderingMode);
+  const ModeColors colors{environment.widgetRenderingMode};
+  const Color track = colors.track();
   const WidgetSnapshot snapshot = snapshotOf(false);
   const WidgetSnapshot hidden = snapshotOf(true);
   const auto meter = [&](std::string_view variant, double fraction, Color color) {
@@ -185,17 +192,20 @@ void addFaces(Samples& out, const Environment& environment) {
   add("default", {}, mode);
   add("three colours", {"#EA353E", "#E50914", "#670409"}, mode);
   add("accented", {"#315792"}, RenderingMode::accented);
-  out.push_back({"AccessoryBackdrop",
-                 "without background",
-                 AccessoryBackdrop{.showsBackground = false}
-                     .frame(FixedFrame{.width = 104, .height = 52})
-                     .background(RoundedRectangle(14).fill(
-                         groundColor(Color::same(0x3B4A66), environment)))});
+  out.push_back(
+      {"AccessoryBackdrop",
+       "without background",
+       AccessoryBackdrop{.showsBackground = false}
+           .frame(FixedFrame{.width = 104, .height = 52})
+           .background(RoundedRectangle(14).fill(
+               ModeColors{environment.widgetRenderingMode}.ground(Color::same(0x3B4A66))))});
 }
 
-void addMessages(Samples& out) {
+void addMessages(Samples& out, const ModeColors& colors) {
   const auto add = [&](std::string_view variant, WidgetMessage message) {
     message.lang = "en";
+    message.accent = colors.accent(std::nullopt);
+    message.colors = colors;
     out.push_back(
         {"WidgetMessage", variant, message.frame(FixedFrame{.width = 138, .height = 138})});
   };
@@ -212,19 +222,18 @@ void addMessages(Samples& out) {
        .titleIsStatus = true});
 }
 
-View captioned(const ComponentSample& sample) {
+View captioned(const ComponentSample& sample, const ModeColors& colors) {
   return VStack{
       {.alignment = HorizontalAlignment::leading, .spacing = 6},
       sample.view,
-      Text{std::string{sample.variant}}.font(9).lineLimit(1).foregroundStyle(
-          palette::textSecondary),
+      Text{std::string{sample.variant}}.font(9).lineLimit(1).foregroundStyle(colors.caption()),
   };
 }
 
-View rowOf(std::string_view component, const Samples& samples) {
+View rowOf(std::string_view component, const Samples& samples, const ModeColors& colors) {
   std::vector<View> views;
   for (const ComponentSample& sample : samples) {
-    if (sample.component == component) views.push_back(captioned(sample));
+    if (sample.component == component) views.push_back(captioned(sample, colors));
   }
   return VStack{
       {.alignment = HorizontalAlignment::leading, .spacing = 8},
@@ -236,26 +245,25 @@ View rowOf(std::string_view component, const Samples& samples) {
 }  // namespace
 
 Samples componentSamples(const Environment& environment) {
+  const ModeColors colors{environment.widgetRenderingMode};
   Samples samples;
   addAmounts(samples);
-  addChanges(samples);
-  addTilesAndHeaders(samples);
-  addPillsAndNotes(samples, environment);
+  addChanges(samples, colors);
+  addTilesAndHeaders(samples, colors);
+  addPillsAndNotes(samples, colors);
   addMetersAndGauges(samples, environment);
   addFaces(samples, environment);
-  addMessages(samples);
-  if (isTinted(environment)) {
-    for (ComponentSample& sample : samples) sample.view = withTintedColors(sample.view);
-  }
+  addMessages(samples, colors);
   return samples;
 }
 
 View componentSheet(const Environment& environment) {
+  const ModeColors colors{environment.widgetRenderingMode};
   const Samples samples = componentSamples(environment);
   std::vector<View> rows;
   std::string_view last;
   for (const ComponentSample& sample : samples) {
-    if (sample.component != last) rows.push_back(rowOf(sample.component, samples));
+    if (sample.component != last) rows.push_back(rowOf(sample.component, samples, colors));
     last = sample.component;
   }
   return VStack{{.alignment = HorizontalAlignment::leading, .spacing = 26}, std::move(rows)}
@@ -263,7 +271,7 @@ View componentSheet(const Environment& environment) {
       .frame(FlexibleFrame{.minWidth = kComponentSheetWidth,
                            .maxWidth = kComponentSheetWidth,
                            .alignment = Alignment::topLeading})
-      .foregroundStyle(palette::textPrimary)
+      .foregroundStyle(colors.text())
       .containerBackground(Rectangle().fill(palette::canvas));
 }
 

@@ -17,13 +17,14 @@ View cardFace(const WidgetSnapshot::Card& card,
               double cornerRadius,
               Alignment artAlignment,
               std::optional<double> textOpacity,
+              double textFoot,
               RenderingMode mode) {
   View tile = CardArtTile{
       .card = card, .cornerRadius = cornerRadius, .alignment = artAlignment, .renderingMode = mode};
   const double veil = mode == RenderingMode::accented ? 0 : faceVeil(card.gradient, textOpacity);
   if (veil == 0) return tile;
-  return tile.overlay(RoundedRectangle(cornerRadius, CornerStyle::continuous)
-                          .fill(Color::black().withOpacity(veil)));
+  return tile.overlay(
+      RoundedRectangle(cornerRadius, CornerStyle::continuous).fill(veilGradient(veil, textFoot)));
 }
 
 View cardTitleText(const WidgetSnapshot::Card& card,

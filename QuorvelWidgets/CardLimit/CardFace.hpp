@@ -13,11 +13,13 @@ namespace quorvel {
 /// White on the face's colours, primary where an accented host takes them away.
 [[nodiscard]] viewkit::Color faceTextColor(widgetruntime::RenderingMode mode);
 
-/// The face under the veil that white text of `textOpacity` needs; takes the whole proposal.
+/// The face under the veil that white text of `textOpacity` needs, which ends at `textFoot` of the
+/// height; takes the whole proposal.
 [[nodiscard]] viewkit::View cardFace(const WidgetSnapshot::Card& card,
                                      double cornerRadius,
                                      viewkit::Alignment artAlignment,
                                      std::optional<double> textOpacity,
+                                     double textFoot,
                                      widgetruntime::RenderingMode mode);
 
 /// The user's card by its product or bank, bold; may be cut.

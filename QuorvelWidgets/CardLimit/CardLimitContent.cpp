@@ -27,7 +27,8 @@ View CardLimitContent::header(bool compact) const {
                       .text = text("remainingLimit"),
                       .compact = compact,
                       .accent = accent,
-                      .lang = snapshot.lang};
+                      .lang = snapshot.lang,
+                      .colors = colors};
 }
 
 double CardLimitContent::totalUsed() const {
@@ -37,13 +38,13 @@ double CardLimitContent::totalUsed() const {
 Color CardLimitContent::usageColor(double fraction) const {
   switch (usageOf(fraction)) {
     case Usage::heavy:
-      return palette::statusCritical;
+      return colors.mark(palette::statusCritical);
     case Usage::considerable:
       return accent.ink;
     case Usage::healthy:
       break;
   }
-  return palette::statusGood;
+  return colors.mark(palette::statusGood);
 }
 
 View CardLimitContent::usedText(double fraction, double size) const {

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "QuorvelWidgets/WidgetSupport/WAccent.hpp"
+#include "QuorvelWidgets/WidgetSupport/ModeColors.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetSnapshot.hpp"
 #include "ViewKit/ViewKit.hpp"
 #include "WidgetRuntime/Environment.hpp"
@@ -20,6 +20,7 @@ struct CardLimitContent {
   std::size_t cardCount = 0;                       ///< in the document
   WAccent accent;
   widgetruntime::Environment environment;
+  ModeColors colors{environment.widgetRenderingMode};
 
   [[nodiscard]] std::string text(std::string_view key) const;
   /// A caption: one line in the snapshot's language.

@@ -27,7 +27,7 @@ View hero(const CardLimitContent& content) {
 View row(const CardLimitContent& content, std::string_view key, double amount) {
   return HStack{
       {},
-      content.caption(content.text(key), 13).foregroundStyle(palette::textSecondary),
+      content.caption(content.text(key), 13).foregroundStyle(content.colors.caption()),
       Spacer{8},
       Amount{
           .value = amount, .snapshot = content.snapshot, .size = 13, .weight = FontWeight::semibold}
@@ -40,9 +40,8 @@ View row(const CardLimitContent& content, std::string_view key, double amount) {
 
 View cardLimitLarge(const CardLimitContent& content) {
   const WidgetSnapshot& snapshot = content.snapshot;
-  const View hairline = Rectangle()
-                            .fill(groundColor(palette::surfaceAlt, content.environment))
-                            .frame(FixedFrame{.height = 1});
+  const View hairline =
+      Rectangle().fill(content.colors.ground(palette::surfaceAlt)).frame(FixedFrame{.height = 1});
   const CardStack pile{.cards = content.cards,
                        .snapshot = snapshot,
                        .width = std::nullopt,

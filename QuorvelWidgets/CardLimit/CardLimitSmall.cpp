@@ -2,7 +2,6 @@
 #include "QuorvelWidgets/CardLimit/CardFigures.hpp"
 #include "QuorvelWidgets/CardLimit/CardLimitContent.hpp"
 #include "QuorvelWidgets/WidgetSupport/Amount.hpp"
-#include "QuorvelWidgets/WidgetSupport/Palette.hpp"
 #include "QuorvelWidgets/WidgetSupport/SpokenTexts.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetMeter.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetPrivacyNote.hpp"
@@ -25,8 +24,8 @@ View face(const CardLimitContent& content, const WidgetSnapshot::Card& card) {
   const std::string number = shownNumber(card);
   std::optional<double> weakestText;
   if (!card.hasImage) weakestText = number.empty() ? 1 : kNumberOpacity;
-  View tile =
-      cardFace(card, 9, Alignment::center, weakestText, mode).frame(FixedFrame{.height = 52});
+  View tile = cardFace(card, 9, Alignment::center, weakestText, number.empty() ? 0.45 : 1, mode)
+                  .frame(FixedFrame{.height = 52});
   if (!card.hasImage) {
     tile = tile.overlay(cardTitleText(card, 10.5, content.snapshot.lang, mode)
                             .padding({.top = 8, .leading = 10, .trailing = 10}),
@@ -53,11 +52,11 @@ View usageRow(const CardLimitContent& content, double fraction) {
       {.spacing = 7},
       WidgetMeter{.fraction = fraction,
                   .color = content.usageColor(fraction),
-                  .track = meterTrackColor(content.environment.widgetRenderingMode),
+                  .track = content.colors.track(),
                   .height = 5}
           .accessibilityHidden(),
       content.usedText(fraction, 11)
-          .foregroundStyle(palette::textSecondary)
+          .foregroundStyle(content.colors.caption())
           .privacySensitive(PrivacyTreatment::covered)
           .layoutPriority(1),
   };
@@ -69,14 +68,16 @@ View cardLimitSmall(const CardLimitContent& content) {
   const WidgetSnapshot::Card& card = *content.cards.front();
   const double fraction = usedFraction(card.limit, card.remaining);
   // The amount above it says that it is hidden.
-  const View footer = content.snapshot.isHidden ? WidgetPrivacyNote{.lang = content.snapshot.lang,
-                                                                    .color = palette::textSecondary}
-                                                      .accessibilityHidden()
-                                                : usageRow(content, fraction);
+  const View footer =
+      content.snapshot.isHidden
+          ? WidgetPrivacyNote{.lang = content.snapshot.lang, .color = content.colors.caption()}
+                .accessibilityHidden()
+          : usageRow(content, fraction);
   const View remaining =
       VStack{
           {.alignment = HorizontalAlignment::leading, .spacing = 0},
-          content.caption(content.text("remaining"), 11.5).foregroundStyle(palette::textSecondary),
+          content.caption(content.text("remaining"), 11.5)
+              .foregroundStyle(content.colors.caption()),
           Amount{.value = card.remaining, .snapshot = content.snapshot, .size = 21}.padding(
               {.top = 1}),
       }

@@ -50,9 +50,9 @@ View CardLimitView::body() const {
       .snapshot = withEffectivePrivacy(snapshot, environment),
       .cards = orderedCards(snapshot.cards, entry.cardId, mostCards(family)),
       .cardCount = snapshot.cards.size(),
-      .accent = WAccent{snapshot.accent},
+      .accent = ModeColors{environment.widgetRenderingMode}.accent(snapshot.accent),
       .environment = environment};
-  const Color primary = palette::textPrimary;
+  const Color primary = content.colors.text();
   if (family == WidgetFamily::systemLarge) {
     return scaffold.root(cardLimitLarge(content).foregroundStyle(primary));
   }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "Foundation/Characters.hpp"
 #include "QuorvelWidgets/CardLimit/CardFace.hpp"
 #include "QuorvelWidgets/CardLimit/CardFigures.hpp"
 #include "QuorvelWidgets/WidgetSupport/Amount.hpp"
@@ -14,10 +15,26 @@ using widgetruntime::RenderingMode;
 
 namespace {
 
-/// What a face's title leaves to the pill: a long amount shrinks before it reaches the title.
+/// What a face's title leaves to the pill at least.
 constexpr double kPillRoom = 80;
+/// The same for long amounts on faces as wide as the widget.
+constexpr double kMostPillRoom = 150;
 
-View pill(const CardStack& stack, const WidgetSnapshot::Card& card) {
+/// What the titles of a pile leave to its pills: beyond it a long amount shrinks. A face as wide as
+/// the widget has room for the longest one.
+double pillRoom(const CardStack& stack) {
+  if (stack.width) return kPillRoom;
+  constexpr double kFigureWidth = 0.64;  // of the font size, about
+  std::size_t longest = 0;
+  for (const WidgetSnapshot::Card* card : stack.cards) {
+    const std::string text = amountText(card->remaining, stack.snapshot);
+    longest = std::max(longest, foundation::graphemeCount(text));
+  }
+  const double width = (static_cast<double>(longest) * kFigureWidth + 1.4) * stack.pillSize + 9;
+  return std::clamp(width, kPillRoom, kMostPillRoom);
+}
+
+View pill(const CardStack& stack, const WidgetSnapshot::Card& card, double room) {
   const Color ground = stack.renderingMode == RenderingMode::accented
                            ? Color::primary().withOpacity(0.14)
                            : Color::black().withOpacity(0.55);
@@ -30,15 +47,28 @@ View pill(const CardStack& stack, const WidgetSnapshot::Card& card) {
       .frame(FixedFrame{.height = stack.pillSize + 8.5})
       .background(RoundedRectangle(kHeight * 0.5, CornerStyle::continuous).fill(ground))
       .padding({.top = 6, .trailing = 7})
-      .frame(FlexibleFrame{.maxWidth = kPillRoom - 2, .alignment = Alignment::topTrailing});
+      .frame(FlexibleFrame{.maxWidth = room - 2, .alignment = Alignment::topTrailing});
 }
 
-View face(const CardStack& stack, std::size_t index) {
+/// From one face's top to the next: less where the pile's box is too low for the last title.
+Length stepOf(const CardStack& stack) {
+  if (stack.cards.size() < 2) return 0;
+  const double captionRoom = stack.pillSize + 16;
+  return min((kHeight - captionRoom) / static_cast<double>(stack.cards.size() - 1), stack.step);
+}
+
+/// Where a face's title ends, from its top.
+double textFoot(const CardStack& stack) {
+  return 10 + 1.3 * stack.pillSize;
+}
+
+View face(const CardStack& stack, std::size_t index, double room) {
   const WidgetSnapshot::Card& card = *stack.cards[index];
   View tile = cardFace(card,
                        stack.corner,
                        Alignment::top,
                        card.hasImage ? std::nullopt : std::optional{1.0},
+                       textFoot(stack) / stack.height,
                        stack.renderingMode);
   if (index > 0 && stack.renderingMode == RenderingMode::fullColor) {
     tile = tile.shadow({.color = Color::black().withOpacity(0.28), .radius = 4, .x = 0, .y = -1});
@@ -51,15 +81,15 @@ View face(const CardStack& stack, std::size_t index) {
   } else {
     tile =
         tile.overlay(cardTitleText(card, stack.pillSize, stack.snapshot.lang, stack.renderingMode)
-                         .padding({.top = 9, .leading = 10, .trailing = kPillRoom}),
+                         .padding({.top = 9, .leading = 10, .trailing = room}),
                      Alignment::topLeading);
   }
   const FixedFrame frame{.width = stack.width ? std::optional<Length>{*stack.width} : std::nullopt,
                          .height = stack.height};
   return tile.frame(frame)
-      .overlay(pill(stack, card), Alignment::topTrailing)
+      .overlay(pill(stack, card, room), Alignment::topTrailing)
       .accessibility({.children = Accessibility::Children::combine})
-      .offset(0, stack.step * static_cast<double>(index))
+      .offset(0, stepOf(stack) * static_cast<double>(index))
       .zIndex(static_cast<double>(index));
 }
 
@@ -70,12 +100,13 @@ double CardStack::pileHeight() const {
 }
 
 View CardStack::body() const {
+  const double room = pillRoom(*this);
   ViewList faces;
-  for (std::size_t i = 0; i < cards.size(); ++i) faces.views.push_back(face(*this, i));
+  for (std::size_t i = 0; i < cards.size(); ++i) faces.views.push_back(face(*this, i, room));
   const FixedFrame box{.width = width ? std::optional<Length>{*width} : std::nullopt,
                        .height = min(kHeight, pileHeight()),
                        .alignment = Alignment::top};
-  return ZStack{{.alignment = Alignment::top}, std::move(faces)}.frame(box).clip(
+  return ZStack{{.alignment = Alignment::top}, std::move(faces)}.sharedScale().frame(box).clip(
       RoundedRectangleShape{corner, CornerStyle::continuous});
 }
 

@@ -1,4 +1,7 @@
+#include <utility>
+
 #include "QuorvelWidgets/Due/DueContent.hpp"
+#include "QuorvelWidgets/WidgetSupport/FittingWidth.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetEnvironment.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetMoneyStyle.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetStrings.hpp"
@@ -22,17 +25,21 @@ Accessibility spoken(const DueContent& content) {
           .children = Accessibility::Children::ignore};
 }
 
+// A long name leaves rather than the amount behind it.
 View inlineLine(const DueContent& content) {
-  return HStack{
-      {.spacing = 5},
-      calendarSymbol(13),
-      Text{inlineText(content)}
-          .font(13, FontWeight::medium)
-          .lineLimit(1)
-          .minimumScaleFactor(0.8)
-          .language(content.snapshot.lang)
-          .privacySensitive(PrivacyTreatment::masked),
-  }
+  const auto line = [&](std::string words) {
+    return HStack{
+        {.spacing = 5},
+        calendarSymbol(13),
+        Text{std::move(words)}
+            .font(13, FontWeight::medium)
+            .lineLimit(1)
+            .minimumScaleFactor(0.8)
+            .language(content.snapshot.lang)
+            .privacySensitive(PrivacyTreatment::masked),
+    };
+  };
+  return fittingWidth(line(inlineText(content)), line(bareInlineText(content)))
       .accessibility(spoken(content));
 }
 
@@ -48,7 +55,7 @@ View circular(const DueContent& content) {
 
 View rectangular(const DueContent& content) {
   const UpcomingDue& next = content.upcoming.front();
-  const Color secondary = secondaryTextColor(content.environment);
+  const Color secondary = content.colors.caption();
   const View label =
       HStack{
           {.spacing = 4},

@@ -52,9 +52,12 @@ View DueContent::relativePill(const UpcomingDue& next, double size) const {
   const Color ground = environment.widgetRenderingMode == RenderingMode::fullColor
                            ? Color::black().withOpacity(0.28)
                            : Color::primary().withOpacity(0.14);
+  // What is near stands out among what is not.
+  constexpr double kLaterOpacity = 0.8;
   return caption(shortRelativeLabel(next.days, snapshot.lang), size)
       .font(size, FontWeight::semibold)
       .accessibilityLabel(spokenRelativeLabel(next.days, snapshot.lang))
+      .opacity(next.days <= 1 ? 1 : kLaterOpacity)
       .padding(Insets::horizontal(size * 0.65))
       .frame(FixedFrame{.height = size + 7})
       .background(RoundedRectangle(kHeight * 0.5, CornerStyle::continuous).fill(ground));
@@ -73,6 +76,12 @@ std::string inlineText(const DueContent& content) {
   const UpcomingDue& next = content.upcoming.front();
   return relativeLabel(next.days, content.snapshot.lang) + " · " + isolatedName(next.due->name) +
          " · " + isolatedAmount(content.amountText(*next.due));
+}
+
+std::string bareInlineText(const DueContent& content) {
+  const UpcomingDue& next = content.upcoming.front();
+  return relativeLabel(next.days, content.snapshot.lang) + " · " +
+         isolatedAmount(content.amountText(*next.due));
 }
 
 }  // namespace quorvel

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "QuorvelWidgets/Due/UpcomingDues.hpp"
+#include "QuorvelWidgets/WidgetSupport/ModeColors.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetSnapshot.hpp"
 #include "ViewKit/ViewKit.hpp"
 #include "WidgetRuntime/Environment.hpp"
@@ -22,6 +23,7 @@ struct DueContent {
   std::vector<UpcomingDue> upcoming;  ///< at least one
   std::string urlScheme;
   widgetruntime::Environment environment;
+  ModeColors colors{environment.widgetRenderingMode};
   const foundation::Calendar& calendar;
 
   /// A caption: one line in the snapshot's language.
@@ -41,6 +43,8 @@ struct DueContent {
 
 /// The next payment in one line: "in 3 days · Everyday card · $125".
 [[nodiscard]] std::string inlineText(const DueContent& content);
+/// The same without the name.
+[[nodiscard]] std::string bareInlineText(const DueContent& content);
 
 [[nodiscard]] viewkit::View dueSmall(const DueContent& content);
 [[nodiscard]] viewkit::View dueMedium(const DueContent& content);

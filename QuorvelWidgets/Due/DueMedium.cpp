@@ -29,7 +29,9 @@ View cardGround(const DueContent& content, const WidgetSnapshot::Due& due) {
   const Color faint = Color::primary().withOpacity(0.14);
   if (showsFaces(content)) {
     const double weakestText = due.subtitle ? kSubtitleOpacity : 1;
-    return faceGround(due.face.value_or(std::vector<std::string>{}), weakestText).clip(shape);
+    return faceGround(
+               due.face.value_or(std::vector<std::string>{}), weakestText, kCardStep / kCardHeight)
+        .clip(shape);
   }
   // A card hides what lies behind it: with the canvas' colour, or by cutting it out where there are
   // no colours.
@@ -61,17 +63,19 @@ View cardRow(const DueContent& content, const UpcomingDue& upcoming) {
       figures.layoutPriority(1),
   }
       .padding({.top = 9, .leading = 12, .trailing = 12})
-      .foregroundStyle(showsFaces(content) ? Color::white() : palette::textPrimary);
+      .foregroundStyle(showsFaces(content) ? Color::white() : content.colors.text());
 }
 
-View card(const DueContent& content, std::size_t index) {
+View card(const DueContent& content, std::size_t index, bool isInFront) {
   const UpcomingDue& upcoming = content.upcoming[index];
   View ground = cardGround(content, *upcoming.due);
   if (index > 0 && isFullColor(content)) {
     ground =
         ground.shadow({.color = Color::black().withOpacity(0.3), .radius = 5, .x = 0, .y = -2});
   }
-  const FixedFrame visible{.height = kCardStep, .alignment = Alignment::top};
+  // The card in front shows all of its face, the others what the next one leaves.
+  const FixedFrame visible{.height = isInFront ? kCardHeight : kCardStep,
+                           .alignment = Alignment::top};
   View row = cardRow(content, upcoming)
                  .frame(FlexibleFrame{.maxWidth = kInfinity})
                  .frame(visible)
@@ -85,18 +89,26 @@ View card(const DueContent& content, std::size_t index) {
       .zIndex(static_cast<double>(index));
 }
 
-}  // namespace
-
-View dueMedium(const DueContent& content) {
+/// The first cards as a pile that needs as much height as is visible of each.
+View pile(const DueContent& content, std::size_t count) {
   std::vector<View> cards;
-  cards.reserve(content.upcoming.size());
-  for (std::size_t i = 0; i < content.upcoming.size(); ++i) cards.push_back(card(content, i));
-  const double height = kCardStep * static_cast<double>(cards.size() - 1) + kCardHeight;
+  cards.reserve(count);
+  for (std::size_t i = 0; i < count; ++i) cards.push_back(card(content, i, i + 1 == count));
+  const double height = kCardStep * static_cast<double>(count - 1) + kCardHeight;
   return ZStack{{.alignment = Alignment::top}, ViewList{std::move(cards)}}
       .frame(FixedFrame{.height = min(kHeight, height), .alignment = Alignment::top})
       .clip(RoundedRectangleShape{kCorner, CornerStyle::continuous})
-      .frame(FlexibleFrame{.maxWidth = kInfinity, .maxHeight = kInfinity})
-      .padding(10);
+      .frame(FlexibleFrame{.minHeight = kCardStep * static_cast<double>(count)});
+}
+
+}  // namespace
+
+View dueMedium(const DueContent& content) {
+  const std::size_t count = content.upcoming.size();
+  // Where the last card's figures have no room, one card less is shown.
+  const View cards = count < 2 ? pile(content, count)
+                               : Fitting{pile(content, count), pile(content, count - 1)}.view();
+  return cards.frame(FlexibleFrame{.maxWidth = kInfinity, .maxHeight = kInfinity}).padding(10);
 }
 
 }  // namespace quorvel

@@ -55,7 +55,7 @@ View DueWidgetView::body() const {
   const foundation::Calendar calendar{environment.locale, environment.timeZone};
   const DueContent content = makeContent(*this, calendar, kMostDues);
   if (content.upcoming.empty()) return scaffold.root(emptyView(scaffold, kNothingDue));
-  const Color primary = isAccessory(family) ? Color::primary() : palette::textPrimary;
+  const Color primary = isAccessory(family) ? Color::primary() : content.colors.text();
   if (family == WidgetFamily::systemMedium) {
     return scaffold.root(dueMedium(content).foregroundStyle(primary), false);
   }

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "QuorvelWidgets/NetWorth/ChartGeometry.hpp"
+#include "QuorvelWidgets/WidgetSupport/ModeColors.hpp"
 #include "QuorvelWidgets/WidgetSupport/Palette.hpp"
 
 namespace quorvel {
@@ -35,8 +36,7 @@ std::vector<PathStep> polyline(const Points& points) {
 }
 
 View grid(RenderingMode mode) {
-  const Color color =
-      mode == RenderingMode::fullColor ? palette::surfaceAlt : Color::primary().withOpacity(0.14);
+  const Color color = ModeColors{mode}.ground(palette::surfaceAlt);
   std::vector<PathStep> steps;
   for (const double height : std::array{0.1, 0.5, 0.9}) {
     steps.push_back(step(PathStep::Verb::move, 0, kHeight * height));
@@ -63,7 +63,8 @@ View line(const Points& points, const Color& accent) {
 }
 
 View dot(const ChartPoint<Length>& point, const Color& accent, RenderingMode mode) {
-  const Color middle = mode == RenderingMode::fullColor ? palette::canvas : Color::clear();
+  // A tinted dot is solid: an open one would show the line that ends in it.
+  const Color middle = mode == RenderingMode::fullColor ? palette::canvas : accent;
   return Circle()
       .fill(middle)
       .overlay(Circle().stroke(accent, kDotLine))
@@ -92,7 +93,7 @@ View AreaChart::body() const {
     marks.push_back(line(places, accent));
   }
   if (!places.empty()) marks.push_back(dot(places.back(), accent, renderingMode));
-  return chart(std::move(marks), showsGrid, endInset, renderingMode);
+  return chart(std::move(marks), showsGrid && !places.empty(), endInset, renderingMode);
 }
 
 View HiddenChart::body() const {

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <span>
+#include <string>
 #include <vector>
 
 namespace quorvel {
@@ -49,8 +50,16 @@ template <class Number>
   return chartPointsOver(values, std::max(width - endInset, 0.0), height);
 }
 
-/// The points that carry a label: counted back from the last one in equal steps, at most seven,
-/// oldest first.
+/// The points that carry a month's name: counted back from the last one in equal steps, at most
+/// seven, oldest first.
 [[nodiscard]] std::vector<std::size_t> labelledPoints(std::size_t count);
+
+/// A history longer than a year is labelled by years.
+inline constexpr std::size_t kMostNamedMonths = 12;
+
+/// The points of a long history that carry their year, oldest first: January of the latest year,
+/// and of as many before it in equal steps as do not touch on the narrowest chart. Months are
+/// strings such as "2025-01".
+[[nodiscard]] std::vector<std::size_t> labelledYears(std::span<const std::string> months);
 
 }  // namespace quorvel

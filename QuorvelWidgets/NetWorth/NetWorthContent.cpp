@@ -6,7 +6,6 @@
 #include <utility>
 
 #include "QuorvelWidgets/NetWorth/AreaChart.hpp"
-#include "QuorvelWidgets/WidgetSupport/Palette.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetChange.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetHeader.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetMeter.hpp"
@@ -39,7 +38,8 @@ View NetWorthContent::header(bool compact) const {
                       .text = text("netWorth"),
                       .compact = compact,
                       .accent = accent,
-                      .lang = snapshot.lang};
+                      .lang = snapshot.lang,
+                      .colors = colors};
 }
 
 std::span<const WidgetSnapshot::NetWorth::Point> NetWorthContent::history() const {
@@ -49,7 +49,7 @@ std::span<const WidgetSnapshot::NetWorth::Point> NetWorthContent::history() cons
 
 View NetWorthContent::chart(bool showsGrid) const {
   if (snapshot.isHidden) {
-    return HiddenChart{.color = meterTrackColor(environment.widgetRenderingMode),
+    return HiddenChart{.color = colors.track(),
                        .showsGrid = showsGrid,
                        .renderingMode = environment.widgetRenderingMode};
   }
@@ -63,14 +63,15 @@ View NetWorthContent::chart(bool showsGrid) const {
 
 View NetWorthContent::change() const {
   if (snapshot.isHidden) {
-    return WidgetPrivacyNote{.lang = snapshot.lang, .color = palette::textSecondary}
+    return WidgetPrivacyNote{.lang = snapshot.lang, .color = colors.caption()}
         .accessibilityHidden();  // the amount beside it says it
   }
   if (!netWorth.changePercent) return {};
   return WidgetChange{.value = *netWorth.changePercent,
                       .precision = kChangePrecision,
                       .size = 12,
-                      .lang = snapshot.lang};
+                      .lang = snapshot.lang,
+                      .colors = colors};
 }
 
 std::optional<ChangeDescription> shownChange(const WidgetSnapshot::NetWorth& netWorth) {

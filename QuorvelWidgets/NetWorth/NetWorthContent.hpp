@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "QuorvelWidgets/WidgetSupport/WAccent.hpp"
+#include "QuorvelWidgets/WidgetSupport/ModeColors.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetMoneyStyle.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetSnapshot.hpp"
 #include "ViewKit/ViewKit.hpp"
@@ -20,6 +20,7 @@ struct NetWorthContent {
   const WidgetSnapshot::NetWorth& netWorth;
   WAccent accent;
   widgetruntime::Environment environment;
+  ModeColors colors{environment.widgetRenderingMode};
 
   [[nodiscard]] std::string text(std::string_view key) const;
   /// A caption: one line in the snapshot's language.

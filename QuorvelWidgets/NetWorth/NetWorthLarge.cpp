@@ -1,3 +1,5 @@
+#include <optional>
+#include <string>
 #include <vector>
 
 #include "QuorvelWidgets/NetWorth/AreaChart.hpp"
@@ -25,11 +27,28 @@ View hero(const NetWorthContent& content) {
   };
 }
 
+/// Months by their names; a history of more than a year by its years.
+std::optional<std::string> labelText(const NetWorthContent& content, std::size_t index) {
+  const std::string& month = content.history()[index].month;
+  if (content.history().size() > kMostNamedMonths) return month.substr(0, month.find('-'));
+  return standaloneMonth(month, content.snapshot.lang);
+}
+
+std::vector<std::size_t> labelledIndices(const NetWorthContent& content) {
+  const auto history = content.history();
+  if (history.size() <= kMostNamedMonths) return labelledPoints(history.size());
+  std::vector<std::string> months;
+  months.reserve(history.size());
+  for (const auto& point : history) months.push_back(point.month);
+  return labelledYears(months);
+}
+
 // A label at either end of the history is pushed inside the chart's frame.
 View monthLabel(const NetWorthContent& content, std::size_t index, std::size_t count) {
-  const auto name = standaloneMonth(content.history()[index].month, content.snapshot.lang);
+  const auto name = labelText(content, index);
   if (!name) return {};
-  const View label = content.caption(*name, 11).foregroundStyle(palette::textSecondary).fixedSize();
+  const View label =
+      content.caption(*name, 11).foregroundStyle(content.colors.caption()).fixedSize();
   const FlexibleFrame row{.maxWidth = kInfinity, .maxHeight = kInfinity};
   if (index + 1 == count) {
     FlexibleFrame last = row;
@@ -48,7 +67,7 @@ View monthLabel(const NetWorthContent& content, std::size_t index, std::size_t c
 View monthLabels(const NetWorthContent& content) {
   const std::size_t count = content.history().size();
   std::vector<View> labels;
-  for (const std::size_t index : labelledPoints(count)) {
+  for (const std::size_t index : labelledIndices(content)) {
     if (View label = monthLabel(content, index, count); !label.isEmpty()) {
       labels.push_back(std::move(label));
     }
@@ -76,16 +95,17 @@ std::vector<BreakdownRow> breakdown(const WidgetSnapshot::NetWorth& netWorth) {
 }
 
 View breakdownRow(const NetWorthContent& content, const BreakdownRow& row) {
-  const View tile = Symbol{std::string{row.symbol}}
-                        .font(13, FontWeight::semibold)
-                        .foregroundStyle(row.color)
-                        .frame(FixedFrame{.width = 26, .height = 26})
-                        .background(RoundedRectangle(6).fill(row.color.withOpacity(0.16)))
-                        .accessibilityHidden();
+  const View tile =
+      Symbol{std::string{row.symbol}}
+          .font(13, FontWeight::semibold)
+          .foregroundStyle(content.colors.mark(row.color))
+          .frame(FixedFrame{.width = 26, .height = 26})
+          .background(RoundedRectangle(6).fill(content.colors.ground(row.color.withOpacity(0.16))))
+          .accessibilityHidden();
   return HStack{
       {.spacing = 10},
       tile,
-      content.caption(content.text(row.key), 13.5).foregroundStyle(palette::textPrimary),
+      content.caption(content.text(row.key), 13.5).foregroundStyle(content.colors.text()),
       Spacer{},
       Amount{.value = row.amount,
              .snapshot = content.snapshot,
@@ -104,9 +124,8 @@ View netWorthLarge(const NetWorthContent& content) {
       forEach(breakdown(content.netWorth),
               [&](const BreakdownRow& row) { return breakdownRow(content, row); }),
   };
-  const View hairline = Rectangle()
-                            .fill(groundColor(palette::surfaceAlt, content.environment))
-                            .frame(FixedFrame{.height = 1});
+  const View hairline =
+      Rectangle().fill(content.colors.ground(palette::surfaceAlt)).frame(FixedFrame{.height = 1});
   return VStack{
       {.alignment = HorizontalAlignment::leading, .spacing = 6},
       content.header(false),

@@ -12,8 +12,11 @@ namespace {
 View row(const NetWorthContent& content, std::string_view key, double amount, const Color& color) {
   return HStack{
       {.spacing = 6},
-      Circle().fill(color).frame(FixedFrame{.width = 7, .height = 7}).accessibilityHidden(),
-      content.caption(content.text(key), 11.5).foregroundStyle(palette::textSecondary),
+      Circle()
+          .fill(content.colors.mark(color))
+          .frame(FixedFrame{.width = 7, .height = 7})
+          .accessibilityHidden(),
+      content.caption(content.text(key), 11.5).foregroundStyle(content.colors.caption()),
       Spacer{4},
       Amount{.value = amount,
              .snapshot = content.snapshot,
@@ -32,15 +35,18 @@ View netWorthMedium(const NetWorthContent& content) {
       row(content, "assets", content.netWorth.assets, palette::assetGreen),
       row(content, "liabilities", content.netWorth.liabilities, palette::liabilityPink),
   };
-  const View figures = VStack{
-      {.alignment = HorizontalAlignment::leading, .spacing = 0},
-      content.header(false),
-      Amount{.value = content.netWorth.value, .snapshot = content.snapshot, .size = 24}.padding(
-          {.top = 8}),
-      changeRow(content).padding({.top = 6}),
-      Spacer{0},
-      rows.padding({.top = 3}),
+  const auto column = [&](const View& foot) {
+    return VStack{
+        {.alignment = HorizontalAlignment::leading, .spacing = 0},
+        content.header(false),
+        Amount{.value = content.netWorth.value, .snapshot = content.snapshot, .size = 24}.padding(
+            {.top = 8}),
+        changeRow(content).padding({.top = 6}),
+        Spacer{0},
+        foot.padding({.top = 3}),
+    };
   };
+  const View figures = Fitting{column(rows.sharedScale()), column(View{})};
   return HStack{
       {.alignment = VerticalAlignment::top, .spacing = 14},
       figures.frame(FixedFrame{.width = 150, .alignment = Alignment::topLeading}),

@@ -3,7 +3,7 @@
 #include <optional>
 #include <string>
 
-#include "QuorvelWidgets/WidgetSupport/Palette.hpp"
+#include "QuorvelWidgets/WidgetSupport/FittingWidth.hpp"
 #include "QuorvelWidgets/WidgetSupport/SpokenTexts.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetDates.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetStrings.hpp"
@@ -38,11 +38,12 @@ View changeRow(const NetWorthContent& content) {
   if (change.isEmpty()) return {};
   const auto compared = comparison(content);
   if (!compared) return change;
-  return HStack{
+  const View row = HStack{
       {.spacing = 5},
       change.layoutPriority(1),
-      content.caption(compared->words, 11.5).foregroundStyle(palette::textSecondary),
-  }
+      content.caption(compared->words, 11.5).foregroundStyle(content.colors.caption()),
+  };
+  return fittingWidth(row, change)
       .accessibility({.label = compared->spoken, .children = Accessibility::Children::ignore});
 }
 

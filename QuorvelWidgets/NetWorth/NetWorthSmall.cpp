@@ -14,7 +14,7 @@ View netWorthSmall(const NetWorthContent& content) {
           {.top = 9}),
       changeRow(content).padding({.top = 6}),
       Spacer{0},
-      content.chart(false).frame(FixedFrame{.height = 54}),
+      content.chart(false).frame(FlexibleFrame{.maxHeight = 54}),
   };
 }
 

@@ -1,6 +1,7 @@
 #include "QuorvelWidgets/NetWorth/NetWorthWidgetView.hpp"
 
 #include "QuorvelWidgets/NetWorth/NetWorthContent.hpp"
+#include "QuorvelWidgets/WidgetSupport/AccessoryFigure.hpp"
 #include "QuorvelWidgets/WidgetSupport/ChangeText.hpp"
 #include "QuorvelWidgets/WidgetSupport/Palette.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetEnvironment.hpp"
@@ -18,6 +19,9 @@ constexpr EmptyState kNoSnapshot{kNetWorthSymbol, "netWorth", "signIn", "openQuo
 constexpr EmptyState kNoNetWorth{kNetWorthSymbol, "netWorth", "noNetWorth", "addAssets"};
 
 View layout(const NetWorthContent& content, WidgetFamily family) {
+  if (isAccessory(family)) {
+    return accessoryFigure(kNetWorthSymbol, content.netWorth.value, content.snapshot, family);
+  }
   if (family == WidgetFamily::systemLarge) return netWorthLarge(content);
   if (family == WidgetFamily::systemMedium) return netWorthMedium(content);
   return netWorthSmall(content);
@@ -30,12 +34,13 @@ View NetWorthWidgetView::body() const {
   if (!entry.snapshot) return scaffold.root(scaffold.message(kNoSnapshot));
   const WidgetSnapshot& snapshot = *entry.snapshot;
   if (!snapshot.netWorth) return scaffold.root(scaffold.message(kNoNetWorth));
-  const NetWorthContent content{.snapshot = withEffectivePrivacy(snapshot, environment),
-                                .netWorth = *snapshot.netWorth,
-                                .accent = WAccent{snapshot.accent},
-                                .environment = environment};
+  const NetWorthContent content{
+      .snapshot = withEffectivePrivacy(snapshot, environment),
+      .netWorth = *snapshot.netWorth,
+      .accent = ModeColors{environment.widgetRenderingMode}.accent(snapshot.accent),
+      .environment = environment};
   return scaffold.root(
-      layout(content, environment.familyInForce()).foregroundStyle(palette::textPrimary));
+      layout(content, environment.familyInForce()).foregroundStyle(content.colors.text()));
 }
 
 widgetruntime::WidgetSummary NetWorthWidgetView::summary() const {

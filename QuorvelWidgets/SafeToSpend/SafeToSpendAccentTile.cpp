@@ -1,5 +1,5 @@
 #include "QuorvelWidgets/SafeToSpend/SafeToSpendLayouts.hpp"
-#include "QuorvelWidgets/WidgetSupport/Palette.hpp"
+#include "QuorvelWidgets/WidgetSupport/FittingWidth.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetMeter.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetPrivacyNote.hpp"
 
@@ -31,37 +31,54 @@ View headline(const SafeToSpendContent& content, Color ink) {
   };
 }
 
-View footer(const SafeToSpendContent& content, Color ink) {
-  if (content.isHidden()) return dayLine(content, ink);
-  if (content.isLastDay() && !isExceeded(content.budget)) {
-    // The amount and the last day say it.
-    return content.caption(content.text("leftForToday"), 12, 0.85).accessibilityHidden();
-  }
-  return remainderLine(content);
-}
-
-}  // namespace
-
-View safeToSpendAccentTile(const SafeToSpendContent& content) {
-  const Color ink = content.showsBackground ? content.accent.glyph : palette::textPrimary;
-  // A footer of one height keeps the meter in its place in every state.
-  const View foot = VStack{
+/// The meter over what it measures.
+View foot(const SafeToSpendContent& content, Color ink, const View& footer) {
+  return VStack{
       {.alignment = HorizontalAlignment::leading, .spacing = 0},
       WidgetMeter{.fraction = content.visibleFraction(),
                   .color = ink,
                   .track = ink.withOpacity(kTrackOpacity),
                   .height = 5}
           .padding({.top = 1}),
-      footer(content, ink)
-          .frame(FixedFrame{.height = 14.5, .alignment = Alignment::leading})
-          .padding({.top = 6}),
+      footer.padding({.top = 6}),
   };
+}
+
+/// A footer of one height keeps the meter in its place in every state.
+View lowFoot(const SafeToSpendContent& content, Color ink, const View& footer) {
+  return foot(
+      content, ink, footer.frame(FixedFrame{.height = 14.5, .alignment = Alignment::leading}));
+}
+
+View foot(const SafeToSpendContent& content, Color ink) {
+  if (content.isHidden()) return lowFoot(content, ink, dayLine(content, ink));
+  const bool exceeded = isExceeded(content.budget);
+  if (content.isLastDay() && !exceeded) {
+    // The amount and the last day say it.
+    return lowFoot(content,
+                   ink,
+                   content.caption(content.text("leftForToday"), 12, 0.85).accessibilityHidden());
+  }
+  const View line = remainder(content, RemainderWords::beside);
+  const View bare = remainder(content, RemainderWords::leftOut);
+  if (!exceeded) return lowFoot(content, ink, fittingWidth(line, bare));
+  // An amount without its words would not say what is wrong: they take a second line first.
+  return Fitting{lowFoot(content, ink, line),
+                 foot(content, ink, remainder(content, RemainderWords::below)),
+                 lowFoot(content, ink, bare)}
+      .layoutPriority(1);
+}
+
+}  // namespace
+
+View safeToSpendAccentTile(const SafeToSpendContent& content) {
+  const Color ink = content.showsBackground ? content.accent.glyph : content.colors.text();
   return VStack{
       {.alignment = HorizontalAlignment::leading, .spacing = 6},
       safeToSpendHeader(content, ink, ink),
       headline(content, ink),
       Spacer{0},
-      foot,
+      foot(content, ink),
   }
       .frame(FlexibleFrame{
           .maxWidth = kInfinity, .maxHeight = kInfinity, .alignment = Alignment::topLeading})

@@ -18,7 +18,7 @@ View circular(const SafeToSpendContent& content) {
       {.spacing = 0},
       Amount{.value = content.mainAmount(), .snapshot = content.snapshot, .size = 17},
       content.caption(content.text(content.isLastDay() ? "left" : "perDay"), 10, 0.7)
-          .foregroundStyle(secondaryTextColor(content.environment)),
+          .foregroundStyle(content.colors.caption()),
   }
       .accessibility(
           {.label = content.spokenMainAmount(), .children = Accessibility::Children::ignore})
@@ -26,11 +26,11 @@ View circular(const SafeToSpendContent& content) {
 }
 
 View rectangular(const SafeToSpendContent& content) {
-  const Color secondary = secondaryTextColor(content.environment);
+  const Color secondary = content.colors.caption();
   return VStack{
       {.alignment = HorizontalAlignment::leading, .spacing = 1},
-      safeToSpendHeader(content, Color::primary(), Color::primary()),
-      amountWithUnit(content, 17, unit(content), 11, secondary),
+      safeToSpendHeader(content, secondary, secondary),
+      amountWithUnit(content, 21, unit(content), 11, secondary),
       dayCaption(content, 11).foregroundStyle(secondary),
   }
       .frame(FlexibleFrame{

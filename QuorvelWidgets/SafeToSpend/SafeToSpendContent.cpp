@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "QuorvelWidgets/WidgetSupport/Amount.hpp"
+#include "QuorvelWidgets/WidgetSupport/FittingWidth.hpp"
 #include "QuorvelWidgets/WidgetSupport/SpokenTexts.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetMoneyStyle.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetStrings.hpp"
@@ -29,11 +30,11 @@ Text SafeToSpendContent::caption(std::string text, double size, double leastScal
       .language(snapshot.lang);
 }
 
-View SafeToSpendContent::percentage(double size) const {
+View SafeToSpendContent::percentage(double size, double leastScale) const {
   return Text{std::to_string(wholePercent(metrics.spentFraction)) + "%"}
       .font(size, kFigureWeight)
       .lineLimit(1)
-      .minimumScaleFactor(0.8)
+      .minimumScaleFactor(leastScale)
       .direction(LayoutDirection::leftToRight)
       .numericTransition()
       .privacySensitive(PrivacyTreatment::covered);
@@ -60,6 +61,13 @@ std::string summaryText(const SafeToSpendContent& content) {
   const std::string unit = perDayUnit(content.snapshot.lang);
   const bool isAttached = unit.starts_with("/") && !unit.starts_with("/ ");
   return written(content.mainAmount()) + (isAttached ? "" : " ") + unit;
+}
+
+View gaugeLock(const SafeToSpendContent& content, double size) {
+  return Symbol{"lock.fill"}
+      .font(size)
+      .foregroundStyle(content.colors.caption())
+      .accessibilityHidden();
 }
 
 std::string dayPhrase(std::int64_t daysLeft, std::string_view lang) {
@@ -100,20 +108,21 @@ View amountWithUnit(const SafeToSpendContent& content,
                     const std::optional<std::string>& unit,
                     double unitSize,
                     std::optional<Color> unitColor) {
-  View caption;
-  if (unit) {
-    const Text words = content.caption(*unit, unitSize, 0.85);
-    caption = unitColor ? words.foregroundStyle(*unitColor) : words.view();
-  }
-  return HStack{
-      {.alignment = VerticalAlignment::firstTextBaseline, .spacing = 4},
-      Amount{.value = content.mainAmount(),
-             .snapshot = content.snapshot,
-             .size = size,
-             .weight = kFigureWeight},
-      std::move(caption),
-  }
-      .accessibility({.label = content.spokenMainAmount(), .children = kIgnored});
+  const Amount amount{.value = content.mainAmount(),
+                      .snapshot = content.snapshot,
+                      .size = size,
+                      .weight = kFigureWeight};
+  const Accessibility spoken{.label = content.spokenMainAmount(), .children = kIgnored};
+  if (!unit) return amount.accessibility(spoken);
+  const Text words = content.caption(*unit, unitSize, 0.85);
+  const View row =
+      HStack{
+          {.alignment = VerticalAlignment::firstTextBaseline, .spacing = 4},
+          amount,
+          unitColor ? words.foregroundStyle(*unitColor) : words.view(),
+      }
+          .sharedScale();
+  return fittingWidth(row, amount).accessibility(spoken);
 }
 
 std::string perDayLabel(const SafeToSpendContent& content) {
@@ -133,32 +142,54 @@ std::string spokenRemainder(const SafeToSpendContent& content, double amount, bo
 
 }  // namespace
 
-View remainderLine(const SafeToSpendContent& content, int lines) {
-  const bool exceeded = isExceeded(content.budget);
-  const double amount =
-      exceeded ? content.budget.spent - content.budget.total : content.metrics.remaining;
-  View words =
-      HStack{
-          {.alignment = VerticalAlignment::firstTextBaseline, .spacing = 3},
-          Amount{.value = amount,
-                 .snapshot = content.snapshot,
-                 .size = 12,
-                 .weight = FontWeight::regular},
-          content.caption(content.text(exceeded ? "overBudget" : "left"), 12, 0.85)
-              .lineLimit(lines),
-      }
-          .accessibility(
-              {.label = spokenRemainder(content, amount, exceeded), .children = kIgnored});
-  if (!exceeded) return words;
-  // Centred on the first line: on its baseline the round mark would hang below the words.
+namespace {
+
+/// Round mark and amount; the mark is centred on the line, on its baseline it would hang below.
+View markedAmount(const SafeToSpendContent& content, View amount) {
+  if (!isExceeded(content.budget)) return amount;
   return HStack{
       {.alignment = VerticalAlignment::top, .spacing = 4},
       Symbol{"exclamationmark.circle.fill"}
           .font(11)
           .frame(FixedFrame{.height = 14.5})
           .accessibilityHidden(),
-      words,
+      std::move(amount),
   };
+}
+
+}  // namespace
+
+View remainder(const SafeToSpendContent& content, RemainderWords place) {
+  constexpr double kSize = 12;
+  constexpr double kLeastScale = 0.85;
+  constexpr double kLeastAlone = 0.55;
+  const bool exceeded = isExceeded(content.budget);
+  const Amount amount{
+      .value = exceeded ? content.budget.spent - content.budget.total : content.metrics.remaining,
+      .snapshot = content.snapshot,
+      .size = kSize,
+      .weight = FontWeight::regular,
+      .leastScale = place == RemainderWords::beside ? kLeastScale : kLeastAlone};
+  const Text words =
+      content.caption(content.text(exceeded ? "overBudget" : "left"), kSize, kLeastScale);
+  const auto form = [&]() -> View {
+    switch (place) {
+      case RemainderWords::beside:
+        return markedAmount(
+            content,
+            HStack{{.alignment = VerticalAlignment::firstTextBaseline, .spacing = 3}, amount, words}
+                .sharedScale());
+      case RemainderWords::below:
+        return VStack{{.alignment = HorizontalAlignment::leading, .spacing = 1},
+                      markedAmount(content, amount),
+                      words};
+      case RemainderWords::leftOut:
+        break;
+    }
+    return markedAmount(content, amount);
+  };
+  return form().accessibility({.label = spokenRemainder(content, amount.value, exceeded),
+                               .children = Accessibility::Children::ignore});
 }
 
 }  // namespace quorvel

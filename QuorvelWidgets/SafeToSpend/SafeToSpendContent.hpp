@@ -8,7 +8,7 @@
 
 #include "QuorvelWidgets/SafeToSpend/BudgetPace.hpp"
 #include "QuorvelWidgets/SafeToSpend/SafeToSpendMetrics.hpp"
-#include "QuorvelWidgets/WidgetSupport/WAccent.hpp"
+#include "QuorvelWidgets/WidgetSupport/ModeColors.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetSnapshot.hpp"
 #include "ViewKit/ViewKit.hpp"
 #include "WidgetRuntime/Environment.hpp"
@@ -25,8 +25,11 @@ struct SafeToSpendContent {
   BudgetPace pace;
   WAccent accent;
   widgetruntime::Environment environment;
+  ModeColors colors{environment.widgetRenderingMode};
   bool showsBackground = true;
 
+  /// Of the verdict and of what is spent.
+  [[nodiscard]] viewkit::Color paceColor() const { return colors.mark(pace.color); }
   [[nodiscard]] bool isHidden() const { return snapshot.isHidden; }
   [[nodiscard]] bool isLastDay() const { return !metrics.perDay.has_value(); }
   /// The share that meters and gauges show: none while amounts are hidden.
@@ -38,7 +41,7 @@ struct SafeToSpendContent {
   /// A caption: one line in the snapshot's language.
   [[nodiscard]] viewkit::Text caption(std::string text, double size, double leastScale) const;
   /// The whole percentage with its sign, as one figure.
-  [[nodiscard]] viewkit::View percentage(double size) const;
+  [[nodiscard]] viewkit::View percentage(double size, double leastScale = 0.8) const;
   /// "61% used".
   [[nodiscard]] std::string spokenPercentage() const;
   /// "$106 per day"; on the last day "$1,166 left".
@@ -47,6 +50,9 @@ struct SafeToSpendContent {
 
 /// "$106 / day", on the last day "$1,166 left", beyond the budget "$210 over budget".
 [[nodiscard]] std::string summaryText(const SafeToSpendContent& content);
+
+/// What stands in the middle of a gauge that shows nothing because amounts are hidden.
+[[nodiscard]] viewkit::View gaugeLock(const SafeToSpendContent& content, double size);
 
 /// Days left in words: "12d left", "Last day".
 [[nodiscard]] std::string dayPhrase(std::int64_t daysLeft, std::string_view lang);
@@ -61,7 +67,8 @@ struct SafeToSpendContent {
                                               viewkit::Color title,
                                               int lines = 1);
 
-/// The main amount with its unit on the same baseline; the unit may be absent.
+/// The main amount with its unit on the same baseline; the unit may be absent, and is left out
+/// where the amount needs its room.
 [[nodiscard]] viewkit::View amountWithUnit(const SafeToSpendContent& content,
                                            double size,
                                            const std::optional<std::string>& unit,
@@ -71,8 +78,11 @@ struct SafeToSpendContent {
 /// The unit of an amount per day without a space before it: "/ day".
 [[nodiscard]] std::string perDayLabel(const SafeToSpendContent& content);
 
-/// What is left, or by how much the budget is exceeded, in 12 points; the words may take more than
-/// one line where there is room below.
-[[nodiscard]] viewkit::View remainderLine(const SafeToSpendContent& content, int lines = 1);
+/// Where the words of the remainder stand, from the fullest form to the barest.
+enum class RemainderWords { beside, below, leftOut };
+
+/// What is left, or by how much the budget is exceeded, in 12 points: beside each other amount and
+/// words have one scale.
+[[nodiscard]] viewkit::View remainder(const SafeToSpendContent& content, RemainderWords words);
 
 }  // namespace quorvel

@@ -2,6 +2,7 @@
 #include "QuorvelWidgets/SafeToSpend/SpentGauge.hpp"
 #include "QuorvelWidgets/WidgetSupport/AccessoryBackdrop.hpp"
 #include "QuorvelWidgets/WidgetSupport/Amount.hpp"
+#include "QuorvelWidgets/WidgetSupport/FittingWidth.hpp"
 #include "QuorvelWidgets/WidgetSupport/Palette.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetMeter.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetMoneyStyle.hpp"
@@ -22,69 +23,88 @@ FlexibleFrame part(double maxWidth) {
 View pacePart(const SafeToSpendContent& content) {
   const View verdict = content.caption(content.text(content.pace.key), 11.5, 0.7)
                            .font(11.5, FontWeight::semibold)
-                           .foregroundStyle(content.pace.color)
-                           .padding({.leading = 17, .bottom = 2, .trailing = 17});
+                           .foregroundStyle(content.paceColor())
+                           .padding({.leading = 17, .trailing = 17});
+  const View middle = VStack{
+      {.spacing = 2},
+      when(content.isHidden(), [&] { return gaugeLock(content, 13); }),
+      verdict,
+  };
   const View gauge = SpentGauge{.spentFraction = content.visibleFraction(),
-                                .color = content.pace.color,
-                                .track = meterTrackColor(content.environment.widgetRenderingMode)}
+                                .color = content.paceColor(),
+                                .track = content.colors.track()}
                          .frame(FixedFrame{.height = 54})
-                         .overlay(verdict, Alignment::bottom);
+                         .overlay(middle.padding({.bottom = 2}), Alignment::bottom);
   return VStack{
       {.alignment = HorizontalAlignment::leading, .spacing = 0},
       // A long title may reach into the gap to the next part.
-      safeToSpendHeader(content, content.accent.ink, palette::textPrimary, 2)
+      safeToSpendHeader(content, content.accent.ink, content.colors.text(), 2)
           .padding({.trailing = -3}),
       Spacer{0},
       gauge,
-  }
-      .frame(part(104));
+  };
 }
 
 View spentFigure(const SafeToSpendContent& content) {
   return VStack{
       {.alignment = HorizontalAlignment::leading, .spacing = 0},
-      content.caption(content.text("spent"), 10, 0.85).foregroundStyle(palette::textSecondary),
+      content.caption(content.text("spent"), 10, 0.85).foregroundStyle(content.colors.caption()),
       HStack{
           {.alignment = VerticalAlignment::firstTextBaseline, .spacing = 3},
           content.percentage(19),
-          content.caption(content.text("used"), 11.5, 0.85).foregroundStyle(palette::textSecondary),
+          content.caption(content.text("used"), 11.5, 0.85)
+              .foregroundStyle(content.colors.caption()),
       },
   }
       .accessibility(
           {.label = content.spokenPercentage(), .children = Accessibility::Children::ignore});
 }
 
-View remainderPart(const SafeToSpendContent& content) {
+View remainderFigure(const SafeToSpendContent& content) {
   const View figure =
       VStack{
           {.alignment = HorizontalAlignment::leading, .spacing = 3},
           content.caption(content.text("leftToSpend"), 12, 0.85)
-              .foregroundStyle(palette::textSecondary),
+              .foregroundStyle(content.colors.caption()),
           Amount{.value = content.metrics.remaining,
                  .snapshot = content.snapshot,
                  .size = 22,
                  .weight = kFigureWeight},
       }
           .accessibility({.children = Accessibility::Children::combine});
-  const View remainder = VStack{
+  return VStack{
       {.alignment = HorizontalAlignment::leading, .spacing = 3},
       figure,
       when(isExceeded(content.budget),
-           [&] { return remainderLine(content, 2).foregroundStyle(palette::statusCritical); }),
+           [&] {
+             return fittingWidth(remainder(content, RemainderWords::beside),
+                                 remainder(content, RemainderWords::below))
+                 .foregroundStyle(content.colors.mark(palette::statusCritical));
+           }),
   };
+}
+
+/// What stands below the remainder, from the fullest part to the barest.
+enum class Details { all, percentage, none };
+
+View remainderPart(const SafeToSpendContent& content, Details details) {
   return VStack{
       {.alignment = HorizontalAlignment::leading, .spacing = 0},
-      remainder,
-      Spacer{0},
-      when(!content.isHidden(), [&] { return spentFigure(content); }),
-      dayCaption(content, 11.5).foregroundStyle(palette::textSecondary).padding({.top = 3}),
-  }
-      .frame(part(kInfinity));
+      remainderFigure(content),
+      Spacer{4},
+      when(details != Details::none && !content.isHidden(), [&] { return spentFigure(content); }),
+      when(details == Details::all,
+           [&] {
+             return dayCaption(content, 11.5)
+                 .foregroundStyle(content.colors.caption())
+                 .padding({.top = 3});
+           }),
+  };
 }
 
 View tileGround(const SafeToSpendContent& content) {
   if (!content.showsBackground) return AccessoryBackdrop{.showsBackground = false};
-  return RoundedRectangle(14).fill(groundColor(palette::surface, content.environment));
+  return RoundedRectangle(14).fill(content.colors.ground(palette::surface));
 }
 
 /// Silent while amounts are hidden: the remainder has said so.
@@ -96,49 +116,83 @@ Accessibility spokenTileAmount(const SafeToSpendContent& content) {
           .children = Accessibility::Children::ignore};
 }
 
-View tile(const SafeToSpendContent& content) {
-  const Color faint = palette::textPrimary.withOpacity(0.9);
-  const auto label = [&](std::string_view key) {
-    return content.caption(content.text(key), 11, 0.8).lineLimit(2).foregroundStyle(faint);
-  };
-  const View perDay = VStack{
+View tileLabel(const SafeToSpendContent& content, std::string_view key) {
+  return content.caption(content.text(key), 11, 0.8)
+      .lineLimit(2)
+      .foregroundStyle(content.colors.text().withOpacity(0.9));
+}
+
+View perDayFigure(const SafeToSpendContent& content) {
+  return VStack{
       {.alignment = HorizontalAlignment::leading, .spacing = 0},
       Amount{.value = content.mainAmount(), .snapshot = content.snapshot, .size = 17},
-      label(content.isLastDay() ? "leftForToday" : "perDay").padding({.top = 3}),
-  };
-  const View daysLeft = VStack{
+      tileLabel(content, content.isLastDay() ? "leftForToday" : "perDay").padding({.top = 3}),
+  }
+      .accessibility(spokenTileAmount(content));
+}
+
+View daysLeftFigure(const SafeToSpendContent& content) {
+  return VStack{
       {.alignment = HorizontalAlignment::leading, .spacing = 0},
-      label("daysLeft"),
+      tileLabel(content, "daysLeft"),
       Text{std::to_string(content.metrics.daysLeft)}
           .font(17, kFigureWeight)
           .lineLimit(1)
           .minimumScaleFactor(0.8)
           .direction(LayoutDirection::leftToRight)
           .padding({.top = 3}),
-  };
-  return VStack{
-      {.alignment = HorizontalAlignment::leading, .spacing = 0},
-      perDay.accessibility(spokenTileAmount(content)),
-      Spacer{0},
-      daysLeft.accessibilityHidden(),  // the day phrase says it
   }
+      .accessibilityHidden();  // the day phrase says it
+}
+
+View tile(const SafeToSpendContent& content) {
+  const View both = VStack{
+      {.alignment = HorizontalAlignment::leading, .spacing = 0},
+      perDayFigure(content),
+      Spacer{6},
+      daysLeftFigure(content),
+  };
+  return Fitting{both, perDayFigure(content)}
       .frame(part(kInfinity))
       .padding(12)
       .frame(FixedFrame{.width = 92})
       .background(tileGround(content));
 }
 
+/// The three parts side by side.
+View threeParts(const SafeToSpendContent& content, Details details) {
+  return HStack{
+      {.spacing = 12},
+      pacePart(content).frame(part(104)),
+      remainderPart(content, details).frame(part(kInfinity)),
+      tile(content),
+  };
+}
+
+/// Without the tile's ground and the days: both amounts share a column.
+View twoParts(const SafeToSpendContent& content) {
+  const View figures = VStack{
+      {.alignment = HorizontalAlignment::leading, .spacing = 0},
+      remainderFigure(content),
+      Spacer{4},
+      perDayFigure(content),
+  };
+  return HStack{
+      {.spacing = 12},
+      pacePart(content).frame(part(104)),
+      figures.frame(part(kInfinity)),
+  };
+}
+
 }  // namespace
 
 View safeToSpendMedium(const SafeToSpendContent& content) {
-  return HStack{
-      {.spacing = 12},
-      pacePart(content),
-      remainderPart(content),
-      tile(content),
-  }
+  return Fitting{threeParts(content, Details::all),
+                 threeParts(content, Details::percentage),
+                 threeParts(content, Details::none),
+                 twoParts(content)}
       .frame(FlexibleFrame{.maxWidth = kInfinity, .maxHeight = kInfinity})
-      .foregroundStyle(palette::textPrimary);
+      .foregroundStyle(content.colors.text());
 }
 
 }  // namespace quorvel

@@ -27,13 +27,14 @@ std::optional<SafeToSpendContent> makeContent(const SafeToSpendView& view) {
   const auto metrics = makeSafeToSpendMetrics(
       budget.total, budget.spent, budget.periodEnd, view.entry.date, calendar);
   if (!metrics) return std::nullopt;
-  return SafeToSpendContent{.snapshot = withEffectivePrivacy(snapshot, view.environment),
-                            .budget = budget,
-                            .metrics = *metrics,
-                            .pace = budgetPace(budget, view.entry.date, calendar),
-                            .accent = WAccent{snapshot.accent},
-                            .environment = view.environment,
-                            .showsBackground = view.showsBackground};
+  return SafeToSpendContent{
+      .snapshot = withEffectivePrivacy(snapshot, view.environment),
+      .budget = budget,
+      .metrics = *metrics,
+      .pace = budgetPace(budget, view.entry.date, calendar),
+      .accent = ModeColors{view.environment.widgetRenderingMode}.accent(snapshot.accent),
+      .environment = view.environment,
+      .showsBackground = view.showsBackground};
 }
 
 /// The accent tile is for the small family; wider ones have room for everything.

@@ -3,7 +3,6 @@
 #include <span>
 
 #include "QuorvelWidgets/Spending/SpendingFigures.hpp"
-#include "QuorvelWidgets/WidgetSupport/Palette.hpp"
 
 namespace quorvel {
 
@@ -45,7 +44,7 @@ View DailyBarLabels::body() const {
                          .font(9.5)
                          .lineLimit(1)
                          .direction(LayoutDirection::leftToRight)
-                         .foregroundStyle(palette::textSecondary)
+                         .foregroundStyle(colors.caption())
                          .position(geometry.pitch * (day - 1) + geometry.width / 2, kHeight / 2));
   }
   return Canvas{std::move(labels)}.frame(FixedFrame{.height = kLabelHeight}).accessibilityHidden();

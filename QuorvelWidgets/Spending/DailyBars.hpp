@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "QuorvelWidgets/WidgetSupport/ModeColors.hpp"
 #include "ViewKit/ViewKit.hpp"
 #include "WidgetRuntime/Environment.hpp"
 
@@ -27,6 +28,7 @@ struct DailyBarLabels : viewkit::Modifiers<DailyBarLabels> {
   static constexpr std::string_view kName = "DailyBarLabels";
 
   std::size_t count = 0;  ///< bars
+  ModeColors colors{};
 
   [[nodiscard]] viewkit::View body() const;
 };

@@ -10,12 +10,11 @@
 
 namespace quorvel {
 
-/// 200 points wide, as high as the month's weeks need. Decorative for assistive technology; its
-/// cells are covered where the host redacts.
+/// As high as the month's weeks need, or as is offered; its square cells decide the width, 200
+/// points at most. Decorative for assistive technology; its cells are covered where the host
+/// redacts.
 struct MonthHeatmap : viewkit::Modifiers<MonthHeatmap> {
   static constexpr std::string_view kName = "MonthHeatmap";
-
-  static constexpr double kMapWidth = 200;
 
   std::vector<double> daily;  ///< the first element is day 1
   int today = 1;

@@ -5,6 +5,7 @@
 #include "QuorvelWidgets/Spending/SpendingFigures.hpp"
 #include "QuorvelWidgets/WidgetSupport/Palette.hpp"
 #include "QuorvelWidgets/WidgetSupport/SpokenTexts.hpp"
+#include "QuorvelWidgets/WidgetSupport/WidgetChange.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetColors.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetHeader.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetMoneyStyle.hpp"
@@ -14,6 +15,12 @@
 namespace quorvel {
 
 using namespace viewkit;
+
+namespace {
+
+constexpr double kComparisonSize = 11.5;
+
+}  // namespace
 
 std::string SpendingContent::text(std::string_view key) const {
   return WidgetStrings::text(key, snapshot.lang);
@@ -32,7 +39,8 @@ View SpendingContent::header(bool compact) const {
                       .text = text("spentThisMonth"),
                       .compact = compact,
                       .accent = accent,
-                      .lang = snapshot.lang};
+                      .lang = snapshot.lang,
+                      .colors = colors};
 }
 
 DailyBars SpendingContent::bars() const {
@@ -43,36 +51,35 @@ DailyBars SpendingContent::bars() const {
 }
 
 Color SpendingContent::categoryColor() const {
-  return spending.topCategoryColor ? shadeColor(*spending.topCategoryColor)
-                                   : palette::textSecondary;
+  return colors.mark(spending.topCategoryColor ? shadeColor(*spending.topCategoryColor)
+                                               : palette::textSecondary);
 }
 
-View SpendingContent::comparisonLine() const {
+View SpendingContent::comparison(View words) const {
   if (snapshot.isHidden) {
-    return WidgetPrivacyNote{.lang = snapshot.lang, .color = palette::textSecondary}
+    return WidgetPrivacyNote{.lang = snapshot.lang, .color = colors.caption()}
         .accessibilityHidden();  // the amount above says it
   }
   const auto change = shownChange(spending);
   if (!change) return {};
-  constexpr double kSize = 11.5;
-  const View figure = HStack{
-      {.alignment = VerticalAlignment::firstTextBaseline, .spacing = 5},
-      Symbol{change->symbol}.font(kSize - 2, FontWeight::bold),
-      Text{change->text}
-          .font(kSize, FontWeight::semibold)
-          .lineLimit(1)
-          .minimumScaleFactor(0.8)
-          .direction(LayoutDirection::leftToRight)
-          .privacySensitive(PrivacyTreatment::covered),
-  };
   return HStack{
       {.alignment = VerticalAlignment::firstTextBaseline, .spacing = 4},
-      figure.layoutPriority(1),
-      caption(text("vsLastMonth"), kSize, 0.8),
+      changeFigure(*change, kComparisonSize)
+          .privacySensitive(PrivacyTreatment::covered)
+          .layoutPriority(1),
+      std::move(words),
   }
-      .foregroundStyle(palette::textSecondary)
+      .foregroundStyle(colors.caption())
       .accessibility({.label = spokenChangeFromLastMonth(*change, snapshot.lang),
                       .children = Accessibility::Children::ignore});
+}
+
+View SpendingContent::comparisonLine() const {
+  return comparison(caption(text("vsLastMonth"), kComparisonSize, 0.8));
+}
+
+View SpendingContent::comparisonFigure() const {
+  return comparison(View{});
 }
 
 Accessibility SpendingContent::spokenCategory() const {

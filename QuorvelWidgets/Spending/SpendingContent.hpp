@@ -7,7 +7,7 @@
 
 #include "Foundation/Calendar.hpp"
 #include "QuorvelWidgets/Spending/DailyBars.hpp"
-#include "QuorvelWidgets/WidgetSupport/WAccent.hpp"
+#include "QuorvelWidgets/WidgetSupport/ModeColors.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetSnapshot.hpp"
 #include "ViewKit/ViewKit.hpp"
 #include "WidgetRuntime/Environment.hpp"
@@ -21,6 +21,7 @@ struct SpendingContent {
   const WidgetSnapshot::Spending& spending;
   WAccent accent;
   widgetruntime::Environment environment;
+  ModeColors colors{environment.widgetRenderingMode};
   foundation::DateComponents today;
   int weekdayOfFirst = 1;  ///< of the month, 1 = Sunday
   int daysInMonth = 31;
@@ -34,10 +35,15 @@ struct SpendingContent {
   [[nodiscard]] viewkit::Color categoryColor() const;
   /// Change against last month in words, or that amounts are hidden; empty without a comparison.
   [[nodiscard]] viewkit::View comparisonLine() const;
+  /// The same without words, for where these have no room.
+  [[nodiscard]] viewkit::View comparisonFigure() const;
   /// Title, name and amount of the top category, as a person would say them.
   [[nodiscard]] viewkit::Accessibility spokenCategory() const;
   /// The user's own name for the top category.
   [[nodiscard]] viewkit::Text categoryName(double size) const;
+
+ private:
+  [[nodiscard]] viewkit::View comparison(viewkit::View words) const;
 };
 
 [[nodiscard]] viewkit::View spendingSmall(const SpendingContent& content);

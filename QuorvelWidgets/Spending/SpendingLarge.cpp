@@ -3,6 +3,7 @@
 #include "QuorvelWidgets/Spending/SpendingContent.hpp"
 #include "QuorvelWidgets/Spending/SpendingFigures.hpp"
 #include "QuorvelWidgets/WidgetSupport/Amount.hpp"
+#include "QuorvelWidgets/WidgetSupport/FittingWidth.hpp"
 #include "QuorvelWidgets/WidgetSupport/Palette.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetChange.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetIconTile.hpp"
@@ -25,7 +26,7 @@ View hero(const SpendingContent& content) {
     return HStack{
         {.spacing = 8},
         amount,
-        WidgetPrivacyNote{.lang = content.snapshot.lang, .color = palette::textSecondary}
+        WidgetPrivacyNote{.lang = content.snapshot.lang, .color = content.colors.caption()}
             .accessibilityHidden(),  // the amount beside it says it
     };
   }
@@ -39,7 +40,8 @@ View hero(const SpendingContent& content) {
                                  .precision = 1,
                                  .favorableWhenPositive = false,
                                  .size = 12,
-                                 .lang = content.snapshot.lang}
+                                 .lang = content.snapshot.lang,
+                                 .colors = content.colors}
                  .layoutPriority(1);
            }),
   };
@@ -48,7 +50,7 @@ View hero(const SpendingContent& content) {
 View statistic(const SpendingContent& content, std::string_view key, double amount) {
   return VStack{
       {.alignment = HorizontalAlignment::leading, .spacing = 2},
-      content.caption(content.text(key), 11, 0.8).foregroundStyle(palette::textSecondary),
+      content.caption(content.text(key), 11, 0.8).foregroundStyle(content.colors.caption()),
       Amount{.value = amount,
              .snapshot = content.snapshot,
              .size = 13.5,
@@ -57,18 +59,18 @@ View statistic(const SpendingContent& content, std::string_view key, double amou
       .padding(10)
       .frame(FlexibleFrame{.maxWidth = kInfinity, .alignment = Alignment::leading})
       .background(RoundedRectangle(12, CornerStyle::continuous)
-                      .fill(groundColor(palette::surface, content.environment)))
+                      .fill(content.colors.ground(palette::surface)))
       .accessibility({.children = kCombined});
 }
 
 View statistics(const SpendingContent& content) {
   const SpendingStatistics figures = spendingStatistics(content.spending, content.today.day);
-  return HStack{
-      {.spacing = 8},
-      statistic(content, "today", figures.today),
-      statistic(content, "average", figures.average),
-      statistic(content, "lastMonth", figures.lastMonth),
-  };
+  const View today = statistic(content, "today", figures.today);
+  const View lastMonth = statistic(content, "lastMonth", figures.lastMonth);
+  return fittingWidth(
+      HStack{{.spacing = 8}, today, statistic(content, "average", figures.average), lastMonth}
+          .sharedScale(),
+      HStack{{.spacing = 8}, today, lastMonth}.sharedScale());
 }
 
 View categoryBlock(const SpendingContent& content) {
@@ -77,24 +79,25 @@ View categoryBlock(const SpendingContent& content) {
       {.alignment = HorizontalAlignment::leading, .spacing = 0},
       WidgetIconTile{.symbol = content.spending.topCategoryIcon.value_or("tag.fill"),
                      .color = color,
-                     .background = color.withOpacity(0.16),
+                     .background = content.colors.ground(color.withOpacity(0.16)),
                      .size = 28,
                      .fallback = "tag.fill"},
       Spacer{0},
       content.caption(content.text("topCategory"), 11, 0.8)
           .lineLimit(2)
-          .foregroundStyle(palette::textSecondary),
+          .foregroundStyle(content.colors.caption()),
       Amount{.value = content.spending.topCategoryAmount,
              .snapshot = content.snapshot,
              .size = 28,
-             .weight = FontWeight::semibold},
+             .weight = FontWeight::semibold,
+             .leastScale = 0.45},  // no smaller than the name below it
       content.categoryName(13),
   }
       .padding(10)
       .frame(FlexibleFrame{
           .maxWidth = kInfinity, .maxHeight = kInfinity, .alignment = Alignment::leading})
       .background(RoundedRectangle(14, CornerStyle::continuous)
-                      .fill(groundColor(palette::surface, content.environment)))
+                      .fill(content.colors.ground(palette::surface)))
       .accessibility(content.spokenCategory());
 }
 

@@ -17,9 +17,12 @@ View categoryTile(const SpendingContent& content) {
   const Color color = content.categoryColor();
   const View title = HStack{
       {.spacing = 6},
-      WidgetIconTile{
-          .symbol = "tag.fill", .color = color, .background = color.withOpacity(0.16), .size = 18},
-      content.caption(content.text("topCategory"), 11, 0.8).foregroundStyle(palette::textSecondary),
+      WidgetIconTile{.symbol = "tag.fill",
+                     .color = color,
+                     .background = content.colors.ground(color.withOpacity(0.16)),
+                     .size = 18},
+      content.caption(content.text("topCategory"), 11, 0.8)
+          .foregroundStyle(content.colors.caption()),
   };
   const View figures = VStack{
       {.alignment = HorizontalAlignment::leading, .spacing = 2},
@@ -38,14 +41,18 @@ View categoryTile(const SpendingContent& content) {
       .padding(8)
       .frame(FixedFrame{.width = kTileWidth, .height = kHeight, .alignment = Alignment::leading})
       .background(RoundedRectangle(14, CornerStyle::continuous)
-                      .fill(groundColor(palette::surface, content.environment)))
+                      .fill(content.colors.ground(palette::surface)))
       .accessibility(content.spokenCategory());
 }
 
+/// What the row of figures shows, from the fullest to the barest.
+enum class Figures { all, withoutCategory, amountAlone };
+
 // The tile is laid over the figures' row because it is as high as they are, not the other way
-// round.
-View figuresRow(const SpendingContent& content) {
-  const bool hasCategory = content.spending.topCategory.has_value();
+// round; a row without a comparison is as high as the tile needs.
+View figuresRow(const SpendingContent& content, Figures figures) {
+  constexpr double kRowHeight = 75;
+  const bool hasCategory = figures == Figures::all && content.spending.topCategory.has_value();
   return VStack{
       {.alignment = HorizontalAlignment::leading, .spacing = 5},
       content.header(false),
@@ -53,9 +60,11 @@ View figuresRow(const SpendingContent& content) {
              .snapshot = content.snapshot,
              .size = 24,
              .weight = FontWeight::semibold},
-      content.comparisonLine(),
+      when(figures != Figures::amountAlone, [&] { return content.comparisonLine(); }),
   }
-      .frame(FlexibleFrame{.maxWidth = kInfinity, .alignment = Alignment::leading})
+      .frame(FlexibleFrame{.maxWidth = kInfinity,
+                           .minHeight = hasCategory ? std::optional{kRowHeight} : std::nullopt,
+                           .alignment = Alignment::topLeading})
       .padding({.trailing = hasCategory ? kTileWidth + kTileGap : 0})
       .overlay(hasCategory ? categoryTile(content) : View{}, Alignment::topTrailing);
 }
@@ -63,16 +72,20 @@ View figuresRow(const SpendingContent& content) {
 }  // namespace
 
 View spendingMedium(const SpendingContent& content) {
-  const DailyBars bars = content.bars();
-  const View chart = VStack{
+  constexpr double kLeastBars = 16;
+  const View bars = content.bars().frame(FlexibleFrame{.minHeight = kLeastBars});
+  const View labelled = VStack{
       {.spacing = 0},
       bars,
-      DailyBarLabels{.count = bars.daily.size()},
+      DailyBarLabels{.count = content.spending.daily.size(), .colors = content.colors},
   };
   return VStack{
       {.alignment = HorizontalAlignment::leading, .spacing = 8},
-      figuresRow(content),
-      chart.padding({.top = 6}),
+      Fitting{figuresRow(content, Figures::all),
+              figuresRow(content, Figures::withoutCategory),
+              figuresRow(content, Figures::amountAlone)}
+          .layoutPriority(1),
+      Fitting{labelled, bars}.padding({.top = 6}),
   };
 }
 

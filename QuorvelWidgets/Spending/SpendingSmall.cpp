@@ -1,16 +1,31 @@
 #include "QuorvelWidgets/Spending/SpendingContent.hpp"
 #include "QuorvelWidgets/WidgetSupport/Amount.hpp"
+#include "QuorvelWidgets/WidgetSupport/FittingWidth.hpp"
 
 namespace quorvel {
 
 using namespace viewkit;
 
+namespace {
+
+View comparison(const SpendingContent& content) {
+  const View line = content.comparisonLine();
+  if (line.isEmpty() || content.snapshot.isHidden) return line;
+  return fittingWidth(line, content.comparisonFigure());
+}
+
+}  // namespace
+
 View spendingSmall(const SpendingContent& content) {
+  constexpr double kLeastBars = 16;
   // The spacer shares a stack with the bars, so that it adds no gap of its own when it is empty.
   const View chart = VStack{
       {.spacing = 0},
       Spacer{0},
-      content.bars().frame(FixedFrame{.height = 30}).padding({.top = 6}),
+      content.bars()
+          .frame(FlexibleFrame{.minHeight = kLeastBars, .maxHeight = 30})
+          .padding({.top = 6})
+          .layoutPriority(1),
   };
   return VStack{
       {.alignment = HorizontalAlignment::leading, .spacing = 6},
@@ -20,7 +35,7 @@ View spendingSmall(const SpendingContent& content) {
              .size = 21,
              .weight = FontWeight::semibold}
           .padding({.top = 9}),
-      content.comparisonLine(),
+      comparison(content),
       chart,
   };
 }

@@ -3,6 +3,7 @@
 #include "Foundation/DayString.hpp"
 #include "QuorvelWidgets/Spending/SpendingContent.hpp"
 #include "QuorvelWidgets/Spending/SpendingFigures.hpp"
+#include "QuorvelWidgets/WidgetSupport/AccessoryFigure.hpp"
 #include "QuorvelWidgets/WidgetSupport/ChangeText.hpp"
 #include "QuorvelWidgets/WidgetSupport/Palette.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetEnvironment.hpp"
@@ -27,7 +28,7 @@ SpendingContent makeContent(const SpendingWidgetView& view,
   const auto first = calendar.date(today.year, today.month, 1);
   return {.snapshot = withEffectivePrivacy(snapshot, view.environment),
           .spending = spending,
-          .accent = WAccent{snapshot.accent},
+          .accent = ModeColors{view.environment.widgetRenderingMode}.accent(snapshot.accent),
           .environment = view.environment,
           .today = today,
           .weekdayOfFirst = first ? calendar.components(*first).weekday : 1,
@@ -44,6 +45,9 @@ const WidgetSnapshot::Spending* spendingOfMonth(const SnapshotEntry& entry,
 }
 
 View layout(const SpendingContent& content, WidgetFamily family) {
+  if (isAccessory(family)) {
+    return accessoryFigure(kSpendingSymbol, content.spending.spent, content.snapshot, family);
+  }
   if (family == WidgetFamily::systemLarge) return spendingLarge(content);
   if (family == WidgetFamily::systemMedium) return spendingMedium(content);
   return spendingSmall(content);
@@ -59,7 +63,7 @@ View SpendingWidgetView::body() const {
   if (spending == nullptr) return scaffold.root(scaffold.message(kNoSpending));
   const SpendingContent content = makeContent(*this, *entry.snapshot, *spending, calendar);
   return scaffold.root(
-      layout(content, environment.familyInForce()).foregroundStyle(palette::textPrimary));
+      layout(content, environment.familyInForce()).foregroundStyle(content.colors.text()));
 }
 
 widgetruntime::WidgetSummary SpendingWidgetView::summary() const {

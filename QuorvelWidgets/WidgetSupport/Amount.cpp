@@ -9,7 +9,7 @@ View Amount::body() const {
       .font(size, weight)
       .tracking(size * -0.02)
       .lineLimit(1)
-      .minimumScaleFactor(0.55)
+      .minimumScaleFactor(leastScale)
       .language(snapshot.lang)
       .direction(LayoutDirection::leftToRight)
       .numericTransition()

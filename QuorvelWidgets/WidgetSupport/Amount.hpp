@@ -8,9 +8,9 @@
 
 namespace quorvel {
 
-/// Masked before layout, so that no width betrays a digit; shrinks to 0.55 of `size` before it is
-/// cut. Read out in full even where the short form is shown. Keeps a reference to the snapshot: use
-/// it while the snapshot lives.
+/// Masked before layout, so that no width betrays a digit; shrinks to `leastScale` of `size` before
+/// it is cut. Read out in full even where the short form is shown. Keeps a reference to the
+/// snapshot: use it while the snapshot lives.
 struct Amount : viewkit::Modifiers<Amount> {
   static constexpr std::string_view kName = "Amount";
 
@@ -19,6 +19,7 @@ struct Amount : viewkit::Modifiers<Amount> {
   double size = 17;
   viewkit::FontWeight weight = viewkit::FontWeight::bold;
   bool compact = false;
+  double leastScale = 0.55;
 
   [[nodiscard]] viewkit::View body() const;
 };

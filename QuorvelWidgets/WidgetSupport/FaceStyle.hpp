@@ -15,10 +15,14 @@ namespace quorvel {
 [[nodiscard]] double faceVeil(const std::vector<std::string>& colors,
                               std::optional<double> textOpacity);
 
+/// A veil of that opacity over a face: full down to `foot`, a fraction of the height at which the
+/// texts end, and gone a little below it.
+[[nodiscard]] viewkit::Gradient veilGradient(double veil, double foot);
 /// A face's colours ("#RRGGBB"; the default face when there are none) from corner to corner, as a
 /// rectangle under its veil. Takes the whole proposal.
 [[nodiscard]] viewkit::View faceGround(const std::vector<std::string>& colors,
-                                       std::optional<double> textOpacity);
+                                       std::optional<double> textOpacity,
+                                       double foot = 1);
 
 /// Removes what lies behind an accented face and a line around it, so that the faces of a pile stay
 /// apart without colours.

@@ -4,9 +4,15 @@
 #include <string>
 #include <string_view>
 
+#include "QuorvelWidgets/WidgetSupport/ModeColors.hpp"
+#include "QuorvelWidgets/WidgetSupport/WidgetMoneyStyle.hpp"
 #include "ViewKit/ViewKit.hpp"
 
 namespace quorvel {
+
+/// An arrow and a percentage in `size`, in the colour around them: the arrow stands on the base
+/// line, as high as the figures and as wide as its ink.
+[[nodiscard]] viewkit::View changeFigure(const ChangeDescription& change, double size);
 
 /// Nothing at all when `value` is not finite. Under privacy a view leaves the component out.
 struct WidgetChange : viewkit::Modifiers<WidgetChange> {
@@ -17,6 +23,7 @@ struct WidgetChange : viewkit::Modifiers<WidgetChange> {
   bool favorableWhenPositive = true;
   double size = 12;
   std::string lang{};
+  ModeColors colors{};
 
   [[nodiscard]] viewkit::View body() const;
 };

@@ -1,7 +1,5 @@
 #include "QuorvelWidgets/WidgetSupport/WidgetEnvironment.hpp"
 
-#include "QuorvelWidgets/WidgetSupport/Palette.hpp"
-
 namespace quorvel {
 
 WidgetSnapshot withEffectivePrivacy(const WidgetSnapshot& snapshot,
@@ -15,16 +13,6 @@ WidgetSnapshot withEffectivePrivacy(const WidgetSnapshot& snapshot,
   copy.totalRemaining = snapshot.totalRemaining;
   copy.accent = snapshot.accent;
   return copy;
-}
-
-bool isTinted(const widgetruntime::Environment& environment) {
-  return environment.widgetRenderingMode != widgetruntime::RenderingMode::fullColor;
-}
-
-viewkit::Color secondaryTextColor(const widgetruntime::Environment& environment) {
-  return isTinted(environment) && isAccessory(environment.familyInForce())
-             ? viewkit::Color::primary().withOpacity(0.6)
-             : palette::textSecondary;
 }
 
 }  // namespace quorvel

@@ -8,19 +8,20 @@ namespace quorvel {
 using namespace viewkit;
 
 View WidgetHeader::body() const {
-  return HStack{
-      {.spacing = compact ? 6 : 7},
-      WidgetIconTile{.symbol = symbol,
-                     .color = accent.ink,
-                     .background = accent.soft,
-                     .size = compact ? 18.0 : 22.0},
-      Text{text}
-          .font(compact ? 11.5 : 13)
-          .lineLimit(1)
-          .minimumScaleFactor(0.85)
-          .language(lang)
-          .foregroundStyle(palette::textSecondary),
+  const View tile = WidgetIconTile{.symbol = symbol,
+                                   .color = accent.ink,
+                                   .background = accent.soft,
+                                   .size = compact ? 18.0 : 22.0};
+  const Text words = Text{text}.font(compact ? 11.5 : 13).minimumScaleFactor(0.85).language(lang);
+  const auto row = [&](const Text& title) {
+    return HStack{{.spacing = compact ? 6.0 : 7.0}, tile, title.foregroundStyle(colors.caption())};
   };
+  // On the narrowest screens a title takes a second line or the tile's room rather than lose its
+  // end.
+  return Fitting{row(words.lineLimit(1)),
+                 row(words.lineLimit(2)),
+                 words.lineLimit(1).foregroundStyle(colors.caption())}
+      .layoutPriority(1);
 }
 
 }  // namespace quorvel

@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "QuorvelWidgets/WidgetSupport/ModeColors.hpp"
 #include "QuorvelWidgets/WidgetSupport/WAccent.hpp"
 #include "ViewKit/ViewKit.hpp"
 
@@ -17,6 +18,7 @@ struct WidgetHeader : viewkit::Modifiers<WidgetHeader> {
   bool compact = false;
   WAccent accent = WAccent{};
   std::string lang;  ///< of the text
+  ModeColors colors{};
 
   [[nodiscard]] viewkit::View body() const;
 };

@@ -1,5 +1,8 @@
 #include "QuorvelWidgets/WidgetSupport/WidgetMessage.hpp"
 
+#include <utility>
+
+#include "QuorvelWidgets/WidgetSupport/FittingWidth.hpp"
 #include "QuorvelWidgets/WidgetSupport/Palette.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetEnvironment.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetIconTile.hpp"
@@ -12,29 +15,27 @@ using widgetruntime::WidgetFamily;
 namespace {
 
 View titleRow(const WidgetMessage& message) {
-  return HStack{
-      {.spacing = 8},
-      WidgetIconTile{.symbol = message.symbol,
-                     .color = message.accent.ink,
-                     .background = message.accent.soft,
-                     .size = 30},
-      Text{message.title}
-          .font(13)
-          .lineLimit(2)
-          .minimumScaleFactor(0.85)
-          .balanced()
-          .language(message.lang)
-          .foregroundStyle(palette::textSecondary),
-  };
+  const View tile = WidgetIconTile{.symbol = message.symbol,
+                                   .color = message.accent.ink,
+                                   .background = message.accent.soft,
+                                   .size = 30};
+  const View title = Text{message.title}
+                         .font(13)
+                         .lineLimit(2)
+                         .minimumScaleFactor(0.85)
+                         .balanced()
+                         .language(message.lang)
+                         .foregroundStyle(message.colors.caption());
+  return fittingWidth(HStack{{.spacing = 8}, tile, title}, tile);
 }
 
 View labelView(const WidgetMessage& message) {
   const Text label = Text{message.label.value_or("")}
                          .font(12, FontWeight::semibold)
                          .lineLimit(1)
-                         .minimumScaleFactor(0.75)
+                         .minimumScaleFactor(0.7)
                          .language(message.lang);
-  if (message.titleIsStatus) return label.foregroundStyle(palette::statusGood);
+  if (message.titleIsStatus) return label.foregroundStyle(message.colors.mark(palette::statusGood));
   const View ground =
       RoundedRectangle(13, CornerStyle::continuous).fill(message.accent.soft).accentable();
   const View pill = label.foregroundStyle(message.accent.ink)
@@ -60,15 +61,18 @@ View WidgetMessage::body() const {
                          .minimumScaleFactor(0.85)
                          .balanced()
                          .language(lang)
-                         .foregroundStyle(palette::textPrimary);
-  return VStack{
-      {.alignment = HorizontalAlignment::leading, .spacing = 8},
-      top,
-      words.layoutPriority(1),
-      when(label.has_value(), [&] { return labelView(*this).padding({.top = 10}); }),
-  }
-      .frame(FlexibleFrame{
-          .maxWidth = kInfinity, .maxHeight = kInfinity, .alignment = Alignment::topLeading});
+                         .foregroundStyle(colors.text());
+  const auto column = [&](View head) {
+    return VStack{
+        {.alignment = HorizontalAlignment::leading, .spacing = 8},
+        std::move(head),
+        words.layoutPriority(1),
+        when(label.has_value(), [&] { return labelView(*this).padding({.top = 10}); }),
+    };
+  };
+  // What there is to do matters more than where it is said.
+  return Fitting{column(top), column(Spacer{0})}.frame(FlexibleFrame{
+      .maxWidth = kInfinity, .maxHeight = kInfinity, .alignment = Alignment::topLeading});
 }
 
 View accessoryMessage(const WidgetMessage& message, const widgetruntime::Environment& environment) {
@@ -91,7 +95,7 @@ View accessoryMessage(const WidgetMessage& message, const widgetruntime::Environ
           .lineLimit(1)
           .minimumScaleFactor(0.85)
           .language(message.lang),
-      words.font(12).lineLimit(2).balanced().foregroundStyle(secondaryTextColor(environment)),
+      words.font(12).lineLimit(2).balanced().foregroundStyle(message.colors.caption()),
   }
       .frame(FlexibleFrame{
           .maxWidth = kInfinity, .maxHeight = kInfinity, .alignment = Alignment::leading})

@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "QuorvelWidgets/WidgetSupport/ModeColors.hpp"
 #include "QuorvelWidgets/WidgetSupport/WAccent.hpp"
 #include "ViewKit/ViewKit.hpp"
 #include "WidgetRuntime/Environment.hpp"
@@ -24,6 +25,7 @@ struct WidgetMessage : viewkit::Modifiers<WidgetMessage> {
   WAccent accent = WAccent{};
   std::string lang;  ///< of the texts
   std::string link;  ///< where the action leads; empty: it leads nowhere
+  ModeColors colors{};
 
   [[nodiscard]] viewkit::View body() const;
 };

@@ -7,11 +7,6 @@ namespace quorvel {
 
 using namespace viewkit;
 
-Color meterTrackColor(RenderingMode mode) {
-  return mode == RenderingMode::fullColor ? palette::meterTrack
-                                          : Color::primary().withOpacity(0.18);
-}
-
 View WidgetMeter::body() const {
   const double share = clampedFraction(fraction);
   View bar = Capsule().fill(track).frame(FixedFrame{.height = height});

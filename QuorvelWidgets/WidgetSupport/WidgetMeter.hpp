@@ -4,13 +4,8 @@
 #include <string_view>
 
 #include "ViewKit/ViewKit.hpp"
-#include "WidgetRuntime/Environment.hpp"
 
 namespace quorvel {
-
-/// The empty part of meters and gauges: the palette's own colour, a faint primary where the host
-/// tints.
-[[nodiscard]] viewkit::Color meterTrackColor(widgetruntime::RenderingMode mode);
 
 /// Takes the whole width; `height` in points. A fraction that is negative or not finite shows the
 /// track alone.

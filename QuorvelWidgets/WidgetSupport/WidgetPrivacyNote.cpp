@@ -1,5 +1,6 @@
 #include "QuorvelWidgets/WidgetSupport/WidgetPrivacyNote.hpp"
 
+#include "QuorvelWidgets/WidgetSupport/FittingWidth.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetStrings.hpp"
 
 namespace quorvel {
@@ -7,15 +8,15 @@ namespace quorvel {
 using namespace viewkit;
 
 View WidgetPrivacyNote::body() const {
-  return HStack{
+  const std::string words = WidgetStrings::text("hidden", lang);
+  const View lock = Symbol{"lock.fill"}.font(10.5).accessibilityHidden();
+  const View row = HStack{
       {.spacing = 4},
-      Symbol{"lock.fill"}.font(10.5).accessibilityHidden(),
-      Text{WidgetStrings::text("hidden", lang)}
-          .font(11.5)
-          .lineLimit(1)
-          .minimumScaleFactor(0.85)
-          .language(lang.value_or("en")),
-  }
+      lock,
+      Text{words}.font(11.5).lineLimit(1).minimumScaleFactor(0.85).language(lang.value_or("en")),
+  };
+  return fittingWidth(row, lock)
+      .accessibility({.label = words, .children = Accessibility::Children::ignore})
       .foregroundStyle(color)
       .privacySensitive(PrivacyTreatment::masked);
 }

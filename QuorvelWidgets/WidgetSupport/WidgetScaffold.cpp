@@ -2,9 +2,8 @@
 
 #include <utility>
 
+#include "QuorvelWidgets/WidgetSupport/ModeColors.hpp"
 #include "QuorvelWidgets/WidgetSupport/Palette.hpp"
-#include "QuorvelWidgets/WidgetSupport/TintedColors.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetEnvironment.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetLanguage.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetMessage.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetStrings.hpp"
@@ -19,19 +18,16 @@ std::string WidgetScaffold::lang() const {
 
 View WidgetScaffold::message(const EmptyState& state) const {
   const std::string language = lang();
-  WAccent accent{snapshot ? snapshot->accent : std::nullopt};
-  if (isTinted(environment)) {
-    accent.ink = Color::primary();
-    accent.soft = Color::primary().withOpacity(kTintedGround);
-  }
+  const ModeColors colors{environment.widgetRenderingMode};
   WidgetMessage view{.symbol = std::string{state.symbol},
                      .text = WidgetStrings::text(state.text, language),
                      .label = WidgetStrings::text(state.label, language),
                      .title = WidgetStrings::text(state.title, language),
                      .titleIsStatus = state.labelIsStatus,
-                     .accent = std::move(accent),
+                     .accent = colors.accent(snapshot ? snapshot->accent : std::nullopt),
                      .lang = language,
-                     .link = link};
+                     .link = link,
+                     .colors = colors};
   if (isAccessory(environment.familyInForce())) return accessoryMessage(view, environment);
   return view;
 }
@@ -49,7 +45,7 @@ WidgetChrome WidgetScaffold::chrome(View content, bool padded) const {
   WidgetChrome root{
       .preview = environment.previewFamily.has_value(),
       .padded = padded && !accessory,
-      .content = isTinted(environment) ? withTintedColors(content) : std::move(content),
+      .content = std::move(content),
       .environment = environment,
       .direction = snapshot ? layoutDirection(snapshot->lang) : environment.layoutDirection,
       .link = link,
@@ -60,10 +56,6 @@ WidgetChrome WidgetScaffold::chrome(View content, bool padded) const {
 
 View WidgetScaffold::root(View content, bool padded) const {
   return chrome(std::move(content), padded);
-}
-
-Color groundColor(const Color& color, const widgetruntime::Environment& environment) {
-  return isTinted(environment) ? Color::primary().withOpacity(kTintedGround) : color;
 }
 
 }  // namespace quorvel

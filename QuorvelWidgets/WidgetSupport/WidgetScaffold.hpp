@@ -43,9 +43,4 @@ struct WidgetScaffold {
   [[nodiscard]] viewkit::View root(viewkit::View content, bool padded = true) const;
 };
 
-/// An opaque ground of the palette; where the host tints, a faint primary that leaves texts
-/// legible.
-[[nodiscard]] viewkit::Color groundColor(const viewkit::Color& color,
-                                         const widgetruntime::Environment& environment);
-
 }  // namespace quorvel

@@ -75,6 +75,29 @@ TEST(ChartLabels, AreNeverMoreThanSeven) {
   }
 }
 
+std::vector<std::string> monthsFrom(int year, int month, int count) {
+  std::vector<std::string> months;
+  for (int i = month - 1; i < month - 1 + count; ++i) {
+    months.push_back(std::to_string(year + i / 12) + "-" + std::to_string(i % 12 + 101).substr(1));
+  }
+  return months;
+}
+
+TEST(ChartLabels, ALongHistoryIsLabelledAtEachJanuary) {
+  EXPECT_THAT(labelledYears(monthsFrom(2024, 3, 13)), ElementsAre(10));
+  EXPECT_THAT(labelledYears(monthsFrom(2020, 1, 60)), ElementsAre(0, 12, 24, 36, 48));
+  EXPECT_THAT(labelledYears(monthsFrom(2020, 3, 60)), ElementsAre(10, 22, 34, 46, 58));
+}
+
+TEST(ChartLabels, YearsThatWouldTouchAreLeftOutInEqualSteps) {
+  // 12.8 points a year on the narrowest chart: 27 and a gap of 7 take every third.
+  EXPECT_THAT(labelledYears(monthsFrom(2005, 1, 240)), ElementsAre(12, 48, 84, 120, 156, 192, 228));
+}
+
+TEST(ChartLabels, MalformedMonthsHaveNoYears) {
+  EXPECT_THAT(labelledYears(std::vector<std::string>(20, "January")), IsEmpty());
+}
+
 WidgetSnapshot::NetWorth netWorthOf(double value,
                                     std::optional<double> change,
                                     std::vector<WidgetSnapshot::NetWorth::Point> history) {

@@ -36,6 +36,7 @@ struct Device {
 constexpr Device kDevices[] = {
     {"standard", {{{170, 170}, {364, 170}, {364, 382}, {76, 76}, {172, 76}, {257, 26}}}},
     {"compact", {{{158, 158}, {338, 158}, {338, 354}, {72, 72}, {160, 72}, {234, 26}}}},
+    {"stress", {{{141, 141}, {292, 141}, {292, 311}, {68, 68}, {153, 68}, {225, 26}}}},
 };
 
 rendering::RenderOptions optionsFor(const WidgetLayout& layout,
@@ -391,6 +392,38 @@ TEST_F(Legibility, EveryTextStandsOutFromWhatLiesUnderIt) {
   }
   RecordProperty("pictures", static_cast<int>(pictures));
   EXPECT_EQ(joined(faults.lines()), "");
+}
+
+// A bar takes its text's colour, so what lies under it decides whether it can be seen.
+TEST_F(Legibility, PlaceholderBarsStandOutFromWhatLiesUnderThem) {
+  constexpr double kLeastContrast = 1.25;
+  std::size_t bars = 0;
+  for (const WidgetState& state : fixtures::widgetStates("en")) {
+    if (!state.environment.redactionReasons.placeholder) continue;
+    for (const WidgetLayout& layout : fixtures::kLayouts) {
+      const viewkit::View view = fixtures::viewOf(layout, state);
+      auto options = optionsFor(layout, state, kDevices[0]);
+      const PlacedTree tree = renderer_.place(view, options).value();
+      for (const Appearance appearance : {Appearance::light, Appearance::dark}) {
+        options.appearance = appearance;
+        const rendering::Bitmap drawn = renderer_.bitmap(view, options).value();
+        const rendering::Bitmap ground = renderer_.bitmap(withoutTexts(view), options).value();
+        for (const FoundText& text : inspection::find(tree).texts) {
+          if (text.around.isInImage) continue;  // the picture has a bar of its own
+          for (const PlacedLine& line : text.node->text->lines) {
+            const Rect middle{line.x + line.width / 2 - 1, line.baseline - 5, 2, 2};
+            const auto above = pixelsIn(drawn, middle, appearance);
+            const auto below = pixelsIn(ground, middle, appearance);
+            if (above.empty()) continue;
+            ++bars;
+            EXPECT_GE(contrastRatio(above.front(), below.front()), kLeastContrast)
+                << layout.name << ": " << text.element().text;
+          }
+        }
+      }
+    }
+  }
+  EXPECT_GT(bars, 100U);
 }
 
 }  // namespace

@@ -140,6 +140,7 @@ TEST(AreaChart, OneMonthIsALoneDotAndNoneIsNothing) {
   EXPECT_EQ(shapes(AreaChart{.points = {}}), 0U);
   EXPECT_EQ(shapes(AreaChart{.points = {5, 6}}), 4U);
   EXPECT_EQ(shapes(AreaChart{.points = {5, 6}, .showsGrid = true}), 5U);
+  EXPECT_EQ(shapes(AreaChart{.points = {}, .showsGrid = true}), 0U);
 }
 
 TEST(NetWorth, ManyYearsAreDrawnByTheirLatestMonths) {

@@ -31,6 +31,7 @@ struct Surroundings {
   double opacity = 1;
   bool isCovered = false;  ///< by a host that redacts for privacy
   bool isInDueTile = false;
+  bool isInImage = false;  ///< what stands in for a picture that cannot be read
 };
 
 struct FoundText {
@@ -70,6 +71,7 @@ inline void find(const PlacedNode& node, Surroundings around, FoundNodes& found)
   }
   if (node.text) found.texts.push_back({&node, around});
   if (const auto* element = node.element()) {
+    around.isInImage |= std::holds_alternative<viewkit::ImageElement>(*element);
     if (std::holds_alternative<viewkit::SymbolElement>(*element)) {
       found.symbols.push_back(node.frame);
     }

@@ -13,7 +13,12 @@ namespace inspection {
 inline void collect(const viewkit::View& view, std::vector<const viewkit::Node*>& out) {
   const viewkit::Node& node = view.node();
   out.push_back(&node);
-  for (const viewkit::View& child : node.children) collect(child, out);
+  // Of a Fitting the fullest child, which is what is shown where there is room.
+  const bool isFitting = std::holds_alternative<viewkit::FittingElement>(node.element);
+  for (const viewkit::View& child : node.children) {
+    collect(child, out);
+    if (isFitting) break;
+  }
   for (const viewkit::Modifier& modifier : node.modifiers) {
     if (const auto* m = std::get_if<viewkit::Background>(&modifier)) collect(m->content, out);
     if (const auto* m = std::get_if<viewkit::Overlay>(&modifier)) collect(m->content, out);

@@ -302,13 +302,25 @@ inline std::vector<WidgetState> widgetStates(std::string_view lang) {
   return states;
 }
 
-/// What the user wrote, not the widgets: these alone may be cut.
+namespace detail {
+
+inline std::set<std::string> namesIn(const WidgetSnapshot& snapshot) {
+  std::set<std::string> names;
+  for (const auto& card : snapshot.cards) names.insert({card.productName, card.bankName});
+  for (const auto& due : snapshot.dues) names.insert({due.name, due.subtitle.value_or(due.name)});
+  if (snapshot.spending) names.insert(snapshot.spending->topCategory.value_or(""));
+  return names;
+}
+
+}  // namespace detail
+
+/// What the user wrote: these alone may be cut. The names in the sample are the widgets' own.
 inline std::set<std::string> userTexts(const std::optional<WidgetSnapshot>& snapshot) {
-  std::set<std::string> texts;
-  if (!snapshot) return texts;
-  for (const auto& card : snapshot->cards) texts.insert({card.productName, card.bankName});
-  for (const auto& due : snapshot->dues) texts.insert({due.name, due.subtitle.value_or(due.name)});
-  if (snapshot->spending) texts.insert(snapshot->spending->topCategory.value_or(""));
+  if (!snapshot) return {};
+  std::set<std::string> texts = detail::namesIn(*snapshot);
+  const WidgetSnapshot sample = quorvel::sampleSnapshot(
+      {.now = snapshot->generatedAt, .preferredLanguages = {snapshot->lang}});
+  for (const std::string& name : detail::namesIn(sample)) texts.erase(name);
   texts.erase("");
   return texts;
 }

@@ -77,16 +77,6 @@ TEST(EffectivePrivacy, IsNotAPlaceholdersMatter) {
   EXPECT_FALSE(withEffectivePrivacy(fixtures::emptySnapshot(), environment).isHidden);
 }
 
-TEST(SecondaryTextColor, IsHierarchicalInTintedAccessories) {
-  Environment environment;
-  environment.widgetRenderingMode = RenderingMode::accented;
-  EXPECT_EQ(secondaryTextColor(environment), palette::textSecondary);
-  environment.widgetFamily = WidgetFamily::accessoryRectangular;
-  EXPECT_EQ(secondaryTextColor(environment), Color::primary().withOpacity(0.6));
-  environment.widgetRenderingMode = RenderingMode::fullColor;
-  EXPECT_EQ(secondaryTextColor(environment), palette::textSecondary);
-}
-
 TEST(WidgetLink, IsSchemeAndDestination) {
   EXPECT_EQ(widgetLink("quorvel-widget", "budget"), "quorvel-widget://open/budget");
 }

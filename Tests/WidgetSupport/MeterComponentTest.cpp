@@ -12,7 +12,6 @@ namespace quorvel {
 namespace {
 
 using namespace viewkit;
-using widgetruntime::RenderingMode;
 
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 constexpr double kInf = std::numeric_limits<double>::infinity();
@@ -42,12 +41,6 @@ TEST(MeterComponent, ANegativeFractionOrNoNumberShowsOnlyTheTrack) {
 TEST(MeterComponent, FillsItsShareOfTheAvailableWidth) {
   EXPECT_DOUBLE_EQ(filled(0.14), 14);
   EXPECT_DOUBLE_EQ(filled(0.5), 50);
-}
-
-TEST(MeterComponent, TheTrackIsFaintPrimaryWhereTheHostTints) {
-  EXPECT_EQ(meterTrackColor(RenderingMode::fullColor), palette::meterTrack);
-  EXPECT_EQ(meterTrackColor(RenderingMode::accented), Color::primary().withOpacity(0.18));
-  EXPECT_EQ(meterTrackColor(RenderingMode::vibrant), Color::primary().withOpacity(0.18));
 }
 
 std::string gaugeText(double fraction) {

@@ -39,9 +39,10 @@ TEST(HeaderComponent, IsSmallerWhenCompact) {
     const auto* text = inspection::textNode(view, "Next due");
     const auto& symbol =
         std::get<SymbolElement>(inspection::component(view, "WidgetIconTile")->element);
-    return std::vector<double>{*std::get<StackElement>(view.node().element).spacing,
-                               symbol.size * 2,
-                               std::get<TextElement>(text->element).size};
+    return std::vector<double>{
+        *std::get<StackElement>(view.node().children.front().node().element).spacing,
+        symbol.size * 2,
+        std::get<TextElement>(text->element).size};
   };
   EXPECT_THAT(measures(regular), ElementsAre(7, 22, 13));
   EXPECT_THAT(measures(compact), ElementsAre(6, 18, 11.5));

@@ -1,0 +1,57 @@
+// The accessory families that spending and net worth are not declared for show symbol and amount.
+#include <gmock/gmock.h>
+
+#include "Rendering/Renderer.hpp"
+#include "Tests/Support/PlacedTexts.hpp"
+#include "Tests/Support/ViewInspection.hpp"
+#include "Tests/Support/WidgetSamples.hpp"
+#include "Tests/Support/WidgetStates.hpp"
+
+namespace quorvel {
+namespace {
+
+using fixtures::WidgetKind;
+using fixtures::WidgetState;
+using widgetruntime::WidgetFamily;
+
+constexpr std::array kFamilies{WidgetFamily::accessoryCircular,
+                               WidgetFamily::accessoryRectangular,
+                               WidgetFamily::accessoryInline};
+
+viewkit::View shown(WidgetKind kind, WidgetFamily family, const WidgetSnapshot& snapshot) {
+  const WidgetState state{"full", fixtures::februaryTenth(), snapshot, {}};
+  return fixtures::viewOf({"accessory", kind, family}, state);
+}
+
+TEST(AccessoryFigure, UndeclaredFamiliesShowSymbolAndAmount) {
+  for (const WidgetFamily family : kFamilies) {
+    const auto spending = shown(WidgetKind::spending, family, fixtures::smallSnapshot());
+    EXPECT_THAT(inspection::texts(spending), ::testing::ElementsAre("$600"));
+    EXPECT_THAT(inspection::symbols(spending), ::testing::ElementsAre("cart.fill"));
+    const auto worth = shown(WidgetKind::netWorth, family, fixtures::smallSnapshot());
+    EXPECT_THAT(inspection::texts(worth), ::testing::ElementsAre("$1,100"));
+  }
+}
+
+TEST(AccessoryFigure, HiddenAmountsStayHidden) {
+  WidgetSnapshot snapshot = fixtures::smallSnapshot();
+  snapshot.isHidden = true;
+  for (const WidgetFamily family : kFamilies) {
+    EXPECT_THAT(inspection::texts(shown(WidgetKind::netWorth, family, snapshot)),
+                ::testing::ElementsAre("••••"));
+  }
+}
+
+TEST(AccessoryFigure, TheSymbolStandsAloneWhereTheAmountHasNoRoom) {
+  rendering::Renderer renderer;
+  const auto view =
+      shown(WidgetKind::netWorth, WidgetFamily::accessoryCircular, fixtures::smallSnapshot());
+  const auto textsIn = [&](double side) {
+    return inspection::find(renderer.place(view, {.size = {side, side}}).value()).texts.size();
+  };
+  EXPECT_EQ(textsIn(76), 1U);
+  EXPECT_EQ(textsIn(30), 0U);
+}
+
+}  // namespace
+}  // namespace quorvel

@@ -1,0 +1,264 @@
+// What a layout rule promises at every size: figures are whole, cells square, piles clear of texts.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <map>
+
+#include "QuorvelWidgets/WidgetSupport/WidgetChange.hpp"
+#include "Rendering/Renderer.hpp"
+#include "Tests/Support/PlacedTexts.hpp"
+#include "Tests/Support/WidgetSamples.hpp"
+#include "Tests/Support/WidgetStates.hpp"
+
+namespace quorvel {
+namespace {
+
+using fixtures::WidgetKind;
+using fixtures::WidgetLayout;
+using fixtures::WidgetState;
+using inspection::FoundText;
+using rendering::PlacedNode;
+using rendering::PlacedTree;
+using rendering::Size;
+using widgetruntime::WidgetFamily;
+
+/// Standard, compact and stress, in the order of the families.
+constexpr std::array<std::array<Size, 6>, 3> kScreens{{
+    {{{170, 170}, {364, 170}, {364, 382}, {76, 76}, {172, 76}, {257, 26}}},
+    {{{158, 158}, {338, 158}, {338, 354}, {72, 72}, {160, 72}, {234, 26}}},
+    {{{141, 141}, {292, 141}, {292, 311}, {68, 68}, {153, 68}, {225, 26}}},
+}};
+
+Size sizeOn(const std::array<Size, 6>& screen, WidgetFamily family) {
+  return screen[static_cast<std::size_t>(family)];
+}
+
+class NarrowScreen : public ::testing::Test {
+ protected:
+  PlacedTree place(const WidgetLayout& layout, const WidgetState& state, Size size) {
+    rendering::RenderOptions options;
+    options.size = size;
+    options.redaction = state.environment.redactionReasons;
+    return renderer_.place(fixtures::viewOf(layout, state), options).value();
+  }
+
+  rendering::Renderer renderer_;
+};
+
+/// An amount or a percentage: left to right whatever the language, with a figure or a bullet.
+bool isFigure(const FoundText& text) {
+  const auto& element = text.element();
+  return element.direction == viewkit::LayoutDirection::leftToRight &&
+         (element.text.find_first_of("0123456789") != std::string::npos ||
+          element.text.find("•") != std::string::npos);
+}
+
+std::vector<WidgetState> heavyStates(std::string_view lang) {
+  const auto now = fixtures::morningOf("2025-03-14");
+  std::vector<WidgetState> states;
+  const auto add = [&](std::string_view name, const auto& change) {
+    states.push_back({name, now, fixtures::richSnapshot(lang, now), {}});
+    change(*states.back().snapshot);
+  };
+  const auto heavy = [](WidgetSnapshot& s, double factor) { s = fixtures::scaled(s, factor); };
+  for (const std::string symbol : {"$", "₽", "Rp ", "CHF ", "د.إ "}) {
+    add("nine digits", [&](auto& s) {
+      heavy(s, 1234.5678);
+      s.money = {.symbol = symbol, .showDecimals = true};
+    });
+    add("over budget", [&](auto& s) {
+      heavy(s, 1234.5678);
+      s.money = {.symbol = symbol, .showDecimals = true};
+      s.budget->spent = s.budget->total * 2;
+    });
+    add("seven digits", [&](auto& s) {
+      heavy(s, 95);
+      s.money = {.symbol = symbol, .showDecimals = false};
+    });
+  }
+  add("hidden over budget", [&](auto& s) {
+    s.isHidden = true;
+    s.budget->spent = s.budget->total * 2;
+  });
+  add("no comparison", [&](auto& s) {
+    s.spending->lastMonthSpent = 0;
+    s.netWorth->changePercent.reset();
+  });
+  add("one of each", [&](auto& s) {
+    s.cards.resize(1);
+    s.dues.resize(1);
+  });
+  return states;
+}
+
+TEST_F(NarrowScreen, NoFigureIsEverCut) {
+  std::map<std::string, int> cut;
+  for (const std::string_view lang : kLanguageCodes) {
+    for (const WidgetState& state : heavyStates(lang)) {
+      for (const WidgetLayout& layout : fixtures::kLayouts) {
+        for (const auto& screen : kScreens) {
+          const Size size = sizeOn(screen, layout.family);
+          const PlacedTree tree = place(layout, state, size);
+          for (const FoundText& text : inspection::find(tree).texts) {
+            if (!isFigure(text) || !text.node->text->isCut()) continue;
+            ++cut[std::string{layout.name} + " " + std::string{state.name} + " at " +
+                  std::to_string(std::lround(size.width)) + ": " + text.element().text];
+          }
+        }
+      }
+    }
+  }
+  std::string lines;
+  for (const auto& [what, count] : cut) lines += what + " x" + std::to_string(count) + "\n";
+  EXPECT_EQ(lines, "");
+}
+
+/// The fullest child of each Fitting that was not taken, by its place.
+void collectLeftOut(const PlacedNode& node, const std::string& place, std::string& out) {
+  if (node.element() != nullptr &&
+      std::holds_alternative<viewkit::FittingElement>(*node.element())) {
+    const bool isFullest =
+        node.children.size() == 1 && node.children[0].source == &node.source->children[0].node();
+    if (!isFullest) out += place + ": " + std::string{node.source->component} + "\n";
+  }
+  for (const PlacedNode& child : node.children) collectLeftOut(child, place, out);
+}
+
+TEST_F(NarrowScreen, NothingIsLeftOutOfTheSampleOnScreensThatExist) {
+  std::string leftOut;
+  const auto now = fixtures::morningOf("2025-03-14");
+  const WidgetState state{"full", now, fixtures::richSnapshot("en", now), {}};
+  for (const WidgetLayout& layout : fixtures::kLayouts) {
+    for (std::size_t screen = 0; screen < 2; ++screen) {
+      const Size size = sizeOn(kScreens[screen], layout.family);
+      const PlacedTree tree = place(layout, state, size);
+      collectLeftOut(tree.root,
+                     std::string{layout.name} + " at " + std::to_string(std::lround(size.width)),
+                     leftOut);
+    }
+  }
+  EXPECT_EQ(leftOut, "");
+}
+
+void collect(const PlacedNode& node,
+             std::string_view component,
+             bool isInside,
+             std::vector<const PlacedNode*>& out) {
+  if (node.source && node.source->component == component) isInside = true;
+  if (isInside && node.element() != nullptr &&
+      std::holds_alternative<viewkit::ShapeElement>(*node.element())) {
+    out.push_back(&node);
+  }
+  for (const PlacedNode& child : node.children) collect(child, component, isInside, out);
+}
+
+TEST_F(NarrowScreen, HeatCellsAreSquareAtEverySize) {
+  const WidgetLayout layout{"spending-large", WidgetKind::spending, WidgetFamily::systemLarge};
+  // March 2025 has six rows.
+  const auto now = fixtures::morningOf("2025-03-14");
+  const WidgetState state{"full", now, fixtures::richSnapshot("en", now), {}};
+  for (const auto& screen : kScreens) {
+    const PlacedTree tree = place(layout, state, sizeOn(screen, layout.family));
+    std::vector<const PlacedNode*> cells;
+    collect(tree.root, "MonthHeatmap", false, cells);
+    ASSERT_GE(cells.size(), 31U);
+    for (const PlacedNode* cell : cells) {
+      EXPECT_NEAR(cell->frame.width, cell->frame.height, 1e-6);
+      EXPECT_GE(cell->frame.width, 8);
+    }
+  }
+}
+
+TEST_F(NarrowScreen, TheCardLimitsAmountEndsBeforeThePile) {
+  const WidgetLayout layout{"card-limit-medium", WidgetKind::cardLimit, WidgetFamily::systemMedium};
+  for (const std::string_view lang : kLanguageCodes) {
+    for (const WidgetState& state : heavyStates(lang)) {
+      for (const auto& screen : kScreens) {
+        const Size size = sizeOn(screen, layout.family);
+        const PlacedTree tree = place(layout, state, size);
+        // The pile is 152 wide and 14 from the trailing edge.
+        const double edge = size.width - 152 - 14;
+        for (const FoundText& text : inspection::find(tree).texts) {
+          const auto& frame = text.node->frame;
+          const bool isTotal = isFigure(text) && text.element().size == 24;
+          if (!isTotal) continue;
+          if (lang == "ar") {
+            EXPECT_GE(frame.x, size.width - edge) << text.element().text;
+          } else {
+            EXPECT_LE(frame.right(), edge) << text.element().text;
+          }
+        }
+      }
+    }
+  }
+}
+
+TEST_F(NarrowScreen, ADueLinksOverAllOfItsCardThatIsVisible) {
+  const WidgetLayout layout{"due-medium", WidgetKind::due, WidgetFamily::systemMedium};
+  WidgetSnapshot snapshot = fixtures::smallSnapshot();
+  for (auto& due : snapshot.dues) due.cardId = "a";
+  const auto heights = [&](std::size_t dues) {
+    WidgetState state{"full", fixtures::februaryTenth(), snapshot, {}};
+    // The first one is over.
+    state.snapshot->dues.resize(dues + 1);
+    std::vector<double> result;
+    const PlacedTree tree = place(layout, state, {364, 170});
+    for (const auto& link : inspection::find(tree).links) result.push_back(link.height);
+    return result;
+  };
+  EXPECT_THAT(heights(1), ::testing::ElementsAre(66));
+  EXPECT_THAT(heights(2), ::testing::ElementsAre(46, 66));
+  // Three are 158 high in a box of 150.
+  EXPECT_THAT(heights(3), ::testing::ElementsAre(46, 46, 58));
+}
+
+/// The first and last row and column with ink in a range of columns.
+struct InkBox {
+  int left = 1 << 20;
+  int right = -1;
+  int top = 1 << 20;
+  int bottom = -1;
+};
+InkBox inkIn(const rendering::Bitmap& bitmap, int from, int to) {
+  InkBox box;
+  for (int y = 0; y < bitmap.height; ++y) {
+    for (int x = from; x < std::min(to, bitmap.width); ++x) {
+      const auto alpha = bitmap.pixels[static_cast<std::size_t>(y * bitmap.stride + x)] >> 24;
+      if (alpha < 128) continue;
+      box = {std::min(box.left, x),
+             std::max(box.right, x),
+             std::min(box.top, y),
+             std::max(box.bottom, y)};
+    }
+  }
+  return box;
+}
+
+TEST_F(NarrowScreen, AChangesArrowStandsAsHighAsItsFigures) {
+  const auto change = describeChange(5, 0, true);
+  const viewkit::View row =
+      changeFigure(*change, 12)
+          .frame(viewkit::FlexibleFrame{.maxWidth = viewkit::kInfinity,
+                                        .alignment = viewkit::Alignment::leading});
+  rendering::RenderOptions options;
+  options.size = {60, 20};
+  options.scale = 10;
+  options.cornerRadius = 0;
+  options.showsBackground = false;
+  const rendering::Bitmap bitmap = renderer_.bitmap(row, options).value();
+  // The ink of the arrow is 8.7 wide; the figure's frame begins 5 after it, its ink less than 0.1
+  // em later.
+  const InkBox arrow = inkIn(bitmap, 0, 110);
+  const InkBox figure = inkIn(bitmap, 110, 200);
+  ASSERT_GE(arrow.right, 0);
+  EXPECT_NEAR(arrow.bottom, figure.bottom, 3);
+  EXPECT_GE(arrow.top, figure.top - 3);
+  EXPECT_NEAR(arrow.left, 0, 2);
+  EXPECT_NEAR(arrow.right, 87, 2);
+  EXPECT_GE(figure.left - arrow.right, 48);
+  EXPECT_LE(figure.left - arrow.right, 50 + 12);
+}
+
+}  // namespace
+}  // namespace quorvel

@@ -1,5 +1,7 @@
 #include "Rendering/LayoutItems.hpp"
 
+#include <algorithm>
+
 #include "Rendering/LayoutFrame.hpp"
 #include "Rendering/LayoutLeaves.hpp"
 #include "Rendering/LayoutModifiers.hpp"
@@ -33,6 +35,13 @@ const Trait* outermost(const Node& node) {
     if (const auto* trait = std::get_if<Trait>(&*it)) return trait;
   }
   return nullptr;
+}
+
+/// Nothing of it is seen: no font draws its characters, or they are spaces.
+bool isBlank(const ShapedParagraph& paragraph) {
+  return std::ranges::all_of(paragraph.clusters, [](const TextCluster& cluster) {
+    return cluster.isSpace || cluster.advance == 0;
+  });
 }
 
 const View* contentOf(const Modifier& modifier) {
@@ -184,7 +193,11 @@ void LayoutItems::addText(ItemId id, const TextElement& text) {
   const TextStyle style{
       text.weight, text.design, text.language, text.direction.value_or(items_[id].direction)};
   items_[id].text = static_cast<std::uint32_t>(texts_.size());
-  texts_.emplace_back(text, measurer_.shape(text.text, style), metrics_, placeholder_);
+  auto paragraph = measurer_.shape(text.text, style);
+  if (!text.fallback.empty() && isBlank(*paragraph)) {
+    paragraph = measurer_.shape(text.fallback, style);
+  }
+  texts_.emplace_back(text, std::move(paragraph), metrics_, placeholder_);
 }
 
 std::vector<StackChild>& LayoutItems::takeStackChildren(const LayoutItem& item) {

@@ -48,6 +48,7 @@ struct TextElement {
   std::string language;   ///< BCP 47; chooses glyph forms and line breaks, not the text
   std::optional<LayoutDirection> direction;  ///< absent: the layout's
   bool numericTransition = false;  ///< digits roll when the value changes (content transition)
+  std::string fallback;            ///< drawn where no font of the host draws anything of the text
 
   friend bool operator==(const TextElement&, const TextElement&) = default;
 };

@@ -72,6 +72,7 @@ struct MembersOf<TextElement> {
     member("language", &TextElement::language);
     member("direction", &TextElement::direction);
     member("numericTransition", &TextElement::numericTransition);
+    member("fallback", &TextElement::fallback);
   }
 };
 template <>

@@ -77,6 +77,12 @@ Text Text::numericTransition() const {
   return result;
 }
 
+Text Text::fallback(std::string text) const {
+  Text result = *this;
+  result.element_.fallback = std::move(text);
+  return result;
+}
+
 Symbol Symbol::font(double size, FontWeight weight) const {
   Symbol result = *this;
   result.element_.size = size;

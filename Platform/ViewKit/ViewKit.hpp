@@ -243,6 +243,7 @@ class Text : public Modifiers<Text> {
   [[nodiscard]] Text language(std::string tag) const;
   [[nodiscard]] Text direction(LayoutDirection direction) const;
   [[nodiscard]] Text numericTransition() const;
+  [[nodiscard]] Text fallback(std::string text) const;
 
   [[nodiscard]] View view() const { return View{element_}; }
 

@@ -19,7 +19,8 @@ View allOfText() {
       .balanced()
       .language("pt-BR")
       .direction(LayoutDirection::rightToLeft)
-      .numericTransition();
+      .numericTransition()
+      .fallback("R");
 }
 
 View roundedText() {
@@ -77,10 +78,11 @@ std::vector<Sample> elementSamples() {
       {"textWithEverything",
        allOfText(),
        "Text \"Ra\\\"te\" size 11.5 weight heavy tracking -0.25 lineLimit 2 minimumScale 0.85 "
-       "align trailing balanced language \"pt-BR\" direction rightToLeft numericTransition\n",
+       "align trailing balanced language \"pt-BR\" direction rightToLeft numericTransition "
+       "fallback \"R\"\n",
        R"({"type":"Text","text":"Ra\"te","size":11.5,"weight":"heavy","tracking":-0.25,)"
        R"("lineLimit":2,"minimumScale":0.85,"align":"trailing","balanced":true,)"
-       R"("language":"pt-BR","direction":"rightToLeft","numericTransition":true})"},
+       R"("language":"pt-BR","direction":"rightToLeft","numericTransition":true,"fallback":"R"})"},
       {"roundedText",
        roundedText(),
        "Text \"9\" design rounded\n",

@@ -120,6 +120,16 @@ bool isNumber(std::string_view cluster) {
   return u_getIntPropertyValue(firstScalar(cluster), UCHAR_NUMERIC_TYPE) != U_NT_NONE;
 }
 
+bool isEmoji(std::string_view cluster) {
+  constexpr std::string_view kPictureSelector = "\uFE0F";
+  constexpr UChar32 kPictographs = 0x1F000;
+  const UChar32 first = firstScalar(cluster);
+  return cluster.find(kPictureSelector) != std::string_view::npos ||
+         u_hasBinaryProperty(first, UCHAR_EMOJI_PRESENTATION) != 0 ||
+         u_hasBinaryProperty(first, UCHAR_REGIONAL_INDICATOR) != 0 ||
+         (first >= kPictographs && u_hasBinaryProperty(first, UCHAR_EXTENDED_PICTOGRAPHIC) != 0);
+}
+
 std::string uppercasedFirstCharacter(std::string_view text) {
   std::string_view first;
   forEachCluster(text, [&](std::string_view cluster) {

@@ -17,6 +17,9 @@ namespace foundation {
 /// The cluster's first scalar has a Numeric_Type.
 [[nodiscard]] bool isNumber(std::string_view cluster);
 
+/// The cluster is a picture (an emoji), which not every system has a font for.
+[[nodiscard]] bool isEmoji(std::string_view cluster);
+
 /// The first cluster, fully upper-cased without a locale ("ß" gives "SS"); empty for an empty text.
 [[nodiscard]] std::string uppercasedFirstCharacter(std::string_view text);
 

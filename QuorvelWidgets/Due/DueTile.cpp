@@ -1,5 +1,7 @@
 #include "QuorvelWidgets/Due/DueTile.hpp"
 
+#include <algorithm>
+
 #include "Foundation/Characters.hpp"
 #include "QuorvelWidgets/WidgetSupport/FaceStyle.hpp"
 #include "QuorvelWidgets/WidgetSupport/SnapshotStore.hpp"
@@ -22,6 +24,22 @@ CornerStyle cornersOf(const DueTile& tile) {
   return tile.due.symbol ? CornerStyle::circular : CornerStyle::continuous;
 }
 
+/// The first character that every host can draw; empty if there is none.
+std::string plainInitial(std::string_view name) {
+  const auto clusters = foundation::graphemeClusters(name);
+  const auto found = std::ranges::find_if(clusters, [](std::string_view cluster) {
+    return !foundation::isEmoji(cluster) && !foundation::trimmingSpaces(cluster).empty();
+  });
+  return found == clusters.end() ? std::string() : foundation::uppercasedFirstCharacter(*found);
+}
+
+/// A host without a font for pictures begins with the first letter.
+Text initial(std::string_view name) {
+  const std::string first = foundation::uppercasedFirstCharacter(name);
+  const std::string plain = plainInitial(name);
+  return plain == first ? Text{first} : Text{first}.fallback(plain);
+}
+
 View mark(const DueTile& tile) {
   const Color ink = inkOf(tile);
   if (tile.due.symbol) {
@@ -31,7 +49,7 @@ View mark(const DueTile& tile) {
                           .size = tile.size,
                           .fallback = "receipt"};
   }
-  const View letter = Text{foundation::uppercasedFirstCharacter(tile.due.name)}
+  const View letter = initial(tile.due.name)
                           .font(tile.size * 0.46, FontWeight::heavy)
                           .lineLimit(1)
                           .minimumScaleFactor(0.5)

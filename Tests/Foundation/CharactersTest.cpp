@@ -177,5 +177,13 @@ TEST(Utf8, WritesWhatItReads) {
   }
 }
 
+TEST(Characters, EmojiAreThePicturesNotTheSigns) {
+  for (const char* cluster :
+       {"🏠", "👨‍👩‍👧", "🇫🇷", "👍🏽", "1️⃣", "☎️", "🌶"})
+    EXPECT_TRUE(isEmoji(cluster)) << cluster;
+  for (const char* cluster : {"a", "1", "©", "™", "☎", "漢", "&", ""})
+    EXPECT_FALSE(isEmoji(cluster)) << cluster;
+}
+
 }  // namespace
 }  // namespace foundation

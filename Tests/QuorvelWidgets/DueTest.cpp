@@ -188,6 +188,20 @@ TEST(DueTile, AnAccentedHostGetsNoBrandImage) {
   EXPECT_THAT(inspection::nodesWith<viewkit::ImageElement>(accented), IsEmpty());
 }
 
+TEST(DueTile, AHostWithoutPicturesDrawsTheFirstPlainCharacter) {
+  const auto initial = [](const char* name) {
+    const viewkit::View body = tile(due(name, "2025-03-17")).body();
+    const auto* node = inspection::nodesWith<viewkit::TextElement>(body).front();
+    const auto& text = std::get<viewkit::TextElement>(node->element);
+    return std::pair{text.text, text.fallback};
+  };
+  EXPECT_EQ(initial("🏠 rent"), (std::pair<std::string, std::string>{"🏠", "R"}));
+  EXPECT_EQ(initial("👨‍👩‍👧🇫🇷 école"),
+            (std::pair<std::string, std::string>{"👨‍👩‍👧", "É"}));
+  EXPECT_EQ(initial("& co"), (std::pair<std::string, std::string>{"&", ""}));
+  EXPECT_EQ(initial("🏠"), (std::pair<std::string, std::string>{"🏠", ""}));
+}
+
 TEST(DueTile, OneLetterMayBecomeTwo) {
   EXPECT_THAT(inspection::texts(tile(due("ßtraße", "2025-03-17")).body()), ElementsAre("SS"));
 }

@@ -134,7 +134,7 @@ void Font::appendOutline(std::uint32_t glyph, double size, double x, double y, P
   sink.finish();
 }
 
-FontLibrary::FontLibrary() {
+FontLibrary::FontLibrary(EmojiFont emoji) : emoji_(emoji) {
   if (FT_Init_FreeType(&library_) != 0) library_ = nullptr;
 }
 
@@ -144,6 +144,7 @@ FontLibrary::~FontLibrary() {
 }
 
 const Font* FontLibrary::font(FontFamily family, viewkit::FontWeight weight) {
+  if (family == FontFamily::emoji && emoji_ == EmojiFont::none) return nullptr;
   Slot& slot =
       slots_[static_cast<std::size_t>(family) * kFontWeights + static_cast<std::size_t>(weight)];
   if (!std::exchange(slot.asked, true) && library_) {

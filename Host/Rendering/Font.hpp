@@ -6,6 +6,7 @@
 #include <memory>
 #include <string>
 
+#include "Rendering/EmojiFont.hpp"
 #include "Rendering/FontTable.hpp"
 
 struct FT_FaceRec_;
@@ -54,7 +55,7 @@ class Font {
 /// The fonts in use, opened when first asked for and shared.
 class FontLibrary {
  public:
-  FontLibrary();
+  explicit FontLibrary(EmojiFont emoji = EmojiFont::installed);
   ~FontLibrary();
   FontLibrary(const FontLibrary&) = delete;
   FontLibrary& operator=(const FontLibrary&) = delete;
@@ -71,6 +72,7 @@ class FontLibrary {
   };
 
   FT_LibraryRec_* library_ = nullptr;
+  EmojiFont emoji_;
   std::array<Slot, kFontFamilies * kFontWeights> slots_{};
   std::array<std::unique_ptr<Font>, kFontFamilies * kFontWeights> fonts_;
   std::uint8_t count_ = 0;

@@ -93,13 +93,14 @@ std::shared_ptr<const GlyphParagraph> FontMeasurer::shapeClusters(std::string_vi
     const std::size_t before = paragraph.clusters.size();
     for (std::size_t i = first; i < last; ++i) {
       const AnalyzedCluster& c = clusters_[i];
+      const bool hasWidth = !c.dropped && (c.drawn || c.isSpace);
       paragraph.clusters.push_back({c.begin,
                                     c.end,
                                     0,
                                     c.breakAfter,
                                     c.mustBreakAfter,
                                     c.isSpace,
-                                    !c.ignorable && takesTracking(c.family)});
+                                    hasWidth && takesTracking(c.family)});
       const bool joined = !takesTracking(c.family);
       paragraph.ranges.push_back({0, 0, c.level, joined});
     }
@@ -180,7 +181,8 @@ void FontMeasurer::shapeRun(GlyphParagraph& paragraph,
       }
       x += positions[i].x_advance * em;
     }
-    paragraph.clusters[cluster].advance = facts.drawn || facts.isSpace ? x : 0;
+    const bool hasWidth = !facts.dropped && (facts.drawn || facts.isSpace);
+    paragraph.clusters[cluster].advance = hasWidth ? x : 0;
   }
 }
 

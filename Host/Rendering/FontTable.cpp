@@ -59,6 +59,12 @@ constexpr std::array<FamilyRow, kFontFamilies> kFamilies{{
     optionalNoto("Hebrew-", "fonts-noto-core"),
     optionalNoto("Armenian-", "fonts-noto-core"),
     optionalNoto("Georgian-", "fonts-noto-core"),
+    {"/usr/share/fonts/truetype/noto/",
+     "Noto",
+     ".ttf",
+     "fonts-noto-color-emoji",
+     true,
+     {"ColorEmoji", "ColorEmoji", "ColorEmoji", "ColorEmoji", "ColorEmoji"}},
 }};
 
 bool exists(const std::string& path) {

@@ -32,8 +32,9 @@ enum class FontFamily : std::uint8_t {
   hebrew,
   armenian,
   georgian,
+  emoji,  ///< coloured pictures, one weight
 };
-inline constexpr int kFontFamilies = 19;
+inline constexpr int kFontFamilies = 20;
 inline constexpr int kFontWeights = 5;
 
 struct FontSource {
@@ -48,7 +49,8 @@ struct FontSource {
 /// Joined and stacked scripts are never letter-spaced.
 [[nodiscard]] constexpr bool takesTracking(FontFamily family) {
   return family == FontFamily::latin || family == FontFamily::cjk || family == FontFamily::hebrew ||
-         family == FontFamily::armenian || family == FontFamily::georgian;
+         family == FontFamily::armenian || family == FontFamily::georgian ||
+         family == FontFamily::emoji;
 }
 
 }  // namespace rendering

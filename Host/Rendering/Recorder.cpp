@@ -189,11 +189,41 @@ class TreeRecorder {
                      1.9 * text.size};
       bounds = bounds.width > 0 ? unite(bounds, box) : box;
     }
-    command.count = static_cast<std::uint32_t>(list_.glyphs.size()) - command.first;
-    if (command.count == 0) return;
     command.bounds = bounds;
     command.ink = ink({}, node);
-    if (command.ink.color.alpha > 0) list_.commands.emplace_back(command);
+    if (!(command.ink.color.alpha > 0)) list_.glyphs.resize(command.first);
+    drawColorGlyphs(command);
+    command.count = static_cast<std::uint32_t>(list_.glyphs.size()) - command.first;
+    if (command.count > 0) list_.commands.emplace_back(command);
+  }
+
+  /// Takes the coloured glyphs out of a text's: they are pictures of their own, as opaque as the
+  /// text, and grey where the host tints.
+  void drawColorGlyphs(const DrawGlyphs& text) {
+    const auto begin = list_.glyphs.begin() + static_cast<std::ptrdiff_t>(text.first);
+    const auto isPlain = [&](const LineGlyph& glyph) {
+      return !tools_.colorGlyphs.isColored(glyph.font);
+    };
+    if (std::all_of(begin, list_.glyphs.end(), isPlain)) return;
+    const auto colored = std::stable_partition(begin, list_.glyphs.end(), isPlain);
+    for (auto it = colored; it != list_.glyphs.end(); ++it) {
+      const ColorGlyph& glyph =
+          tools_.colorGlyphs.glyph(it->font, it->glyph, text.size * options_.scale);
+      if (!glyph.image) continue;
+      DrawImage command;
+      command.image = static_cast<std::uint32_t>(list_.images.size());
+      command.target = {it->x + glyph.box.x * text.size,
+                        it->y + glyph.box.y * text.size,
+                        glyph.box.width * text.size,
+                        glyph.box.height * text.size};
+      command.bounds = command.target;
+      command.opacity = text.ink.color.alpha;
+      if (options_.mode != viewkit::RenderingMode::fullColor)
+        command.colors = DrawImage::Colors::grey;
+      list_.images.push_back(glyph.image);
+      list_.commands.emplace_back(command);
+    }
+    list_.glyphs.erase(colored, list_.glyphs.end());
   }
 
   /// A line cut inside a word of joined letters is shaped again, since the last letter takes its

@@ -1,6 +1,7 @@
 // From a placed tree to a draw list: colours resolved, redaction applied, images opened.
 #pragma once
 
+#include "Rendering/ColorGlyphs.hpp"
 #include "Rendering/DrawList.hpp"
 #include "Rendering/DrawingLimits.hpp"
 #include "Rendering/FontMeasurer.hpp"
@@ -16,6 +17,7 @@ struct RecorderTools {
   FontMeasurer& measurer;
   SymbolLibrary& symbols;
   ImageStore& images;
+  ColorGlyphs& colorGlyphs;
 };
 
 /// Appends the tree's commands. The list refers to the symbol library's drawings. Refused when they

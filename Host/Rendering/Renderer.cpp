@@ -15,10 +15,13 @@
 namespace rendering {
 
 struct Renderer::State {
+  explicit State(EmojiFont emoji) : fonts(emoji) {}
+
   FontLibrary fonts;
   FontMeasurer measurer{fonts};
   SymbolLibrary symbols{fonts};
   ImageStore images;
+  ColorGlyphs colorGlyphs{fonts};
   Painter painter{fonts};
   DrawList list;
 
@@ -39,7 +42,7 @@ struct Renderer::State {
     plain.redaction = {};
     const auto placed = place(background, plain);
     if (!placed) return std::unexpected(placed.error());
-    return rendering::record(*placed, plain, {measurer, symbols, images}, list);
+    return rendering::record(*placed, plain, {measurer, symbols, images, colorGlyphs}, list);
   }
 
   /// The background is the host's: what the content cuts out of itself leaves it whole.
@@ -49,7 +52,9 @@ struct Renderer::State {
     list.size = tree.size;
     if (auto done = recordBackground(tree, options); !done) return done;
     const std::size_t first = list.commands.size();
-    if (auto done = rendering::record(tree, options, {measurer, symbols, images}, list); !done) {
+    if (auto done =
+            rendering::record(tree, options, {measurer, symbols, images, colorGlyphs}, list);
+        !done) {
       return done;
     }
     const auto isErasing = [](const DrawCommand& command) {
@@ -66,7 +71,8 @@ struct Renderer::State {
   }
 };
 
-Renderer::Renderer() : state_(std::make_unique<State>()) {}
+Renderer::Renderer() : Renderer(EmojiFont::installed) {}
+Renderer::Renderer(EmojiFont emoji) : state_(std::make_unique<State>(emoji)) {}
 Renderer::~Renderer() = default;
 
 TextMeasurer& Renderer::measurer() {

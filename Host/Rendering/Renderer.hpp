@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "Rendering/DrawingLimits.hpp"
+#include "Rendering/EmojiFont.hpp"
 #include "Rendering/Layout.hpp"
 #include "Rendering/SvgNaming.hpp"
 #include "ViewKit/Appearance.hpp"
@@ -47,6 +48,7 @@ enum class PngSize { fast, small };
 class Renderer {
  public:
   Renderer();
+  explicit Renderer(EmojiFont emoji);
   ~Renderer();
 
   [[nodiscard]] TextMeasurer& measurer();

@@ -21,6 +21,7 @@ struct AnalyzedCluster {
   bool drawn = true;     ///< not ignorable, a control, or an emoji that no font has
   bool missing = false;  ///< stands for itself as U+25A1
   bool ignorable = false;
+  bool dropped = false;  ///< a space that goes with an emoji that is not drawn
   bool isSpace = false;
   bool breakAfter = false;
   bool mustBreakAfter = false;

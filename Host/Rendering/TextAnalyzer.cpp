@@ -115,6 +115,15 @@ bool isEmoji(UChar32 c) {
          u_hasBinaryProperty(c, UCHAR_EXTENDED_PICTOGRAPHIC);
 }
 
+constexpr UChar32 kTextSelector = 0xFE0E;
+constexpr UChar32 kPictureSelector = 0xFE0F;
+
+/// Of the emoji those that are pictures unless a selector says otherwise.
+bool isPicture(UChar32 c) {
+  return c == kPictureSelector || u_hasBinaryProperty(c, UCHAR_EMOJI_PRESENTATION) ||
+         u_hasBinaryProperty(c, UCHAR_REGIONAL_INDICATOR);
+}
+
 }  // namespace
 
 struct TextAnalyzer::State {
@@ -179,6 +188,7 @@ struct ClusterFacts {
   std::u32string drawn;  ///< without ignorables
   UScriptCode script = USCRIPT_COMMON;
   bool emoji = false;
+  bool picture = false;  ///< an emoji that is not a mere sign of the text
   bool space = false;
 };
 
@@ -205,6 +215,7 @@ ClusterFacts factsOf(const std::u16string& text, std::int32_t begin, std::int32_
     U16_NEXT(text.data(), at, end, c);
     facts.space = facts.space && isBreakingSpace(c);
     facts.emoji = facts.emoji || isEmoji(c);
+    facts.picture = (facts.picture || isPicture(c)) && c != kTextSelector;
     if (!isIgnorable(c)) facts.drawn.push_back(static_cast<char32_t>(c));
     const UScriptCode script = drawingScript(c);
     if (facts.script == USCRIPT_COMMON && script != USCRIPT_INHERITED) facts.script = script;
@@ -216,19 +227,26 @@ bool coversAll(const Font* font, const std::u32string& characters) {
   return font && std::ranges::all_of(characters, [&](char32_t c) { return font->covers(c); });
 }
 
-/// The family that draws the characters: Latin first, then the script's own; failing both, one that
-/// has at least the first of them.
+/// The family that draws the characters: pictures first where they are asked for, Latin, the
+/// script's own; failing these, one that has at least the first of them.
 std::optional<FontFamily> familyFor(FontLibrary& fonts,
                                     viewkit::FontWeight weight,
                                     const ClusterFacts& facts) {
+  const auto pictures = [&]() -> std::optional<FontFamily> {
+    const Font* font = fonts.font(FontFamily::emoji, weight);
+    return coversAll(font, facts.drawn) ? std::optional(FontFamily::emoji) : std::nullopt;
+  };
+  if (facts.picture) {
+    if (const auto family = pictures()) return family;
+  }
   const Font* latin = fonts.font(FontFamily::latin, weight);
   if (coversAll(latin, facts.drawn)) return FontFamily::latin;
-  // No font here has colour pictures; do not open a large one to learn it.
-  if (facts.emoji && facts.drawn.front() >= 0x1F000) return std::nullopt;
+  // No other font here has these; do not open a large one to learn it.
+  if (facts.emoji && facts.drawn.front() >= 0x1F000) return pictures();
   const auto own = familyOf(facts.script);
   const Font* font = own ? fonts.font(*own, weight) : nullptr;
   if (coversAll(font, facts.drawn)) return own;
-  if (facts.emoji) return std::nullopt;
+  if (facts.emoji) return pictures();
   if (font && font->covers(facts.drawn.front())) return own;
   if (latin && latin->covers(facts.drawn.front())) return FontFamily::latin;
   return std::nullopt;
@@ -247,6 +265,37 @@ void settleNeighbours(std::vector<AnalyzedCluster>& clusters) {
   for (std::size_t i = 0; i < firstDrawn; ++i) copy(clusters[i], clusters[firstDrawn]);
   for (std::size_t i = firstDrawn + 1; i < clusters.size(); ++i) {
     if (!clusters[i].drawn) copy(clusters[i], clusters[i - 1]);
+  }
+}
+
+/// Where an emoji is not drawn, one of the spaces around it goes too: the one behind it, at the end
+/// of the text the one before it.
+void dropSpacesBesideEmoji(std::vector<AnalyzedCluster>& clusters) {
+  std::vector<AnalyzedCluster*> seen;
+  bool anyGone = false;
+  for (AnalyzedCluster& cluster : clusters) {
+    if (!cluster.ignorable) seen.push_back(&cluster);
+    anyGone = anyGone || (!cluster.drawn && !cluster.ignorable && !cluster.isSpace);
+  }
+  if (!anyGone) return;
+  const auto isGone = [&](std::size_t i) {
+    return seen[i]->dropped || (!seen[i]->drawn && !seen[i]->isSpace);
+  };
+  for (std::size_t i = 0; i < seen.size();) {
+    if (!isGone(i)) {
+      ++i;
+      continue;
+    }
+    std::size_t first = i;
+    while (first > 0 && isGone(first - 1)) --first;
+    while (i < seen.size() && isGone(i)) ++i;
+    const bool followsSpace = first == 0 || seen[first - 1]->isSpace;
+    if (!followsSpace) continue;
+    if (i < seen.size()) {
+      seen[i]->dropped = seen[i]->isSpace;
+    } else if (first > 0) {
+      seen[first - 1]->dropped = true;
+    }
   }
 }
 
@@ -303,6 +352,7 @@ void TextAnalyzer::analyze(std::string_view text,
   });
   settleNeighbours(out);
   settleScripts(out);
+  dropSpacesBesideEmoji(out);
   UBreakIterator* lines = s.lineBreaks(style.language);
   if (!lines) return;
   eachBoundary(lines, s.text, [&](std::int32_t at) {

@@ -18,7 +18,7 @@ class DrawLists : public testing::Test {
     const PlacedTree tree =
         layOut(view, {.size = options.size, .direction = options.direction}, measurer);
     DrawList list;
-    EXPECT_TRUE(record(tree, options, {measurer, symbols, images}, list));
+    EXPECT_TRUE(record(tree, options, {measurer, symbols, images, colorGlyphs}, list));
     return describe(list);
   }
 
@@ -26,6 +26,7 @@ class DrawLists : public testing::Test {
   FontMeasurer measurer{fonts};
   SymbolLibrary symbols{fonts};
   ImageStore images;
+  ColorGlyphs colorGlyphs{fonts};
 };
 
 View box(Color color) {

@@ -149,9 +149,10 @@ class RowMaker {
 
   /// The layouts that a person may place, but for choices that make no difference.
   Result<void> findLayouts(Reader& reader) {
-    auto declared = widget_.description.families;
-    if (options_.picture.family) declared = {*options_.picture.family};
-    for (const WidgetFamily family : declared) {
+    const auto& asked = options_.picture.family;
+    const std::vector<WidgetFamily> families =
+        asked ? std::vector<WidgetFamily>{*asked} : widget_.description.families;
+    for (const WidgetFamily family : families) {
       if (auto done = findLooks(reader, family); !done) return done;
     }
     if (!options_.axes.accessories || options_.picture.family) return {};

@@ -6,6 +6,7 @@
 #include "../Tests/Support/WidgetStates.hpp"
 #include "Foundation/JsonValue.hpp"
 #include "Foundation/JsonWriter.hpp"
+#include "Rendering/PngEncoder.hpp"
 #include "Rendering/Renderer.hpp"
 #include "ViewKit/TreeJson.hpp"
 

@@ -14,6 +14,7 @@
 #include "Cli/Picture.hpp"
 #include "Cli/Samples.hpp"
 #include "Foundation/FileManager.hpp"
+#include "Rendering/PngEncoder.hpp"
 #include "Session/HostEnvironment.hpp"
 #include "ViewKit/TreeJson.hpp"
 

@@ -11,6 +11,7 @@
 #include "Cli/Output.hpp"
 #include "Cli/Picture.hpp"
 #include "Cli/SheetRows.hpp"
+#include "Rendering/PngEncoder.hpp"
 
 namespace cli {
 namespace {

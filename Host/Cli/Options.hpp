@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "Foundation/Instant.hpp"
+#include "Rendering/PngEncoder.hpp"
 #include "Rendering/Renderer.hpp"
 #include "Surfaces/Bar/BarLine.hpp"
 #include "WidgetRuntime/Environment.hpp"

@@ -6,6 +6,7 @@
 #include "Cli/Picture.hpp"
 #include "Foundation/Printable.hpp"
 #include "Foundation/Utf8.hpp"
+#include "Rendering/PngEncoder.hpp"
 #include "Session/HostEnvironment.hpp"
 #include "ViewKit/Dump.hpp"
 

@@ -5,6 +5,7 @@
 #include "Cli/Commands.hpp"
 #include "Cli/Output.hpp"
 #include "Cli/SheetRows.hpp"
+#include "Rendering/PngEncoder.hpp"
 
 namespace cli {
 

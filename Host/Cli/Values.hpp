@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "Cli/Options.hpp"
+#include "Rendering/PngEncoder.hpp"
 
 namespace cli {
 

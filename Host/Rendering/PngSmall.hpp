@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "Rendering/Renderer.hpp"
+#include "Rendering/Bitmap.hpp"
 
 namespace rendering {
 

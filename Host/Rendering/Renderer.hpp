@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "Rendering/Bitmap.hpp"
 #include "Rendering/DrawingLimits.hpp"
 #include "Rendering/EmojiFont.hpp"
 #include "Rendering/Layout.hpp"
@@ -31,16 +32,6 @@ struct RenderOptions {
   viewkit::LayoutDirection direction = viewkit::LayoutDirection::leftToRight;
   std::filesystem::path container;  ///< where image paths start; empty: no images
 };
-
-/// Premultiplied 0xAARRGGBB in native byte order, rows top down.
-struct Bitmap {
-  int width = 0;
-  int height = 0;
-  int stride = 0;  ///< pixels a row
-  std::vector<std::uint32_t> pixels;
-};
-
-enum class PngSize { fast, small };
 
 /// Fonts, glyph images, symbols and decoded pictures, kept between renderings. Not for several
 /// threads at once. Whatever the tree, a picture takes bounded time and memory or is refused in one
@@ -77,8 +68,6 @@ class Renderer {
   struct State;
   std::unique_ptr<State> state_;
 };
-
-[[nodiscard]] std::string encodePng(const Bitmap& bitmap, PngSize size = PngSize::fast);
 
 /// What a renderer needs on this machine: font files, found or missing, and the Debian package of
 /// each.

@@ -11,6 +11,7 @@
 #include <tuple>
 
 #include "Rendering/PainterPixels.hpp"
+#include "Rendering/PngEncoder.hpp"
 #include "Rendering/RecorderOpacity.hpp"
 #include "Rendering/Renderer.hpp"
 

@@ -8,6 +8,7 @@
 #include "Control/Paths.hpp"
 #include "Foundation/FileManager.hpp"
 #include "Rendering/ImageDecoder.hpp"
+#include "Rendering/PngEncoder.hpp"
 #include "Resident/PlacementsFile.hpp"
 #include "WidgetRuntime/Environment.hpp"
 

@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <functional>
 
+#include "Rendering/PngEncoder.hpp"
 #include "Rendering/Renderer.hpp"
 #include "Tests/Support/TemporaryFolder.hpp"
 #include "ViewKit/ViewKit.hpp"

@@ -7,6 +7,7 @@
 #include <random>
 #include <vector>
 
+#include "Rendering/PngEncoder.hpp"
 #include "Rendering/Renderer.hpp"
 
 namespace rendering {

@@ -7,6 +7,7 @@
 #include <cstdio>
 
 #include "Foundation/FileDescriptor.hpp"
+#include "Rendering/PngEncoder.hpp"
 #include "Surfaces/WidgetSize.hpp"
 
 namespace surfaces {

@@ -42,7 +42,8 @@ std::string placementText(const JsonValue& placement) {
   }
   if (const auto reason = textIn(placement, "reason"); !reason.empty()) {
     const auto since = textIn(placement, "since");
-    line += "     -> " + foundation::printable((since.empty() ? "" : "since " + since + ": ") + reason) + "\n";
+    line += "     -> " +
+            foundation::printable((since.empty() ? "" : "since " + since + ": ") + reason) + "\n";
   }
   return line;
 }
@@ -58,7 +59,9 @@ std::string joined(const JsonValue* list) {
 
 std::string hiddenText(const JsonValue& json, std::string_view because) {
   if (!isTrue(json, "hidden")) return "amounts are shown\n";
-  return foundation::printable(fmt::format("amounts are hidden ({})", joined(json.member(because)))) + "\n";
+  return foundation::printable(
+             fmt::format("amounts are hidden ({})", joined(json.member(because)))) +
+         "\n";
 }
 
 std::string statusText(const JsonValue& status) {

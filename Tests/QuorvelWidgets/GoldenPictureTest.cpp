@@ -12,6 +12,7 @@
 #include "Rendering/PngEncoder.hpp"
 #include "Rendering/Renderer.hpp"
 #include "Tests/Support/SafeToSpendCases.hpp"
+#include "Tests/Support/WidgetStates.hpp"
 
 namespace quorvel {
 namespace {
@@ -107,12 +108,9 @@ std::string drawn(const Scene& scene) {
   return rendering::encodePng(renderer.bitmap(view, options).value());
 }
 
-class GoldenPicture : public ::testing::TestWithParam<Scene> {};
-
-TEST_P(GoldenPicture, LooksAsApproved) {
-  const std::filesystem::path file = std::filesystem::path{QUORVEL_SOURCE_DIR} / "Tests" /
-                                     "Golden" / (std::string{GetParam().name} + ".png");
-  const std::string picture = drawn(GetParam());
+void expectApproved(const std::string& name, const std::string& picture) {
+  const std::filesystem::path file =
+      std::filesystem::path{QUORVEL_SOURCE_DIR} / "Tests" / "Golden" / (name + ".png");
   const char* rebaseline = std::getenv("QUORVEL_REBASELINE");
   if (rebaseline != nullptr && std::strcmp(rebaseline, "1") == 0) {
     std::filesystem::create_directories(file.parent_path());
@@ -122,6 +120,39 @@ TEST_P(GoldenPicture, LooksAsApproved) {
   const std::string approved{std::istreambuf_iterator<char>{in}, {}};
   ASSERT_FALSE(approved.empty()) << file << " is missing; draw it with tools/rebaseline and look";
   EXPECT_LE(differingShare(decoded(approved), decoded(picture)), kMostPixels);
+}
+
+class GoldenPicture : public ::testing::TestWithParam<Scene> {};
+
+TEST_P(GoldenPicture, LooksAsApproved) {
+  expectApproved(GetParam().name, drawn(GetParam()));
+}
+
+struct WidgetScene {
+  const char* name;
+  fixtures::WidgetLayout layout;
+  rendering::Size size;
+};
+
+// One picture of each of the other widgets, from the sample of a day.
+TEST(WidgetGoldenPicture, EveryOtherWidgetLooksAsApproved) {
+  using fixtures::WidgetKind;
+  const WidgetScene scenes[] = {
+      {"card-limit-medium", {"", WidgetKind::cardLimit, WidgetFamily::systemMedium}, {364, 170}},
+      {"due-medium", {"", WidgetKind::due, WidgetFamily::systemMedium}, {364, 170}},
+      {"net-worth-medium", {"", WidgetKind::netWorth, WidgetFamily::systemMedium}, {364, 170}},
+      {"spending-large", {"", WidgetKind::spending, WidgetFamily::systemLarge}, {364, 382}},
+  };
+  const auto now = fixtures::morningOf("2025-03-14");
+  const fixtures::WidgetState state{"full", now, fixtures::richSnapshot("en", now), {}};
+  rendering::Renderer renderer;
+  for (const WidgetScene& scene : scenes) {
+    SCOPED_TRACE(scene.name);
+    RenderOptions options;
+    options.size = scene.size;
+    const viewkit::View view = fixtures::viewOf(scene.layout, state);
+    expectApproved(scene.name, rendering::encodePng(renderer.bitmap(view, options).value()));
+  }
 }
 
 INSTANTIATE_TEST_SUITE_P(SafeToSpend,

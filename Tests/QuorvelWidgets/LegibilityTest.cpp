@@ -305,9 +305,12 @@ Rgb blended(Rgb under, Rgb over, double alpha) {
   return result;
 }
 
-/// Colours of the pixels in a box. What the widget leaves open shows the canvas' colour.
-std::vector<Rgb> pixelsIn(const rendering::Bitmap& bitmap, const Rect& box, Appearance appearance) {
-  const Rgb canvas = appearance == Appearance::light ? 0xFCFCFB : 0x1A1A19;
+Rgb canvasIn(Appearance appearance) {
+  return appearance == Appearance::light ? 0xFCFCFB : 0x1A1A19;
+}
+
+/// Colours of the pixels in a box. What the widget leaves open shows what lies below it.
+std::vector<Rgb> pixelsIn(const rendering::Bitmap& bitmap, const Rect& box, Rgb canvas) {
   std::vector<Rgb> colors;
   const int right = std::min(bitmap.width, static_cast<int>(std::floor(box.right())));
   const int bottom = std::min(bitmap.height, static_cast<int>(std::floor(box.bottom())));
@@ -331,12 +334,13 @@ std::vector<Rgb> pixelsIn(const rendering::Bitmap& bitmap, const Rect& box, Appe
 Drawn drawnLine(const FoundText& text,
                 const PlacedLine& line,
                 const rendering::Bitmap& ground,
+                Rgb below,
                 const rendering::RenderOptions& options) {
   const rendering::Rgba drawn = rendering::resolveColor(text.around.foreground, options, false);
   const Rgb ink = static_cast<Rgb>(drawn.red << 16 | drawn.green << 8 | drawn.blue);
   const double alpha = static_cast<double>(drawn.alpha) * text.around.opacity;
   std::vector<Drawn> all;
-  for (const Rgb under : pixelsIn(ground, inkBox(*text.node->text, line), options.appearance)) {
+  for (const Rgb under : pixelsIn(ground, inkBox(*text.node->text, line), below)) {
     const Rgb shown = blended(under, ink, alpha);
     all.push_back({shown, under, contrastRatio(shown, under)});
   }
@@ -375,7 +379,7 @@ TEST_F(Legibility, EveryTextStandsOutFromWhatLiesUnderIt) {
         for (const FoundText& text : found.texts) {
           if (text.around.isCovered && options.redaction.privacy) continue;
           for (const PlacedLine& line : text.node->text->lines) {
-            const Drawn drawn = drawnLine(text, line, bitmap, options);
+            const Drawn drawn = drawnLine(text, line, bitmap, canvasIn(appearance), options);
             const double needed = neededContrast(*text.node->text, text.element().weight);
             if (drawn.ratio >= needed || isExcepted(text, drawn, appearance)) continue;
             faults.add(std::string{layout.name} + ": \"" + text.element().text + "\" " +
@@ -391,6 +395,50 @@ TEST_F(Legibility, EveryTextStandsOutFromWhatLiesUnderIt) {
     for (const WidgetLayout& layout : fixtures::kLayouts) check(layout, state);
   }
   RecordProperty("pictures", static_cast<int>(pictures));
+  EXPECT_EQ(joined(faults.lines()), "");
+}
+
+// A desktop lays a plate of the canvas' colour under a widget that it tints.
+TEST_F(Legibility, TintedTextsStandOutFromAPlateOverAnyWallpaper) {
+  constexpr double kPlate = 0.86;
+  // On a tile's or a pill's own ground over a dark plate that a white wallpaper lightens.
+  constexpr double kOnGround = 3.8;
+  Faults faults;
+  std::size_t texts = 0;
+  for (const WidgetState& state : fixtures::widgetStates("en")) {
+    if (state.environment.widgetRenderingMode == viewkit::RenderingMode::fullColor) continue;
+    for (const WidgetLayout& layout : fixtures::kLayouts) {
+      const viewkit::View view = fixtures::viewOf(layout, state);
+      const viewkit::View ground = withoutTexts(view);
+      auto options = optionsFor(layout, state, kDevices[0]);
+      const PlacedTree tree = renderer_.place(view, options).value();
+      for (const Appearance appearance : {Appearance::light, Appearance::dark}) {
+        options.appearance = appearance;
+        const rendering::Bitmap bitmap = renderer_.bitmap(ground, options).value();
+        for (const Rgb wallpaper : {Rgb{0xFFFFFF}, Rgb{0x000000}}) {
+          const Rgb plate = blended(wallpaper, canvasIn(appearance), kPlate);
+          for (const FoundText& text : inspection::find(tree).texts) {
+            for (const PlacedLine& line : text.node->text->lines) {
+              const Drawn drawn = drawnLine(text, line, bitmap, plate, options);
+              const double needed = neededContrast(*text.node->text, text.element().weight);
+              ++texts;
+              const bool isOnGround = drawn.ground != plate;
+              if (isOnGround && appearance == Appearance::dark && wallpaper == 0xFFFFFF &&
+                  drawn.ratio >= kOnGround) {
+                continue;
+              }
+              if (drawn.ratio >= needed || isExcepted(text, drawn, appearance)) continue;
+              faults.add(std::string{layout.name} + ": \"" + text.element().text + "\" " +
+                             hex(drawn.text) + " on " + hex(drawn.ground) + " has " +
+                             std::to_string(drawn.ratio),
+                         std::string{state.name});
+            }
+          }
+        }
+      }
+    }
+  }
+  EXPECT_GT(texts, 1000U);
   EXPECT_EQ(joined(faults.lines()), "");
 }
 
@@ -412,8 +460,8 @@ TEST_F(Legibility, PlaceholderBarsStandOutFromWhatLiesUnderThem) {
           if (text.around.isInImage) continue;  // the picture has a bar of its own
           for (const PlacedLine& line : text.node->text->lines) {
             const Rect middle{line.x + line.width / 2 - 1, line.baseline - 5, 2, 2};
-            const auto above = pixelsIn(drawn, middle, appearance);
-            const auto below = pixelsIn(ground, middle, appearance);
+            const auto above = pixelsIn(drawn, middle, canvasIn(appearance));
+            const auto below = pixelsIn(ground, middle, canvasIn(appearance));
             if (above.empty()) continue;
             ++bars;
             EXPECT_GE(contrastRatio(above.front(), below.front()), kLeastContrast)

@@ -54,7 +54,9 @@ int statusFrom(int status) {
 
 std::vector<pid_t> childrenOf(pid_t process) {
   std::vector<pid_t> children;
-  for (const auto& task : fs::directory_iterator("/proc/" + std::to_string(process) + "/task")) {
+  std::error_code gone;  // the process may end meanwhile
+  const fs::directory_iterator tasks("/proc/" + std::to_string(process) + "/task", gone);
+  for (const auto& task : tasks) {
     std::ifstream list(task.path() / "children");
     for (pid_t child = 0; list >> child;) children.push_back(child);
   }

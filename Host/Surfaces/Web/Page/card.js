@@ -19,7 +19,7 @@ export class Card {
     this.words = make('div', { class: 'away', id: `words-${placement.id}` });
     this.name = make('h3');
     this.when = make('span');
-    this.more = make('button', { type: 'button', class: 'icon bare', 'aria-haspopup': 'menu', onclick: () => board.openMenu(this, this.more) }, icon('more'));
+    this.more = make('button', { class: 'icon bare', 'aria-haspopup': 'menu', onclick: () => board.openMenu(this, this.more) }, icon('more'));
     this.under = make('div', { class: 'under', onclick: (event) => { if (!this.more.contains(event.target)) board.select(this.placement.id); } }, this.name, this.when, this.more);
     this.element = make('li', { class: 'card', 'data-id': placement.id }, this.face, this.words, this.under);
     this.update(placement);
@@ -70,7 +70,7 @@ export class Card {
 
   showFailure() {
     const { reason, nextTry } = this.answer;
-    const again = make('button', { type: 'button', onclick: () => attempt(() => post('reload', { id: this.placement.id })) }, 'Try again');
+    const again = make('button', { onclick: () => attempt(() => post('reload', { id: this.placement.id })) }, 'Try again');
     const next = nextTry && make('span', { class: 'quiet' }, `next try ${shortTime(nextTry, this.board.zone)}`);
     this.fill(make('div', { class: 'failure' }, make('strong', {}, icon('warning'), 'Could not draw'), make('p', {}, reason ?? ''), make('div', {}, again, next)));
   }

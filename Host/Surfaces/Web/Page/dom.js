@@ -5,6 +5,7 @@
  */
 export function make(name, attributes = {}, ...children) {
   const element = document.createElement(name);
+  if (name === 'button') element.type = 'button';
   for (const [key, value] of Object.entries(attributes)) {
     if (value === undefined || value === null || value === false) continue;
     if (key.startsWith('on')) element.addEventListener(key.slice(2), value);
@@ -46,8 +47,8 @@ export const say = (text) => { document.getElementById('said').textContent = tex
 export function toast(text, action) {
   const box = make('div', {}, make('span', {}, text));
   const gone = () => box.remove();
-  if (action) box.append(make('button', { type: 'button', onclick: () => { gone(); action.run(); } }, action.name));
-  box.append(make('button', { type: 'button', class: 'icon bare', 'aria-label': 'Close the message', onclick: gone }, icon('close')));
+  if (action) box.append(make('button', { onclick: () => { gone(); action.run(); } }, action.name));
+  box.append(make('button', { class: 'icon bare', 'aria-label': 'Close the message', onclick: gone }, icon('close')));
   document.getElementById('toasts').append(box);
   say(text);
   setTimeout(gone, 8000);

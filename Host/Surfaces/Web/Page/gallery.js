@@ -34,7 +34,7 @@ function trial(offer, board) {
   show();
   return make('div', { class: 'try' }, stage, make('div', { class: 'row' },
     sizeField(offer.families, chosen, (size) => { family[offer.kind] = size; show(); }, `size-${offer.kind}`),
-    make('button', { type: 'button', class: 'main', 'aria-label': `Add ${offer.name}`, onclick: add }, 'Add')));
+    make('button', { class: 'main', 'aria-label': `Add ${offer.name}`, onclick: add }, 'Add')));
 }
 
 function row(offer, board) {
@@ -43,7 +43,7 @@ function row(offer, board) {
   if (!isOpen) picture(offer, offer.families[0], 60).then((shown) => thumb.replaceChildren(shown));
   const toggle = () => { opened = isOpen ? '' : offer.kind; show(board); list.querySelector(`[data-kind="${offer.kind}"] button`).focus(); };
   return make('li', { class: 'offer', 'data-kind': offer.kind, 'data-open': isOpen },
-    make('button', { type: 'button', class: 'bare', 'aria-expanded': String(isOpen), onclick: toggle }, thumb,
+    make('button', { class: 'bare', 'aria-expanded': String(isOpen), onclick: toggle }, thumb,
       make('span', {}, make('b', {}, offer.name), make('small', {}, offer.description), !isOpen && make('small', {}, offer.families.map((size) => letters[size]).join(' · ')))),
     isOpen && trial(offer, board));
 }

@@ -24,7 +24,7 @@ export function showHelp() {
   const dialog = document.getElementById('keys');
   dialog.replaceChildren(make('div', { class: 'stack' }, make('h2', { id: 'keysTitle' }, 'Keys'),
     make('dl', { class: 'keys' }, ...kHelp.flatMap(([key, what]) => [make('dt', {}, make('kbd', {}, key)), make('dd', {}, what)])),
-    make('div', { class: 'ends' }, make('button', { type: 'button', onclick: () => dialog.close() }, 'Close'))));
+    make('div', { class: 'ends' }, make('button', { onclick: () => dialog.close() }, 'Close'))));
   dialog.showModal();
 }
 

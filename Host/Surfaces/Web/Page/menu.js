@@ -13,7 +13,7 @@ export const isOpen = () => !menu.hidden;
 export function open(items, anchor, point) {
   opener = anchor;
   menu.replaceChildren(...items.map((item) => item ? make('button', {
-    type: 'button', tabindex: -1, role: item.checked === undefined ? 'menuitem' : 'menuitemradio', 'aria-checked': item.checked === undefined ? undefined : String(item.checked),
+    tabindex: -1, role: item.checked === undefined ? 'menuitem' : 'menuitemradio', 'aria-checked': item.checked === undefined ? undefined : String(item.checked),
     class: item.danger ? 'danger' : undefined, 'aria-keyshortcuts': item.key, onclick: () => { close(); item.run(); },
   }, item.name, item.key && make('kbd', { 'aria-hidden': 'true' }, item.key)) : make('hr', { role: 'separator' })));
   menu.hidden = false;

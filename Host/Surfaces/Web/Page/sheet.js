@@ -67,7 +67,7 @@ export function edit(placement, offer, onClosed) {
   };
   const form = make('form', { onsubmit: save }, make('h2', { id: 'sheetTitle' }, offer.name), make('p', { class: 'quiet' }, offer.description),
     offer.families.length > 1 && make('fieldset', {}, make('legend', {}, 'Size'), sizeField(offer.families, placement.family)), ...fields,
-    make('div', { class: 'ends' }, make('button', { type: 'button', onclick: () => sheet.close() }, 'Cancel'), make('button', { class: 'main' }, 'Save')));
+    make('div', { class: 'ends' }, make('button', { onclick: () => sheet.close() }, 'Cancel'), make('button', { type: 'submit', class: 'main' }, 'Save')));
   sheet.replaceChildren(form);
   sheet.addEventListener('close', onClosed, { once: true });
   sheet.showModal();

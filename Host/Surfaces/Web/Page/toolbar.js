@@ -15,20 +15,14 @@ const segments = (name, title, choices) => {
 const select = (name, title, choices) => make('label', { class: 'field', 'data-setting': name }, make('span', { class: 'name' }, title),
   make('select', { name, onchange: (event) => set({ [name]: event.target.value }) }, ...choices.map(([value, text]) => make('option', { value }, text))));
 
-/** Minutes east of UTC in a zone. */
-const offsetAt = (zone, time) => {
-  const parts = Object.fromEntries(new Intl.DateTimeFormat('en-US', { timeZone: zone, hourCycle: 'h23', year: 'numeric', month: 'numeric', day: 'numeric', hour: 'numeric', minute: 'numeric', second: 'numeric' })
-    .formatToParts(time).map(({ type, value }) => [type, Number(value)]));
-  return (Date.UTC(parts.year, parts.month - 1, parts.day, parts.hour, parts.minute, parts.second) - Math.floor(time / 1000) * 1000) / 60000;
-};
-
-/** The instant of a wall clock's reading "YYYY-MM-DDTHH:MM:SS" in a zone. */
+/** What a clock on the wall of the zone shows, "YYYY-MM-DDTHH:MM:SS"; Swedish dates have that form. */
+const readingOf = (zone, time) => new Intl.DateTimeFormat('sv-SE', { timeZone: zone, dateStyle: 'short', timeStyle: 'medium' }).format(time).replace(' ', 'T');
+/** Milliseconds east of UTC; `time` in whole seconds. */
+const offsetAt = (zone, time) => Date.parse(`${readingOf(zone, time)}Z`) - time;
 const instantOf = (zone, reading) => {
   const asUtc = Date.parse(`${reading}Z`);
-  const guess = asUtc - offsetAt(zone, asUtc) * 60000;
-  return asUtc - offsetAt(zone, guess) * 60000;
+  return asUtc - offsetAt(zone, asUtc - offsetAt(zone, asUtc));
 };
-const readingOf = (zone, time) => new Date(time + offsetAt(zone, time) * 60000).toISOString().slice(0, 19);
 const asText = (time) => new Date(time).toISOString().replace('.000', '');
 
 /** The next changes of the zone's clock, to the second, within two years. */
@@ -87,7 +81,7 @@ export function build(zone) {
   const tint = make('label', { class: 'field', 'data-setting': 'tint' }, make('span', { class: 'name' }, 'Tint'),
     make('input', { type: 'color', name: 'tint', oninput: (event) => set({ tint: event.target.value.slice(1) }) }));
   const count = make('span', { class: 'count' });
-  const reset = make('button', { type: 'button', onclick: () => { stop(); set({ ...defaults }); } }, 'Reset', count);
+  const reset = make('button', { onclick: () => { stop(); set({ ...defaults }); } }, 'Reset', count);
   tools.replaceChildren(
     segments('appearance', 'Appearance', [['light', 'light', 'Light'], ['dark', 'dark', 'Dark'], ['system', 'system', 'As the system']]),
     segments('mode', 'Rendering', [['fullColor', 'Full colour'], ['accented', 'Accented'], ['vibrant', 'Vibrant']]), tint,

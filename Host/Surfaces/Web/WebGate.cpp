@@ -39,8 +39,8 @@ std::optional<Refusal> refuseTarget(const RequestHead& head) {
     return Refusal{400, "Only paths of this server can be asked for."};
   const std::string_view path = pathOf(head.target);
   const bool isPlain = std::ranges::all_of(path, [](unsigned char c) {
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') ||
-           c == '/' || c == '.' || c == '-' || c == '_';
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '/' ||
+           c == '.' || c == '-' || c == '_';
   });
   if (!isPlain || path.find("..") != std::string_view::npos)
     return Refusal{404, "There is nothing here."};
@@ -63,9 +63,8 @@ std::optional<Refusal> refuseSource(const RequestHead& head, const GateRules& ru
 
 std::optional<Refusal> refuseBody(const RequestHead& head) {
   if (head.method != "POST") {
-    const bool hasBody = head.isChunked || std::ranges::any_of(head.contentLengths, [](auto& n) {
-                           return n != "0";
-                         });
+    const bool hasBody = head.isChunked ||
+                         std::ranges::any_of(head.contentLengths, [](auto& n) { return n != "0"; });
     return hasBody ? std::optional(Refusal{400, "A question has no body."}) : std::nullopt;
   }
   if (head.isChunked || head.contentLengths.size() != 1)
@@ -93,8 +92,8 @@ std::optional<Refusal> refuse(const RequestHead& head, const GateRules& rules) {
   if (auto refusal = refuseSource(head, rules)) return refusal;
   if (head.method != "GET" && head.method != "HEAD" && head.method != "POST")
     return Refusal{405, "Only GET and POST are understood."};
-  const bool isPublic = std::ranges::find(rules.publicPaths, pathOf(head.target)) !=
-                        rules.publicPaths.end();
+  const bool isPublic =
+      std::ranges::find(rules.publicPaths, pathOf(head.target)) != rules.publicPaths.end();
   const bool hasToken =
       head.authorizations.size() == 1 && head.authorizations.front().starts_with(kBearer) &&
       equalsInConstantTime(std::string_view(head.authorizations.front()).substr(kBearer.size()),

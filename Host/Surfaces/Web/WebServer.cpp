@@ -13,7 +13,7 @@
 #include <set>
 #include <vector>
 
-#include "Foundation/JsonWriter.hpp"
+#include "Surfaces/Web/BoardJson.hpp"
 #include "Surfaces/Web/WebGate.hpp"
 
 namespace surfaces {
@@ -29,9 +29,7 @@ constexpr std::string_view kPolicy =
     "connect-src 'self'; base-uri 'none'; form-action 'none'; frame-ancestors 'none'";
 
 struct EndSource {
-  void operator()(sd_event_source* source) const {
-    sd_event_source_disable_unref(source);
-  }
+  void operator()(sd_event_source* source) const { sd_event_source_disable_unref(source); }
 };
 using Source = std::unique_ptr<sd_event_source, EndSource>;
 
@@ -110,12 +108,6 @@ MHD_Result collectHead(void* to, MHD_ValueKind, const char* name, const char* va
 MHD_Result collectQuery(void* to, MHD_ValueKind, const char* name, const char* value) {
   (*static_cast<std::map<std::string, std::string>*>(to))[name] = value ? value : "";
   return MHD_YES;
-}
-
-std::string errorJson(std::string_view line) {
-  foundation::JsonWriter writer;
-  writer.beginObject().member("error", line).endObject();
-  return writer.take();
 }
 
 WebReply replyTo(const Refusal& refusal) {
@@ -239,17 +231,32 @@ std::string WebServer::State::start() {
   rules.host = name;
   rules.token = *token;
   for (const auto& [path, file] : files) rules.publicPaths.push_back(path);
-  daemon = MHD_start_daemon(
-      MHD_USE_EPOLL | MHD_ALLOW_SUSPEND_RESUME, 0, nullptr, nullptr, &State::onAccess, this,
-      MHD_OPTION_LISTEN_SOCKET, sockets.ipv4.get(),
-      MHD_OPTION_CONNECTION_LIMIT, limits.connections,
-      MHD_OPTION_CONNECTION_MEMORY_LIMIT, kConnectionMemory,
-      MHD_OPTION_CONNECTION_TIMEOUT, kSilence,
-      MHD_OPTION_STRICT_FOR_CLIENT, 1,
-      MHD_OPTION_URI_LOG_CALLBACK, &State::begin, this,
-      MHD_OPTION_NOTIFY_COMPLETED, &State::onCompleted, this,
-      MHD_OPTION_NOTIFY_CONNECTION, &State::onConnection, this,
-      MHD_OPTION_END);
+  daemon = MHD_start_daemon(MHD_USE_EPOLL | MHD_ALLOW_SUSPEND_RESUME,
+                            0,
+                            nullptr,
+                            nullptr,
+                            &State::onAccess,
+                            this,
+                            MHD_OPTION_LISTEN_SOCKET,
+                            sockets.ipv4.get(),
+                            MHD_OPTION_CONNECTION_LIMIT,
+                            limits.connections,
+                            MHD_OPTION_CONNECTION_MEMORY_LIMIT,
+                            kConnectionMemory,
+                            MHD_OPTION_CONNECTION_TIMEOUT,
+                            kSilence,
+                            MHD_OPTION_STRICT_FOR_CLIENT,
+                            1,
+                            MHD_OPTION_URI_LOG_CALLBACK,
+                            &State::begin,
+                            this,
+                            MHD_OPTION_NOTIFY_COMPLETED,
+                            &State::onCompleted,
+                            this,
+                            MHD_OPTION_NOTIFY_CONNECTION,
+                            &State::onConnection,
+                            this,
+                            MHD_OPTION_END);
   if (!daemon) return "the web server does not start";
   (void)sockets.ipv4.release();  // closed by the library from now on
   const auto* info = MHD_get_daemon_info(daemon, MHD_DAEMON_INFO_EPOLL_FD);
@@ -422,8 +429,7 @@ MHD_Result WebServer::State::openStream(MHD_Connection* connection) {
   };
   sd_event_source* source = nullptr;
   const auto* info = MHD_get_connection_info(connection, MHD_CONNECTION_INFO_CONNECTION_FD);
-  if (info)
-    sd_event_add_io(loop, &source, info->connect_fd, EPOLLRDHUP, onHangUp, stream);
+  if (info) sd_event_add_io(loop, &source, info->connect_fd, EPOLLRDHUP, onHangUp, stream);
   stream->hangUp.reset(source);
   addHeaders(response, "text/event-stream", {});
   const MHD_Result queued = MHD_queue_response(connection, MHD_HTTP_OK, response);
@@ -484,8 +490,10 @@ WebServer::~WebServer() {
   state_->end();
 }
 
-std::expected<std::unique_ptr<WebServer>, std::string> WebServer::open(
-    sd_event* loop, WebHandler& handler, const PublicFiles& files, Limits limits) {
+std::expected<std::unique_ptr<WebServer>, std::string> WebServer::open(sd_event* loop,
+                                                                       WebHandler& handler,
+                                                                       const PublicFiles& files,
+                                                                       Limits limits) {
   auto state = std::make_unique<State>(loop, handler, files, limits);
   if (auto problem = state->start(); !problem.empty()) return std::unexpected(std::move(problem));
   return std::unique_ptr<WebServer>(new WebServer(std::move(state)));
@@ -504,8 +512,7 @@ std::size_t WebServer::streams() const {
 }
 
 void WebServer::send(std::string_view name, std::string_view data) {
-  const std::string event =
-      "event: " + std::string(name) + "\ndata: " + std::string(data) + "\n\n";
+  const std::string event = "event: " + std::string(name) + "\ndata: " + std::string(data) + "\n\n";
   for (Stream* stream : state_->streams) {
     if (stream->isOver) continue;
     stream->pending += event;

@@ -21,10 +21,10 @@ struct sd_event;
 namespace surfaces {
 
 struct WebRequest {
-  std::string method;  ///< GET or POST; a HEAD comes as GET
-  std::string path;    ///< "/widget/w1"
+  std::string method;                        ///< GET or POST; a HEAD comes as GET
+  std::string path;                          ///< "/widget/w1"
   std::map<std::string, std::string> query;  ///< decoded; the last of a name counts
-  std::string body;    ///< JSON of a POST
+  std::string body;                          ///< JSON of a POST
 
   [[nodiscard]] std::string value(const std::string& name) const {
     const auto found = query.find(name);

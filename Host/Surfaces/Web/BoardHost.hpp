@@ -1,0 +1,96 @@
+// What the board's page needs of the host that shows it.
+#pragma once
+
+#include <chrono>
+#include <expected>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "Foundation/Instant.hpp"
+#include "Surfaces/Surface.hpp"
+#include "WidgetRuntime/Messages.hpp"
+
+namespace surfaces {
+
+/// Screens with known widget sizes.
+enum class BoardPreset { standard, compact, stress };
+
+/// How a page shows widgets. Only what is drawn for the page depends on it.
+struct BoardView {
+  viewkit::Appearance appearance = viewkit::Appearance::light;
+  viewkit::RenderingMode mode = viewkit::RenderingMode::fullColor;
+  std::optional<viewkit::Rgb> tint;
+  bool showsBackground = true;
+  bool hidesAmounts = false;  ///< the host hides them in any case while it must
+  BoardPreset preset = BoardPreset::standard;
+  std::optional<foundation::Instant> now;  ///< absent: the wall clock
+};
+
+/// Where a placed widget stands on the page, in cells.
+struct BoardCard {
+  Subject subject;
+  int column = 0;
+  int row = 0;
+};
+
+struct BoardState {
+  std::string container;
+  std::string timeZone;   ///< an identifier such as "Europe/Berlin"
+  bool isHidden = true;   ///< as a person asked
+  bool isLocked = false;  ///< the session is, or might be
+  std::vector<widgetruntime::WidgetListing> gallery;
+  std::optional<widgetruntime::Control> control;
+  std::vector<BoardCard> cards;
+  std::optional<std::chrono::microseconds> took;  ///< from a change to its pictures, the latest
+};
+
+/// A picture for the page, and what is known about what it shows.
+struct BoardPicture {
+  std::uint64_t version = 0;  ///< grows with every change of what the placement shows
+  rendering::Size size;       ///< points
+  Shown shown;                ///< its picture holds an SVG
+  std::string name;           ///< the widget's, for who cannot see it
+  std::string note;           ///< what the person should know of the configuration; empty: nothing
+  std::optional<foundation::Instant> since;  ///< when it began to be stale or failed
+  std::optional<foundation::Instant> nextTry;
+};
+
+/// Errors are one line for a person. Continuations run on the host's loop, at once or later; the
+/// last one asked for may be the only one that is called.
+class BoardHost {
+ public:
+  template <class T>
+  using Answer = std::expected<T, std::string>;
+  template <class T>
+  using Then = std::function<void(Answer<T>)>;
+
+  virtual ~BoardHost() = default;
+  [[nodiscard]] virtual BoardState state() = 0;
+
+  /// Of a placement, by its id.
+  virtual void draw(const std::string& id, const BoardView& view, Then<BoardPicture> then) = 0;
+  /// Of a widget that is not placed.
+  virtual void preview(const Subject& subject, const BoardView& view, Then<BoardPicture> then) = 0;
+  /// A placement as a PNG.
+  virtual void png(const std::string& id, const BoardView& view, Then<std::string> then) = 0;
+  /// Those of a parameter's options whose title holds `words`, letter case aside.
+  virtual void options(const std::string& kind,
+                       const std::string& parameter,
+                       const std::string& words,
+                       Then<widgetruntime::OptionsAnswer> then) = 0;
+  virtual void perform(const std::string& intent, Then<void> then) = 0;
+
+  [[nodiscard]] virtual Answer<std::string> add(const BoardCard& card) = 0;  ///< its new id
+  [[nodiscard]] virtual Answer<void> remove(const std::string& id) = 0;
+  [[nodiscard]] virtual Answer<void> configure(const Subject& subject) = 0;
+  [[nodiscard]] virtual Answer<void> move(const std::string& id, int column, int row) = 0;
+  [[nodiscard]] virtual Answer<void> reload(const std::string& id) = 0;  ///< empty: all
+  virtual void hide(bool hides) = 0;
+  /// Follows a link of what is shown: of an element of the picture, else the widget's own.
+  [[nodiscard]] virtual Answer<void> open(const std::string& id,
+                                          std::optional<std::size_t> region) = 0;
+};
+
+}  // namespace surfaces

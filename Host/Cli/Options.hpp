@@ -9,6 +9,7 @@
 #include "Rendering/PngEncoder.hpp"
 #include "Rendering/Renderer.hpp"
 #include "Surfaces/Bar/BarLine.hpp"
+#include "Surfaces/WidgetSize.hpp"
 #include "WidgetRuntime/Environment.hpp"
 #include "WidgetRuntime/Intents.hpp"
 
@@ -16,8 +17,7 @@ namespace cli {
 
 enum class Format { png, svg, text, tree, placed, accessibility };
 
-/// Screens with known widget sizes: the widest, the usual and the narrowest.
-enum class Preset { standard, compact, stress };
+using surfaces::Preset;
 
 /// Where the extension and its data are. Empty: the usual place.
 struct SourceOptions {

@@ -6,7 +6,6 @@
 #include <chrono>
 
 #include "Cli/Output.hpp"
-#include "Cli/Sizes.hpp"
 #include "Foundation/Locale.hpp"
 #include "Foundation/Printable.hpp"
 #include "Session/HostEnvironment.hpp"
@@ -74,7 +73,7 @@ rendering::RenderOptions renderOptions(WidgetFamily family,
                                        const foundation::Device& device,
                                        const std::filesystem::path& images) {
   rendering::RenderOptions result;
-  result.size = options.size.value_or(sizeOf(family, options.preset));
+  result.size = options.size.value_or(surfaces::presetSize(family, options.preset));
   result.scale = options.scale;
   result.appearance = options.appearance;
   result.mode = options.mode;

@@ -88,6 +88,7 @@ void Operations::handle(ControlServer::Client client,
   if (method == "remove") return reply(remove(parameters));
   if (method == "configure") return reply(configure(parameters));
   if (method == "move") return reply(move(parameters));
+  if (method == "board") return reply(board());
   if (method == "watch") return reply(watch(client, parameters));
   if (method == "open") return open(parameters, std::move(reply));
   if (method == "perform") return perform(parameters, std::move(reply));
@@ -154,6 +155,14 @@ Operations::Answer Operations::move(const Parameters& parameters) {
   if (surface == "board") return answer(host_.moveOnBoard(id, {*column, *row}));
   if (surface != "desktop") return invalid("surface: desktop or board is expected");
   return answer(host_.moveOnDesktop(id, {text(parameters, "output"), *column, *row}));
+}
+
+Operations::Answer Operations::board() {
+  const auto url = openBoard();
+  if (!url) return refused(url.error());
+  JsonWriter json;
+  json.beginObject().member("url", *url).endObject();
+  return json.take();
 }
 
 Operations::Answer Operations::watch(ControlServer::Client client, const Parameters& parameters) {

@@ -17,6 +17,9 @@ class Operations {
               const foundation::JsonValue& parameters,
               ControlServer::Reply reply);
 
+  /// Opens the board; its address, or why there is none.
+  std::function<std::expected<std::string, std::string>()> openBoard;
+
  private:
   using Answer = ControlServer::Answer;
   using Parameters = foundation::JsonValue;
@@ -28,6 +31,7 @@ class Operations {
   [[nodiscard]] Answer remove(const Parameters& parameters);
   [[nodiscard]] Answer configure(const Parameters& parameters);
   [[nodiscard]] Answer move(const Parameters& parameters);
+  [[nodiscard]] Answer board();
   [[nodiscard]] Answer watch(ControlServer::Client client, const Parameters& parameters);
   void open(const Parameters& parameters, ControlServer::Reply reply);
   void perform(const Parameters& parameters, ControlServer::Reply reply);

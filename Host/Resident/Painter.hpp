@@ -25,8 +25,9 @@ struct DrawRequest {
   Slot slot;
   viewkit::View view;
   surfaces::Demand demand;
-  double opacity = 1;     ///< of bitmaps
-  bool isForced = false;  ///< drawn also when nothing has changed
+  double opacity = 1;      ///< of bitmaps
+  bool isForced = false;   ///< drawn also when nothing has changed
+  bool isPassing = false;  ///< for one question: always drawn, replaced by nothing, not remembered
 };
 
 struct Drawn {

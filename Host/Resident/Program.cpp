@@ -9,6 +9,7 @@
 #include <optional>
 
 #include "Foundation/Device.hpp"
+#include "Resident/Board.hpp"
 #include "Resident/ControlServer.hpp"
 #include "Resident/ExtensionAsker.hpp"
 #include "Resident/FolderWatch.hpp"
@@ -97,6 +98,7 @@ class Program {
   Resident host_;
   Watchers watchers_;
   Operations operations_;
+  Board board_;
   ControlServer server_;
   FolderWatch zone_;
   std::optional<ContainerWatch> container_;
@@ -132,6 +134,11 @@ Program::Program(const HostOptions& options,
             std::move(placements)),
       watchers_(host_),
       operations_(host_, asker_, watchers_),
+      board_({.loop = loop_,
+              .host = host_,
+              .asker = asker_,
+              .painter = painter_,
+              .device = deviceAt()}),
       server_(loop_,
               std::move(listening.listener),
               ::getuid(),
@@ -150,7 +157,12 @@ Program::Program(const HostOptions& options,
   host_.addSurface(watchers_);
   host_.openLink = [this](const auto& link, auto then) { links_.open(link, std::move(then)); };
   host_.onOffer = [this](const auto& offer) { watchContainer(offer.container); };
-  host_.onPlacements = [this] { watchers_.refresh(); };
+  host_.onPlacements = [this] {
+    watchers_.refresh();
+    board_.tellState();
+  };
+  host_.onPrivacy = [this] { board_.tellState(); };
+  operations_.openBoard = [this] { return board_.open(); };
   watchers_.tell = [this](auto client, const auto& json) {
     server_.notify(client, "summary", json);
   };

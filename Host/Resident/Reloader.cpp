@@ -109,6 +109,8 @@ void Reloader::settle(const Ask& ask,
 
 void Reloader::retryAfter(Pause pause) {
   // All wait for the same child: the latest word counts for every one of them.
+  retryAt_ = clock_.now();
+  retryAt_.seconds += std::chrono::ceil<std::chrono::seconds>(pause).count();
   retry_ = loop_.after(pause, [this] {
     retry_.reset();
     scheduler_.retryFailed();

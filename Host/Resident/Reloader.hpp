@@ -43,6 +43,10 @@ class Reloader {
   [[nodiscard]] Scheduler::Outlook outlook(const std::string& id) const {
     return scheduler_.outlook(id);
   }
+  /// When what failed is asked for again; nothing while nothing has.
+  [[nodiscard]] std::optional<foundation::Instant> nextRetry() const {
+    return retry_ ? std::optional(retryAt_) : std::nullopt;
+  }
   [[nodiscard]] DocumentVersion documentVersion() const { return version_; }
   [[nodiscard]] foundation::Instant now() const { return clock_.now(); }
 
@@ -69,6 +73,7 @@ class Reloader {
   std::map<std::string, Instance> instances_;
   DocumentVersion version_ = 0;
   Watch retry_;
+  foundation::Instant retryAt_;
 };
 
 }  // namespace resident

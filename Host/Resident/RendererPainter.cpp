@@ -102,6 +102,7 @@ struct RendererPainter::Studio {
   }
 
   std::shared_ptr<const Picture> paintIfChanged(const DrawRequest& request) {
+    if (request.isPassing) return paint(request);
     auto images = imageStamps(request.view, request.demand.options.container);
     const auto last = drawn.find(request.slot.key());
     if (last != drawn.end() && !request.isForced) {
@@ -123,7 +124,7 @@ RendererPainter::RendererPainter(Loop& loop, std::string folder)
 RendererPainter::~RendererPainter() = default;
 
 void RendererPainter::draw(Urgency urgency, DrawRequest request, std::function<void(Drawn)> then) {
-  std::string key = request.slot.key();
+  std::string key = request.isPassing ? std::string{} : request.slot.key();
   worker_.submit(urgency,
                  std::move(key),
                  [this, request = std::move(request), then = std::move(then)]() -> Continuation {

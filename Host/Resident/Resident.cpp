@@ -138,6 +138,7 @@ void Resident::withPrivacy(const std::function<void(Privacy&)>& change) {
   const bool wasHidden = privacy_.isHidden();
   change(privacy_);
   if (privacy_.isHidden() != wasHidden) presentAll(Urgency::person);
+  if (onPrivacy) onPrivacy();
 }
 
 void Resident::save() {

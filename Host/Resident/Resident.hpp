@@ -45,6 +45,8 @@ class Resident : public surfaces::Host {
   std::function<void(const widgetruntime::InitializeAnswer&)> onOffer;
   /// Placements or their configurations are others now.
   std::function<void()> onPlacements;
+  /// Amounts are hidden, or shown, that were not.
+  std::function<void()> onPrivacy;
 
   // What happens around it.
   void documentChanged() { reloader_.documentChanged(); }

@@ -6,6 +6,10 @@
 
 namespace surfaces {
 
+/// Screens with known widget sizes: the widest, the usual and the narrowest.
+enum class Preset { standard, compact, stress };
+
+[[nodiscard]] rendering::Size presetSize(widgetruntime::WidgetFamily family, Preset preset);
 [[nodiscard]] rendering::Size standardSize(widgetruntime::WidgetFamily family);
 
 }  // namespace surfaces

@@ -82,8 +82,13 @@ TEST(Needed, theCommandLineLoadsNoEventLoopAndNoWebServer) {
 TEST(Needed, theResidentHostLoadsOneEventLoopAndNoDesktop) {
   const Names needed = neededBy("quorvel-hostd");
   ASSERT_THAT(needed, ::testing::Contains("libsystemd"));
-  const Names allowed{
-      "libfreetype", "libharfbuzz", "libpng16", "libjpeg", "libdeflate", "libsystemd"};
+  const Names allowed{"libfreetype",
+                      "libharfbuzz",
+                      "libpng16",
+                      "libjpeg",
+                      "libdeflate",
+                      "libsystemd",
+                      "libmicrohttpd"};
   EXPECT_THAT(without(without(without(needed, languageRuntime()), foundation()), allowed),
               ::testing::IsEmpty());
 }

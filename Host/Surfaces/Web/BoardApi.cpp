@@ -74,11 +74,6 @@ Answer hide(BoardHost& host, const BoardChange& change) {
   return done();
 }
 
-Answer open(BoardHost& host, const BoardChange& change) {
-  if (!change.id) return lacks("id");
-  return replyOf(host.open(*change.id, change.region));
-}
-
 /// What answers at once.
 constexpr std::pair<std::string_view, Answer (*)(BoardHost&, const BoardChange&)> kChanges[] = {
     {"/add", add},
@@ -87,7 +82,6 @@ constexpr std::pair<std::string_view, Answer (*)(BoardHost&, const BoardChange&)
     {"/move", move},
     {"/reload", reload},
     {"/hide", hide},
-    {"/open", open},
 };
 
 /// Cuts what it ends with; false when it ends otherwise.
@@ -162,10 +156,14 @@ void BoardApi::answerPreview(const WebRequest& request, const Respond& respond) 
 void BoardApi::change(const WebRequest& request, const Respond& respond) {
   const auto wanted = readChange(request.body);
   if (!wanted) return respond(refusal(wanted.error()));
+  const auto then = [respond](const auto& answer) { respond(replyOf(answer)); };
   if (request.path == "/perform") {
     if (!wanted->intent) return respond(refusal(lacks("intent").error()));
-    return host_.perform(*wanted->intent,
-                         [respond](const auto& answer) { respond(replyOf(answer)); });
+    return host_.perform(*wanted->intent, then);
+  }
+  if (request.path == "/open") {
+    if (!wanted->id) return respond(refusal(lacks("id").error()));
+    return host_.open(*wanted->id, wanted->region, then);
   }
   for (const auto& [path, operation] : kChanges) {
     if (request.path != path) continue;

@@ -10,12 +10,10 @@
 
 #include "Foundation/Instant.hpp"
 #include "Surfaces/Surface.hpp"
+#include "Surfaces/WidgetSize.hpp"
 #include "WidgetRuntime/Messages.hpp"
 
 namespace surfaces {
-
-/// Screens with known widget sizes.
-enum class BoardPreset { standard, compact, stress };
 
 /// How a page shows widgets. Only what is drawn for the page depends on it.
 struct BoardView {
@@ -24,7 +22,7 @@ struct BoardView {
   std::optional<viewkit::Rgb> tint;
   bool showsBackground = true;
   bool hidesAmounts = false;  ///< the host hides them in any case while it must
-  BoardPreset preset = BoardPreset::standard;
+  Preset preset = Preset::standard;
   std::optional<foundation::Instant> now;  ///< absent: the wall clock
 };
 
@@ -52,7 +50,6 @@ struct BoardPicture {
   rendering::Size size;       ///< points
   Shown shown;                ///< its picture holds an SVG
   std::string name;           ///< the widget's, for who cannot see it
-  std::string note;           ///< what the person should know of the configuration; empty: nothing
   std::optional<foundation::Instant> since;  ///< when it began to be stale or failed
   std::optional<foundation::Instant> nextTry;
 };
@@ -88,9 +85,9 @@ class BoardHost {
   [[nodiscard]] virtual Answer<void> move(const std::string& id, int column, int row) = 0;
   [[nodiscard]] virtual Answer<void> reload(const std::string& id) = 0;  ///< empty: all
   virtual void hide(bool hides) = 0;
-  /// Follows a link of what is shown: of an element of the picture, else the widget's own.
-  [[nodiscard]] virtual Answer<void> open(const std::string& id,
-                                          std::optional<std::size_t> region) = 0;
+  /// Follows a link of what the page was last given: of an element of the picture, else the
+  /// widget's own.
+  virtual void open(const std::string& id, std::optional<std::size_t> region, Then<void> then) = 0;
 };
 
 }  // namespace surfaces

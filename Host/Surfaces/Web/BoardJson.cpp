@@ -103,10 +103,10 @@ std::optional<viewkit::Rgb> tintOf(std::string_view text) {
   return tint;
 }
 
-std::optional<BoardPreset> presetNamed(std::string_view name) {
-  if (name == "standard") return BoardPreset::standard;
-  if (name == "compact") return BoardPreset::compact;
-  if (name == "stress") return BoardPreset::stress;
+std::optional<Preset> presetNamed(std::string_view name) {
+  if (name == "standard") return Preset::standard;
+  if (name == "compact") return Preset::compact;
+  if (name == "stress") return Preset::stress;
   return std::nullopt;
 }
 
@@ -179,11 +179,18 @@ std::string errorJson(std::string_view line) {
   return json.take();
 }
 
+std::string changeJson(const std::string& id, std::uint64_t version) {
+  JsonWriter json;
+  json.beginObject().member("id", id);
+  json.member("version", static_cast<std::int64_t>(version)).endObject();
+  return json.take();
+}
+
 std::string stateJson(const BoardState& state) {
   JsonWriter json;
   json.beginObject().member("container", state.container).member("zone", state.timeZone);
   json.member("hidden", state.isHidden).member("locked", state.isLocked);
-  if (state.took) json.member("milliseconds", std::round(state.took->count() / 1000.0));
+  if (state.took) json.member("milliseconds", std::round(static_cast<double>(state.took->count()) / 1000));
   if (state.control) {
     json.key("control").beginObject().member("name", state.control->displayName);
     json.member("description", state.control->description);
@@ -202,7 +209,7 @@ std::string pictureJson(const std::string& id, const BoardPicture& picture) {
   JsonWriter json;
   json.beginObject().member("id", id).member("version", static_cast<std::int64_t>(picture.version));
   json.member("state", name(shown.state)).member("reason", shown.reason);
-  json.member("note", picture.note).member("label", picture.name);
+  json.member("label", picture.name);
   const auto time = [&](std::string_view key, const std::optional<foundation::Instant>& instant) {
     if (instant) json.member(key, foundation::formatInternetDateTime(*instant));
   };
@@ -222,7 +229,7 @@ std::string optionsJson(const widgetruntime::OptionsAnswer& answer) {
   json.beginObject();
   writeOptions(json, "options", answer.options);
   if (answer.defaultOption) json.member("default", *answer.defaultOption);
-  json.member("more", answer.more).endObject();
+  json.endObject();
   return json.take();
 }
 

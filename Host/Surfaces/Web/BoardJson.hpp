@@ -13,6 +13,8 @@ namespace surfaces {
 [[nodiscard]] std::string pictureJson(const std::string& id, const BoardPicture& picture);
 [[nodiscard]] std::string optionsJson(const widgetruntime::OptionsAnswer& answer);
 [[nodiscard]] std::string errorJson(std::string_view line);
+/// The event of a widget whose picture has changed.
+[[nodiscard]] std::string changeJson(const std::string& id, std::uint64_t version);
 
 /// The page's settings in a query; absent ones have their defaults. The error is one line.
 [[nodiscard]] std::expected<BoardView, std::string> readView(

@@ -1,10 +1,10 @@
 // The sizes of the families on the three screens, and which family stands for a widget.
 #include <gtest/gtest.h>
 
-#include "Cli/Sizes.hpp"
 #include "Session/HostEnvironment.hpp"
+#include "Surfaces/WidgetSize.hpp"
 
-namespace cli {
+namespace surfaces {
 namespace {
 
 using rendering::Size;
@@ -27,9 +27,9 @@ TEST(Sizes, areThoseOfTheScreens) {
       {WidgetFamily::accessoryInline, {257, 26}, {234, 26}, {225, 26}},
   };
   for (const Row& row : rows) {
-    EXPECT_EQ(sizeOf(row.family, Preset::standard), row.standard);
-    EXPECT_EQ(sizeOf(row.family, Preset::compact), row.compact);
-    EXPECT_EQ(sizeOf(row.family, Preset::stress), row.stress);
+    EXPECT_EQ(presetSize(row.family, Preset::standard), row.standard);
+    EXPECT_EQ(presetSize(row.family, Preset::compact), row.compact);
+    EXPECT_EQ(presetSize(row.family, Preset::stress), row.stress);
   }
 }
 
@@ -42,4 +42,4 @@ TEST(Sizes, smallStandsForAWidgetThatDeclaresIt) {
 }
 
 }  // namespace
-}  // namespace cli
+}  // namespace surfaces

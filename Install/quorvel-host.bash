@@ -27,6 +27,7 @@ _quorvel_host_options() {
     add | configure) own='--family --configure' ;;
     move) own='--output' ;;
     open) own='--region' ;;
+    board) own='--no-open' ;;
     watch) own='--format' ;;
     reload | hide | remove) own='' ;;
     bench) own="--kind --images --warmup $picture --png $place --languages $data" ;;
@@ -117,7 +118,7 @@ _quorvel_host() {
   local choices=''
   if ((last <= 1)); then
     choices='list render sheet gallery timeline options validate sample perform status reload hide add remove configure'
-    choices+=' move open watch bench doctor --help'
+    choices+=' move open board watch bench doctor --help'
   else
     case $option in
       --family)

@@ -18,6 +18,7 @@ namespace cli {
 [[nodiscard]] Result<void> perform(const Options& options, const Program& program);
 [[nodiscard]] Result<void> status(const Options& options, const Program& program);
 [[nodiscard]] Result<void> reload(const Options& options, const Program& program);
+[[nodiscard]] Result<void> board(const Options& options, const Program& program);
 [[nodiscard]] Result<void> hide(const Options& options, const Program& program);
 [[nodiscard]] Result<void> add(const Options& options, const Program& program);
 [[nodiscard]] Result<void> removePlacement(const Options& options, const Program& program);

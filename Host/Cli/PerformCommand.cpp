@@ -1,29 +1,12 @@
 // `perform`: runs an intent in the extension, then opens the application if the intent asks for
 // that.
-#include <poll.h>
-
 #include "Cli/Commands.hpp"
 #include "Cli/Guest.hpp"
+#include "Cli/Links.hpp"
 #include "Cli/Output.hpp"
 #include "Opening/LinkOpener.hpp"
 
 namespace cli {
-namespace {
-
-Result<void> openLink(const std::string& link, const std::string& program) {
-  opening::LinkOpener opener{link, program};
-  for (;;) {
-    if (const auto opened = opener.proceed()) {
-      if (!*opened) return refused(opened->error());
-      return {};
-    }
-    pollfd polled{opener.descriptor(), POLLIN, 0};
-    ::poll(&polled, 1, -1);
-  }
-}
-
-}  // namespace
-
 Result<void> perform(const Options& options, const Program& program) {
   auto guest = Guest::open(options.source, program);
   if (!guest) return std::unexpected(guest.error());

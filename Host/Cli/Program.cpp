@@ -29,6 +29,7 @@ Result<void> runCommand(std::string_view name, const Options& options, const Pro
   if (name == "configure") return configure(options, program);
   if (name == "move") return move(options, program);
   if (name == "open") return open(options, program);
+  if (name == "board") return board(options, program);
   if (name == "watch") return watch(options, program);
   if (name == "bench") return bench(options, program);
   return doctor(options, program);

@@ -74,6 +74,11 @@ void describeOpen(CLI::App& app, Options& options) {
       ->type_name("N");
 }
 
+void describeBoard(CLI::App& app, Options& options) {
+  app.add_flag_callback(
+      "--no-open", [&options] { options.open = false; }, "Print the page's address instead");
+}
+
 void describeWatch(CLI::App& app, Options& options) {
   addTarget(app, options)->required();
   app.add_option_function<std::string>(

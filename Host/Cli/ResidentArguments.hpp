@@ -17,6 +17,7 @@ void describeRemove(CLI::App& app, Options& options);
 void describeConfigure(CLI::App& app, Options& options);
 void describeMove(CLI::App& app, Options& options);
 void describeOpen(CLI::App& app, Options& options);
+void describeBoard(CLI::App& app, Options& options);
 void describeWatch(CLI::App& app, Options& options);
 
 }  // namespace cli

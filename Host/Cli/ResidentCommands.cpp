@@ -1,11 +1,12 @@
-// `status`, `reload`, `hide`, `add`, `remove`, `configure`, `move`, `open`: what a person asks of
-// the resident host.
+// `status`, `reload`, `hide`, `add`, `remove`, `configure`, `move`, `open`, `board`: what a person
+// asks of the resident host.
 #include <fmt/format.h>
 
 #include <charconv>
 
 #include "Cli/Commands.hpp"
 #include "Cli/HostRequest.hpp"
+#include "Cli/Links.hpp"
 #include "Cli/Output.hpp"
 #include "Foundation/JsonWriter.hpp"
 #include "Foundation/Printable.hpp"
@@ -131,6 +132,14 @@ Result<void> add(const Options& options, const Program& program) {
   const auto result = askHost(program, "add", json.text());
   if (!result) return std::unexpected(result.error());
   return print(foundation::printable(textIn(*result, "id")) + "\n");
+}
+
+Result<void> board(const Options& options, const Program& program) {
+  const auto result = askHost(program, "board", "{}");
+  if (!result) return std::unexpected(result.error());
+  const std::string url = textIn(*result, "url");
+  // The address lets its bearer see every amount: it is handed to the person's browser alone.
+  return options.open ? openLink(url) : print(foundation::printable(url) + "\n");
 }
 
 Result<void> removePlacement(const Options& options, const Program& program) {

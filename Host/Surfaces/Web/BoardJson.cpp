@@ -190,7 +190,8 @@ std::string stateJson(const BoardState& state) {
   JsonWriter json;
   json.beginObject().member("container", state.container).member("zone", state.timeZone);
   json.member("hidden", state.isHidden).member("locked", state.isLocked);
-  if (state.took) json.member("milliseconds", std::round(static_cast<double>(state.took->count()) / 1000));
+  if (state.took)
+    json.member("milliseconds", std::round(static_cast<double>(state.took->count()) / 1000));
   if (state.control) {
     json.key("control").beginObject().member("name", state.control->displayName);
     json.member("description", state.control->description);

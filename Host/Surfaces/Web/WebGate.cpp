@@ -72,7 +72,7 @@ std::optional<Refusal> refuseBody(const RequestHead& head) {
   const std::string& text = head.contentLengths.front();
   std::uint64_t length = 0;
   const auto read = std::from_chars(text.data(), text.data() + text.size(), length);
-  if (read.ptr != text.data() + text.size() || text.empty())
+  if (read.ec != std::errc{} || read.ptr != text.data() + text.size())
     return Refusal{400, "The length is no number."};
   if (length > kMaximumBody) return Refusal{413, "A request has at most 1 MiB."};
   // A form of a foreign page can send no JSON without asking first.

@@ -7,8 +7,8 @@
 
 namespace cli {
 
-/// Hands the link to `program`, or to what the desktop has registered, and waits until it was taken;
-/// refused with one line.
+/// Hands the link to `program`, or to what the desktop has registered, and waits until it was
+/// taken; refused with one line.
 [[nodiscard]] Result<void> openLink(const std::string& link, const std::string& program = {});
 
 }  // namespace cli

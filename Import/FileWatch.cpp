@@ -107,10 +107,10 @@ bool FileWatch::readChanges() {
 }
 
 void FileWatch::setClock(foundation::Instant time) {
-  itimerspec spec{};
-  spec.it_value.tv_sec = time.seconds;
-  spec.it_value.tv_nsec = std::max(time.nanoseconds, 1);  // nothing at all would mean never
-  ::timerfd_settime(clock_.get(), TFD_TIMER_ABSTIME | TFD_TIMER_CANCEL_ON_SET, &spec, nullptr);
+  itimerspec wake{};
+  wake.it_value.tv_sec = time.seconds;
+  wake.it_value.tv_nsec = std::max(time.nanoseconds, 1);  // nothing at all would mean never
+  ::timerfd_settime(clock_.get(), TFD_TIMER_ABSTIME | TFD_TIMER_CANCEL_ON_SET, &wake, nullptr);
 }
 
 WatchEvent FileWatch::wait(foundation::Instant time) {

@@ -10,6 +10,14 @@ using foundation::Instant;
 using surfaces::Subject;
 using widgetruntime::EntriesAnswer;
 
+namespace {
+
+Urgency urgencyOf(const Ask& ask) {
+  return ask.isAwaited ? Urgency::person : Urgency::reload;
+}
+
+}  // namespace
+
 Reloader::Reloader(Loop& loop, WallClock& clock, Asker& asker, DeviceAt device)
     : loop_(loop), clock_(clock), asker_(asker), device_(std::move(device)) {
   clock_.onTime = [this] {
@@ -73,8 +81,7 @@ void Reloader::pump() {
 void Reloader::ask(const Ask& due) {
   const Instant now = clock_.now();
   const auto begin = std::chrono::steady_clock::now();
-  const Urgency urgency = due.cause == Cause::person ? Urgency::person : Urgency::reload;
-  asker_.timeline(urgency,
+  asker_.timeline(urgencyOf(due),
                   due.instance,
                   parametersOf(instances_.at(due.instance).subject, now),
                   [this, due, now, begin, version = version_, modes = modes_](auto answer) {
@@ -91,7 +98,6 @@ void Reloader::settle(const Ask& ask,
                       DocumentVersion version,
                       const Modes& modes,
                       Asked<EntriesAnswer> answer) {
-  const Urgency urgency = ask.cause == Cause::person ? Urgency::person : Urgency::reload;
   if (answer && answer->entries.empty()) {
     answer = std::unexpected(AskFailure{"the extension: a timeline without entries", std::nullopt});
   }
@@ -103,7 +109,7 @@ void Reloader::settle(const Ask& ask,
     if (!scheduler_.answered(ask, InstanceTimeline::planOf(*answer, asked))) return;
     instances_.at(ask.instance).timeline.answered(*std::move(answer), modes, version);
   }
-  notify(ask.instance, urgency);
+  notify(ask.instance, urgencyOf(ask));
   pump();
 }
 

@@ -63,19 +63,27 @@ void Resident::start() {
 }
 
 void Resident::askForOffer() {
+  if (isOfferAsked_) {
+    isOfferWanted_ = true;
+    return;
+  }
+  isOfferAsked_ = true;
+  offerRetry_.reset();
   parts_.asker.initialize(
       [this](Asked<InitializeAnswer> offer) { receiveOffer(std::move(offer)); });
 }
 
 void Resident::receiveOffer(Asked<InitializeAnswer> offer) {
+  isOfferAsked_ = false;
   if (!offer) {
     if (problem_ != offer.error().reason) {
       problem_ = offer.error().reason;
       parts_.log("the extension does not start: " + problem_);
     }
     using namespace std::chrono_literals;
-    offerRetry_ = parts_.loop.after(std::max<Pause>(offer.error().retryIn.value_or(30s), 10ms),
-                                    [this] { askForOffer(); });
+    const bool isWanted = std::exchange(isOfferWanted_, false);
+    const Pause pause = isWanted ? Pause{} : offer.error().retryIn.value_or(30s);
+    offerRetry_ = parts_.loop.after(std::max<Pause>(pause, 10ms), [this] { askForOffer(); });
     return;
   }
   problem_.clear();

@@ -123,6 +123,8 @@ class Resident : public surfaces::Host {
   Reloader reloader_;
   Presenter presenter_;
   std::optional<widgetruntime::InitializeAnswer> offer_;
+  bool isOfferAsked_ = false;   // an answer is awaited
+  bool isOfferWanted_ = false;  // somebody has asked for it since
   std::string problem_;
   std::string loggedReason_;
   std::map<std::string, surfaces::Subject> passing_;

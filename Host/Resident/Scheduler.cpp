@@ -37,7 +37,7 @@ void Scheduler::requestAllAfterClockChange() {
 
 void Scheduler::retryFailed() {
   for (auto& [instance, row] : rows_) {
-    if (row.hasFailed && !row.wanted) row.wanted = Cause::retry;
+    if (row.hasFailed && !row.wanted && row.latest == row.settled) row.wanted = Cause::retry;
   }
 }
 
@@ -52,35 +52,37 @@ std::vector<Ask> Scheduler::take(Instant now) {
     if (!row.wanted) continue;
     row.lastCause = row.wanted;
     row.latest = ++serial_;
-    asks.push_back({instance, *row.wanted, serial_});
+    if (row.wanted == Cause::person) row.awaited = serial_;
+    asks.push_back({instance, *row.wanted, serial_, row.awaited > row.settled});
     row.wanted.reset();
   }
   return asks;
 }
 
-bool Scheduler::answered(const Ask& ask, Plan plan) {
+Scheduler::Row* Scheduler::settle(const Ask& ask) {
   const auto found = rows_.find(ask.instance);
-  if (found == rows_.end() || ask.serial <= found->second.settled) return false;
-  Row& row = found->second;
-  row.settled = ask.serial;
-  row.hasFailed = false;
-  if (plan.reload && row.reloadedByDate) {
-    const Instant earliest{row.reloadedByDate->seconds + kShortestInterval,
-                           row.reloadedByDate->nanoseconds};
+  if (found == rows_.end() || ask.serial <= found->second.settled) return nullptr;
+  found->second.settled = ask.serial;
+  return &found->second;
+}
+
+bool Scheduler::answered(const Ask& ask, Plan plan) {
+  Row* row = settle(ask);
+  if (row == nullptr) return false;
+  row->hasFailed = false;
+  if (plan.reload && row->reloadedByDate) {
+    const Instant earliest{row->reloadedByDate->seconds + kShortestInterval,
+                           row->reloadedByDate->nanoseconds};
     plan.reload = std::max(*plan.reload, earliest);
   }
-  row.plan = std::move(plan);
+  row->plan = std::move(plan);
   return true;
 }
 
 bool Scheduler::failed(const Ask& ask) {
-  const auto found = rows_.find(ask.instance);
-  if (found == rows_.end() || ask.serial != found->second.latest ||
-      ask.serial <= found->second.settled) {
-    return false;
-  }
-  found->second.settled = ask.serial;
-  found->second.hasFailed = true;
+  Row* row = settle(ask);
+  if (row == nullptr) return false;
+  row->hasFailed = true;
   return true;
 }
 

@@ -1,7 +1,9 @@
 // Which instances are asked for a new timeline, when and why. Pure: the clock is handed in.
 //
-// A reload comes from the policy's date or from an event. Of several events before an answer the
-// latest counts; answers that a newer request has overtaken are told apart by their serial number.
+// A reload comes from the policy's date or from an event; of several events before a request the
+// latest is its cause. Whatever comes back is used even when a newer request waits, unless
+// something newer came back before: serial numbers tell. Asking without a pause so never hides an
+// answer.
 #pragma once
 
 #include <cstdint>
@@ -31,6 +33,7 @@ struct Ask {
   std::string instance;
   Cause cause = Cause::start;
   std::uint64_t serial = 0;
+  bool isAwaited = false;  ///< by a person: this request, or one that it replaces
 
   friend bool operator==(const Ask&, const Ask&) = default;
 };
@@ -53,15 +56,14 @@ class Scheduler {
   void requestAll(Cause cause);
   /// The clock was set: dates that were reckoned with the old one count no more.
   void requestAllAfterClockChange();
-  /// Those whose latest request failed.
+  /// Those whose latest request failed, and that are not being asked again.
   void retryFailed();
 
   /// What is to be asked now, in the order of the instances' names.
   [[nodiscard]] std::vector<Ask> take(foundation::Instant now);
 
-  /// False for an answer that nobody waits for any more: the instance is gone.
+  /// False when it comes too late: something newer came back, or the instance is gone.
   bool answered(const Ask& ask, Plan plan);
-  /// False when a newer request is on its way, so that this failure says nothing.
   bool failed(const Ask& ask);
 
   /// Instances whose entry changes at or before now; each is named once for each passed date.
@@ -84,9 +86,13 @@ class Scheduler {
     std::uint64_t latest = 0;   // serial of the newest request
     std::uint64_t settled = 0;  // newest serial that was answered or has failed
     bool hasFailed = false;
+    std::uint64_t awaited = 0;  // serial of the newest request that a person made
     std::optional<foundation::Instant> reloadedByDate;
     Plan plan;
   };
+
+  /// The instance's row, when this is the newest that came back.
+  Row* settle(const Ask& ask);
 
   std::map<std::string, Row> rows_;
   std::uint64_t serial_ = 0;

@@ -1,5 +1,7 @@
-// Work that waits for a thread: by urgency, then in the order in which it came. Work of a key that
-// is already waiting takes its place.
+// Work that waits for a thread: by urgency, then in the order in which it came.
+//
+// Work of a key that is already waiting is replaced where it stands: who asks again and again
+// neither loses a turn nor takes another's. Whatever others have gone before so often is next.
 #pragma once
 
 #include <algorithm>
@@ -17,24 +19,30 @@ enum class Urgency : std::uint8_t { person, reload, preview };
 template <class Work>
 class WorkQueue {
  public:
+  /// How often later work may go before one piece.
+  static constexpr int kPatience = 8;
+
   /// An empty key is replaced by nothing. The more urgent of old and new counts.
   void push(Urgency urgency, std::string key, Work work) {
     if (!key.empty()) {
       const auto same = std::ranges::find(items_, key, &Item::key);
       if (same != items_.end()) {
-        urgency = std::min(urgency, same->urgency);
-        items_.erase(same);
+        same->work = std::move(work);
+        same->urgency = std::min(urgency, same->urgency);
+        return;
       }
     }
-    const auto later =
-        std::ranges::find_if(items_, [&](const Item& item) { return item.urgency > urgency; });
-    items_.insert(later, Item{urgency, std::move(key), std::move(work)});
+    items_.push_back({urgency, 0, std::move(key), std::move(work)});
   }
 
   [[nodiscard]] std::optional<Work> pop() {
     if (items_.empty()) return std::nullopt;
-    Work work = std::move(items_.front().work);
-    items_.pop_front();
+    auto next =
+        std::ranges::find_if(items_, [](const Item& item) { return item.passed >= kPatience; });
+    if (next == items_.end()) next = std::ranges::min_element(items_, {}, &Item::urgency);
+    for (auto earlier = items_.begin(); earlier != next; ++earlier) ++earlier->passed;
+    Work work = std::move(next->work);
+    items_.erase(next);
     return work;
   }
 
@@ -45,10 +53,11 @@ class WorkQueue {
  private:
   struct Item {
     Urgency urgency;
+    int passed;  // how often later work went before it
     std::string key;
     Work work;
   };
-  std::deque<Item> items_;
+  std::deque<Item> items_;  // in the order in which they came
 };
 
 }  // namespace resident

@@ -54,10 +54,10 @@ int statusFrom(int status) {
 
 std::vector<pid_t> childrenOf(pid_t process) {
   std::vector<pid_t> children;
-  std::error_code gone;  // the process may end meanwhile
-  const fs::directory_iterator tasks("/proc/" + std::to_string(process) + "/task", gone);
-  for (const auto& task : tasks) {
-    std::ifstream list(task.path() / "children");
+  std::error_code gone;  // the process may end at any moment, and reading its folder then fails
+  fs::directory_iterator task("/proc/" + std::to_string(process) + "/task", gone);
+  for (; !gone && task != fs::directory_iterator(); task.increment(gone)) {
+    std::ifstream list(task->path() / "children");
     for (pid_t child = 0; list >> child;) children.push_back(child);
   }
   return children;
@@ -180,24 +180,28 @@ std::string HostProcess::textOf(const std::string& id, const std::string& member
   return value != nullptr && value->string() != nullptr ? *value->string() : std::string{};
 }
 
+bool HostProcess::haveAll(const std::string& state) {
+  return isOfEach(
+      [&](const JsonValue& placement) { return *placement.member("state")->string() == state; });
+}
+
 bool HostProcess::areAll(const std::string& state) {
-  const JsonValue status = ask("status");
-  const JsonValue* placements = status.member("placements");
-  if (placements == nullptr || placements->array()->empty()) return false;
-  for (const JsonValue& placement : *placements->array()) {
-    if (*placement.member("state")->string() != state) return false;
-    if (*placement.member("isAsked")->boolean()) return false;
-  }
-  return true;
+  return isOfEach([&](const JsonValue& placement) {
+    return *placement.member("state")->string() == state &&
+           !*placement.member("isAsked")->boolean();
+  });
 }
 
 bool HostProcess::isAsking() {
+  return !isOfEach(
+      [](const JsonValue& placement) { return !*placement.member("isAsked")->boolean(); });
+}
+
+bool HostProcess::isOfEach(const std::function<bool(const JsonValue&)>& condition) {
   const JsonValue status = ask("status");
   const JsonValue* placements = status.member("placements");
-  if (placements == nullptr) return false;
-  return std::ranges::any_of(*placements->array(), [](const JsonValue& placement) {
-    return *placement.member("isAsked")->boolean();
-  });
+  return placements != nullptr && !placements->array()->empty() &&
+         std::ranges::all_of(*placements->array(), condition);
 }
 
 bool HostProcess::until(const std::function<bool()>& condition) {

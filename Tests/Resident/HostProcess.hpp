@@ -41,9 +41,10 @@ class HostProcess {
   /// Of the placement with that id.
   [[nodiscard]] foundation::JsonValue placement(const std::string& id);
   [[nodiscard]] std::string textOf(const std::string& id, const std::string& member);
+  /// Every placement has this state, though it may be asked again already.
+  [[nodiscard]] bool haveAll(const std::string& state);
   /// Every placement has this state and none is being asked.
   [[nodiscard]] bool areAll(const std::string& state);
-
   [[nodiscard]] bool isAsking();
 
   /// Asks again and again until it is so; false after half a minute.
@@ -60,6 +61,7 @@ class HostProcess {
   [[nodiscard]] std::vector<std::string> environment() const;
 
  private:
+  [[nodiscard]] bool isOfEach(const std::function<bool(const foundation::JsonValue&)>& condition);
   void waitUntilReady(const foundation::FileDescriptor& notices) const;
 
   testsupport::TemporaryFolder folder_;

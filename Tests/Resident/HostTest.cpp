@@ -23,14 +23,13 @@ using testsupport::contentsOf;
 
 class HostTest : public ::testing::Test {
  protected:
-  /// As fast as a person presses a key.
-  void askAgain() {
-    const auto now = std::chrono::steady_clock::now();
-    if (now < nextAsking_) return;
-    nextAsking_ = now + std::chrono::milliseconds(400);
-    host.ask("reload");
+  /// Asks for a reload without a pause until every widget is live.
+  bool comesBack() {
+    return HostProcess::until([&] {
+      host.ask("reload");
+      return host.haveAll("live");
+    });
   }
-  std::chrono::steady_clock::time_point nextAsking_{};
 
   void startLive() {
     host.writeDocument(household());
@@ -191,10 +190,7 @@ TEST_F(HostTest, LivesWhileItsExtensionIsKilledAtAnyMoment) {
     host.ask("reload");
     if (const pid_t child = host.extensionId(); child > 0) ::kill(child, SIGKILL);
   }
-  ASSERT_TRUE(HostProcess::until([&] {
-    askAgain();
-    return host.areAll("live");
-  }));
+  ASSERT_TRUE(comesBack()) << host.log();
 }
 
 class Misbehaviour : public HostTest, public ::testing::WithParamInterface<const char*> {};
@@ -211,10 +207,7 @@ TEST_P(Misbehaviour, CostsNothingButCurrency) {
   // The last picture stands, paler.
   ASSERT_TRUE(HostProcess::until([&] { return host.picture("w3") != good; }));
   behave("");
-  ASSERT_TRUE(HostProcess::until([&] {
-    askAgain();
-    return host.areAll("live");
-  }));
+  ASSERT_TRUE(comesBack()) << host.log();
   EXPECT_TRUE(HostProcess::until([&] { return host.picture("w3") == good; }));
 }
 

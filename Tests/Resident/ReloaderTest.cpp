@@ -123,6 +123,40 @@ TEST_F(ReloaderTest, DoesWhatAPersonAsksFirst) {
   EXPECT_EQ(asker.timelines[1].urgency, Urgency::person);
 }
 
+TEST_F(ReloaderTest, StillServesAPersonWhenTheDocumentChangesMeanwhile) {
+  add("w1");
+  answer(0);
+  reloader.reload("w1", Cause::person);
+  reloader.documentChanged();
+  EXPECT_EQ(asker.timelines[2].urgency, Urgency::person);
+  urgencies.clear();
+  answer(2);
+  EXPECT_THAT(urgencies, ElementsAre(Urgency::person));
+}
+
+TEST_F(ReloaderTest, ShowsEachAnswerHoweverOftenItIsAskedAgain) {
+  add("w1");
+  for (std::size_t i = 0; i < 20; ++i) {
+    reloader.reload("w1", Cause::person);
+    // The request before the newest comes back.
+    answer(i);
+    EXPECT_EQ(changes.size(), i + 1);
+    EXPECT_EQ(stateOf("w1"), State::live);
+  }
+}
+
+TEST_F(ReloaderTest, ShowsAFailureHoweverOftenItIsAskedAgain) {
+  add("w1");
+  answer(0);
+  reloader.documentChanged();
+  reloader.reload("w1", Cause::person);
+  fail(1);
+  EXPECT_EQ(stateOf("w1"), State::stale);
+  EXPECT_TRUE(reloader.find("w1")->timeline.isDoubtful(reloader.documentVersion()));
+  answer(2);
+  EXPECT_EQ(stateOf("w1"), State::live);
+}
+
 TEST_F(ReloaderTest, KeepsTheLastAnswerThroughAFailure) {
   add("w1");
   answer(0);

@@ -100,14 +100,46 @@ TEST(Scheduler, TakesTheAnswerOfEachRequestThatIsNewerThanTheLast) {
   EXPECT_EQ(scheduler.nextWake(), at(60));
 }
 
-TEST(Scheduler, HeedsNoFailureThatANewerRequestHasOvertaken) {
+TEST(Scheduler, TakesTheFailureOfEachRequestThatIsNewerThanTheLast) {
   Scheduler scheduler;
   scheduler.add("a");
   const Ask first = scheduler.take(at(0)).at(0);
   scheduler.request("a", Cause::document);
   const Ask second = scheduler.take(at(1)).at(0);
-  EXPECT_FALSE(scheduler.failed(first));
+  EXPECT_TRUE(scheduler.failed(first));
   EXPECT_TRUE(scheduler.failed(second));
+  EXPECT_FALSE(scheduler.failed(first));
+  EXPECT_FALSE(scheduler.answered(first, reloadAt(10)));
+}
+
+TEST(Scheduler, RetriesNothingThatIsBeingAskedAgain) {
+  Scheduler scheduler;
+  scheduler.add("a");
+  const Ask first = scheduler.take(at(0)).at(0);
+  scheduler.request("a", Cause::document);
+  const Ask second = scheduler.take(at(1)).at(0);
+  scheduler.failed(first);
+  scheduler.retryFailed();
+  EXPECT_THAT(scheduler.take(at(2)), IsEmpty());
+  scheduler.failed(second);
+  scheduler.retryFailed();
+  EXPECT_THAT(scheduler.take(at(3)), ElementsAre(Asks("a", Cause::retry)));
+}
+
+TEST(Scheduler, KeepsInMindThatAPersonWaits) {
+  Scheduler scheduler;
+  scheduler.add("a");
+  EXPECT_FALSE(scheduler.take(at(0)).at(0).isAwaited);
+  scheduler.request("a", Cause::person);
+  const Ask asked = scheduler.take(at(1)).at(0);
+  EXPECT_TRUE(asked.isAwaited);
+  // The document's change replaces the request that waits.
+  scheduler.request("a", Cause::document);
+  const Ask replacing = scheduler.take(at(2)).at(0);
+  EXPECT_TRUE(replacing.isAwaited);
+  scheduler.answered(asked, {});
+  scheduler.request("a", Cause::document);
+  EXPECT_FALSE(scheduler.take(at(3)).at(0).isAwaited);
 }
 
 TEST(Scheduler, RetriesOnlyWhatHasFailed) {

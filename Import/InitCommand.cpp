@@ -1,13 +1,12 @@
 // `init`: settings to start from, and the folder that the widgets look into.
 #include <fcntl.h>
 #include <fmt/format.h>
-#include <unistd.h>
 
 #include <cerrno>
-#include <cstring>
 #include <filesystem>
 
 #include "Foundation/FileDescriptor.hpp"
+#include "Foundation/FileWriting.hpp"
 #include "Import/Commands.hpp"
 #include "Import/Output.hpp"
 #include "Import/Session.hpp"
@@ -32,11 +31,11 @@ Result<void> writeSettings(const std::string& file, const std::string& text, boo
       ::open(file.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | ifThere, 0600));
   if (!target && errno == EEXIST)
     return refused(fmt::format("{}: there are settings already; --force replaces them", file));
-  const bool isWritten = target && ::write(target.get(), text.data(), text.size()) ==
-                                       static_cast<ssize_t>(text.size());
-  if (isWritten) return {};
+  const std::error_code error = target ? foundation::writeAll(target.get(), text)
+                                       : std::error_code{errno, std::generic_category()};
+  if (!error) return {};
   return refused(
-      fmt::format("{}: cannot write: {}; --config names another file", file, std::strerror(errno)));
+      fmt::format("{}: cannot write: {}; --config names another file", file, error.message()));
 }
 
 }  // namespace

@@ -1,38 +1,26 @@
 #include "Cli/Output.hpp"
 
 #include <fcntl.h>
-#include <fmt/format.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstring>
-#include <filesystem>
+#include <tuple>
 
 #include "Foundation/FileDescriptor.hpp"
+#include "Foundation/FileWriting.hpp"
 #include "Foundation/Printable.hpp"
 
 namespace cli {
 namespace {
 
-/// 0 or the error number.
-int writeAll(int descriptor, std::string_view bytes) {
-  while (!bytes.empty()) {
-    const ssize_t count = ::write(descriptor, bytes.data(), bytes.size());
-    if (count < 0 && errno == EINTR) continue;
-    if (count < 0) return errno;
-    bytes.remove_prefix(static_cast<std::size_t>(count));
-  }
-  return 0;
-}
-
-std::string reason(int error) {
-  return std::strerror(error);
+std::error_code lastError() {
+  return {errno, std::generic_category()};
 }
 
 Result<void> printBytes(std::string_view bytes) {
-  if (const int error = writeAll(STDOUT_FILENO, bytes))
-    return refused("standard output: " + reason(error));
+  if (const auto error = foundation::writeAll(STDOUT_FILENO, bytes))
+    return refused("standard output: " + error.message());
   return {};
 }
 
@@ -44,32 +32,23 @@ bool isReplaceable(const std::string& file) {
   return S_ISREG(status.st_mode);
 }
 
-int finish(foundation::FileDescriptor descriptor, std::string_view bytes) {
-  const int error = writeAll(descriptor.get(), bytes);
-  // Closed by hand: some file systems say only now that there was no room.
-  const bool isClosed = ::close(descriptor.release()) == 0;
-  return error == 0 && !isClosed ? errno : error;
-}
-
-int writeInPlace(const std::string& file, std::string_view bytes) {
+std::error_code writeInPlace(const std::string& file, std::string_view bytes) {
   foundation::FileDescriptor descriptor(
       ::open(file.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666));
-  return descriptor ? finish(std::move(descriptor), bytes) : errno;
+  auto error = descriptor ? foundation::writeAll(descriptor.get(), bytes) : lastError();
+  // Closed by hand: some file systems say only now that there was no room.
+  if (!error && ::close(descriptor.release()) != 0) error = lastError();
+  return error;
 }
 
-int replace(const std::string& file, std::string_view bytes) {
-  const auto folder = std::filesystem::path(file).parent_path();
-  const std::string temporary = (folder / fmt::format(".quorvel-host.{}", ::getpid())).string();
-  foundation::FileDescriptor descriptor(
-      ::open(temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
+std::error_code replace(const std::string& file, std::string_view bytes) {
+  const auto error =
+      foundation::replaceFile(file, bytes, {.mode = 0666, .keepsMode = true, .isDurable = false});
   // A folder that takes no new files may still hold one that can be written.
-  if (!descriptor) return writeInPlace(file, bytes);
-  struct stat status {};
-  if (::stat(file.c_str(), &status) == 0) ::fchmod(descriptor.get(), status.st_mode & 07777);
-  int error = finish(std::move(descriptor), bytes);
-  if (error == 0 && ::rename(temporary.c_str(), file.c_str()) != 0) error = errno;
-  if (error != 0) ::unlink(temporary.c_str());
-  return error;
+  const bool isFolderClosed = error == std::errc::permission_denied ||
+                              error == std::errc::operation_not_permitted ||
+                              error == std::errc::read_only_file_system;
+  return isFolderClosed ? writeInPlace(file, bytes) : error;
 }
 
 }  // namespace
@@ -79,13 +58,13 @@ Result<void> print(std::string_view text) {
 }
 
 void complain(std::string_view text) {
-  writeAll(STDERR_FILENO, foundation::printableLines(text));
+  std::ignore = foundation::writeAll(STDERR_FILENO, foundation::printableLines(text));
 }
 
 Result<void> write(const std::string& file, std::string_view bytes) {
   if (file == "-") return printBytes(bytes);
-  const int error = isReplaceable(file) ? replace(file, bytes) : writeInPlace(file, bytes);
-  if (error != 0) return refused("cannot write " + file + ": " + reason(error));
+  const auto error = isReplaceable(file) ? replace(file, bytes) : writeInPlace(file, bytes);
+  if (error) return refused("cannot write " + file + ": " + error.message());
   return {};
 }
 

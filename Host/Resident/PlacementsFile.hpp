@@ -27,8 +27,4 @@ class PlacementsFile {
   std::string path_;
 };
 
-/// Writes a file of the owner's beside `path` and renames it there.
-[[nodiscard]] std::optional<std::string> replaceFile(const std::string& path,
-                                                     std::string_view bytes);
-
 }  // namespace resident

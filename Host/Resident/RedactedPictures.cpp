@@ -7,9 +7,9 @@
 
 #include "Control/Paths.hpp"
 #include "Foundation/FileManager.hpp"
+#include "Foundation/FileWriting.hpp"
 #include "Rendering/ImageDecoder.hpp"
 #include "Rendering/PngEncoder.hpp"
-#include "Resident/PlacementsFile.hpp"
 #include "WidgetRuntime/Environment.hpp"
 
 namespace resident {
@@ -18,7 +18,9 @@ void RedactedPictures::save(const Slot& slot,
                             const surfaces::Demand& demand,
                             const rendering::Bitmap& bitmap) const {
   if (control::makePrivateFolder(folder_)) return;
-  std::ignore = replaceFile(path(slot, demand), rendering::encodePng(bitmap));
+  // What a power cut or a full disk takes is drawn again.
+  std::ignore = foundation::replaceFile(
+      path(slot, demand), rendering::encodePng(bitmap), {.isDurable = false});
 }
 
 std::optional<rendering::Bitmap> RedactedPictures::load(const Slot& slot,

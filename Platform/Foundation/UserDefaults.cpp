@@ -8,32 +8,21 @@
 #include <cerrno>
 #include <chrono>
 #include <cstdio>
-#include <cstdlib>
 #include <thread>
 
 #include "Foundation/FileDescriptor.hpp"
+#include "Foundation/FileWriting.hpp"
 #include "Foundation/PropertyList.hpp"
 
 namespace foundation {
 namespace {
 
 constexpr mode_t kFolderMode = 0700;
-constexpr mode_t kFileMode = 0600;
 constexpr std::chrono::milliseconds kLongestWait{100};
 constexpr std::chrono::milliseconds kPause{2};
 
 bool makeFolder(const std::string& path) {
   return ::mkdir(path.c_str(), kFolderMode) == 0 || (errno == EEXIST && isDirectory(path));
-}
-
-bool writeAll(int file, std::string_view bytes) {
-  while (!bytes.empty()) {
-    const ssize_t written = ::write(file, bytes.data(), bytes.size());
-    if (written < 0 && errno == EINTR) continue;
-    if (written <= 0) return false;
-    bytes.remove_prefix(static_cast<std::size_t>(written));
-  }
-  return true;
 }
 
 /// Waits for the other writers; false when one of them holds the lock for longer than that.
@@ -44,28 +33,6 @@ bool lock(int folder) {
     std::this_thread::sleep_for(kPause);
   }
   return true;
-}
-
-/// `folder` holds the file.
-bool replaceFile(int folder, const std::string& path, std::string_view bytes, mode_t mode) {
-  std::string temporary = path + ".XXXXXX";
-  FileDescriptor file(::mkostemp(temporary.data(), O_CLOEXEC));
-  if (!file) return false;
-  const bool isWritten =
-      writeAll(file.get(), bytes) && ::fchmod(file.get(), mode) == 0 && ::fsync(file.get()) == 0;
-  file.reset();
-  if (!isWritten || std::rename(temporary.c_str(), path.c_str()) != 0) {
-    ::unlink(temporary.c_str());
-    return false;
-  }
-  ::fsync(folder);  // the new name itself; the bytes are safe already
-  return true;
-}
-
-mode_t modeOf(const std::string& path) {
-  struct stat status {};
-  const bool isFile = ::stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode);
-  return isFile ? status.st_mode & 0777 : kFileMode;
 }
 
 /// As the platform reads text for a Boolean.
@@ -110,7 +77,7 @@ std::expected<void, DefaultsError> UserDefaults::setBool(bool value, const std::
     }
     changed = xmlPropertyList(PropertyList::Dictionary{{key, value}});
   }
-  if (!replaceFile(folder.get(), path_, *changed, modeOf(path_))) {
+  if (replaceFile(path_, *changed, {.keepsMode = true})) {
     return std::unexpected(DefaultsError::unwritable);
   }
   return {};

@@ -11,6 +11,7 @@
 
 #include "Foundation/PropertyList.hpp"
 #include "Foundation/UserDefaults.hpp"
+#include "Tests/Support/FileSizeLimit.hpp"
 #include "Tests/Support/TemporaryFolder.hpp"
 
 namespace foundation {
@@ -164,13 +165,12 @@ TEST_F(UserDefaultsTest, AReadOnlyFileIsReplacedAndKeepsItsMode) {
 }
 
 TEST_F(UserDefaultsTest, WhereNothingCanBeWrittenTheOldFileStands) {
-  // The file's name is as long as a name may be, so that there is no room for a temporary one.
-  const std::string suite(245, 's');
   const std::string before = "<plist version=\"1.0\"><dict><key>a</key><true/></dict></plist>";
-  const std::string file = folder.write("Library/Preferences/" + suite + ".plist", before);
-  const auto defaults =
-      UserDefaults::initWithSuiteName(suite, FileManager::withContainer(folder.path().string()));
-  EXPECT_EQ(defaults->setBool(true, "flag"), std::unexpected(DefaultsError::unwritable));
+  const std::string file = folder.write(kFile, before);
+  {
+    const testsupport::FileSizeLimit full{10};
+    EXPECT_EQ(open().setBool(true, "flag"), std::unexpected(DefaultsError::unwritable));
+  }
   EXPECT_EQ(contentsOfFile(file), before);
 }
 

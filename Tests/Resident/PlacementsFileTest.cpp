@@ -4,12 +4,14 @@
 #include <unistd.h>
 
 #include "Resident/PlacementsFile.hpp"
+#include "Tests/Support/FileSizeLimit.hpp"
 #include "Tests/Support/TemporaryFolder.hpp"
 
 namespace resident {
 namespace {
 
 using ::testing::HasSubstr;
+using ::testing::Optional;
 using testsupport::contentsOf;
 using testsupport::TemporaryFolder;
 
@@ -75,9 +77,10 @@ TEST(PlacementsFile, LeavesTheOldFileWhenTheNewOneCannotBeWritten) {
   const TemporaryFolder folder;
   const PlacementsFile file{folder.at("p.json")};
   ASSERT_EQ(file.save(one()), std::nullopt);
-  // What stands in the way of the new file is a folder.
-  folder.write("p.json.new/inside", "x");
-  EXPECT_NE(file.save({}), std::nullopt);
+  {
+    const testsupport::FileSizeLimit full{10};
+    EXPECT_THAT(file.save({}), Optional(HasSubstr("cannot write " + folder.at("p.json"))));
+  }
   EXPECT_EQ(file.load()->placements, one());
 }
 

@@ -31,6 +31,7 @@ struct Host {
   Host() {
     host.openLink = [](const std::string&, auto then) { then(""); };
     watchers.tell = [](auto, const auto&) {};
+    operations.openBoard = [] { return std::unexpected{"there is no board"}; };
     host.addSurface(watchers);
     host.start();
     asker.initializing.front()(offer());

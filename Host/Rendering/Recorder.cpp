@@ -137,7 +137,8 @@ class TreeRecorder {
     const std::size_t first = begin + 1;
     if (list_.commands.size() == first) return list_.commands.pop_back();
     const double most = limits::kShadowRadius * std::max(list_.size.width, list_.size.height);
-    const double deviation = std::min(shadow.radius, most);
+    // A radius that is no number is none.
+    const double deviation = shadow.radius > 0 ? std::min(shadow.radius, most) : 0;
     const Point offset{mirrored(node) ? -shadow.x : shadow.x, shadow.y};
     if (const auto shape = silhouetteFrom(list_, first)) {
       list_.commands[begin] = DrawShadow{shape->path, shape->bounds, color, deviation, offset};

@@ -6,6 +6,7 @@
 
 #include "Foundation/JsonValue.hpp"
 #include "Foundation/JsonWriter.hpp"
+#include "Rendering/PngEncoder.hpp"
 #include "Rendering/Renderer.hpp"
 #include "Tests/Support/PlacedTexts.hpp"
 #include "Tests/Support/WidgetStates.hpp"
@@ -210,23 +211,41 @@ TEST(RandomDocuments, EveryWidgetLaysThemOutSoundly) {
   }
 }
 
-TEST(RandomDocuments, EveryWidgetDrawsThem) {
-  rendering::Renderer renderer;
-  constexpr unsigned kDocuments = 40;
+/// Sides of 1 to 1000 points; few pictures are large, since small ones find as much and sooner.
+rendering::RenderOptions randomOptions(Chooser& choose) {
   constexpr double kScales[] = {0.5, 1, 2, 3.3};
+  const bool isLarge = choose.below(20) == 0;
+  const auto side = [&] {
+    return 1 + static_cast<double>(choose.below(isLarge ? 9990 : 2990)) / 10;
+  };
+  rendering::RenderOptions options;
+  options.size = {side(), side()};
+  options.scale = isLarge ? 1 : choose.oneOf(kScales);
+  options.appearance = choose.coin() ? viewkit::Appearance::dark : viewkit::Appearance::light;
+  options.mode = static_cast<viewkit::RenderingMode>(choose.below(3));
+  options.redaction = {.privacy = choose.below(4) == 0, .placeholder = choose.below(8) == 0};
+  return options;
+}
+
+TEST(RandomDocuments, EveryWidgetDrawsThemInEveryForm) {
+  rendering::Renderer renderer;
+  constexpr unsigned kDocuments = 30;
   for (unsigned seed = 1; seed <= kDocuments; ++seed) {
     Chooser choose{seed};
-    const WidgetState state{
-        "random", fixtures::morningOf("2025-03-14"), randomSnapshot(choose), {}};
+    WidgetState state{"random", fixtures::morningOf("2025-03-14"), randomSnapshot(choose), {}};
     for (const WidgetLayout& layout : fixtures::kLayouts) {
-      rendering::RenderOptions options;
-      options.size = {1.0 + static_cast<double>(choose.below(3600)) / 10,
-                      1.0 + static_cast<double>(choose.below(3600)) / 10};
-      options.scale = choose.oneOf(kScales);
-      options.appearance = choose.coin() ? viewkit::Appearance::dark : viewkit::Appearance::light;
-      options.mode = static_cast<viewkit::RenderingMode>(choose.below(3));
-      const auto bitmap = renderer.bitmap(fixtures::viewOf(layout, state), options);
-      EXPECT_TRUE(bitmap) << layout.name << ", seed " << seed << ": " << bitmap.error();
+      SCOPED_TRACE(std::string{layout.name} + ", seed " + std::to_string(seed));
+      const rendering::RenderOptions options = randomOptions(choose);
+      state.environment.widgetRenderingMode = options.mode;
+      state.environment.redactionReasons = options.redaction;
+      const viewkit::View view = fixtures::viewOf(layout, state);
+      const auto bitmap = renderer.bitmap(view, options);
+      ASSERT_TRUE(bitmap) << bitmap.error();
+      EXPECT_TRUE(rendering::encodePng(*bitmap).starts_with("\x89PNG"));
+      const auto svg = renderer.svg(view, options);
+      EXPECT_TRUE(svg && svg->ends_with("</svg>\n")) << (svg ? "" : svg.error());
+      EXPECT_TRUE(renderer.plainText(view, options));
+      EXPECT_TRUE(renderer.accessibilityTree(view, options, "Widget"));
     }
   }
 }

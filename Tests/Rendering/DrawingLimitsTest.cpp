@@ -128,6 +128,24 @@ TEST_F(DrawingLimits, TheLargestShadowsAndOffsetsAreBounded) {
 
 // Of a shape that is far larger than the picture only the part around it is blurred: no edge of it
 // is near, so that the shadow is as if it had none.
+TEST_F(DrawingLimits, AShadowWhoseRadiusIsNoLengthIsSharp) {
+  const auto picture = [&](const View& content, double radius) {
+    const auto bitmap =
+        draw(content.frame({.width = 60, .height = 60}).shadow({.radius = radius, .x = 9}));
+    return bitmap ? bitmap->pixels : std::vector<std::uint32_t>{};
+  };
+  // A shape's own silhouette, and that of a content of several parts.
+  const View shape = Circle().fill(kInk);
+  const View parts = HStack{{}, shape, Text("x"), shape};
+  for (const View& content : {shape, parts}) {
+    const auto sharp = picture(content, 0);
+    ASSERT_FALSE(sharp.empty());
+    for (const double radius : {-7.0, -1e300, std::numeric_limits<double>::quiet_NaN()}) {
+      EXPECT_EQ(picture(content, radius), sharp) << radius;
+    }
+  }
+}
+
 TEST_F(DrawingLimits, AHugeShapesShadowHasNoEdgeInThePicture) {
   const Shadow shadow{Color::black(), 4, 0, 0};
   const View shape = Rectangle().fill(kInk).frame(FixedFrame{.width = 9000, .height = 9000});

@@ -2,141 +2,15 @@
 // worked out too often.
 #include <gtest/gtest.h>
 
-#include <random>
 #include <set>
 
 #include "PlacedNodes.hpp"
+#include "RandomTrees.hpp"
 
 namespace rendering {
 namespace {
 
 using namespace viewkit;
-
-constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
-
-/// Views with lengths that are usual, odd or senseless.
-class TreeMaker {
- public:
-  TreeMaker(unsigned seed, bool isSane) : random_(seed), isSane_(isSane) {}
-
-  View view(int depth) { return modified(element(depth), depth); }
-
- private:
-  int below(int end) { return static_cast<int>(random_() % static_cast<unsigned>(end)); }
-  double number() {
-    static constexpr double kOdd[] = {kNan, kInfinity, -kInfinity, -7, 1e300, -1e300, 1e-300, 0};
-    if (!isSane_ && below(4) == 0) return kOdd[below(8)];
-    return below(60) - (isSane_ ? 0 : 5);
-  }
-  std::optional<double> maybe() { return below(2) == 0 ? std::nullopt : std::optional{number()}; }
-  Length length() {
-    switch (below(4)) {
-      case 0:
-        return kWidth * (0.1 * below(10));
-      case 1:
-        return min(kHeight, Length{number()});
-      case 2:
-        return max(kWidth - number(), kHeight / 2);
-      default:
-        return number();
-    }
-  }
-  Alignment alignment() {
-    return {static_cast<HorizontalAlignment>(below(3)), static_cast<VerticalAlignment>(below(4))};
-  }
-
-  View leaf() {
-    switch (below(6)) {
-      case 0:
-        return Text("some words to wrap").font(number()).tracking(number() / 10);
-      case 1:
-        return Text("one line")
-            .font(12)
-            .lineLimit(1)
-            .minimumScaleFactor(below(2) == 0 ? number() : 0.1 * (1 + below(9)));
-      case 2:
-        return Text("short words in lines").font(11).lineLimit(below(4)).balanced();
-      case 3:
-        return Symbol("tag").font(number());
-      case 4:
-        return Spacer{number()};
-      default:
-        return RoundedRectangle(length());
-    }
-  }
-
-  View element(int depth) {
-    if (depth == 0) return leaf();
-    std::vector<View> views;
-    for (int n = below(4); n >= 0; --n) views.push_back(view(depth - 1));
-    switch (below(7)) {
-      case 6:
-        return Fitting{views};
-      case 0:
-        return HStack{{.alignment = alignment().vertical, .spacing = maybe()}, views};
-      case 1:
-        return VStack{{.alignment = alignment().horizontal, .spacing = maybe()}, views};
-      case 2:
-        return ZStack{{.alignment = alignment()}, views};
-      case 3:
-        return Canvas{views};
-      case 4:
-        return Gauge{{.fraction = number(), .lineWidth = number()}, view(depth - 1)};
-      default:
-        return leaf();
-    }
-  }
-
-  View modified(View v, int depth) {
-    for (int n = below(4); n > 0; --n) {
-      switch (below(13)) {
-        case 12:
-          v = v.sharedScale();
-          break;
-        case 0:
-          v = v.frame(FixedFrame{length(), std::nullopt, alignment()});
-          break;
-        case 1:
-          v = v.frame(FixedFrame{std::nullopt, length(), alignment()});
-          break;
-        case 2:
-          v = v.frame(FlexibleFrame{maybe(), maybe(), maybe(), maybe(), alignment()});
-          break;
-        case 3:
-          v = v.padding({number(), number(), number(), number()});
-          break;
-        case 4:
-          v = v.background(leaf(), alignment());
-          break;
-        case 5:
-          v = v.overlay(element(depth > 0 ? 1 : 0), alignment());
-          break;
-        case 6:
-          v = v.offset(length(), length());
-          break;
-        case 7:
-          v = v.position(length(), length());
-          break;
-        case 8:
-          v = v.aspectRatio(number(), static_cast<ImageElement::ContentMode>(below(3)));
-          break;
-        case 9:
-          v = v.layoutPriority(number()).zIndex(number());
-          break;
-        case 10:
-          v = v.fixedSize(below(2) == 0, below(2) == 0);
-          break;
-        default:
-          v = v.layoutDirection(below(2) == 0 ? kLtr : kRtl);
-          break;
-      }
-    }
-    return v;
-  }
-
-  std::mt19937 random_;
-  bool isSane_;
-};
 
 /// Counts the view's nodes and modifiers as placed: of a Fitting's children the one that was taken.
 class Counter {
@@ -304,7 +178,9 @@ TEST(LayoutRandom, TheTextsOfAGroupHaveOneScaleOrTheirMinimum) {
       for (const PlacedNode& child : node.children) self(self, child);
     };
     find(find, tree.root);
-    if (most > 0) EXPECT_LE(most, least + 1e-5) << "seed " << seed;
+    if (most > 0) {
+      EXPECT_LE(most, least + 1e-5) << "seed " << seed;
+    }
     shrunk += most > 0 && most < 1 ? 1 : 0;
   }
   EXPECT_GT(shrunk, 5);

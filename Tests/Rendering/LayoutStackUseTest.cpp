@@ -1,10 +1,12 @@
-// The deepest tree that the reader accepts is laid out on a small stack.
+// The deepest tree that the reader accepts is laid out and drawn on a small stack.
 #include <gtest/gtest.h>
 #include <pthread.h>
 
 #include <functional>
 
 #include "PlacedNodes.hpp"
+#include "Rendering/PngEncoder.hpp"
+#include "Rendering/Renderer.hpp"
 #include "ViewKit/TreeJson.hpp"
 
 namespace rendering {
@@ -74,6 +76,35 @@ TEST(LayoutStackUse, TheDeepestTreeNeedsLittleStack) {
     const PlacedTree tree = placed(*view, {364, 382});
     EXPECT_GT(tree.root.frame.width, 0);
   });
+}
+
+/// A view that each level covers, shows through, throws and cuts, as far as a path may be modified.
+View deepestPicture() {
+  const TreeLimits limits;
+  View view = Text("leaf").lineLimit(1);
+  for (std::size_t level = 1; level < limits.depth; ++level) {
+    view = ZStack{{}, view, Circle()}
+               .opacity(0.99)
+               .shadow({.radius = 1, .x = 1})
+               .clip(CapsuleShape{})
+               .padding(0.1);
+  }
+  return view;
+}
+
+TEST(LayoutStackUse, TheDeepestTreeIsDrawnOnLittleStack) {
+  const RenderOptions options{.size = {60, 40}, .scale = 1};
+  for (const View& view : {deepest(), deepestPicture()}) {
+    Renderer renderer;
+    runOnStack(kStack, [&] {
+      const auto bitmap = renderer.bitmap(view, options);
+      EXPECT_TRUE(bitmap && !encodePng(*bitmap).empty());
+      EXPECT_TRUE(renderer.svg(view, options));
+      EXPECT_TRUE(renderer.plainText(view, options));
+      EXPECT_TRUE(renderer.placedDump(view, options));
+      EXPECT_TRUE(renderer.accessibilityTree(view, options));
+    });
+  }
 }
 
 }  // namespace

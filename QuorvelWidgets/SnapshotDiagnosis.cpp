@@ -99,15 +99,18 @@ Decoded decode(std::string_view document, DiagnoseAnswer& answer) {
 Decoded readSnapshot(const DiagnoseParameters& parameters, DiagnoseAnswer& answer) {
   if (parameters.text) return decode(*parameters.text, answer);
   if (parameters.path.value_or("").empty()) return unreadable("no container");
-  try {
-    const auto bytes = foundation::readFile(*parameters.path);
-    if (!bytes) return unreadable(describe(bytes.error()));
-    return decode(*bytes, answer);
-  } catch (const std::bad_alloc&) {
-    return unreadable("more than memory holds");
-  } catch (const std::length_error&) {
-    return unreadable("more than memory holds");
-  }
+  const auto bytes = foundation::readFile(*parameters.path);
+  if (!bytes) return unreadable(describe(bytes.error()));
+  return decode(*bytes, answer);
+}
+
+DiagnoseAnswer diagnose(const DiagnoseParameters& parameters, const Calendar& calendar) {
+  DiagnoseAnswer answer;
+  const auto snapshot = readSnapshot(parameters, answer);
+  answer.accepted = snapshot.has_value();
+  if (!snapshot) answer.problems = snapshot.error().problems;
+  answer.widgets = widgetOutlooks(snapshot ? &*snapshot : nullptr, parameters.device.now, calendar);
+  return answer;
 }
 
 }  // namespace
@@ -126,13 +129,14 @@ std::vector<WidgetOutlook> widgetOutlooks(const WidgetSnapshot* snapshot,
 }
 
 DiagnoseAnswer diagnoseSnapshot(const DiagnoseParameters& parameters) {
-  DiagnoseAnswer answer;
-  const auto snapshot = readSnapshot(parameters, answer);
   const Calendar calendar{parameters.device.locale, parameters.device.timeZone};
-  answer.accepted = snapshot.has_value();
-  if (!snapshot) answer.problems = snapshot.error().problems;
-  answer.widgets = widgetOutlooks(snapshot ? &*snapshot : nullptr, parameters.device.now, calendar);
-  return answer;
+  try {
+    return diagnose(parameters, calendar);
+  } catch (const std::bad_alloc&) {
+  } catch (const std::length_error&) {
+  }
+  return {.problems = unreadable("more than memory holds").error().problems,
+          .widgets = widgetOutlooks(nullptr, parameters.device.now, calendar)};
 }
 
 }  // namespace quorvel

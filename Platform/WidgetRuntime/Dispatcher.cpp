@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <exception>
+#include <new>
+#include <stdexcept>
 #include <utility>
 
 #include "Foundation/Utf8.hpp"
@@ -171,6 +173,12 @@ std::expected<std::string, RpcError> writeTimeline(const AnyTimeline& timeline,
   return writer.take();
 }
 
+// An empty path is that of no file.
+InitializeParameters withoutDocument(InitializeParameters parameters) {
+  parameters.snapshotFile = "";
+  return parameters;
+}
+
 }  // namespace
 
 Dispatcher::Dispatcher(ExtensionDefinition definition) : definition_(std::move(definition)) {}
@@ -215,10 +223,24 @@ Dispatcher::Answer Dispatcher::answer(const RpcRequest& request) {
     return fail(RpcErrorCode::methodNotFound, fmt::format("unknown method \"{}\"", name));
   }
   if (!bundle_) return fail(RpcErrorCode::notInitialized, "initialize comes first");
-  if (asksForEntries) return entries(*bundle_, name, request.parameters);
-  if (name == method::kOptions) return options(*bundle_, request.parameters);
+  if (asksForEntries || name == method::kOptions) return answerFromDocument(request);
   if (name == method::kPerform) return perform(*bundle_, request.parameters);
   return diagnose(request.parameters);
+}
+
+// A document of more than memory holds is a failure of data, wherever memory ran out: there is an
+// answer, that of an extension without a document.
+Dispatcher::Answer Dispatcher::answerFromDocument(const RpcRequest& request) const {
+  const auto answerOf = [&](const WidgetBundle& bundle) {
+    return request.method == method::kOptions ? options(bundle, request.parameters)
+                                              : entries(bundle, request.method, request.parameters);
+  };
+  try {
+    return answerOf(*bundle_);
+  } catch (const std::bad_alloc&) {
+  } catch (const std::length_error&) {
+  }
+  return answerOf(definition_.makeBundle(withoutDocument(parameters_)));
 }
 
 Dispatcher::Answer Dispatcher::initialize(const JsonValue& json) {
@@ -231,6 +253,7 @@ Dispatcher::Answer Dispatcher::initialize(const JsonValue& json) {
                             parameters->protocolVersion,
                             kProtocolVersion));
   }
+  parameters_ = *parameters;
   bundle_ = definition_.makeBundle(*parameters);
   if (definition_.documentPath) document_ = definition_.documentPath(*parameters);
   return encode(InitializeAnswer{kProtocolVersion,

@@ -23,7 +23,8 @@ struct ExtensionDefinition {
   std::function<std::string(const InitializeParameters&)> documentPath{};
 };
 
-/// Keeps nothing between requests but the bundle that initialize made. Never throws.
+/// Keeps nothing between requests but what initialize told it and the bundle made of that. Never
+/// throws.
 class Dispatcher {
  public:
   explicit Dispatcher(ExtensionDefinition definition);
@@ -44,6 +45,7 @@ class Dispatcher {
 
   [[nodiscard]] Answer answer(const RpcRequest& request);
   [[nodiscard]] Answer initialize(const foundation::JsonValue& parameters);
+  [[nodiscard]] Answer answerFromDocument(const RpcRequest& request) const;
   [[nodiscard]] static Answer entries(const WidgetBundle& bundle,
                                       std::string_view method,
                                       const foundation::JsonValue& parameters);
@@ -54,6 +56,7 @@ class Dispatcher {
   [[nodiscard]] Answer diagnose(const foundation::JsonValue& parameters) const;
 
   ExtensionDefinition definition_;
+  InitializeParameters parameters_;
   std::optional<WidgetBundle> bundle_;
   std::string document_;
   bool isShutDown_ = false;

@@ -1,6 +1,7 @@
 #include "QuorvelWidgets/CardLimit/SelectCardIntent.hpp"
 
-#include <algorithm>
+#include <string_view>
+#include <unordered_set>
 
 #include "Foundation/Characters.hpp"
 
@@ -17,32 +18,37 @@ std::vector<IntentOption> options(const std::vector<CardEntity>& entities) {
   return result;
 }
 
+CardEntity entityOf(const WidgetSnapshot::Card& card) {
+  const std::string name = card.bankName + " " + card.productName;
+  return {card.id, std::string{foundation::trimmingSpaces(name)}};
+}
+
 }  // namespace
 
 std::vector<CardEntity> CardQuery::suggestedEntities() const {
   std::vector<CardEntity> entities;
   if (const auto snapshot = store.load()) {
-    for (const WidgetSnapshot::Card& card : snapshot->cards) {
-      const std::string name = card.bankName + " " + card.productName;
-      entities.push_back({card.id, std::string{foundation::trimmingSpaces(name)}});
-    }
+    for (const WidgetSnapshot::Card& card : snapshot->cards) entities.push_back(entityOf(card));
   }
   return entities;
 }
 
 std::vector<CardEntity> CardQuery::entitiesForIdentifiers(
     const std::vector<std::string>& identifiers) const {
-  std::vector<CardEntity> entities = suggestedEntities();
-  std::erase_if(entities, [&](const CardEntity& entity) {
-    return std::ranges::find(identifiers, entity.id) == identifiers.end();
-  });
+  const std::unordered_set<std::string_view> wanted(identifiers.begin(), identifiers.end());
+  std::vector<CardEntity> entities;
+  if (const auto snapshot = store.load()) {
+    for (const WidgetSnapshot::Card& card : snapshot->cards) {
+      if (wanted.contains(card.id)) entities.push_back(entityOf(card));
+    }
+  }
   return entities;
 }
 
 std::optional<CardEntity> CardQuery::defaultResult() const {
-  const std::vector<CardEntity> entities = suggestedEntities();
-  if (entities.empty()) return std::nullopt;
-  return entities.front();
+  const auto snapshot = store.load();
+  if (!snapshot || snapshot->cards.empty()) return std::nullopt;
+  return entityOf(snapshot->cards.front());
 }
 
 widgetruntime::IntentDescription SelectCardIntent::description(const SnapshotStore& store) {

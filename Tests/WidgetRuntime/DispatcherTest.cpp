@@ -2,6 +2,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <new>
+#include <stdexcept>
 #include <string>
 
 #include "FakeExtension.hpp"
@@ -188,6 +190,46 @@ TEST(Dispatcher, SaysNothingOfWhatABundleThrew) {
   const auto timeline = timelineOf("Throwing");
   ASSERT_FALSE(timeline);
   EXPECT_EQ(timeline.error(), "the extension failed");
+}
+
+/// Its document fills the memory, wherever that is noticed: while entries are made, while one is
+/// shown, while cards are listed.
+WidgetBundle exhaustingBundle(const InitializeParameters& parameters) {
+  WidgetBundle bundle = fake::makeBundle(parameters);
+  if (parameters.snapshotFile == "") return bundle;
+  const auto exhaust = []<class... Given>(const Given&...) { throw std::bad_alloc{}; };
+  Widget& making = bundle.widgets[0];
+  making.snapshot = [=](const ProviderContext& c, const IntentValues& v) -> AnyEntry {
+    exhaust(c, v);
+    return {};
+  };
+  Widget& showing = bundle.widgets[1];
+  showing.snapshot = [=](const ProviderContext& context, const IntentValues&) {
+    return AnyEntry{context.device.now, true, {}, [=](const Environment& e) -> WidgetContent {
+                      exhaust(e);
+                      return {};
+                    }};
+  };
+  EntityQuery& query = showing.configuration->parameters[0].query;
+  query.suggestedEntities = []() -> std::vector<IntentOption> { throw std::length_error{"cards"}; };
+  return bundle;
+}
+
+TEST(Dispatcher, AnswersWithoutADocumentThatMemoryCannotHold) {
+  Dispatcher dispatcher({exhaustingBundle, fake::diagnose});
+  EXPECT_THAT(dispatcher.handle(kInitialize), HasSubstr("\"result\""));
+  const auto snapshot = [&](const std::string& kind) {
+    return dispatcher.handle(
+        R"({"jsonrpc":"2.0","id":1,"method":"widget/snapshot","params":{"kind":")" + kind +
+        R"(","family":"systemSmall","now":"2025-03-14T09:30:00Z","timeZone":"UTC","locale":"en",)"
+        R"("languages":[],"environments":[{}]}})");
+  };
+  EXPECT_THAT(snapshot("Clock"), HasSubstr(R"("hasSnapshot":false,"trees":[{)"));
+  // The fake's second widget always has a document; it is asked again all the same.
+  EXPECT_THAT(snapshot("Card"), HasSubstr(R"("text":"any card")"));
+  EXPECT_THAT(dispatcher.handle(R"({"jsonrpc":"2.0","id":1,"method":"configuration/options",)"
+                                R"("params":{"kind":"Card","parameter":"card"}})"),
+              HasSubstr(R"("result":{"options":[{"id":"a")"));
 }
 
 TEST(Dispatcher, ListsOptions) {

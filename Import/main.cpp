@@ -2,11 +2,13 @@
 #include <filesystem>
 #include <string_view>
 
+#include "Foundation/ProcessPrivacy.hpp"
 #include "Import/Program.hpp"
 
 extern char** environ;  // POSIX leaves it to the user
 
 int main(int argc, char** argv) {
+  foundation::keepMemoryPrivate();
   importer::Program program;
   for (char** entry = environ; *entry != nullptr; ++entry) {
     const std::string_view text = *entry;

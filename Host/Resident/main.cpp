@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "Control/Paths.hpp"
+#include "Foundation/ProcessPrivacy.hpp"
 #include "Resident/HostOptions.hpp"
 #include "Resident/Program.hpp"
 
@@ -35,6 +36,7 @@ std::filesystem::path programFolder() {
 }  // namespace
 
 int main(int argc, char** argv) {
+  foundation::keepMemoryPrivate();
   const auto options = resident::readOptions(
       std::span<const char* const>(argv + 1, static_cast<std::size_t>(argc > 0 ? argc - 1 : 0)));
   if (!options) {

@@ -1,4 +1,4 @@
-// Neither program leaves its memory, where amounts are, in a core.
+// No program leaves its memory, where amounts are, in a core.
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <spawn.h>
@@ -55,24 +55,67 @@ bool leavesACore(const std::string& program,
   return WIFSIGNALED(status) && WCOREDUMP(status);
 }
 
-TEST(MemoryPrivacy, NeitherProgramLeavesACore) {
-  if (!leavesACore("/bin/sh", {"-c", "echo ready; read line"}, "")) {
-    GTEST_SKIP() << "this machine keeps no cores";
+class MemoryPrivacy : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    if (!leavesACore("/bin/sh", {"-c", "echo ready; read line"}, "")) {
+      GTEST_SKIP() << "this machine keeps no cores";
+    }
+    ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
   }
+
+  /// A program that says only that it was started, so that whoever started it waits.
+  [[nodiscard]] std::string silentProgram(const std::string& name) const {
+    const std::string path =
+        folder.write(name, "#!/bin/sh\necho ready > " + pipe + "\nexec sleep 5\n");
+    EXPECT_EQ(::chmod(path.c_str(), 0700), 0);
+    return path;
+  }
+
+  TemporaryFolder folder;
+  std::string pipe = folder.at("ready");
+};
+
+TEST_F(MemoryPrivacy, TheExtensionLeavesNoCore) {
   const std::string request = R"({"jsonrpc":"2.0","id":1,"method":"nothing"})";
   EXPECT_FALSE(
       leavesACore(builtProgram("quorvel-widgets").string(),
                   {},
                   "Content-Length: " + std::to_string(request.size()) + "\r\n\r\n" + request));
-  // The host waits for an extension that says only that it was started.
-  const TemporaryFolder folder;
-  const std::string pipe = folder.at("ready");
-  ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
-  const std::string silent =
-      folder.write("silent", "#!/bin/sh\necho ready > " + pipe + "\nexec sleep 5\n");
-  ASSERT_EQ(::chmod(silent.c_str(), 0700), 0);
+}
+
+TEST_F(MemoryPrivacy, TheCommandLineLeavesNoCore) {
   EXPECT_FALSE(leavesACore(builtProgram("quorvel-host").string(),
-                           {"list", "--isolated", "--extension", silent},
+                           {"list", "--isolated", "--extension", silentProgram("silent")},
+                           "",
+                           pipe));
+}
+
+TEST_F(MemoryPrivacy, TheResidentHostLeavesNoCore) {
+  EXPECT_FALSE(leavesACore("/usr/bin/env",
+                           {"XDG_RUNTIME_DIR=" + folder.path().string(),
+                            "XDG_CONFIG_HOME=" + folder.path().string(),
+                            "XDG_STATE_HOME=" + folder.path().string(),
+                            builtProgram("quorvel-hostd").string(),
+                            "--container",
+                            folder.path().string(),
+                            "--extension",
+                            silentProgram("silent")},
+                           "",
+                           pipe));
+}
+
+TEST_F(MemoryPrivacy, TheImporterLeavesNoCore) {
+  static_cast<void>(silentProgram("hledger"));
+  const std::string journal = folder.write("year.journal", "");
+  EXPECT_FALSE(leavesACore("/usr/bin/env",
+                           {"PATH=" + folder.path().string() + ":/usr/bin:/bin",
+                            builtProgram("quorvel-import").string(),
+                            "hledger",
+                            "-f",
+                            journal,
+                            "--container",
+                            folder.path().string()},
                            "",
                            pipe));
 }

@@ -1,6 +1,5 @@
 # Every library is a Debian 12 package; the reason for each stands in docs/architecture.md.
 find_package(PkgConfig REQUIRED)
-find_package(simdjson REQUIRED)
 find_package(fmt REQUIRED)
 find_package(CLI11 REQUIRED)
 find_package(nlohmann_json REQUIRED)

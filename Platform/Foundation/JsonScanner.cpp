@@ -2,7 +2,6 @@
 #include "Foundation/JsonScanner.hpp"
 
 #include <fmt/format.h>
-#include <simdjson.h>
 
 #include <algorithm>
 #include <array>
@@ -125,10 +124,9 @@ bool isLowSurrogate(char32_t unit) {
 JsonScanner::JsonScanner(std::string_view text, std::size_t maximumDepth, std::size_t maximumString)
     : maximumDepth_(std::min(maximumDepth, kMaximumDepth)), maximumString_(maximumString) {
   if (text.starts_with(kByteOrderMark)) text.remove_prefix(kByteOrderMark.size());
-  if (!simdjson::validate_utf8(text.data(), text.size())) {
-    text = text.substr(0, firstInvalidUtf8(text));
-    cutAtBadUtf8_ = true;
-  }
+  const std::size_t wellFormed = firstInvalidUtf8(text);
+  cutAtBadUtf8_ = wellFormed < text.size();
+  text = text.substr(0, wellFormed);
   begin_ = at_ = text.data();
   end_ = begin_ + text.size();
 }

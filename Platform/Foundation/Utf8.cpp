@@ -1,6 +1,10 @@
 // Well-formed byte sequences after the Unicode Standard's table 3-7.
 #include "Foundation/Utf8.hpp"
 
+#include <array>
+#include <cstdint>
+#include <cstring>
+
 namespace foundation {
 namespace {
 
@@ -21,6 +25,18 @@ constexpr Lead leadOf(unsigned char byte) {
   if (byte < 0xF4) return {4, 0x80, 0xBF};
   if (byte == 0xF4) return {4, 0x80, 0x8F};
   return {0, 0, 0};
+}
+
+/// The end of the ASCII characters that begin at `offset`.
+std::size_t asciiEnd(std::string_view text, std::size_t offset) {
+  constexpr std::uint64_t kTops = 0x8080808080808080;
+  std::array<std::uint64_t, 4> words;
+  for (; text.size() - offset >= sizeof words; offset += sizeof words) {
+    std::memcpy(words.data(), text.data() + offset, sizeof words);
+    if (((words[0] | words[1] | words[2] | words[3]) & kTops) != 0) break;
+  }
+  while (offset < text.size() && static_cast<unsigned char>(text[offset]) < 0x80) ++offset;
+  return offset;
 }
 
 }  // namespace
@@ -45,11 +61,11 @@ Utf8Step utf8Step(std::string_view text) {
 }
 
 std::size_t firstInvalidUtf8(std::string_view text) {
-  std::size_t offset = 0;
+  std::size_t offset = asciiEnd(text, 0);
   while (offset < text.size()) {
     const Utf8Step step = utf8Step(text.substr(offset));
     if (!step.valid) return offset;
-    offset += step.length;
+    offset = asciiEnd(text, offset + step.length);
   }
   return offset;
 }

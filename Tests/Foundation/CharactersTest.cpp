@@ -166,6 +166,21 @@ TEST(Utf8, FindsTheFirstBadByte) {
   EXPECT_EQ(firstInvalidUtf8("ab\xE2\x82"), 2U);
 }
 
+// Runs of ASCII are passed over many bytes at a time: a bad byte is found wherever it stands in
+// one.
+TEST(Utf8, FindsABadByteAtEveryPlace) {
+  const std::string ascii(100, 'a');
+  for (std::size_t at = 0; at < ascii.size(); ++at) {
+    std::string text = ascii;
+    text[at] = '\x80';
+    EXPECT_EQ(firstInvalidUtf8(text), at);
+    text.replace(at, 1, "€");
+    EXPECT_EQ(firstInvalidUtf8(text), text.size());
+    text.resize(at + 2);
+    EXPECT_EQ(firstInvalidUtf8(text), at);
+  }
+}
+
 TEST(Utf8, WritesWhatItReads) {
   for (char32_t scalar = 0; scalar <= 0x10FFFF; ++scalar) {
     if (scalar >= 0xD800 && scalar < 0xE000) continue;

@@ -17,7 +17,7 @@ Room widgetRoom(std::string_view includes) {
 
 std::vector<Room> makeRooms() {
   return {
-      {"Platform/Foundation", {"Foundation/"}, true, {"fmt/", "unicode/", "simdjson.h", "plist/"}},
+      {"Platform/Foundation", {"Foundation/"}, true, {"fmt/", "unicode/", "plist/"}},
       {"Platform/ViewKit", {"ViewKit/", "Foundation/"}, false, {"fmt/"}},
       {"Platform/WidgetRuntime", {"WidgetRuntime/", "ViewKit/", "Foundation/"}, true, {"fmt/"}},
       {"QuorvelWidgets/WidgetSupport",

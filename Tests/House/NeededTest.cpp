@@ -55,7 +55,7 @@ const Names& languageRuntime() {
 }
 
 const Names& foundation() {
-  static const Names names{"libsimdjson", "libicui18n", "libicuuc", "libplist-2.0", "libfmt"};
+  static const Names names{"libicui18n", "libicuuc", "libplist-2.0", "libfmt"};
   return names;
 }
 

@@ -13,11 +13,14 @@
 #include <set>
 #include <vector>
 
+#include "Foundation/FileDescriptor.hpp"
 #include "Surfaces/Web/BoardJson.hpp"
 #include "Surfaces/Web/WebGate.hpp"
 
 namespace surfaces {
 namespace {
+
+using foundation::FileDescriptor;
 
 constexpr std::size_t kMaximumPending = std::size_t{256} << 10;  ///< bytes that a stream may hold
 constexpr std::size_t kConnectionMemory = std::size_t{32} << 10;
@@ -33,35 +36,17 @@ struct EndSource {
 };
 using Source = std::unique_ptr<sd_event_source, EndSource>;
 
-class Descriptor {
- public:
-  explicit Descriptor(int descriptor = -1) : descriptor_(descriptor) {}
-  Descriptor(Descriptor&& other) noexcept : descriptor_(std::exchange(other.descriptor_, -1)) {}
-  Descriptor& operator=(Descriptor&& other) noexcept {
-    std::swap(descriptor_, other.descriptor_);
-    return *this;
-  }
-  ~Descriptor() {
-    if (descriptor_ >= 0) ::close(descriptor_);
-  }
-  [[nodiscard]] int get() const { return descriptor_; }
-  [[nodiscard]] int release() { return std::exchange(descriptor_, -1); }
-
- private:
-  int descriptor_;
-};
-
 struct Sockets {
-  Descriptor ipv4;  ///< listens
+  FileDescriptor ipv4;  ///< listens
   /// Bound and never listened on: browsers try both addresses of "localhost", and nobody else shall
   /// answer on this one.
-  Descriptor ipv6;
+  FileDescriptor ipv6;
   int port = 0;
 };
 
 std::optional<Sockets> bindBoth() {
   Sockets sockets;
-  sockets.ipv4 = Descriptor(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
+  sockets.ipv4 = FileDescriptor(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
   sockaddr_in v4{};
   v4.sin_family = AF_INET;
   v4.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
@@ -71,8 +56,8 @@ std::optional<Sockets> bindBoth() {
       ::getsockname(sockets.ipv4.get(), address, &size) < 0)
     return std::nullopt;
   sockets.port = ntohs(v4.sin_port);
-  sockets.ipv6 = Descriptor(::socket(AF_INET6, SOCK_STREAM | SOCK_CLOEXEC, 0));
-  if (sockets.ipv6.get() < 0) return sockets;  // this machine has no IPv6
+  sockets.ipv6 = FileDescriptor(::socket(AF_INET6, SOCK_STREAM | SOCK_CLOEXEC, 0));
+  if (!sockets.ipv6) return sockets;  // this machine has no IPv6
   sockaddr_in6 v6{};
   v6.sin6_family = AF_INET6;
   v6.sin6_addr = in6addr_loopback;
@@ -146,6 +131,7 @@ MHD_Result queue(MHD_Connection* connection, const WebReply& reply) {
 
 /// One request, from its first line to its answer.
 struct Exchange {
+  WebServer::State* server = nullptr;
   std::string target;
   WebRequest request;
   MHD_Connection* connection = nullptr;
@@ -188,6 +174,7 @@ struct WebServer::State {
 
   std::string start();
   void run();
+  void runIn(std::uint64_t milliseconds);
   void resume(MHD_Connection* connection, bool& isSuspended);
   void expectHead(Client& client, std::chrono::milliseconds time);
   MHD_Result access(MHD_Connection* connection,
@@ -268,6 +255,14 @@ std::string WebServer::State::start() {
   if (!info || sd_event_add_io(loop, &source, info->listen_fd, EPOLLIN, onEvent, this) < 0)
     return "the web server cannot be watched";
   readable.reset(source);
+  const auto onTime = [](sd_event_source*, std::uint64_t, void* self) {
+    static_cast<State*>(self)->run();
+    return 0;
+  };
+  if (sd_event_add_time_relative(loop, &source, CLOCK_MONOTONIC, 0, 1000, onTime, this) < 0)
+    return "the web server has no timer";
+  timer.reset(source);
+  sd_event_source_set_enabled(source, SD_EVENT_OFF);
   return {};
 }
 
@@ -277,20 +272,23 @@ void WebServer::State::run() {
   MHD_run(daemon);
   MHD_run(daemon);
   MHD_UNSIGNED_LONG_LONG milliseconds = 0;
-  timer.reset();
-  if (MHD_get_timeout(daemon, &milliseconds) != MHD_YES) return;
-  sd_event_source* source = nullptr;
-  const auto onTime = [](sd_event_source*, std::uint64_t, void* self) {
-    static_cast<State*>(self)->run();
-    return 0;
-  };
-  sd_event_add_time_relative(loop, &source, CLOCK_MONOTONIC, milliseconds * 1000, 0, onTime, this);
-  timer.reset(source);
+  if (MHD_get_timeout(daemon, &milliseconds) == MHD_YES) {
+    runIn(milliseconds);
+  } else {
+    sd_event_source_set_enabled(timer.get(), SD_EVENT_OFF);
+  }
+}
+
+void WebServer::State::runIn(std::uint64_t milliseconds) {
+  sd_event_source_set_time_relative(timer.get(), milliseconds * 1000);
+  sd_event_source_set_enabled(timer.get(), SD_EVENT_ONESHOT);
 }
 
 void WebServer::State::resume(MHD_Connection* connection, bool& isSuspended) {
   if (!std::exchange(isSuspended, false)) return;
   MHD_resume_connection(connection);
+  // The library wakes nobody: what was resumed is served when it runs next.
+  runIn(0);
 }
 
 void WebServer::State::expectHead(Client& client, std::chrono::milliseconds time) {
@@ -307,8 +305,9 @@ void WebServer::State::expectHead(Client& client, std::chrono::milliseconds time
 
 void* WebServer::State::begin(void* self, const char* target, MHD_Connection*) {
   auto exchange = std::make_shared<Exchange>();
+  exchange->server = static_cast<State*>(self);
   exchange->target = target;
-  static_cast<State*>(self)->exchanges.insert(exchange);
+  exchange->server->exchanges.insert(exchange);
   return exchange.get();
 }
 
@@ -374,7 +373,7 @@ void WebServer::State::ask(const std::shared_ptr<Exchange>& exchange) {
     const auto waiting = asked.lock();
     if (!waiting || waiting->reply) return;
     waiting->reply = std::move(reply);
-    if (std::exchange(waiting->isSuspended, false)) MHD_resume_connection(waiting->connection);
+    waiting->server->resume(waiting->connection, waiting->isSuspended);
   });
 }
 

@@ -46,7 +46,11 @@ void Board::close() {
 }
 
 void Board::tellState() {
-  if (server_ && server_->streams() > 0) server_->send("state", surfaces::stateJson(state()));
+  if (!server_ || server_->streams() == 0) return;
+  // Once for all that happens in one turn, so that no page sees a part of it.
+  telling_ = parts_.loop.soon([this] {
+    if (server_) server_->send("state", surfaces::stateJson(state()));
+  });
 }
 
 }  // namespace resident

@@ -47,15 +47,13 @@ class Board : public surfaces::BoardHost {
                const surfaces::BoardView& view,
                Then<surfaces::BoardPicture> then) override;
   void png(const std::string& id, const surfaces::BoardView& view, Then<std::string> then) override;
-  void options(const std::string& kind,
-               const std::string& parameter,
-               const std::string& words,
+  void options(const surfaces::OptionsQuestion& question,
                Then<widgetruntime::OptionsAnswer> then) override;
   void perform(const std::string& intent, Then<void> then) override;
   Answer<std::string> add(const surfaces::BoardCard& card) override;
   Answer<void> remove(const std::string& id) override;
   Answer<void> configure(const surfaces::Subject& subject) override;
-  Answer<void> move(const std::string& id, int column, int row) override;
+  Answer<void> move(const std::vector<surfaces::BoardMove>& moves) override;
   Answer<void> reload(const std::string& id) override;
   void hide(bool hides) override;
   void open(const std::string& id, std::optional<std::size_t> region, Then<void> then) override;
@@ -89,6 +87,7 @@ class Board : public surfaces::BoardHost {
   std::unique_ptr<surfaces::WebServer> server_;
   bool isAdded_ = false;
   Watch closing_;
+  Watch telling_;
   /// Of what pages were last given: the widget's own link, then those of the elements.
   std::map<std::string, std::vector<std::string>> links_;
 };

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "Foundation/TimeZoneRules.hpp"
 #include "Opening/LinkOpener.hpp"
 #include "Resident/Board.hpp"
 
@@ -14,11 +15,24 @@ using widgetruntime::OptionsAnswer;
 
 namespace {
 
+constexpr std::int64_t kTwoYears = 2 * 365 * 86400;  ///< seconds
+
 /// Letters of ASCII in lower case.
 std::string lower(std::string text) {
   std::ranges::transform(
       text, text.begin(), [](char c) { return c >= 'A' && c <= 'Z' ? c + ('a' - 'A') : c; });
   return text;
+}
+
+/// Of the next two years.
+std::vector<foundation::Instant> clockChanges(const foundation::Device& device) {
+  std::vector<foundation::Instant> instants;
+  const auto rules = foundation::TimeZoneRules::load(device.timeZone.identifier);
+  if (!rules) return instants;
+  const std::int64_t now = device.now.seconds;
+  for (const auto& change : rules->changesBetween(now, now + kTwoYears))
+    instants.push_back({.seconds = change.at});
+  return instants;
 }
 
 }  // namespace
@@ -28,6 +42,7 @@ BoardState Board::state() {
   BoardState state;
   const foundation::Device device = parts_.device(host.reloader().now());
   state.timeZone = device.timeZone.identifier;
+  state.clockChanges = clockChanges(device);
   state.isHidden = host.privacy().isAsked();
   state.isLocked = host.privacy().isHidden() && !state.isHidden;
   if (const auto* offer = host.offer()) {
@@ -51,18 +66,19 @@ BoardState Board::state() {
   return state;
 }
 
-void Board::options(const std::string& kind,
-                    const std::string& parameter,
-                    const std::string& words,
-                    Then<OptionsAnswer> then) {
-  parts_.asker.options({.kind = kind, .parameter = parameter},
-                       [words = lower(words), then = std::move(then)](Asked<OptionsAnswer> answer) {
-                         if (!answer) return then(std::unexpected(answer.error().reason));
-                         std::erase_if(answer->options, [&](const auto& option) {
-                           return lower(option.title).find(words) == std::string::npos;
-                         });
-                         then(*std::move(answer));
-                       });
+void Board::options(const surfaces::OptionsQuestion& question, Then<OptionsAnswer> then) {
+  widgetruntime::OptionsParameters parameters{.kind = question.kind,
+                                              .parameter = question.parameter};
+  if (!question.id.empty()) parameters.identifiers = {question.id};
+  parts_.asker.options(
+      std::move(parameters),
+      [words = lower(question.words), then = std::move(then)](Asked<OptionsAnswer> answer) {
+        if (!answer) return then(std::unexpected(answer.error().reason));
+        std::erase_if(answer->options, [&](const auto& option) {
+          return lower(option.title).find(words) == std::string::npos;
+        });
+        then(*std::move(answer));
+      });
 }
 
 void Board::perform(const std::string& intent, Then<void> then) {
@@ -107,8 +123,11 @@ Board::Answer<void> Board::configure(const Subject& subject) {
   return parts_.host.configure(subject.id, subject.family, subject.configuration);
 }
 
-Board::Answer<void> Board::move(const std::string& id, int column, int row) {
-  return parts_.host.moveOnBoard(id, {column, row});
+Board::Answer<void> Board::move(const std::vector<surfaces::BoardMove>& moves) {
+  Answer<void> answer;
+  for (const auto& [id, column, row] : moves)
+    if (auto moved = parts_.host.moveOnBoard(id, {column, row}); !moved) answer = std::move(moved);
+  return answer;
 }
 
 Board::Answer<void> Board::reload(const std::string& id) {

@@ -131,7 +131,7 @@ void Board::paint(Sitting sitting, const widgetruntime::RenderedTree& tree) {
   options.mode = view.mode;
   options.tint = view.tint;
   options.showsBackground = view.showsBackground;
-  options.redaction.privacy = sitting.isRedacted;
+  options.redaction = {.privacy = sitting.isRedacted, .placeholder = view.hidesEverything};
   const foundation::Device device = parts_.device(parts_.host.reloader().now());
   options.direction = session::layoutDirection(device);
   if (const auto* offer = parts_.host.offer()) {

@@ -54,9 +54,8 @@ Answer configure(BoardHost& host, const BoardChange& change) {
 }
 
 Answer move(BoardHost& host, const BoardChange& change) {
-  if (!change.id) return lacks("id");
-  if (!change.column || !change.row) return lacks(change.column ? "row" : "column");
-  return replyOf(host.move(*change.id, *change.column, *change.row));
+  if (!change.cells) return lacks("cells");
+  return replyOf(host.move(*change.cells));
 }
 
 Answer remove(BoardHost& host, const BoardChange& change) {
@@ -108,9 +107,10 @@ void BoardApi::answerQuestion(const WebRequest& request, const Respond& respond)
   if (request.path.starts_with(kWidget))
     return answerWidget(request, std::string_view(request.path).substr(kWidget.size()), respond);
   if (request.path != "/options") return respond(refusal("There is nothing here.", kNotFound));
-  host_.options(request.value("kind"),
-                request.value("parameter"),
-                request.value("query"),
+  host_.options({.kind = request.value("kind"),
+                 .parameter = request.value("parameter"),
+                 .words = request.value("query"),
+                 .id = request.value("id")},
                 [respond](const auto& answer) {
                   respond(answer ? done(optionsJson(*answer)) : refusal(answer.error()));
                 });

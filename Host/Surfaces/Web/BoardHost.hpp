@@ -21,7 +21,8 @@ struct BoardView {
   viewkit::RenderingMode mode = viewkit::RenderingMode::fullColor;
   std::optional<viewkit::Rgb> tint;
   bool showsBackground = true;
-  bool hidesAmounts = false;  ///< the host hides them in any case while it must
+  bool hidesAmounts = false;     ///< the host hides them in any case while it must
+  bool hidesEverything = false;  ///< bars and blocks stand for all texts and pictures
   Preset preset = Preset::standard;
   std::optional<foundation::Instant> now;  ///< absent: the wall clock
 };
@@ -33,11 +34,29 @@ struct BoardCard {
   int row = 0;
 };
 
+/// Where one is to stand.
+struct BoardMove {
+  std::string id;
+  int column = 0;
+  int row = 0;
+
+  friend bool operator==(const BoardMove&, const BoardMove&) = default;
+};
+
+/// Which of a parameter's options are asked for.
+struct OptionsQuestion {
+  std::string kind;
+  std::string parameter;
+  std::string words;  ///< that the title holds, letter case aside
+  std::string id;     ///< that one alone; empty: all that are suggested
+};
+
 struct BoardState {
   std::string container;
-  std::string timeZone;   ///< an identifier such as "Europe/Berlin"
-  bool isHidden = true;   ///< as a person asked
-  bool isLocked = false;  ///< the session is, or might be
+  std::string timeZone;                           ///< an identifier such as "Europe/Berlin"
+  std::vector<foundation::Instant> clockChanges;  ///< of the zone, the next ones
+  bool isHidden = true;                           ///< as a person asked
+  bool isLocked = false;                          ///< the session is, or might be
   std::vector<widgetruntime::WidgetListing> gallery;
   std::optional<widgetruntime::Control> control;
   std::vector<BoardCard> cards;
@@ -72,17 +91,14 @@ class BoardHost {
   virtual void preview(const Subject& subject, const BoardView& view, Then<BoardPicture> then) = 0;
   /// A placement as a PNG.
   virtual void png(const std::string& id, const BoardView& view, Then<std::string> then) = 0;
-  /// Those of a parameter's options whose title holds `words`, letter case aside.
-  virtual void options(const std::string& kind,
-                       const std::string& parameter,
-                       const std::string& words,
+  virtual void options(const OptionsQuestion& question,
                        Then<widgetruntime::OptionsAnswer> then) = 0;
   virtual void perform(const std::string& intent, Then<void> then) = 0;
 
   [[nodiscard]] virtual Answer<std::string> add(const BoardCard& card) = 0;  ///< its new id
   [[nodiscard]] virtual Answer<void> remove(const std::string& id) = 0;
   [[nodiscard]] virtual Answer<void> configure(const Subject& subject) = 0;
-  [[nodiscard]] virtual Answer<void> move(const std::string& id, int column, int row) = 0;
+  [[nodiscard]] virtual Answer<void> move(const std::vector<BoardMove>& moves) = 0;
   [[nodiscard]] virtual Answer<void> reload(const std::string& id) = 0;  ///< empty: all
   virtual void hide(bool hides) = 0;
   /// Follows a link of what the page was last given: of an element of the picture, else the

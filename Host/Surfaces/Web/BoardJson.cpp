@@ -94,8 +94,9 @@ std::optional<viewkit::Appearance> appearanceNamed(std::string_view name) {
   return std::nullopt;
 }
 
-/// "RRGGBB".
+/// "#RRGGBB", with or without its sign.
 std::optional<viewkit::Rgb> tintOf(std::string_view text) {
+  if (text.starts_with('#')) text.remove_prefix(1);
   viewkit::Rgb tint = 0;
   const char* end = text.data() + text.size();
   if (text.size() != 6 || std::from_chars(text.data(), end, tint, 16).ptr != end)
@@ -129,6 +130,29 @@ std::expected<widgetruntime::IntentValues, std::string> configurationOf(const Js
   return values;
 }
 
+/// One {"id", "column", "row"} per widget.
+std::optional<std::vector<BoardMove>> movesOf(const JsonValue& value) {
+  const auto* array = value.array();
+  if (!array) return std::nullopt;
+  std::vector<BoardMove> moves;
+  for (const JsonValue& one : *array) {
+    const auto* object = one.object();
+    if (!object || object->size() != 3) return std::nullopt;
+    BoardMove& move = moves.emplace_back();
+    for (const auto& [name, member] : *object) {
+      const auto cell = wholeNumber(member, kMaximumCell);
+      if (name == "id" && member.string()) {
+        move.id = *member.string();
+      } else if ((name == "column" || name == "row") && cell) {
+        (name == "row" ? move.row : move.column) = *cell;
+      } else {
+        return std::nullopt;
+      }
+    }
+  }
+  return moves;
+}
+
 std::expected<void, std::string> readMember(BoardChange& change,
                                             const std::string& name,
                                             const JsonValue& value) {
@@ -150,6 +174,11 @@ std::expected<void, std::string> readMember(BoardChange& change,
   if (name == "column") return whole(change.column, kMaximumCell);
   if (name == "row") return whole(change.row, kMaximumCell);
   if (name == "region") return whole(change.region, 4096);
+  if (name == "cells") {
+    change.cells = movesOf(value);
+    if (!change.cells) return wrong(name, "an id, a column and a row for each widget");
+    return {};
+  }
   if (name == "hidden") {
     if (!value.boolean()) return wrong(name, "true or false");
     change.hidden = *value.boolean();
@@ -189,7 +218,10 @@ std::string changeJson(const std::string& id, std::uint64_t version) {
 std::string stateJson(const BoardState& state) {
   JsonWriter json;
   json.beginObject().member("container", state.container).member("zone", state.timeZone);
-  json.member("hidden", state.isHidden).member("locked", state.isLocked);
+  json.key("clockChanges").beginArray();
+  for (const auto& change : state.clockChanges)
+    json.value(foundation::formatInternetDateTime(change));
+  json.endArray().member("hidden", state.isHidden).member("locked", state.isLocked);
   if (state.took)
     json.member("milliseconds", std::round(static_cast<double>(state.took->count()) / 1000));
   if (state.control) {
@@ -230,6 +262,7 @@ std::string optionsJson(const widgetruntime::OptionsAnswer& answer) {
   json.beginObject();
   writeOptions(json, "options", answer.options);
   if (answer.defaultOption) json.member("default", *answer.defaultOption);
+  json.member("more", answer.more);
   json.endObject();
   return json.take();
 }
@@ -247,14 +280,16 @@ std::expected<BoardView, std::string> readView(const std::map<std::string, std::
       view.mode = *mode;
     } else if (name == "tint") {
       const auto tint = tintOf(value);
-      if (!tint) return wrong(name, "RRGGBB");
+      if (!tint) return wrong(name, "#RRGGBB");
       view.tint = *tint;
     } else if (name == "background") {
       if (value != "0" && value != "1") return wrong(name, "0 or 1");
       view.showsBackground = value == "1";
     } else if (name == "privacy") {
-      if (value != "off" && value != "hidden") return wrong(name, "off or hidden");
-      view.hidesAmounts = value == "hidden";
+      if (value != "off" && value != "hidden" && value != "locked")
+        return wrong(name, "off, hidden or locked");
+      view.hidesAmounts = value != "off";
+      view.hidesEverything = value == "locked";
     } else if (name == "preset") {
       const auto preset = presetNamed(value);
       if (!preset) return wrong(name, "standard, compact or stress");

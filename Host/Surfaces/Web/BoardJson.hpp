@@ -4,6 +4,7 @@
 #include <expected>
 #include <map>
 #include <string>
+#include <vector>
 
 #include "Surfaces/Web/BoardHost.hpp"
 
@@ -28,6 +29,7 @@ struct BoardChange {
   widgetruntime::IntentValues configuration;
   std::optional<int> column;
   std::optional<int> row;
+  std::optional<std::vector<BoardMove>> cells;
   std::optional<std::size_t> region;
   std::optional<bool> hidden;
   std::optional<std::string> intent;

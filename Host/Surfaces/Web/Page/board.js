@@ -1,265 +1,288 @@
 // The page: keeps the cards beside what the host says, and does what a person asks.
 
 import { blob, get, listen, post } from './host.js';
-import { asQuery, changes } from './settings.js';
-import { attempt, make, place, say, toast } from './dom.js';
-import { flow, freeCell, kPitch, makeRoom, spanOf } from './grid.js';
+import { onView, setZone, view } from './view.js';
+import { $, all, attempt, make, place, say, toast } from './dom.js';
+import { flow, freeCell, inReadingOrder, makeRoom, spanOf } from './grid.js';
 import { Card } from './card.js';
 import * as gallery from './gallery.js';
 import * as keys from './keys.js';
-import * as menu from './menu.js';
 import * as sheet from './sheet.js';
-import * as toolbar from './toolbar.js';
-import { startDrag } from './drag.js';
+import { moveByKeys, startDrag } from './drag.js';
 
-const byId = (id) => document.getElementById(id);
-const kGap = 24;
+const kPitch = { x: 194, y: 212 };
 const kSizes = { systemSmall: [170, 170], systemMedium: [364, 170], systemLarge: [364, 382] };
+const kLine = 52;  // below a card on a narrow page
+const canvas = $('#canvas');
+const grid = $('#grid');
+const menu = $('#menu');
+const target = make('li', { className: 'target', ariaHidden: 'true' });
+const isNarrow = () => innerWidth < 720;
+
+let state = { placements: [], gallery: [] };
+let isOpen = false;
+const removed = [];
 
 const board = {
-  state: { placements: [], gallery: [] },
   cards: new Map(),
   placed: [],
-  removed: [],
-  grid: byId('grid'),
-  get zone() { return this.state.zone; },
-  offerOf: (kind) => board.state.gallery.find((offer) => offer.kind === kind),
-  nameOf: (kind) => board.offerOf(kind)?.name ?? kind,
-
-  // ---- what the host says
-
-  async load() {
-    const state = await attempt(() => get('state'));
-    if (state) this.take(state);
-    return state;
-  },
-
-  take(state) {
-    this.state = state;
-    byId('container').textContent = state.container;
-    byId('hide').setAttribute('aria-pressed', String(state.hidden));
-    byId('hide').querySelector('use').setAttribute('href', state.hidden ? '#i-eye-off' : '#i-eye');
-    byId('hide').title = state.locked ? 'The session counts as locked: amounts are hidden in any case.' : '';
-    byId('control').hidden = !state.control;
-    if (state.control) byId('control').querySelector('span').textContent = state.control.name;
-    this.takePlacements();
-    this.showLamp();
-  },
-
-  takePlacements() {
-    const ids = new Set(this.state.placements.map(({ id }) => id));
-    for (const [id, card] of this.cards) if (!ids.has(id)) { card.element.remove(); this.cards.delete(id); }
-    for (const placement of this.state.placements) {
-      const card = this.cards.get(placement.id);
-      const changed = card && (card.placement.family !== placement.family || JSON.stringify(card.placement.configuration) !== JSON.stringify(placement.configuration));
-      if (card) card.update(placement); else this.addCard(placement);
-      if (changed) card.refresh();
-    }
-    byId('empty').hidden = this.cards.size > 0;
-    this.layOut();
-  },
-
-  addCard(placement) {
-    const card = new Card(placement, this);
-    this.cards.set(placement.id, card);
-    this.grid.append(card.element);
-    card.face.addEventListener('pointerdown', (event) => startDrag(event, {
-      board: this, family: card.placement.family, source: card.face, drop: (cell) => this.move(card.placement.id, cell),
-      moving: (dx, dy) => {
-        card.element.classList.toggle('moving', dx !== undefined);
-        if (dx === undefined) this.layOut(); else place(card.element, { x: card.left + dx, y: card.top + dy });
-      },
-    }));
-    card.element.addEventListener('contextmenu', (event) => { event.preventDefault(); this.openMenu(card, card.more, event.clientX ? { x: event.clientX, y: event.clientY } : undefined); });
-    card.refresh();
-  },
-
-  hear(name, data) {
-    if (name === 'state') this.take(data);
-    const card = name === 'widget' && this.cards.get(data.id);
-    if (card && !(card.answer?.version >= data.version)) card.refresh().then(() => this.showLamp());
-  },
-
-  showLamp(open = this.open) {
-    this.open = open;
-    const states = [...this.cards.values()].map((card) => card.answer?.state ?? 'placeholder');
-    const worst = !open ? 'failed' : ['failed', 'stale'].find((state) => states.includes(state)) ?? 'live';
-    byId('lamp').dataset.state = worst;
-    byId('lampText').textContent = !open ? 'Not connected' : { failed: 'Failing', stale: 'Out of date', live: 'Live' }[worst];
-    byId('lampDetail').textContent = open && this.state.milliseconds !== undefined ? `${this.state.milliseconds} ms` : '';
-  },
+  get zone() { return state.zone; },
+  offerOf: (kind) => state.gallery.find((offer) => offer.kind === kind),
 
   // ---- where cards stand
 
-  get zoom() { return innerWidth < 720 ? (innerWidth - 32) / 364 : 1; },
-  get columns() { return innerWidth < 720 ? 2 : Math.max(1, Math.floor((byId('canvas').clientWidth - 64 + kGap) / kPitch.x)); },
+  get zoom() { return isNarrow() ? (innerWidth - 32) / 364 : 1; },
+  get columns() { return isNarrow() ? 2 : Math.max(1, Math.floor((canvas.clientWidth - 40) / kPitch.x)); },
 
+  /** In pixels of the grid. On a narrow page the lines below keep their height, so rows follow each other as they are filled. */
   boxOf({ column, row, family }) {
-    const [width, height] = kSizes[family] ?? kSizes.systemSmall;
-    const zoom = this.zoom;
-    const pitchY = innerWidth < 720 ? kPitch.y * zoom + 18 : kPitch.y;
-    return { x: column * kPitch.x * zoom, y: row * pitchY, w: width * zoom, h: height * zoom };
+    const { zoom } = board;
+    const [w, h] = (kSizes[family] ?? kSizes.systemSmall).map((side) => side * zoom);
+    const above = board.placed.filter((item) => item.row < row && spanOf(item.family)[0] + item.column > 0);
+    const rows = new Map(above.map((item) => [item.row, Math.max(...above.filter((other) => other.row === item.row).map((other) => kSizes[other.family]?.[1] ?? 170))]));
+    const y = isNarrow() ? [...rows.values()].reduce((sum, height) => sum + height * zoom + kLine, 0) : row * kPitch.y;
+    return { x: column * kPitch.x * zoom, y, w, h };
   },
 
-  layOut(items = this.state.placements) {
-    this.placed = flow(items, this.columns);
+  clamp: ({ column, row }, family) => ({ column: Math.max(0, Math.min(column, board.columns - spanOf(family)[0])), row: Math.max(0, row) }),
+
+  /** The cell under the pointer; none outside the canvas. */
+  cellAt({ clientX, clientY }, family) {
+    const { left, right, top, bottom } = canvas.getBoundingClientRect();
+    if (clientX < left || clientX > right || clientY < top || clientY > bottom) return undefined;
+    const origin = grid.getBoundingClientRect();
+    const [x, y] = [clientX - origin.left, clientY - origin.top];
+    const rows = [...Array(100).keys()];
+    const row = isNarrow() ? rows.findLast((one) => board.boxOf({ row: one, column: 0 }).y <= y) : Math.floor(y / kPitch.y);
+    return board.clamp({ column: Math.floor(x / kPitch.x / board.zoom), row: row ?? 0 }, family);
+  },
+
+  /** Shows how all would stand if `item` went to a cell; without one, how they stand. */
+  preview(item, cell) {
+    const home = flow(state.placements, board.columns);
+    board.placed = cell ? makeRoom(home, { ...item, ...cell }, board.columns) : home;
+    target.remove();
+    for (const card of board.cards.values()) card.element.classList.toggle('moving', card.id === item?.id);
     let bottom = 0;
-    for (const item of this.placed) {
-      const card = this.cards.get(item.id);
-      const { x, y, w, h } = this.boxOf(item);
-      if (!card) continue;
-      card.shown = item;
-      [card.left, card.top] = [x, y];
-      card.place(x, y, w, h, this.zoom);
-      bottom = Math.max(bottom, y + h + 40);
+    for (const placed of board.placed) {
+      const box = board.boxOf(placed);
+      board.cards.get(placed.id)?.place(box, board.zoom);
+      bottom = Math.max(bottom, box.y + box.h + kLine);
     }
-    this.grid.style.height = `${bottom}px`;
-    // The reading order is the order of the document, so that Tab and a screen reader follow the eye.
-    const order = [...this.placed].sort((a, b) => a.row - b.row || a.column - b.column).map(({ id }) => this.cards.get(id)?.element);
-    const focused = document.activeElement;
-    order.forEach((element, i) => { if (element && this.grid.children[i] !== element) this.grid.insertBefore(element, this.grid.children[i] ?? null); });
-    if (focused !== document.activeElement && this.grid.contains(focused)) focused.focus();
+    grid.style.height = `${bottom}px`;
+    if (!cell) return order();
+    grid.append(target);
+    return place(target, board.boxOf({ ...item, ...cell }));
   },
-
-  cellAt(x, y, family) {
-    const grid = this.grid.getBoundingClientRect();
-    const canvas = byId('canvas').getBoundingClientRect();
-    if (x < canvas.left || x > canvas.right || y < canvas.top || y > canvas.bottom) return undefined;
-    const cell = this.boxOf({ column: 1, row: 1, family: 'systemSmall' });
-    return this.clampCell({ column: Math.floor((x - grid.left) / cell.x), row: Math.floor((y - grid.top) / cell.y) }, family);
-  },
-
-  clampCell: ({ column, row }, family) => ({ column: Math.max(0, Math.min(column, board.columns - spanOf(family)[0])), row: Math.max(0, row) }),
-
-  previewMove(card, cell) { this.layOut(makeRoom(this.placed, { ...card.shown, ...cell }, this.columns)); },
 
   // ---- what a person asks
 
   async move(id, cell) {
-    const moved = makeRoom(this.placed, { ...this.placed.find((item) => item.id === id), ...cell }, this.columns);
-    const before = new Map(this.state.placements.map((item) => [item.id, item]));
-    this.state.placements = moved;
-    this.layOut();
-    const [first] = moved;
-    say(`${this.nameOf(first.kind)}, column ${first.column + 1}, row ${first.row + 1}`);
-    await attempt(async () => {
-      for (const { id: other, column, row } of moved) {
-        const old = before.get(other);
-        if (old.column !== column || old.row !== row) await post('move', { id: other, column, row });
-      }
-    });
-    await this.load();
+    const item = board.placed.find((one) => one.id === id);
+    const moved = makeRoom(board.placed, { ...item, ...cell }, board.columns);
+    const cells = moved.map(({ id: one, column, row }) => ({ id: one, column, row }));
+    state.placements = moved;
+    board.preview();
+    say(`${board.cards.get(id).title}, column ${cell.column + 1}, row ${cell.row + 1}`);
+    await attempt(() => post('move', { cells }));
+    await load();
   },
 
-  async add(kind, family, cell) {
-    const where = cell ?? freeCell(family, this.placed, this.columns);
-    const answer = await attempt(() => post('add', { kind, family, configuration: {}, ...where }));
+  async add(kind, family, cell, configuration = {}) {
+    const where = cell ?? freeCell(family, board.placed, board.columns);
+    const answer = await attempt(() => post('add', { kind, family, configuration, ...where }));
     if (!answer) return;
-    await this.load();
-    if (cell) await this.move(answer.id, cell);
-    this.showPanel('widgets');
-    const card = this.cards.get(answer.id);
+    await load();
+    if (cell) await board.move(answer.id, cell);
+    showPanel('widgets');
+    const card = board.cards.get(answer.id);
     card?.element.scrollIntoView({ block: 'nearest' });
     card?.focus();
-    say(`${this.nameOf(kind)} added, column ${where.column + 1}, row ${where.row + 1}`);
+    say(`${card?.title} added, column ${where.column + 1}, row ${where.row + 1}`);
   },
 
-  async remove(card) {
-    const { placement, title } = card;
-    if (await attempt(() => post('remove', { id: placement.id })) === undefined) return;
-    this.removed.push(placement);
-    await this.load();
-    [...this.cards.values()][0]?.focus();
-    toast(`${title} removed.`, { name: 'Undo', run: () => this.undo() });
+  async remove({ placement, title }) {
+    if (!await attempt(() => post('remove', { id: placement.id }))) return;
+    removed.push(placement);
+    await load();
+    (board.cards.get(inReadingOrder(board.placed)[0]?.id) ?? canvas).focus();
+    toast(`${title} removed.`, 'Undo', board.undo);
   },
 
-  async undo() {
-    const last = this.removed.pop();
-    if (!last) return;
-    const { kind, family, configuration, column, row } = last;
-    const answer = await attempt(() => post('add', { kind, family, configuration, column, row }));
-    await this.load();
-    this.cards.get(answer?.id)?.focus();
+  undo() {
+    const last = removed.pop();
+    return last && board.add(last.kind, last.family, { column: last.column, row: last.row }, last.configuration);
   },
 
   async resize(card, family) {
     const { id, kind, configuration } = card.placement;
-    if (!this.offerOf(kind)?.families.includes(family)) return say(`${card.title} has no such size.`);
-    if (await attempt(() => post('configure', { id, family, configuration })) === undefined) return undefined;
-    await this.load();
-    return this.move(id, this.clampCell(card.shown, family));
+    if (!board.offerOf(kind)?.families.includes(family)) return say(`${card.title} has no such size.`);
+    if (!await attempt(() => post('configure', { id, family, configuration }))) return undefined;
+    await load();
+    return board.move(id, board.clamp(board.placed.find((item) => item.id === id), family));
   },
 
-  reload: (card) => attempt(() => post('reload', { id: card.placement.id })),
-  edit(card) { const offer = this.offerOf(card.placement.kind); if (offer) sheet.edit(card.placement, offer, () => { card.focus(); this.load(); }); },
+  edit(card) {
+    const offer = board.offerOf(card.placement.kind);
+    if (offer) sheet.edit(card, offer, gallery.drawPreview);
+  },
 
   async download(card, form) {
-    const file = await attempt(() => blob(`widget/${card.placement.id}.${form}`, asQuery()));
+    const file = await attempt(() => blob(`widget/${card.id}.${form}`, view()));
     if (!file) return;
-    const link = make('a', { href: URL.createObjectURL(file), download: `${card.title} ${sheet.letters[card.placement.family] ?? ''}`.trim() + `.${form}` });
+    const link = make('a', { href: URL.createObjectURL(file), download: `${card.title} ${sheet.sizes[card.placement.family]}.${form}` });
     link.click();
     setTimeout(() => URL.revokeObjectURL(link.href), 1000);
   },
 
-  openMenu(card, anchor, point) {
-    const offer = this.offerOf(card.placement.kind);
-    const families = offer?.families ?? [];
-    menu.open([
-      { name: 'Edit widget', key: 'E', run: () => this.edit(card) },
-      { name: 'Reload now', key: 'R', run: () => this.reload(card) },
-      { name: 'Move', key: 'M', run: () => keys.moveByKeys(this, card) }, null,
-      ...(families.length > 1 ? [...families.map((family, i) => ({ name: sheet.sizes[family], key: String(i + 1), checked: family === card.placement.family, run: () => this.resize(card, family) })), null] : []),
-      { name: 'Download PNG', run: () => this.download(card, 'png') },
-      { name: 'Download SVG', run: () => this.download(card, 'svg') }, null,
-      { name: 'Remove', key: 'Del', danger: true, run: () => this.remove(card) },
-    ], anchor, point);
+  openMenu(card, point) {
+    const families = board.offerOf(card.placement.kind)?.families ?? [];
+    menu.ariaLabel = `Options of ${card.title}`;
+    for (const item of all('[data-family]', menu)) {
+      item.hidden = families.length < 2 || !families.includes(item.dataset.family);
+      item.ariaChecked = String(item.dataset.family === card.placement.family);
+    }
+    menu.onclick = ({ target: chosen }) => {
+      const { do: action, family } = chosen.closest('button')?.dataset ?? {};
+      menu.hidePopover();
+      if (family) board.resize(card, family);
+      else if (action === 'move') moveByKeys(board, card);
+      else if (action === 'reload') card.reload();
+      else if (action === 'png' || action === 'svg') board.download(card, action);
+      else if (action) board[action](card);
+    };
+    card.more.focus();
+    menu.showPopover();
+    const box = card.more.getBoundingClientRect();
+    const x = point?.clientX || box.right - menu.offsetWidth;
+    const y = point?.clientY || box.bottom + 4;
+    place(menu, { x: Math.max(8, Math.min(x, innerWidth - menu.offsetWidth - 8)), y: Math.max(8, Math.min(y, innerHeight - menu.offsetHeight - 8)) });
+    $('button', menu).focus();
   },
 
-  select(id) {
-    for (const card of this.cards.values()) card.element.toggleAttribute('aria-current', false);
-    this.cards.get(id)?.element.setAttribute('aria-current', 'true');
+  select(card) {
+    for (const { element } of board.cards.values()) element.ariaCurrent = element === card?.element ? 'true' : null;
   },
 
-  toggleHidden: () => attempt(async () => { await post('hide', { hidden: !board.state.hidden }); await board.load(); say(board.state.hidden ? 'Amounts are hidden everywhere.' : 'Amounts are shown.'); }),
+  toggleHidden: () => attempt(async () => {
+    await post('hide', { hidden: !state.hidden });
+    await load();
+    say(state.hidden ? 'Amounts are hidden everywhere.' : state.locked ? 'Amounts stay hidden: the session is locked.' : 'Amounts are shown.');
+  }),
 
   toggleGallery() {
-    if (innerWidth < 720) return this.showPanel('gallery');
+    if (isNarrow()) return showPanel('gallery');
     const closed = document.body.classList.toggle('plain');
-    byId('showGallery').setAttribute('aria-expanded', String(!closed));
-    if (closed) byId('showGallery').focus();
-    return this.layOut();
+    $('#showGallery').ariaExpanded = String(!closed);
+    if (closed) $('#showGallery').focus();
+    return board.preview();
   },
 
   search() {
-    if (document.body.classList.contains('plain') || innerWidth < 720) this.toggleGallery();
-    byId('search').focus();
-  },
-
-  showPanel(panel) {
-    document.body.dataset.panel = panel;
-    for (const button of document.querySelectorAll('.tabs button')) button.setAttribute('aria-pressed', String(button.dataset.panel === panel));
-    this.layOut();
+    if (!$('#gallery').checkVisibility()) board.toggleGallery();
+    $('#search').focus();
   },
 };
 
-function refreshAll() {
-  for (const card of board.cards.values()) card.refresh();
+/** The order of the document is that of reading, so that Tab and a screen reader follow the eye. */
+function order() {
+  const focused = document.activeElement;
+  const elements = inReadingOrder(board.placed).map(({ id }) => board.cards.get(id)?.element).filter(Boolean);
+  elements.forEach((element, i) => { if (grid.children[i] !== element) grid.insertBefore(element, grid.children[i]); });
+  if (focused !== document.activeElement && grid.contains(focused)) focused.focus();
 }
 
-byId('hide').addEventListener('click', board.toggleHidden);
-byId('control').addEventListener('click', () => attempt(() => post('perform', { intent: board.state.control.intent })));
-byId('showGallery').addEventListener('click', () => board.toggleGallery());
-byId('closeGallery').addEventListener('click', () => board.toggleGallery());
-byId('showKeys').addEventListener('click', keys.showHelp);
-for (const button of document.querySelectorAll('.tabs button')) button.addEventListener('click', () => board.showPanel(button.dataset.panel));
+function addCard(placement) {
+  const card = new Card(placement, board);
+  board.cards.set(placement.id, card);
+  grid.append(card.element);
+  card.face.onpointerdown = (event) => {
+    if (event.target.localName !== 'button') startDrag(event, board, board.placed.find(({ id }) => id === card.id), (cell) => board.move(card.id, cell));
+  };
+  card.more.onclick = () => board.openMenu(card);
+  $('.under', card.element).onclick = ({ target: at }) => { if (!card.more.contains(at)) board.select(card); };
+  card.element.oncontextmenu = (event) => { event.preventDefault(); board.openMenu(card, event); };
+  refresh(card);
+}
+
+const refresh = async (card) => { await card.refresh(); showLamp(); };
+const refreshAll = () => { for (const card of board.cards.values()) refresh(card); };
+
+// ---- what the host says
+
+async function load() {
+  const answer = await attempt(() => get('state'));
+  if (answer) take(answer);
+}
+
+function take(next) {
+  const before = state;
+  state = next;
+  const isMasked = state.hidden || state.locked;
+  $('#container').textContent = state.container;
+  $('#hide').ariaPressed = String(isMasked);
+  $('#hide use').setAttribute('href', state.locked ? '#i-lock' : isMasked ? '#i-eye-off' : '#i-eye');
+  $('#hide span').textContent = state.locked ? 'Locked' : 'Hide amounts';
+  $('#hide').title = state.locked ? 'The session counts as locked: amounts are hidden in any case.' : '';
+  $('#control').hidden = !state.control;
+  $('#control span').textContent = state.control?.name;
+  if (JSON.stringify([before.zone, before.clockChanges]) !== JSON.stringify([state.zone, state.clockChanges])) setZone(state.zone, state.clockChanges);
+  if (JSON.stringify(before.gallery) !== JSON.stringify(state.gallery)) gallery.show(state.gallery, board);
+  else if (isMasked !== (before.hidden || before.locked)) gallery.redraw();
+  for (const [id, card] of board.cards) if (!state.placements.some((placement) => placement.id === id)) { card.element.remove(); board.cards.delete(id); }
+  for (const placement of state.placements) {
+    const card = board.cards.get(placement.id);
+    const is = ({ family, configuration }) => JSON.stringify([family, configuration]);
+    const hasChanged = card && is(card.placement) !== is(placement);
+    if (card) card.update(placement); else addCard(placement);
+    if (hasChanged) refresh(card);
+  }
+  $('#empty').hidden = board.cards.size > 0;
+  board.preview();
+  showLamp();
+}
+
+function hear(name, data) {
+  if (name === 'state') return take(data);
+  const card = board.cards.get(data.id);
+  return card && !(card.version >= data.version) && refresh(card);
+}
+
+function showLamp() {
+  const states = [...board.cards.values()].map((card) => card.state);
+  const worst = !isOpen ? 'failed' : ['failed', 'stale'].find((one) => states.includes(one)) ?? 'live';
+  $('#lamp').dataset.state = worst;
+  $('#lamp b').textContent = !isOpen ? 'Not connected' : { failed: 'Failing', stale: 'Out of date', live: 'Live' }[worst];
+  $('#lamp span').textContent = isOpen && state.milliseconds !== undefined ? `${state.milliseconds} ms` : '';
+}
+
+function showPanel(panel) {
+  document.body.dataset.panel = panel;
+  for (const button of all('.tabs button')) button.ariaPressed = String(button.dataset.panel === panel);
+  board.preview();
+}
+
+menu.onkeydown = (event) => {
+  const items = all('button:not([hidden])', menu);
+  const at = items.indexOf(document.activeElement);
+  const next = { ArrowDown: at + 1, ArrowUp: at - 1, Home: 0, End: -1 }[event.key];
+  if (next !== undefined) items.at(next % items.length).focus();
+  else if (event.key === 'Tab') menu.hidePopover();
+  else return;
+  event.preventDefault();
+};
+$('#hide').onclick = board.toggleHidden;
+$('#control').onclick = () => attempt(() => post('perform', { intent: state.control.intent }));
+$('#showGallery').onclick = board.toggleGallery;
+$('#closeGallery').onclick = board.toggleGallery;
+$('#showKeys').onclick = () => $('#keys').showModal();
+for (const button of all('.tabs button')) button.onclick = () => showPanel(button.dataset.panel);
 if (innerWidth < 1200) document.body.classList.add('plain');
-board.showPanel('widgets');
-new ResizeObserver(() => board.layOut()).observe(byId('canvas'));
-changes.addEventListener('change', refreshAll);
-
-if (await board.load()) {
-  toolbar.build(board.zone);
-  gallery.build(board);
-  keys.build(board);
-}
-listen((name, data) => board.hear(name, data), (open) => { board.showLamp(open); if (open) board.load().then(refreshAll); });
+new ResizeObserver(() => board.preview()).observe(canvas);
+onView.push(refreshAll);
+keys.build(board);
+listen(hear, (open) => {
+  isOpen = open;
+  showLamp();
+  if (open) load().then(refreshAll);
+});

@@ -1,121 +1,119 @@
 // One widget on the canvas: its picture, real links over it, what it says, and the line below.
 
 import { get, post } from './host.js';
-import { asQuery } from './settings.js';
-import { attempt, icon, make, place, showPicture } from './dom.js';
+import { view } from './view.js';
+import { $, all, attempt, copy, make, place, showPicture } from './dom.js';
 
-const shortTime = (iso, zone) => {
-  const format = (options) => new Intl.DateTimeFormat('en-GB', { ...options, timeZone: zone }).format(new Date(iso));
-  const day = { year: 'numeric', month: '2-digit', day: '2-digit' };
-  const isToday = format(day) === new Intl.DateTimeFormat('en-GB', { ...day, timeZone: zone }).format(new Date());
-  return format(isToday ? { hour: '2-digit', minute: '2-digit' } : { day: 'numeric', month: 'short' });
-};
+/** Hours and minutes, or the day when it is another one. */
+function shortTime(iso, timeZone) {
+  const text = (options) => new Intl.DateTimeFormat('en-GB', { timeZone, ...options }).format(Date.parse(iso));
+  const isToday = text({}) === new Intl.DateTimeFormat('en-GB', { timeZone }).format();
+  return text(isToday ? { hour: '2-digit', minute: '2-digit' } : { day: 'numeric', month: 'short' });
+}
 
 export class Card {
-  /** @param board what cards ask of the page: `openMenu(card, anchor)`, `select(id)`, `zone`, `nameOf(kind)` */
+  /** @param board what cards ask of the page: `offerOf(kind)`, `zone` */
   constructor(placement, board) {
     this.board = board;
-    this.face = make('div', { class: 'face' });
-    this.words = make('div', { class: 'away', id: `words-${placement.id}` });
-    this.name = make('h3');
-    this.when = make('span');
-    this.more = make('button', { class: 'icon bare', 'aria-haspopup': 'menu', onclick: () => board.openMenu(this, this.more) }, icon('more'));
-    this.under = make('div', { class: 'under', onclick: (event) => { if (!this.more.contains(event.target)) board.select(this.placement.id); } }, this.name, this.when, this.more);
-    this.element = make('li', { class: 'card', 'data-id': placement.id }, this.face, this.words, this.under);
+    this.element = copy('card');
+    for (const name of ['face', 'picture', 'whole', 'regions', 'failure', 'words', 'when', 'more']) this[name] = $(`.${name}`, this.element);
+    this.element.dataset.id = placement.id;
+    this.words.id = `words-${placement.id}`;
+    this.whole.setAttribute('aria-describedby', this.words.id);
+    this.whole.onclick = (event) => this.open(event);
+    $('button', this.failure).onclick = () => this.reload();
     this.update(placement);
-    this.showBones();
   }
+
+  get id() { return this.placement.id; }
+  get state() { return this.element.dataset.state; }
+  get title() { return this.board.offerOf(this.placement.kind)?.name ?? this.placement.kind; }
 
   update(placement) {
     this.placement = placement;
-    this.title = this.board.nameOf(placement.kind);
-    this.name.textContent = this.title;
-    this.more.setAttribute('aria-label', `Options of ${this.title}`);
+    $('h3', this.element).textContent = this.title;
+    this.more.ariaLabel = `Options of ${this.title}`;
   }
 
-  /** Asks for the picture as the page shows it now. A later call wins; answers older than what is shown are dropped. */
+  reload() { return attempt(() => post('reload', { id: this.id })); }
+
+  /** Real links, so that they can be read and copied; the host opens them, and only if its own tree holds them. */
+  open(event, region) {
+    event.preventDefault();
+    attempt(() => post('open', { id: this.id, region }));
+  }
+
+  /** Asks for the picture as the page shows it now. A later call wins. */
   async refresh() {
     this.asking?.abort();
     this.asking = new AbortController();
-    const answer = await attempt(() => get(`widget/${this.placement.id}`, asQuery(), this.asking.signal));
-    if (answer && this.element.isConnected) this.show(answer);
+    const { signal } = this.asking;
+    this.lost = this.findLost();
+    const answer = await attempt(() => get(`widget/${this.id}`, view(), signal));
+    const lost = await this.lost;
+    if (answer && !signal.aborted) this.show(answer, lost);
   }
 
-  show(answer) {
-    this.answer = answer;
-    this.element.dataset.state = answer.state;
-    this.element.toggleAttribute('data-bare', Boolean(answer.svg));
-    this.showWhen();
-    this.words.replaceChildren(...answer.elements.map(({ role, label, value }) =>
-      make('span', role === 'image' ? { role: 'img', 'aria-label': label } : {}, role === 'image' ? '' : [label, value].filter(Boolean).join(', '), ' ')));
-    if (answer.note) this.words.append(make('span', {}, answer.note));
-    if (answer.state === 'failed') this.showFailure();
-    else if (answer.svg) this.showLive();
-    else this.showBones();
+  /** The title of a parameter whose choice the document no longer has. */
+  async findLost() {
+    const { kind, configuration } = this.placement;
+    for (const { name, title, type } of this.board.offerOf(kind)?.parameters ?? []) {
+      const id = configuration[name];
+      if (type !== 'entity' || !id) continue;
+      const { options } = await get('options', { kind, parameter: name, id }).catch(() => ({}));
+      if (options && !options.length) return title;
+    }
+    return undefined;
   }
 
-  showWhen() {
-    const { state, asOf, since, note, reason } = this.answer;
-    const time = (iso) => shortTime(iso, this.board.zone);
+  show(answer, lost) {
+    const { state, version, svg, link, label, regions, elements, reason, nextTry } = answer;
+    this.version = version;
+    this.element.dataset.state = state;
+    this.showLine(answer, lost);
+    const gone = lost && `The chosen ${lost.toLowerCase()} is no longer in the document, so the widget shows all of them.`;
+    this.element.title = [gone, state === 'live' ? '' : reason].filter(Boolean).join(' ');
+    this.words.replaceChildren(...elements.map((one) => (one.role === 'image' ? make('span', { role: 'img', ariaLabel: one.label })
+      : make('span', {}, [one.label, one.value].filter(Boolean).join(', '), ' '))), make('span', {}, this.element.title));
+    showPicture(this.picture, svg ?? '<svg xmlns="http://www.w3.org/2000/svg"/>');
+    if (link && state !== 'failed') this.whole.href = link; else this.whole.removeAttribute('href');
+    this.whole.ariaLabel = label || this.title;
+    this.showRegions(regions);
+    $('p', this.failure).textContent = reason;
+    $('span', this.failure).textContent = nextTry ? `next try ${shortTime(nextTry, this.board.zone)}` : '';
+  }
+
+  showLine({ state, asOf, since }, lost) {
+    const time = (iso) => (iso ? shortTime(iso, this.board.zone) : '');
     const isSmall = this.placement.family === 'systemSmall';
-    const texts = { placeholder: 'loading', live: asOf ? `${isSmall ? '' : 'as of '}${time(asOf)}` : '', stale: `since ${since ? time(since) : ''}`, failed: `failed ${since ? time(since) : ''}` };
-    this.when.textContent = texts[state] ?? '';
-    this.under.title = [note, state === 'live' ? '' : reason].filter(Boolean).join(' ');
+    const texts = { placeholder: 'loading', live: `${isSmall || !asOf ? '' : 'as of '}${time(asOf)}`, stale: `since ${time(since)}`, failed: `failed ${time(since)}` };
+    this.when.textContent = lost && state === 'live' ? `${lost} is gone` : texts[state];
+    this.element.toggleAttribute('data-lost', Boolean(lost));
   }
 
-  showBones() {
-    this.fill(make('div', { class: 'bones' }));
-    this.element.removeAttribute('data-bare');
+  /** The focus stays on the region that had it. */
+  showRegions(regions) {
+    const focused = all('a', this.regions).indexOf(document.activeElement);
+    this.boxes = regions;
+    this.regions.replaceChildren(...regions.map(({ id, link, label }) =>
+      make('a', { className: 'hit', href: link, ariaLabel: label, draggable: false, onclick: (event) => this.open(event, id) })));
+    this.placeRegions();
+    if (focused >= 0) (this.regions.children[focused] ?? this.focusable).focus();
   }
 
-  showFailure() {
-    const { reason, nextTry } = this.answer;
-    const again = make('button', { onclick: () => attempt(() => post('reload', { id: this.placement.id })) }, 'Try again');
-    const next = nextTry && make('span', { class: 'quiet' }, `next try ${shortTime(nextTry, this.board.zone)}`);
-    this.fill(make('div', { class: 'failure' }, make('strong', {}, icon('warning'), 'Could not draw'), make('p', {}, reason ?? ''), make('div', {}, again, next)));
-  }
-
-  showLive() {
-    const { svg, link, regions, label } = this.answer;
-    const picture = make('div', { class: 'picture', 'aria-hidden': 'true' });
-    showPicture(picture, svg);
-    const hits = regions.map((region) => this.hit(region.link, region.label, region.id, region));
-    this.fill(picture, link && this.hit(link, label ?? this.title), ...hits);
-    this.scaleHits();
-  }
-
-  /** A real link, so that it can be read and copied; the host opens it, and only if its own tree holds it. */
-  hit(href, label, region, box) {
-    const open = (event) => {
-      event.preventDefault();
-      attempt(() => post('open', { id: this.placement.id, region }));
-    };
-    const anchor = make('a', { class: box ? 'hit' : 'hit whole', href, 'aria-label': label, draggable: 'false', onclick: open, 'aria-describedby': box ? undefined : this.words.id });
-    anchor.box = box;
-    return anchor;
-  }
-
-  scaleHits() {
-    const zoom = this.zoom ?? 1;
-    for (const anchor of this.face.querySelectorAll('.hit')) {
-      const box = anchor.box;
-      if (box) place(anchor, { x: box.x * zoom, y: box.y * zoom, w: box.width * zoom, h: box.height * zoom });
+  placeRegions() {
+    for (const [i, { x, y, width, height }] of (this.boxes ?? []).entries()) {
+      place(this.regions.children[i], { x: x * this.zoom, y: y * this.zoom, w: width * this.zoom, h: height * this.zoom });
     }
   }
 
-  /** Swaps what is on the face; the focus stays where a person left it. */
-  fill(...children) {
-    const before = [...this.face.querySelectorAll('a, button')];
-    const focused = before.indexOf(document.activeElement);
-    this.face.replaceChildren(...children.filter(Boolean));
-    if (focused >= 0) (this.face.querySelectorAll('a, button')[focused] ?? this.more).focus();
-  }
-
-  place(x, y, width, height, zoom) {
+  place(box, zoom) {
+    this.box = box;
     this.zoom = zoom;
-    place(this.element, { x, y, w: width, h: height, zoom });
-    this.scaleHits();
+    place(this.element, { ...box, zoom });
+    this.placeRegions();
   }
 
-  focus() { (this.face.querySelector('a, button') ?? this.more).focus(); }
+  get focusable() { return this.whole.href ? this.whole : this.more; }
+  focus() { this.focusable.focus(); }
 }

@@ -1,63 +1,78 @@
 // What can be placed: one item open at a time, with its real preview per family.
 
 import { get } from './host.js';
-import { asQuery, changes } from './settings.js';
-import { attempt, make, showPicture } from './dom.js';
+import { onView, view } from './view.js';
+import { $, all, copy, place, showPicture } from './dom.js';
 import { letters, sizeField } from './sheet.js';
 import { startDrag } from './drag.js';
 
-const list = document.getElementById('offers');
-const search = document.getElementById('search');
-let opened = '';
-let family = {};
-
-async function picture(offer, size, width) {
-  const holder = make('span', { class: 'preview', 'aria-hidden': 'true' });
-  const answer = await attempt(() => get('preview', { ...asQuery(), kind: offer.kind, family: size }));
-  if (!answer?.svg) return holder;
-  const inner = make('span');
-  inner.style.width = `${width}px`;
-  inner.style.height = `${width * answer.height / answer.width}px`;
-  showPicture(inner, answer.svg);
-  holder.append(inner);
-  return holder;
-}
-
 const kWidths = { systemSmall: 110, systemMedium: 206, systemLarge: 180 };
+const list = $('#offers');
+const search = $('#search');
 
-function trial(offer, board) {
-  const chosen = family[offer.kind] ?? offer.families[0];
-  const stage = make('div', { class: 'preview' });
-  const show = () => picture(offer, family[offer.kind] ?? chosen, kWidths[family[offer.kind] ?? chosen] ?? 110).then((shown) => stage.replaceChildren(shown));
-  const add = () => board.add(offer.kind, family[offer.kind] ?? chosen);
-  stage.addEventListener('pointerdown', (event) => startDrag(event, { board, family: family[offer.kind] ?? chosen, source: stage, drop: (cell) => board.add(offer.kind, family[offer.kind] ?? chosen, cell) }));
-  show();
-  return make('div', { class: 'try' }, stage, make('div', { class: 'row' },
-    sizeField(offer.families, chosen, (size) => { family[offer.kind] = size; show(); }, `size-${offer.kind}`),
-    make('button', { class: 'main', 'aria-label': `Add ${offer.name}`, onclick: add }, 'Add')));
+/** Draws a widget that is not placed, `width` pixels wide. Without an answer the place stays as it was. */
+export async function drawPreview(holder, subject, width) {
+  const answer = await get('preview', { ...view(), ...subject }).catch(() => ({}));
+  if (!answer.svg) return;
+  place(holder, { w: width, h: width * answer.height / answer.width });
+  showPicture(holder, answer.svg);
 }
 
-function row(offer, board) {
-  const isOpen = opened === offer.kind;
-  const thumb = make('span', { class: 'thumb' });
-  if (!isOpen) picture(offer, offer.families[0], 60).then((shown) => thumb.replaceChildren(shown));
-  const toggle = () => { opened = isOpen ? '' : offer.kind; show(board); list.querySelector(`[data-kind="${offer.kind}"] button`).focus(); };
-  return make('li', { class: 'offer', 'data-kind': offer.kind, 'data-open': isOpen },
-    make('button', { class: 'bare', 'aria-expanded': String(isOpen), onclick: toggle }, thumb,
-      make('span', {}, make('b', {}, offer.name), make('small', {}, offer.description), !isOpen && make('small', {}, offer.families.map((size) => letters[size]).join(' · ')))),
-    isOpen && trial(offer, board));
+class Offer {
+  constructor(offer, board) {
+    this.offer = offer;
+    [this.family] = offer.families;
+    this.element = copy('offer');
+    const [button, add] = [$('button', this.element), $('.main', this.element)];
+    const [description, sizes] = all('small', button);
+    $('b', button).textContent = offer.name;
+    description.textContent = offer.description;
+    sizes.textContent = offer.families.map((family) => letters[family]).join(' · ');
+    button.onclick = () => toggle(this);
+    $('.segments', this.element).append(...sizeField(`size-${offer.kind}`, offer.families, this.family, (family) => { this.family = family; this.draw(); }));
+    add.ariaLabel = `Add ${offer.name}`;
+    add.onclick = () => board.add(offer.kind, this.family);
+    $('.preview', this.element).onpointerdown = (event) =>
+      startDrag(event, board, { family: this.family }, (cell) => board.add(offer.kind, this.family, cell));
+    this.draw();
+  }
+
+  get isOpen() { return this.element.hasAttribute('data-open'); }
+
+  open(isOpen) {
+    this.element.toggleAttribute('data-open', isOpen);
+    $('button', this.element).ariaExpanded = String(isOpen);
+    $('.try', this.element).hidden = !isOpen;
+    if (isOpen) this.draw();
+  }
+
+  draw() {
+    const { kind, families } = this.offer;
+    if (this.isOpen) drawPreview($('.preview div', this.element), { kind, family: this.family }, kWidths[this.family]);
+    else drawPreview($('.thumb', this.element), { kind, family: families[0] }, 60);
+  }
 }
 
-export function show(board) {
+let offers = [];
+
+function toggle(chosen) {
+  for (const offer of offers) if (offer.isOpen || offer === chosen) offer.open(offer === chosen && !offer.isOpen);
+}
+
+function filter() {
   const words = search.value.trim().toLowerCase();
-  const found = board.state.gallery.filter((offer) => `${offer.name} ${offer.description}`.toLowerCase().includes(words));
-  list.replaceChildren(...found.map((offer) => row(offer, board)));
-  document.getElementById('noOffer').hidden = found.length > 0;
+  for (const { element, offer } of offers) element.hidden = !`${offer.name} ${offer.description}`.toLowerCase().includes(words);
+  $('#noOffer').hidden = offers.some(({ element }) => !element.hidden);
 }
 
-export function build(board) {
-  search.addEventListener('input', () => show(board));
-  let waiting;
-  changes.addEventListener('change', () => { clearTimeout(waiting); waiting = setTimeout(() => show(board), 150); });
-  show(board);
+export function show(gallery, board) {
+  offers = gallery.map((offer) => new Offer(offer, board));
+  list.replaceChildren(...offers.map(({ element }) => element));
+  filter();
 }
+
+export const redraw = () => { for (const offer of offers) offer.draw(); };
+
+search.oninput = filter;
+let waiting;
+onView.push(() => { clearTimeout(waiting); waiting = setTimeout(redraw, 150); });

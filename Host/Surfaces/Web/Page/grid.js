@@ -1,6 +1,5 @@
 // Cells: where cards stand, how they flow where the canvas is narrow, and who makes room for whom. Numbers only.
 
-export const kPitch = { x: 194, y: 212 };
 const kSpans = { systemSmall: [1, 1], systemMedium: [2, 1], systemLarge: [2, 2] };
 export const spanOf = (family) => kSpans[family] ?? [1, 1];
 
@@ -11,11 +10,11 @@ const overlap = (a, b) => {
 };
 const fits = (item, placed, columns) => item.column + spanOf(item.family)[0] <= columns && !placed.some((other) => overlap(item, other));
 
-/** The first free cell in reading order, at or below `row`. */
+/** The first free cell in reading order, at or below `row`; a canvas that is too narrow for the family counts as wide enough. */
 export function freeCell(family, placed, columns, row = 0) {
-  for (const item = { family, column: 0, row }; ; item.row++) {
-    for (item.column = 0; item.column < columns; item.column++) if (fits(item, placed, columns)) return { column: item.column, row: item.row };
-    if (spanOf(family)[0] > columns) return { column: 0, row: item.row };
+  const width = Math.max(columns, spanOf(family)[0]);
+  for (const item = { family, row }; ; item.row++) {
+    for (item.column = 0; item.column < width; item.column++) if (fits(item, placed, width)) return { column: item.column, row: item.row };
   }
 }
 
@@ -23,8 +22,7 @@ export const inReadingOrder = (items) => [...items].sort((a, b) => a.row - b.row
 
 /** Cards as they are placed, or, where the canvas has fewer columns than they need, packed in reading order. */
 export function flow(items, columns) {
-  const asPlaced = items.every((item, i) => fits(item, items.slice(0, i), columns));
-  if (asPlaced) return items.map((item) => ({ ...item }));
+  if (items.every((item, i) => fits(item, items.slice(0, i), columns))) return items;
   const placed = [];
   for (const item of inReadingOrder(items)) placed.push({ ...item, ...freeCell(item.family, placed, columns) });
   return placed;
@@ -33,20 +31,20 @@ export function flow(items, columns) {
 /** `moved` gets its cell; whoever stood there moves to the next free cell at or below its own. */
 export function makeRoom(items, moved, columns) {
   const placed = [moved];
-  for (const item of inReadingOrder(items.filter((other) => other.id !== moved.id))) {
+  for (const item of inReadingOrder(items.filter(({ id }) => id !== moved.id))) {
     placed.push(fits(item, placed, columns) ? item : { ...item, ...freeCell(item.family, placed, columns, item.row) });
   }
   return placed;
 }
 
 /** The next card in a direction, nearest first; what lies aside counts double. */
-export function neighbour(items, from, dx, dy) {
-  const middle = (item) => { const [w, h] = spanOf(item.family); return [item.column + w / 2, item.row + h / 2]; };
+export function neighbour(items, from, [dx, dy]) {
+  const middle = ({ column, row, family }) => { const [w, h] = spanOf(family); return [column + w / 2, row + h / 2]; };
   const [x, y] = middle(from);
-  const rated = items.filter((item) => item.id !== from.id).map((item) => {
+  const rated = items.map((item) => {
     const [ix, iy] = middle(item);
     const along = (ix - x) * dx + (iy - y) * dy;
     return { item, along, cost: along + 2 * Math.abs((ix - x) * dy + (iy - y) * dx) };
   });
-  return rated.filter((one) => one.along > 0.4).sort((a, b) => a.cost - b.cost)[0]?.item;
+  return rated.filter(({ along }) => along > 0.4).sort((a, b) => a.cost - b.cost)[0]?.item;
 }

@@ -1,74 +1,79 @@
 // The edit sheet: size, and every parameter that the widget declares.
 
 import { get, post } from './host.js';
-import { asQuery } from './settings.js';
-import { attempt, make, showPicture } from './dom.js';
+import { $, attempt, make } from './dom.js';
 
-const sheet = document.getElementById('sheet');
+const sheet = $('#sheet');
+const form = $('form', sheet);
 export const letters = { systemSmall: 'S', systemMedium: 'M', systemLarge: 'L' };
 export const sizes = { systemSmall: 'Small', systemMedium: 'Medium', systemLarge: 'Large' };
 
-/** A row of sizes as radio buttons. */
-export function sizeField(families, chosen, onchange, name = 'family') {
-  return make('span', { class: 'segments', role: 'radiogroup', 'aria-label': 'Size' }, ...families.map((family) => make('label', { title: sizes[family] },
-    make('input', { type: 'radio', name, value: family, checked: family === chosen, 'aria-label': sizes[family], onchange: () => onchange?.(family) }), letters[family])));
+const radio = (name, value, checked, properties) => make('input', { type: 'radio', name, value, checked, ...properties });
+
+/** Sizes as radio buttons. */
+export const sizeField = (name, families, chosen, choose) => families.map((family) =>
+  make('label', { title: sizes[family] }, radio(name, family, family === chosen, { ariaLabel: sizes[family], onchange: () => choose?.(family) }), letters[family]));
+
+/** Styles, each as a picture of the widget in it. */
+function enumerationField({ kind, configuration }, { name, cases, default: usual }, draw) {
+  const chosen = configuration[name] ?? usual;
+  return [make('div', { className: 'styles' }, ...cases.map(({ id, title }) => {
+    const picture = make('span', { className: 'thumb', ariaHidden: 'true' });
+    draw(picture, { kind, family: 'systemSmall', configuration: JSON.stringify({ ...configuration, [name]: id }) }, 110);
+    return make('label', {}, picture, make('span', {}, radio(name, id, id === chosen), title));
+  }))];
 }
 
-/** A picture of the widget as it would be with that configuration. */
-async function previewOf(placement, configuration) {
-  const holder = make('span', { class: 'thumb', 'aria-hidden': 'true' });
-  const answer = await attempt(() => get('preview', { ...asQuery(), kind: placement.kind, family: 'systemSmall', configuration: JSON.stringify(configuration) }));
-  if (answer?.svg) showPicture(holder, answer.svg);
-  return holder;
-}
-
-const radio = (parameter, value, title, chosen, extra) => make('label', {}, extra,
-  make('span', {}, make('input', { type: 'radio', name: parameter.name, value, checked: value === chosen }), ' ', title));
-
-function enumerationField(placement, parameter) {
-  const chosen = placement.configuration[parameter.name] ?? parameter.default ?? '';
-  const choices = make('div', { class: 'styles' });
-  Promise.all(parameter.cases.map(async ({ id, title }) =>
-    radio(parameter, id, title, chosen, await previewOf(placement, { ...placement.configuration, [parameter.name]: id })))).then((all) => choices.replaceChildren(...all));
-  return make('fieldset', {}, make('legend', {}, parameter.title), choices);
-}
-
-function entityField(placement, parameter) {
-  const chosen = placement.configuration[parameter.name] ?? '';
-  const list = make('div', { class: 'choices' });
-  const note = make('p', { class: 'warn' });
+/** One of what the document holds, found by search, or none. */
+function entityField({ kind, configuration }, { name, title }) {
+  const chosen = configuration[name] ?? '';
+  const list = make('div', { className: 'choices' });
+  const note = make('p', { className: 'warn' });
   let asking;
-  const load = async (text) => {
+  const load = async (query) => {
     asking?.abort();
     asking = new AbortController();
-    const kept = list.querySelector(':checked')?.value ?? chosen;
-    const answer = await attempt(() => get('options', { kind: placement.kind, parameter: parameter.name, query: text }, asking.signal));
+    const answer = await attempt(() => get('options', { kind, parameter: name, query }, asking.signal));
     if (!answer) return;
-    const rows = answer.options.map(({ id, title }) => radio(parameter, id, title, kept));
-    if (!text) rows.unshift(radio(parameter, '', `All, in the document's order`, kept));
-    list.replaceChildren(...(rows.length ? rows : [make('p', { class: 'quiet' }, 'Nothing has that in its name.')]));
-    if (!text && chosen && !answer.options.some(({ id }) => id === chosen) && !answer.more) note.textContent = `The chosen ${parameter.title.toLowerCase()} is no longer in the document, so the widget shows all of them.`;
-    if (answer.more) list.append(make('p', { class: 'quiet' }, 'There are more: search for a name.'));
+    const { options, more, default: usual } = answer;
+    const kept = $(':checked', list)?.value ?? chosen;
+    const row = (value, text) => make('label', {}, radio(name, value, value === kept), text);
+    // What is chosen stays so, found or not.
+    const rows = options.map((option) => row(option.id, option.id === usual ? `${option.title} (first)` : option.title));
+    if (!query) rows.unshift(row('', 'All, in the document’s order'));
+    else if (!options.some(({ id }) => id === kept)) rows.push(make('label', { hidden: true }, radio(name, kept, true)));
+    const words = more ? 'There are more: search for a name.' : options.length ? '' : 'Nothing has that in its name.';
+    list.replaceChildren(...rows, make('p', { className: 'quiet' }, words));
+    if (!query && !more && chosen && !options.some(({ id }) => id === chosen)) {
+      note.textContent = `The chosen ${title.toLowerCase()} is no longer in the document, so the widget shows all of them.`;
+    }
   };
-  const search = make('input', { type: 'search', placeholder: 'Search', 'aria-label': `Search: ${parameter.title}`, oninput: () => load(search.value) });
   load('');
-  return make('fieldset', {}, make('legend', {}, parameter.title), search, list, note);
+  const search = make('input', { type: 'search', placeholder: 'Search', ariaLabel: `Search: ${title}`, oninput: () => load(search.value),
+    onkeydown: (event) => { if (event.key === 'Enter') event.preventDefault(); } });
+  return [search, list, note];
 }
 
-/** @param offer the widget in the gallery: families and parameters */
-export function edit(placement, offer, onClosed) {
-  const fields = offer.parameters.map((parameter) => (parameter.type === 'enumeration' ? enumerationField : entityField)(placement, parameter));
-  const save = async (event) => {
+/**
+ * @param offer the widget in the gallery: families and parameters
+ * @param draw as gallery.js draws previews
+ */
+export function edit({ placement }, offer, draw) {
+  const { id, family, configuration } = placement;
+  $('h2', sheet).textContent = offer.name;
+  $('p', sheet).textContent = offer.description;
+  $('.segments', sheet).replaceChildren(...sizeField('family', offer.families, family));
+  $('#sheetSize').hidden = offer.families.length < 2;
+  $('#sheetFields').replaceChildren(...offer.parameters.map((parameter) => make('fieldset', {}, make('legend', {}, parameter.title),
+    ...(parameter.type === 'enumeration' ? enumerationField : entityField)(placement, parameter, draw))));
+  form.onsubmit = async (event) => {
     event.preventDefault();
-    const values = new FormData(form);
-    const configuration = { ...placement.configuration };
-    for (const { name } of offer.parameters) if (values.has(name)) values.get(name) ? configuration[name] = values.get(name) : delete configuration[name];
-    if (await attempt(() => post('configure', { id: placement.id, family: values.get('family'), configuration })) !== undefined) sheet.close();
+    const chosen = Object.fromEntries(new FormData(form));
+    const values = { ...configuration };
+    for (const { name } of offer.parameters) if (chosen[name]) values[name] = chosen[name]; else if (name in chosen) delete values[name];
+    if (await attempt(() => post('configure', { id, family: chosen.family, configuration: values }))) sheet.close();
   };
-  const form = make('form', { onsubmit: save }, make('h2', { id: 'sheetTitle' }, offer.name), make('p', { class: 'quiet' }, offer.description),
-    offer.families.length > 1 && make('fieldset', {}, make('legend', {}, 'Size'), sizeField(offer.families, placement.family)), ...fields,
-    make('div', { class: 'ends' }, make('button', { onclick: () => sheet.close() }, 'Cancel'), make('button', { type: 'submit', class: 'main' }, 'Save')));
-  sheet.replaceChildren(form);
-  sheet.addEventListener('close', onClosed, { once: true });
   sheet.showModal();
 }
+
+$('#cancel').onclick = () => sheet.close();

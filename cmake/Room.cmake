@@ -46,5 +46,5 @@ endfunction()
 
 # quorvel_runs_programs(NAME): the tests start the built programs, which must be there and new.
 function(quorvel_runs_programs name)
-  add_dependencies(${name} quorvel-host quorvel-hostd quorvel-widgets quorvel-import)
+  add_dependencies(${name} quorvel-host quorvel-hostd quorvel-watch quorvel-widgets quorvel-import)
 endfunction()

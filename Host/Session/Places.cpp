@@ -26,12 +26,8 @@ Places findPlaces(const std::string& extension,
                   const std::string& infoPlist,
                   const fs::path& programFolder) {
   Places places;
-  places.extension =
-      !extension.empty()
-          ? fs::path(absolutePath(extension))
-          : firstThatExists(
-                {programFolder / "quorvel-widgets",
-                 (programFolder / QUORVEL_LIBEXEC / "quorvel-widgets").lexically_normal()});
+  places.extension = !extension.empty() ? fs::path(absolutePath(extension))
+                                        : findProgram("quorvel-widgets", programFolder);
   const fs::path beside = places.extension.empty() ? programFolder : places.extension.parent_path();
   places.infoPlist =
       !infoPlist.empty()
@@ -40,6 +36,11 @@ Places findPlaces(const std::string& extension,
                              programFolder / "Info.plist",
                              (programFolder / QUORVEL_DATA / "Info.plist").lexically_normal()});
   return places;
+}
+
+fs::path findProgram(std::string_view name, const fs::path& programFolder) {
+  return firstThatExists(
+      {programFolder / name, (programFolder / QUORVEL_LIBEXEC / name).lexically_normal()});
 }
 
 std::optional<std::string> containerRoot(const foundation::ProcessEnvironment& environment) {

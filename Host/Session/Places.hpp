@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "Foundation/Locale.hpp"
 
@@ -20,6 +21,11 @@ struct Places {
 [[nodiscard]] Places findPlaces(const std::string& extension,
                                 const std::string& infoPlist,
                                 const std::filesystem::path& programFolder);
+
+/// A program of the package that nobody types, beside the host's or where both are installed; empty
+/// when it is not there.
+[[nodiscard]] std::filesystem::path findProgram(std::string_view name,
+                                                const std::filesystem::path& programFolder);
 
 /// The folder that holds the application groups; nothing without a home.
 [[nodiscard]] std::optional<std::string> containerRoot(

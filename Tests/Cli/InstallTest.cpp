@@ -66,6 +66,7 @@ TEST_F(Installation, putsEverythingWhereDebianLooksForIt) {
                                      "bin/quorvel-import",
                                      "lib/systemd/user/quorvel-hostd.service",
                                      "lib/systemd/user/quorvel-hostd.socket",
+                                     "libexec/quorvel-watch",
                                      "libexec/quorvel-widgets",
                                      "share/applications/quorvel-import.desktop",
                                      "share/bash-completion/completions/quorvel-host",

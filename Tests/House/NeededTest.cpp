@@ -79,6 +79,13 @@ TEST(Needed, theCommandLineLoadsNoEventLoopAndNoWebServer) {
               ::testing::IsEmpty());
 }
 
+TEST(Needed, theWatchOfABarLoadsNothingThatDraws) {
+  const Names needed = neededBy("quorvel-watch");
+  ASSERT_THAT(needed, ::testing::Contains("libc"));
+  EXPECT_THAT(without(without(needed, languageRuntime()), {"libsimdjson", "libfmt"}),
+              ::testing::IsEmpty());
+}
+
 TEST(Needed, theResidentHostLoadsOneEventLoopAndNoDesktop) {
   const Names needed = neededBy("quorvel-hostd");
   ASSERT_THAT(needed, ::testing::Contains("libsystemd"));

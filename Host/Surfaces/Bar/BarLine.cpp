@@ -122,6 +122,10 @@ std::optional<BarFormat> barFormatNamed(std::string_view name) {
   return static_cast<BarFormat>(found - kNames.begin());
 }
 
+std::string_view name(BarFormat format) {
+  return kNames[static_cast<std::size_t>(format)];
+}
+
 std::string format(const BarLine& line, BarFormat format) {
   switch (format) {
     case BarFormat::waybar:

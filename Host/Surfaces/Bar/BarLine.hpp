@@ -10,6 +10,7 @@ namespace surfaces {
 
 enum class BarFormat : std::uint8_t { waybar, i3bar, i3blocks, polybar, plain, json };
 [[nodiscard]] std::optional<BarFormat> barFormatNamed(std::string_view name);
+[[nodiscard]] std::string_view name(BarFormat format);
 
 /// What a resident host says of a widget.
 struct BarLine {

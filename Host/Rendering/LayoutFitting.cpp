@@ -44,10 +44,10 @@ ItemId LayoutFitting::chosen(ItemId fitting, const Proposal& asked) {
   const Proposal proposal = cleanProposal(asked);
   const Question question = questionFor(fitting, proposal);
   if (const auto known = chosen_.find(question); known != chosen_.end()) return known->second;
-  const std::span<const ItemId> children = items_.children(items_[fitting]);
-  std::size_t i = 0;
-  while (i + 1 < children.size() && !fits(children[i], proposal)) ++i;
-  return chosen_[question] = children[i];
+  const std::uint32_t count = items_[fitting].childCount;
+  std::uint32_t i = 0;
+  while (i + 1 < count && !fits(items_.alternative(fitting, i), proposal)) ++i;
+  return chosen_[question] = items_.alternative(fitting, i);
 }
 
 bool LayoutFitting::fits(ItemId child, const Proposal& proposal) {

@@ -1,6 +1,7 @@
 #include "Rendering/LayoutItems.hpp"
 
 #include <algorithm>
+#include <ranges>
 
 #include "Rendering/LayoutFrame.hpp"
 #include "Rendering/LayoutLeaves.hpp"
@@ -50,6 +51,28 @@ const View* contentOf(const Modifier& modifier) {
   return nullptr;
 }
 
+/// How many records a view can take. They are reserved beforehand, so that none moves when the
+/// alternatives of a Fitting are added in the middle of layout.
+struct Extent {
+  std::size_t items = 0;
+  std::size_t children = 0;
+  std::size_t texts = 0;
+};
+
+void measureExtent(const View& view, Extent& extent) {
+  const Node& node = view.node();
+  extent.items += 1 + node.modifiers.size();
+  extent.children += node.modifiers.size() + node.children.size();
+  if (std::holds_alternative<TextElement>(node.element)) ++extent.texts;
+  for (const Modifier& modifier : node.modifiers) {
+    const View* content = contentOf(modifier);
+    if (!content) continue;
+    ++extent.children;
+    measureExtent(*content, extent);
+  }
+  for (const View& child : node.children) measureExtent(child, extent);
+}
+
 double memoKey(std::optional<double> length) {
   return length.value_or(-1);
 }
@@ -91,8 +114,11 @@ LayoutItems::LayoutItems(const View& view, const LayoutOptions& options, TextMea
       metrics_(measurer.metrics()),
       placeholder_(options.placeholderRedaction),
       trace_(options.trace) {
-  items_.reserve(64);
-  children_.reserve(64);
+  Extent extent;
+  measureExtent(view, extent);
+  items_.reserve(extent.items);
+  children_.reserve(extent.children);
+  texts_.reserve(extent.texts);
   memos_.reserve(256);
   root_ = addView(view, {options.direction});
 }
@@ -104,6 +130,7 @@ ItemId LayoutItems::addItem(const Node& node, const Context& context) {
   item.answering = id;
   item.direction = context.direction;
   item.spacerAxis = context.spacerAxis;
+  item.inGroup = context.inGroup;
   item.isSpacer = std::holds_alternative<SpacerElement>(node.element);
   const auto* priority = outermost<LayoutPriority>(node);
   item.priority = priority ? cleanNumber(priority->priority) : item.isSpacer ? kSpacerPriority : 0;
@@ -166,7 +193,7 @@ ItemId LayoutItems::addElement(const Node& node, const Context& context) {
   } else if (std::holds_alternative<CanvasElement>(node.element)) {
     addChildren(id, node.children, {context.direction, context.inGroup, SpacerAxis::both, true});
   } else if (std::holds_alternative<FittingElement>(node.element)) {
-    addChildren(id, node.children, {context.direction, context.inGroup, context.spacerAxis});
+    reserveChildren(id, node.children);
   } else if (std::holds_alternative<ImageElement>(node.element) ||
              std::holds_alternative<GaugeElement>(node.element)) {
     addChildren(id, node.children, context.inside());
@@ -174,14 +201,28 @@ ItemId LayoutItems::addElement(const Node& node, const Context& context) {
   return id;
 }
 
-void LayoutItems::addChildren(ItemId parent, std::span<const View> views, const Context& context) {
+void LayoutItems::reserveChildren(ItemId parent, std::span<const View> views) {
   const auto first = static_cast<std::uint32_t>(children_.size());
   std::uint32_t count = 0;
   for (const View& view : views) count += view.isEmpty() ? 0 : 1;
   children_.resize(first + count, kNone);
   items_[parent].firstChild = first;
   items_[parent].childCount = count;
-  std::uint32_t at = first;
+}
+
+ItemId LayoutItems::alternative(ItemId fitting, std::uint32_t index) {
+  const LayoutItem& item = items_[fitting];
+  const std::uint32_t at = item.firstChild + index;
+  if (children_[at] != kNone) return children_[at];
+  const auto isPresent = [](const View& view) { return !view.isEmpty(); };
+  auto present = item.source->children | std::views::filter(isPresent);
+  const View& view = *std::ranges::next(present.begin(), index);
+  return children_[at] = addView(view, {item.direction, item.inGroup, item.spacerAxis});
+}
+
+void LayoutItems::addChildren(ItemId parent, std::span<const View> views, const Context& context) {
+  reserveChildren(parent, views);
+  std::uint32_t at = items_[parent].firstChild;
   for (const View& view : views) {
     if (view.isEmpty()) continue;
     const ItemId child = addView(view, context);

@@ -34,6 +34,7 @@ class LayoutItems {
   [[nodiscard]] ItemId root() const { return root_; }
   [[nodiscard]] LayoutItem& operator[](ItemId id) { return items_[id]; }
   [[nodiscard]] const LayoutItem& operator[](ItemId id) const { return items_[id]; }
+  /// Of a Fitting only those that were asked for, else kNone.
   [[nodiscard]] std::span<const ItemId> children(const LayoutItem& item) const {
     return std::span(children_).subspan(item.firstChild, item.childCount);
   }
@@ -59,6 +60,10 @@ class LayoutItems {
   /// one taken first.
   [[nodiscard]] std::vector<StackChild>& takeStackChildren(const LayoutItem& item);
   void release() { --recordsInUse_; }
+
+  /// A child of a Fitting. It is shaped and flattened when it is first asked for: mostly the first
+  /// child fits, and the others cost nothing.
+  [[nodiscard]] ItemId alternative(ItemId fitting, std::uint32_t index);
 
   /// Which child a Fitting takes, and how far the texts of a group shrink.
   [[nodiscard]] LayoutFitting& fitting() { return fitting_; }
@@ -91,6 +96,7 @@ class LayoutItems {
   ItemId addView(const viewkit::View& view, Context context);
   ItemId addElement(const viewkit::Node& node, const Context& context);
   ItemId addItem(const viewkit::Node& node, const Context& context);
+  void reserveChildren(ItemId parent, std::span<const viewkit::View> views);
   void addChildren(ItemId parent, std::span<const viewkit::View> views, const Context& context);
   [[nodiscard]] ItemId answeringFor(ItemId id) const;
   void addText(ItemId id, const viewkit::TextElement& text);

@@ -30,6 +30,7 @@ struct LayoutItem {
   const viewkit::Node* source = nullptr;
   viewkit::LayoutDirection direction = viewkit::LayoutDirection::leftToRight;
   SpacerAxis spacerAxis = SpacerAxis::both;
+  bool inGroup = false;      ///< of texts that share their scale
   bool sharesScale = false;  ///< the modifier of a group of texts with one scale
   bool isSpacer = false;     ///< a spacer, perhaps with modifiers
   ItemId answering = kNone;  ///< whose answer this item gives: its own or that of what it surrounds

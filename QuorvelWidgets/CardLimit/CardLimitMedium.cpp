@@ -1,6 +1,7 @@
 #include "QuorvelWidgets/CardLimit/CardLimitContent.hpp"
 #include "QuorvelWidgets/CardLimit/CardStack.hpp"
 #include "QuorvelWidgets/WidgetSupport/Amount.hpp"
+#include "QuorvelWidgets/WidgetSupport/FittingWidth.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetStrings.hpp"
 
 namespace quorvel {
@@ -12,32 +13,24 @@ namespace {
 constexpr double kPileWidth = 152;
 constexpr double kPileMargin = 14;
 
-/// What stands below the amount, from the fullest column to the barest.
-enum class Details { all, percentage, none };
-
-View column(const CardLimitContent& content, Details details) {
+/// What stands below the amount; the count goes first.
+View details(const CardLimitContent& content) {
   const double used = content.totalUsed();
-  return VStack{
+  const View count =
+      whereItFits(content
+                      .caption(cardCountText(static_cast<std::int64_t>(content.cardCount),
+                                             content.snapshot.lang),
+                               11.5)
+                      .foregroundStyle(content.colors.caption()));
+  if (content.snapshot.isHidden) return count;
+  return whereItFits(VStack{
       {.alignment = HorizontalAlignment::leading, .spacing = 0},
-      content.header(true),
-      Amount{.value = content.snapshot.totalRemaining, .snapshot = content.snapshot, .size = 24}
-          .padding({.top = 8}),
-      when(!content.snapshot.isHidden && details != Details::none,
-           [&] {
-             return content.usedText(used, 11.5)
-                 .foregroundStyle(content.usageColor(used))
-                 .privacySensitive(PrivacyTreatment::covered)
-                 .padding({.top = 7});
-           }),
-      when(details == Details::all,
-           [&] {
-             return content
-                 .caption(cardCountText(static_cast<std::int64_t>(content.cardCount),
-                                        content.snapshot.lang),
-                          11.5)
-                 .foregroundStyle(content.colors.caption());
-           }),
-  };
+      content.usedText(used, 11.5)
+          .foregroundStyle(content.usageColor(used))
+          .privacySensitive(PrivacyTreatment::covered)
+          .padding({.top = 7}),
+      count,
+  });
 }
 
 View totals(const CardLimitContent& content) {
@@ -45,9 +38,13 @@ View totals(const CardLimitContent& content) {
   // The pile lies beyond the trailing margin, which the proposal leaves out.
   const Length beside =
       kWidth + content.environment.contentMargins().trailing - kPileWidth - kPileMargin - kGap;
-  return Fitting{column(content, Details::all),
-                 column(content, Details::percentage),
-                 column(content, Details::none)}
+  return VStack{
+      {.alignment = HorizontalAlignment::leading, .spacing = 0},
+      content.header(true),
+      Amount{.value = content.snapshot.totalRemaining, .snapshot = content.snapshot, .size = 24}
+          .padding({.top = 8}),
+      details(content),
+  }
       .frame(FixedFrame{.width = max(min(beside, 140), 0), .alignment = Alignment::leading});
 }
 

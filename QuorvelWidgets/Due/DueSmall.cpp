@@ -21,19 +21,16 @@ View dueSmall(const DueContent& content) {
   const DueTile tile{
       .due = *next.due, .size = 30, .renderingMode = content.environment.widgetRenderingMode};
   const View head = fittingWidth(headRow(tile), headRow(View{}));
-  const View subtitle = content.subtitle(*next.due);
-  const auto column = [&](int nameLines, const View& below) {
-    return VStack{
-        {.alignment = HorizontalAlignment::leading, .spacing = 0},
-        head,
-        Spacer{4},
-        content.name(*next.due, 13).lineLimit(nameLines),
-        below.padding({.top = 1}),
-        content.amount(*next.due, 22).padding({.top = 6}),
-        content.dueDate(*next.due, 11).opacity(0.85).padding({.top = 1}),
-    };
-  };
-  return Fitting{column(1, subtitle), column(2, subtitle), column(2, View{}), column(1, View{})}
+  const auto name = content.name(*next.due, 13);
+  return VStack{
+      {.alignment = HorizontalAlignment::leading, .spacing = 0},
+      head,
+      Spacer{4},
+      Fitting{name.lineLimit(1), name.lineLimit(2)}.layoutPriority(1),
+      whereItFits(content.subtitle(*next.due).padding({.top = 1})),
+      content.amount(*next.due, 22).padding({.top = 6}),
+      content.dueDate(*next.due, 11).opacity(0.85).padding({.top = 1}),
+  }
       .accessibility({.children = Accessibility::Children::combine});
 }
 

@@ -1,6 +1,7 @@
 #include "QuorvelWidgets/NetWorth/NetWorthContent.hpp"
 #include "QuorvelWidgets/NetWorth/NetWorthPieces.hpp"
 #include "QuorvelWidgets/WidgetSupport/Amount.hpp"
+#include "QuorvelWidgets/WidgetSupport/FittingWidth.hpp"
 #include "QuorvelWidgets/WidgetSupport/Palette.hpp"
 
 namespace quorvel {
@@ -35,18 +36,15 @@ View netWorthMedium(const NetWorthContent& content) {
       row(content, "assets", content.netWorth.assets, palette::assetGreen),
       row(content, "liabilities", content.netWorth.liabilities, palette::liabilityPink),
   };
-  const auto column = [&](const View& foot) {
-    return VStack{
-        {.alignment = HorizontalAlignment::leading, .spacing = 0},
-        content.header(false),
-        Amount{.value = content.netWorth.value, .snapshot = content.snapshot, .size = 24}.padding(
-            {.top = 8}),
-        changeRow(content).padding({.top = 6}),
-        Spacer{0},
-        foot.padding({.top = 3}),
-    };
+  const View figures = VStack{
+      {.alignment = HorizontalAlignment::leading, .spacing = 0},
+      content.header(false),
+      Amount{.value = content.netWorth.value, .snapshot = content.snapshot, .size = 24}.padding(
+          {.top = 8}),
+      changeRow(content).padding({.top = 6}),
+      Spacer{0},
+      whereItFits(rows.sharedScale().padding({.top = 3})),
   };
-  const View figures = Fitting{column(rows.sharedScale()), column(View{})};
   return HStack{
       {.alignment = VerticalAlignment::top, .spacing = 14},
       figures.frame(FixedFrame{.width = 150, .alignment = Alignment::topLeading}),

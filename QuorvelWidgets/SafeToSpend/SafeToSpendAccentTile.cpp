@@ -45,27 +45,25 @@ View foot(const SafeToSpendContent& content, Color ink, const View& footer) {
 }
 
 /// A footer of one height keeps the meter in its place in every state.
-View lowFoot(const SafeToSpendContent& content, Color ink, const View& footer) {
-  return foot(
-      content, ink, footer.frame(FixedFrame{.height = 14.5, .alignment = Alignment::leading}));
+View low(const View& footer) {
+  return footer.frame(FixedFrame{.height = 14.5, .alignment = Alignment::leading});
 }
 
 View foot(const SafeToSpendContent& content, Color ink) {
-  if (content.isHidden()) return lowFoot(content, ink, dayLine(content, ink));
+  if (content.isHidden()) return foot(content, ink, low(dayLine(content, ink)));
   const bool exceeded = isExceeded(content.budget);
   if (content.isLastDay() && !exceeded) {
     // The amount and the last day say it.
-    return lowFoot(content,
-                   ink,
-                   content.caption(content.text("leftForToday"), 12, 0.85).accessibilityHidden());
+    return foot(content,
+                ink,
+                low(content.caption(content.text("leftForToday"), 12, 0.85).accessibilityHidden()));
   }
   const View line = remainder(content, RemainderWords::beside);
   const View bare = remainder(content, RemainderWords::leftOut);
-  if (!exceeded) return lowFoot(content, ink, fittingWidth(line, bare));
+  if (!exceeded) return foot(content, ink, low(fittingWidth(line, bare)));
   // An amount without its words would not say what is wrong: they take a second line first.
-  return Fitting{lowFoot(content, ink, line),
-                 foot(content, ink, remainder(content, RemainderWords::below)),
-                 lowFoot(content, ink, bare)}
+  return foot(
+             content, ink, Fitting{low(line), remainder(content, RemainderWords::below), low(bare)})
       .layoutPriority(1);
 }
 

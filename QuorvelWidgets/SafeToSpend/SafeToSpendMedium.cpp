@@ -84,21 +84,24 @@ View remainderFigure(const SafeToSpendContent& content) {
   };
 }
 
-/// What stands below the remainder, from the fullest part to the barest.
-enum class Details { all, percentage, none };
+/// What stands below the remainder; the day phrase goes first.
+View details(const SafeToSpendContent& content) {
+  const View days = whereItFits(
+      dayCaption(content, 11.5).foregroundStyle(content.colors.caption()).padding({.top = 3}));
+  if (content.isHidden()) return days;
+  return whereItFits(VStack{
+      {.alignment = HorizontalAlignment::leading, .spacing = 0},
+      spentFigure(content),
+      days,
+  });
+}
 
-View remainderPart(const SafeToSpendContent& content, Details details) {
+View remainderPart(const SafeToSpendContent& content) {
   return VStack{
       {.alignment = HorizontalAlignment::leading, .spacing = 0},
-      remainderFigure(content),
+      remainderFigure(content).layoutPriority(1),
       Spacer{4},
-      when(details != Details::none && !content.isHidden(), [&] { return spentFigure(content); }),
-      when(details == Details::all,
-           [&] {
-             return dayCaption(content, 11.5)
-                 .foregroundStyle(content.colors.caption())
-                 .padding({.top = 3});
-           }),
+      details(content),
   };
 }
 
@@ -160,11 +163,11 @@ View tile(const SafeToSpendContent& content) {
 }
 
 /// The three parts side by side.
-View threeParts(const SafeToSpendContent& content, Details details) {
+View threeParts(const SafeToSpendContent& content) {
   return HStack{
       {.spacing = 12},
       pacePart(content).frame(part(104)),
-      remainderPart(content, details).frame(part(kInfinity)),
+      remainderPart(content).frame(part(kInfinity)),
       tile(content),
   };
 }
@@ -187,10 +190,7 @@ View twoParts(const SafeToSpendContent& content) {
 }  // namespace
 
 View safeToSpendMedium(const SafeToSpendContent& content) {
-  return Fitting{threeParts(content, Details::all),
-                 threeParts(content, Details::percentage),
-                 threeParts(content, Details::none),
-                 twoParts(content)}
+  return Fitting{threeParts(content), twoParts(content)}
       .frame(FlexibleFrame{.maxWidth = kInfinity, .maxHeight = kInfinity})
       .foregroundStyle(content.colors.text());
 }

@@ -11,7 +11,6 @@ using namespace viewkit;
 namespace {
 
 constexpr double kCorner = 1.5;
-constexpr double kLabelHeight = 14;
 constexpr int kLabelEvery = 7;
 
 }  // namespace
@@ -47,7 +46,7 @@ View DailyBarLabels::body() const {
                          .foregroundStyle(colors.caption())
                          .position(geometry.pitch * (day - 1) + geometry.width / 2, kHeight / 2));
   }
-  return Canvas{std::move(labels)}.frame(FixedFrame{.height = kLabelHeight}).accessibilityHidden();
+  return Canvas{std::move(labels)}.frame(FixedFrame{.height = kRowHeight}).accessibilityHidden();
 }
 
 }  // namespace quorvel

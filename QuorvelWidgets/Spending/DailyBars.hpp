@@ -23,9 +23,10 @@ struct DailyBars : viewkit::Modifiers<DailyBars> {
   [[nodiscard]] viewkit::View body() const;
 };
 
-/// The number of every seventh day, each centred below its bar; as wide as the bars, 14 high.
+/// The number of every seventh day, each centred below its bar; as wide as the bars.
 struct DailyBarLabels : viewkit::Modifiers<DailyBarLabels> {
   static constexpr std::string_view kName = "DailyBarLabels";
+  static constexpr double kRowHeight = 14;
 
   std::size_t count = 0;  ///< bars
   ModeColors colors{};

@@ -1,5 +1,6 @@
 #include "QuorvelWidgets/Spending/SpendingContent.hpp"
 #include "QuorvelWidgets/WidgetSupport/Amount.hpp"
+#include "QuorvelWidgets/WidgetSupport/FittingWidth.hpp"
 #include "QuorvelWidgets/WidgetSupport/Palette.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetIconTile.hpp"
 #include "QuorvelWidgets/WidgetSupport/WidgetScaffold.hpp"
@@ -45,47 +46,55 @@ View categoryTile(const SpendingContent& content) {
       .accessibility(content.spokenCategory());
 }
 
-/// What the row of figures shows, from the fullest to the barest.
-enum class Figures { all, withoutCategory, amountAlone };
-
-// The tile is laid over the figures' row because it is as high as they are, not the other way
-// round; a row without a comparison is as high as the tile needs.
-View figuresRow(const SpendingContent& content, Figures figures) {
-  constexpr double kRowHeight = 75;
-  const bool hasCategory = figures == Figures::all && content.spending.topCategory.has_value();
+View figuresColumn(const SpendingContent& content, const View& comparison) {
+  constexpr double kGap = 5;
   return VStack{
-      {.alignment = HorizontalAlignment::leading, .spacing = 5},
+      {.alignment = HorizontalAlignment::leading, .spacing = 0},
       content.header(false),
       Amount{.value = content.spending.spent,
              .snapshot = content.snapshot,
              .size = 24,
-             .weight = FontWeight::semibold},
-      when(figures != Figures::amountAlone, [&] { return content.comparisonLine(); }),
-  }
-      .frame(FlexibleFrame{.maxWidth = kInfinity,
-                           .minHeight = hasCategory ? std::optional{kRowHeight} : std::nullopt,
-                           .alignment = Alignment::topLeading})
-      .padding({.trailing = hasCategory ? kTileWidth + kTileGap : 0})
-      .overlay(hasCategory ? categoryTile(content) : View{}, Alignment::topTrailing);
+             .weight = FontWeight::semibold}
+          .padding({.top = kGap}),
+      comparison.padding({.top = kGap}),
+  };
+}
+
+// The tile is laid over the figures' row because it is as high as they are, not the other way
+// round; a row without a comparison is as high as the tile needs.
+View figuresWithCategory(const SpendingContent& content) {
+  constexpr double kLeastHeight = 75;
+  return figuresColumn(content, content.comparisonLine())
+      .frame(FlexibleFrame{
+          .maxWidth = kInfinity, .minHeight = kLeastHeight, .alignment = Alignment::topLeading})
+      .padding({.trailing = kTileWidth + kTileGap})
+      .overlay(categoryTile(content), Alignment::topTrailing);
+}
+
+View figures(const SpendingContent& content) {
+  const View alone =
+      figuresColumn(content, whereItFits(content.comparisonLine()))
+          .frame(FlexibleFrame{.maxWidth = kInfinity, .alignment = Alignment::topLeading});
+  if (!content.spending.topCategory) return alone;
+  return Fitting{figuresWithCategory(content), alone};
+}
+
+/// The labels stay as long as the bars are no lower than they are.
+View chart(const SpendingContent& content) {
+  return VStack{
+      {.spacing = 0},
+      content.bars().frame(FlexibleFrame{.minHeight = DailyBarLabels::kRowHeight}),
+      whereItFits(DailyBarLabels{.count = content.spending.daily.size(), .colors = content.colors}),
+  };
 }
 
 }  // namespace
 
 View spendingMedium(const SpendingContent& content) {
-  constexpr double kLeastBars = 16;
-  const View bars = content.bars().frame(FlexibleFrame{.minHeight = kLeastBars});
-  const View labelled = VStack{
-      {.spacing = 0},
-      bars,
-      DailyBarLabels{.count = content.spending.daily.size(), .colors = content.colors},
-  };
   return VStack{
       {.alignment = HorizontalAlignment::leading, .spacing = 8},
-      Fitting{figuresRow(content, Figures::all),
-              figuresRow(content, Figures::withoutCategory),
-              figuresRow(content, Figures::amountAlone)}
-          .layoutPriority(1),
-      Fitting{labelled, bars}.padding({.top = 6}),
+      figures(content).layoutPriority(1),
+      chart(content).padding({.top = 6}),
   };
 }
 

@@ -1,4 +1,4 @@
-// Lines that may lose a part where they are too long.
+// Parts that give way where there is too little room.
 #pragma once
 
 #include "ViewKit/ViewKit.hpp"
@@ -12,6 +12,12 @@ namespace quorvel {
   constexpr bool kHorizontal = false;
   constexpr bool kVertical = true;
   return viewkit::Fitting{fuller, barer}.fixedSize(kHorizontal, kVertical);
+}
+
+/// The part where all of it fits, else nothing. In a stack it gives way to parts of a higher
+/// priority, and of the same priority to those that stretch less.
+[[nodiscard]] inline viewkit::View whereItFits(const viewkit::View& part) {
+  return part.isEmpty() ? part : viewkit::Fitting{part, viewkit::VStack{{.spacing = 0}}}.view();
 }
 
 }  // namespace quorvel

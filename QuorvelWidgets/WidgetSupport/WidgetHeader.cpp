@@ -13,14 +13,12 @@ View WidgetHeader::body() const {
                                    .background = accent.soft,
                                    .size = compact ? 18.0 : 22.0};
   const Text words = Text{text}.font(compact ? 11.5 : 13).minimumScaleFactor(0.85).language(lang);
-  const auto row = [&](const Text& title) {
-    return HStack{{.spacing = compact ? 6.0 : 7.0}, tile, title.foregroundStyle(colors.caption())};
-  };
+  const View oneLine = words.lineLimit(1).foregroundStyle(colors.caption());
+  const View twoLines = words.lineLimit(2).foregroundStyle(colors.caption());
   // On the narrowest screens a title takes a second line or the tile's room rather than lose its
   // end.
-  return Fitting{row(words.lineLimit(1)),
-                 row(words.lineLimit(2)),
-                 words.lineLimit(1).foregroundStyle(colors.caption())}
+  return Fitting{HStack{{.spacing = compact ? 6.0 : 7.0}, tile, Fitting{oneLine, twoLines}},
+                 oneLine}
       .layoutPriority(1);
 }
 

@@ -1,7 +1,5 @@
 #include "Rendering/LayoutFitting.hpp"
 
-#include <functional>
-
 #include "Rendering/LayoutItems.hpp"
 #include "Rendering/LayoutNumbers.hpp"
 #include "Rendering/LayoutPlaces.hpp"
@@ -19,35 +17,29 @@ bool isWithin(double length, std::optional<double> proposed) {
 
 }  // namespace
 
-std::size_t LayoutFitting::Hash::operator()(const Question& question) const {
-  std::size_t hash = question.item;
-  for (const double number : {question.width,
-                              question.height,
-                              question.scaleLimit,
-                              question.canvas.width,
-                              question.canvas.height}) {
-    hash = hash * 0x9E3779B97F4A7C15U ^ std::hash<double>{}(number);
+std::size_t LayoutFitting::findingFor(ItemId id, const Proposal& proposal) {
+  const double width = proposal.width.value_or(-1);
+  const double height = proposal.height.value_or(-1);
+  LayoutItem& item = items_[id];
+  for (std::uint32_t at = item.firstFinding; at != kNone; at = findings_[at].next) {
+    const Finding& known = findings_[at];
+    if (known.width == width && known.height == height && known.scaleLimit == items_.scaleLimit())
+      return at;
   }
-  return hash ^ hash >> 29U;
-}
-
-LayoutFitting::Question LayoutFitting::questionFor(ItemId item, const Proposal& proposal) const {
-  const LayoutItem& asked = items_[item];
-  return {item,
-          proposal.width.value_or(-1),
-          proposal.height.value_or(-1),
-          items_.scaleLimit(),
-          asked.onCanvas ? asked.canvas : Size{}};
+  findings_.push_back({width, height, items_.scaleLimit(), item.firstFinding, {}, {}, {}});
+  return item.firstFinding = static_cast<std::uint32_t>(findings_.size() - 1);
 }
 
 ItemId LayoutFitting::chosen(ItemId fitting, const Proposal& asked) {
   const Proposal proposal = cleanProposal(asked);
-  const Question question = questionFor(fitting, proposal);
-  if (const auto known = chosen_.find(question); known != chosen_.end()) return known->second;
+  const std::size_t finding = findingFor(fitting, proposal);
+  if (const auto known = findings_[finding].chosen) return *known;
   const std::uint32_t count = items_[fitting].childCount;
   std::uint32_t i = 0;
   while (i + 1 < count && !fits(items_.alternative(fitting, i), proposal)) ++i;
-  return chosen_[question] = items_.alternative(fitting, i);
+  const ItemId child = items_.alternative(fitting, i);
+  findings_[finding].chosen = child;
+  return child;
 }
 
 bool LayoutFitting::fits(ItemId child, const Proposal& proposal) {
@@ -59,8 +51,8 @@ bool LayoutFitting::fits(ItemId child, const Proposal& proposal) {
 
 double LayoutFitting::groupScale(ItemId group, const Proposal& asked) {
   const Proposal proposal = cleanProposal(asked);
-  const Question question = questionFor(group, proposal);
-  if (const auto known = scales_.find(question); known != scales_.end()) return known->second;
+  const std::size_t finding = findingFor(group, proposal);
+  if (const auto known = findings_[finding].scale) return *known;
   const ItemId target = items_.children(items_[group])[0];
   double scale = 1;
   for (int round = 0; round < kMostRounds && !items_.isOverBudget(); ++round) {
@@ -69,16 +61,20 @@ double LayoutFitting::groupScale(ItemId group, const Proposal& asked) {
     if (!(smallest < scale - kSlack)) break;
     scale = smallest;
   }
-  return scales_[question] = scale;
+  findings_[finding].scale = scale;
+  return scale;
 }
 
 LayoutFitting::Texts LayoutFitting::textsIn(ItemId item, const Proposal& asked) {
+  if (!items_[item].hasTexts) return {};
   const Proposal proposal = cleanProposal(asked);
-  const Question question = questionFor(item, proposal);
-  if (const auto known = texts_.find(question); known != texts_.end()) return known->second;
+  const std::size_t finding = findingFor(item, proposal);
+  if (const auto& known = findings_[finding].texts) return *known;
   items_.count(1);
   if (items_.isOverBudget()) return {};
-  return texts_[question] = findTexts(item, proposal);
+  const Texts texts = findTexts(item, proposal);
+  findings_[finding].texts = texts;
+  return texts;
 }
 
 LayoutFitting::Texts LayoutFitting::findTexts(ItemId id, const Proposal& proposal) {

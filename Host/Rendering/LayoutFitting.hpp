@@ -2,7 +2,9 @@
 #pragma once
 
 #include <cstddef>
-#include <unordered_map>
+#include <cstdint>
+#include <optional>
+#include <vector>
 
 #include "Rendering/LayoutRecords.hpp"
 
@@ -27,28 +29,25 @@ class LayoutFitting {
     bool whole = true;
     double scale = 1;  ///< the smallest of those that share it
   };
-  /// A question to an item.
-  struct Question {
-    ItemId item;
-    double width;
+  /// What was found out about an item that is laid out in a proposal.
+  struct Finding {
+    double width;  ///< negative: none proposed
     double height;
     double scaleLimit;
-    Size canvas;
-    friend bool operator==(const Question&, const Question&) = default;
-  };
-  struct Hash {
-    [[nodiscard]] std::size_t operator()(const Question& question) const;
+    std::uint32_t next;  ///< of the same item
+    std::optional<Texts> texts;
+    std::optional<ItemId> chosen;
+    std::optional<double> scale;
   };
 
-  [[nodiscard]] Question questionFor(ItemId item, const Proposal& proposal) const;
+  /// The finding's index; it is made when there is none yet.
+  [[nodiscard]] std::size_t findingFor(ItemId item, const Proposal& proposal);
   [[nodiscard]] bool fits(ItemId child, const Proposal& proposal);
   [[nodiscard]] Texts textsIn(ItemId item, const Proposal& proposal);
   [[nodiscard]] Texts findTexts(ItemId item, const Proposal& proposal);
 
   LayoutItems& items_;
-  std::unordered_map<Question, ItemId, Hash> chosen_;
-  std::unordered_map<Question, double, Hash> scales_;
-  std::unordered_map<Question, Texts, Hash> texts_;
+  std::vector<Finding> findings_;
 };
 
 }  // namespace rendering

@@ -142,6 +142,7 @@ ItemId LayoutItems::addView(const View& view, Context context) {
   const Node& node = view.node();
   ItemId outer = kNone;
   ItemId around = kNone;
+  bool hasTexts = false;
   const auto hang = [&](ItemId id) {
     if (around == kNone) {
       outer = id;
@@ -164,14 +165,17 @@ ItemId LayoutItems::addView(const View& view, Context context) {
     if (content) {
       const ItemId side = addView(*content, context.inside());
       children_[items_[id].firstChild + 1] = side;
+      hasTexts = hasTexts || items_[side].hasTexts;
     }
     if (const auto* direction = std::get_if<Direction>(&*it)) {
       context.direction = direction->direction;
     }
   }
   hang(addElement(node, context));
+  hasTexts = hasTexts || items_[around].hasTexts;
   for (ItemId id = outer; id != around; id = children_[items_[id].firstChild]) {
     items_[id].answering = answeringFor(id);
+    items_[id].hasTexts = hasTexts;
   }
   return outer;
 }
@@ -194,6 +198,7 @@ ItemId LayoutItems::addElement(const Node& node, const Context& context) {
     addChildren(id, node.children, {context.direction, context.inGroup, SpacerAxis::both, true});
   } else if (std::holds_alternative<FittingElement>(node.element)) {
     reserveChildren(id, node.children);
+    items_[id].hasTexts = true;
   } else if (std::holds_alternative<ImageElement>(node.element) ||
              std::holds_alternative<GaugeElement>(node.element)) {
     addChildren(id, node.children, context.inside());
@@ -227,6 +232,7 @@ void LayoutItems::addChildren(ItemId parent, std::span<const View> views, const 
     if (view.isEmpty()) continue;
     const ItemId child = addView(view, context);
     children_[at++] = child;
+    items_[parent].hasTexts = items_[parent].hasTexts || items_[child].hasTexts;
   }
 }
 
@@ -234,6 +240,7 @@ void LayoutItems::addText(ItemId id, const TextElement& text) {
   const TextStyle style{
       text.weight, text.design, text.language, text.direction.value_or(items_[id].direction)};
   items_[id].text = static_cast<std::uint32_t>(texts_.size());
+  items_[id].hasTexts = true;
   auto paragraph = measurer_.shape(text.text, style);
   if (!text.fallback.empty() && isBlank(*paragraph)) {
     paragraph = measurer_.shape(text.fallback, style);
@@ -258,8 +265,9 @@ Answer LayoutItems::measure(ItemId asking, const Proposal& asked) {
   const Memo* known = remembered(id, proposal);
   if (!known && mayEstimate(id)) known = &mostSimilar(id, proposal);
   if (known) {
-    isRough_ = isRough_ || known->isRough || !answers(*known, proposal);
-    return cleaned(known->answer, proposal);
+    const bool isExact = answers(*known, proposal);
+    isRough_ = isRough_ || known->isRough || !isExact;
+    return isExact ? known->answer : cleaned(known->answer, proposal);
   }
   const bool wasRough = std::exchange(isRough_, false);
   ++depth_;

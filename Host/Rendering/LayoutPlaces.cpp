@@ -21,10 +21,12 @@ viewkit::Alignment contentAlignment(const viewkit::Modifier& modifier) {
 
 std::vector<std::uint32_t> drawingOrder(const LayoutItems& items, const LayoutItem& item) {
   const std::span<const ItemId> children = items.children(item);
+  const auto zIndex = [&](ItemId child) { return items[child].zIndex; };
+  if (std::ranges::is_sorted(children, {}, zIndex)) return {};
   std::vector<std::uint32_t> order(children.size());
   std::iota(order.begin(), order.end(), 0U);
   std::stable_sort(order.begin(), order.end(), [&](std::uint32_t a, std::uint32_t b) {
-    return items[children[a]].zIndex < items[children[b]].zIndex;
+    return zIndex(children[a]) < zIndex(children[b]);
   });
   return order;
 }
@@ -33,7 +35,7 @@ void setCanvas(LayoutItems& items, ItemId child, Size canvas) {
   for (ItemId at = child; items[at].onCanvas; at = items.children(items[at])[0]) {
     LayoutItem& item = items[at];
     // Answers to a canvas of another size say nothing about this one.
-    if (!(item.canvas == canvas)) item.firstMemo = kNone;
+    if (!(item.canvas == canvas)) item.firstMemo = item.firstFinding = kNone;
     item.canvas = canvas;
   }
 }

@@ -29,7 +29,7 @@ namespace rendering {
 
 [[nodiscard]] viewkit::Alignment contentAlignment(const viewkit::Modifier& modifier);
 
-/// The children's indices, those with lower z first.
+/// The children's indices, those with lower z first; empty where they are drawn as they come.
 [[nodiscard]] std::vector<std::uint32_t> drawingOrder(const LayoutItems& items,
                                                       const LayoutItem& item);
 
@@ -63,8 +63,9 @@ void forEachPlaceInStack(LayoutItems& items,
   const std::span<StackChild> children = record.children();
   static_cast<void>(arrangeStack(stack, cleanProposal(proposal), items, children));
   const std::vector<std::uint32_t> order = drawingOrder(items, item);
-  for (std::size_t i = 0; i < order.size(); ++i) {
-    use(i, children[order[i]].item, children[order[i]].place);
+  for (std::size_t i = 0; i < children.size(); ++i) {
+    const StackChild& child = children[order.empty() ? i : order[i]];
+    use(i, child.item, child.place);
   }
 }
 
@@ -72,8 +73,8 @@ template <class Use>
 void forEachPlaceOnCanvas(LayoutItems& items, const LayoutItem& item, Size canvas, const Use& use) {
   const std::span<const ItemId> children = items.children(item);
   const std::vector<std::uint32_t> order = drawingOrder(items, item);
-  for (std::size_t i = 0; i < order.size(); ++i) {
-    const ItemId child = children[order[i]];
+  for (std::size_t i = 0; i < children.size(); ++i) {
+    const ItemId child = children[order.empty() ? i : order[i]];
     setCanvas(items, child, canvas);
     use(i, child, placeIn(items, child, canvas, canvas, viewkit::Alignment::topLeading));
   }

@@ -32,6 +32,7 @@ struct LayoutItem {
   SpacerAxis spacerAxis = SpacerAxis::both;
   bool inGroup = false;      ///< of texts that share their scale
   bool sharesScale = false;  ///< the modifier of a group of texts with one scale
+  bool hasTexts = false;     ///< is a text or holds some, perhaps in an alternative
   bool isSpacer = false;     ///< a spacer, perhaps with modifiers
   ItemId answering = kNone;  ///< whose answer this item gives: its own or that of what it surrounds
   std::uint32_t firstChild = 0;  ///< in the tree's list of children
@@ -39,7 +40,8 @@ struct LayoutItem {
   std::uint32_t text = kNone;       ///< in the tree's texts
   std::uint32_t firstMemo = kNone;  ///< in the tree's remembered answers
   std::uint32_t memoCount = 0;
-  double priority = 0;  ///< among the siblings in a stack
+  std::uint32_t firstFinding = kNone;  ///< in what was found out about texts
+  double priority = 0;                 ///< among the siblings in a stack
   double zIndex = 0;
   bool onCanvas = false;  ///< a modifier of a canvas's child: its lengths refer to `canvas`
   Size canvas;

@@ -16,6 +16,17 @@ using OptionalLength = std::optional<double>;
 
 constexpr double kDefaultSpacing = 8;
 
+/// Stable, and without the buffer that the library's stable sort takes: stacks are short, and most
+/// are in order already.
+template <class Iterator, class Less>
+void sortShort(Iterator begin, Iterator end, Less less) {
+  constexpr auto kShort = 32;
+  if (end - begin > kShort) return std::stable_sort(begin, end, less);
+  for (Iterator at = begin; at != end; ++at) {
+    std::rotate(std::upper_bound(begin, at, *at, less), at, at + 1);
+  }
+}
+
 /// A row or a column seen along its main axis.
 class Line {
  public:
@@ -79,7 +90,7 @@ class Line {
     for (StackChild& child : children_) order.push_back(&child);
     const auto from = [&](std::size_t i) { return order.begin() + static_cast<long>(first + i); };
     const std::size_t count = children_.size();
-    std::stable_sort(from(0), from(count), [](const StackChild* a, const StackChild* b) {
+    sortShort(from(0), from(count), [](const StackChild* a, const StackChild* b) {
       return a->priority > b->priority;
     });
     for (std::size_t begin = 0; begin < count;) {
@@ -109,7 +120,7 @@ class Line {
         StackChild& child = **at(i);
         child.flexibility = ask(child, kUnbounded) - ask(child, 0);
       }
-      std::stable_sort(at(begin), at(end), [](const StackChild* a, const StackChild* b) {
+      sortShort(at(begin), at(end), [](const StackChild* a, const StackChild* b) {
         return a->flexibility < b->flexibility;
       });
     }

@@ -3,7 +3,7 @@
 import { blob, get, listen, post } from './host.js';
 import { onView, setZone, view } from './view.js';
 import { $, all, attempt, make, place, say, toast } from './dom.js';
-import { flow, freeCell, inReadingOrder, makeRoom, spanOf } from './grid.js';
+import { flow, freeCell, inReadingOrder, makeRoom, sizeOf, spanOf } from './grid.js';
 import { Card } from './card.js';
 import * as gallery from './gallery.js';
 import * as keys from './keys.js';
@@ -11,7 +11,6 @@ import * as sheet from './sheet.js';
 import { moveByKeys, startDrag } from './drag.js';
 
 const kPitch = { x: 194, y: 212 };
-const kSizes = { systemSmall: [170, 170], systemMedium: [364, 170], systemLarge: [364, 382] };
 const kLine = 52;  // below a card on a narrow page
 const canvas = $('#canvas');
 const grid = $('#grid');
@@ -37,10 +36,10 @@ const board = {
   /** In pixels of the grid. On a narrow page the lines below keep their height, so rows follow each other as they are filled. */
   boxOf({ column, row, family }) {
     const { zoom } = board;
-    const [w, h] = (kSizes[family] ?? kSizes.systemSmall).map((side) => side * zoom);
-    const above = board.placed.filter((item) => item.row < row && spanOf(item.family)[0] + item.column > 0);
-    const rows = new Map(above.map((item) => [item.row, Math.max(...above.filter((other) => other.row === item.row).map((other) => kSizes[other.family]?.[1] ?? 170))]));
-    const y = isNarrow() ? [...rows.values()].reduce((sum, height) => sum + height * zoom + kLine, 0) : row * kPitch.y;
+    const [w, h] = sizeOf(family).map((side) => side * zoom);
+    const rows = {};
+    for (const above of board.placed) if (above.row < row) rows[above.row] = sizeOf(above.family)[1] * zoom + kLine;
+    const y = isNarrow() ? Object.values(rows).reduce((sum, height) => sum + height, 0) : row * kPitch.y;
     return { x: column * kPitch.x * zoom, y, w, h };
   },
 
@@ -55,6 +54,12 @@ const board = {
     const rows = [...Array(100).keys()];
     const row = isNarrow() ? rows.findLast((one) => board.boxOf({ row: one, column: 0 }).y <= y) : Math.floor(y / kPitch.y);
     return board.clamp({ column: Math.floor(x / kPitch.x / board.zoom), row: row ?? 0 }, family);
+  },
+
+  /** A card that is held at the canvas's edge scrolls it. */
+  scrollAt({ clientY }) {
+    const { top, bottom } = canvas.getBoundingClientRect();
+    canvas.scrollBy(0, clientY > bottom - 32 ? 16 : clientY < top + 32 ? -16 : 0);
   },
 
   /** Shows how all would stand if `item` went to a cell; without one, how they stand. */

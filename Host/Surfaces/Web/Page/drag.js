@@ -21,6 +21,7 @@ export function startDrag(down, board, item, drop) {
     if (!hasBegun) source.setPointerCapture(down.pointerId);
     hasBegun = true;
     cell = board.cellAt(event, item.family);
+    board.scrollAt(event);
     board.preview(item, cell);
     card?.place({ ...card.box, ...board.boxOf(item), x: board.boxOf(item).x + dx, y: board.boxOf(item).y + dy }, board.zoom);
   };

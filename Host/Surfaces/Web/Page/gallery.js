@@ -3,6 +3,7 @@
 import { get } from './host.js';
 import { onView, view } from './view.js';
 import { $, all, copy, place, showPicture } from './dom.js';
+import { sizeOf } from './grid.js';
 import { letters, sizeField } from './sheet.js';
 import { startDrag } from './drag.js';
 
@@ -12,10 +13,10 @@ const search = $('#search');
 
 /** Draws a widget that is not placed, `width` pixels wide. Without an answer the place stays as it was. */
 export async function drawPreview(holder, subject, width) {
-  const answer = await get('preview', { ...view(), ...subject }).catch(() => ({}));
-  if (!answer.svg) return;
-  place(holder, { w: width, h: width * answer.height / answer.width });
-  showPicture(holder, answer.svg);
+  const [w, h] = sizeOf(subject.family);
+  place(holder, { w: width, h: width * h / w });
+  const { svg } = await get('preview', { ...view(), ...subject }).catch(() => ({}));
+  if (svg) showPicture(holder, svg);
 }
 
 class Offer {

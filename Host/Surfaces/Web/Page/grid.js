@@ -1,5 +1,8 @@
 // Cells: where cards stand, how they flow where the canvas is narrow, and who makes room for whom. Numbers only.
 
+const kSizes = { systemSmall: [170, 170], systemMedium: [364, 170], systemLarge: [364, 382] };
+/** In points, as on the usual screen. */
+export const sizeOf = (family) => kSizes[family] ?? [170, 170];
 const kSpans = { systemSmall: [1, 1], systemMedium: [2, 1], systemLarge: [2, 2] };
 export const spanOf = (family) => kSpans[family] ?? [1, 1];
 
@@ -28,23 +31,23 @@ export function flow(items, columns) {
   return placed;
 }
 
-/** `moved` gets its cell; whoever stood there moves to the next free cell at or below its own. */
+/** `moved` gets its cell; whoever stood there moves to the next free cell at or below its own, and nobody else moves. */
 export function makeRoom(items, moved, columns) {
-  const placed = [moved];
-  for (const item of inReadingOrder(items.filter(({ id }) => id !== moved.id))) {
-    placed.push(fits(item, placed, columns) ? item : { ...item, ...freeCell(item.family, placed, columns, item.row) });
-  }
+  const others = items.filter(({ id }) => id !== moved.id);
+  const placed = [moved, ...others.filter((item) => !overlap(item, moved))];
+  for (const item of inReadingOrder(others.filter((other) => overlap(other, moved)))) placed.push({ ...item, ...freeCell(item.family, placed, columns, item.row) });
   return placed;
 }
 
 /** The next card in a direction, nearest first; what lies aside counts double. */
 export function neighbour(items, from, [dx, dy]) {
-  const middle = ({ column, row, family }) => { const [w, h] = spanOf(family); return [column + w / 2, row + h / 2]; };
-  const [x, y] = middle(from);
-  const rated = items.map((item) => {
-    const [ix, iy] = middle(item);
-    const along = (ix - x) * dx + (iy - y) * dy;
-    return { item, along, cost: along + 2 * Math.abs((ix - x) * dy + (iy - y) * dx) };
+  const sides = ({ column, row, family }) => { const [w, h] = spanOf(family); return [column, row, column + w, row + h]; };
+  const [left, top, right, bottom] = sides(from);
+  const rated = inReadingOrder(items).map((item) => {
+    const [l, t, r, b] = sides(item);
+    const along = dx > 0 ? l - right : dx < 0 ? left - r : dy > 0 ? t - bottom : top - b;
+    const aside = dx ? Math.max(t - bottom, top - b, -1) : Math.max(l - right, left - r, -1);
+    return { item, along, cost: along + 2 * Math.max(0, aside + 1) };
   });
-  return rated.filter(({ along }) => along > 0.4).sort((a, b) => a.cost - b.cost)[0]?.item;
+  return rated.filter(({ along }) => along >= 0).sort((a, b) => a.cost - b.cost)[0]?.item;
 }

@@ -16,8 +16,8 @@ const changed = () => Object.entries(values()).filter(([name, value]) => value !
 
 /** The query of a picture. */
 export const view = () => {
-  const { appearance } = values();
-  return { ...Object.fromEntries(changed()), appearance: appearance === 'system' ? (isDark.matches ? 'dark' : 'light') : appearance };
+  const { appearance, tint } = values();
+  return { ...Object.fromEntries(changed()), ...(tint && { tint }), appearance: appearance === 'system' ? (isDark.matches ? 'dark' : 'light') : appearance };
 };
 
 function apply() {

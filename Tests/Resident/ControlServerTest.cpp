@@ -2,7 +2,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/socket.h>
+#include <sys/stat.h>
 #include <sys/un.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <optional>
@@ -233,6 +235,25 @@ TEST_F(ControlServerTest, RefusesAnotherUser) {
   start(::getuid() + 1);
   const auto client = connect();
   EXPECT_EQ(receive(client), std::nullopt);
+  EXPECT_EQ(server->clients(), 0U);
+}
+
+TEST_F(ControlServerTest, RefusesAForeignUserWhoReachesTheSocket) {
+  if (::getuid() != 0) GTEST_SKIP() << "only root may become another user";
+  for (const char* way : {"", "run", "run/control"}) ::chmod(folder.at(way).c_str(), 0777);
+  const pid_t stranger = ::fork();
+  if (stranger == 0) {
+    char byte = 0;
+    const bool isStranger = ::setuid(65'534) == 0;
+    const FileDescriptor socket = connect();
+    ::_exit(isStranger && ::send(socket.get(), "{}\n", 3, MSG_NOSIGNAL) != 0 &&
+                    ::recv(socket.get(), &byte, 1, 0) <= 0
+                ? 0
+                : 1);
+  }
+  int status = -1;
+  while (::waitpid(stranger, &status, WNOHANG) == 0) loop.step(10ms);
+  EXPECT_EQ(status, 0);
   EXPECT_EQ(server->clients(), 0U);
 }
 

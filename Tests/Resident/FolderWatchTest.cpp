@@ -1,6 +1,7 @@
 // A folder that comes, goes and changes.
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/mount.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -164,6 +165,17 @@ TEST_F(FolderWatchTest, TellsOfAChangedPermission) {
   EXPECT_GE(told(), 1);
   ::chmod(path.c_str(), 0700);
   EXPECT_GE(told(), 1);
+}
+
+TEST_F(FolderWatchTest, TellsOfAFolderThatIsUnmounted) {
+  if (::mount("none", path.c_str(), "tmpfs", 0, nullptr) != 0) GTEST_SKIP() << "may not mount";
+  watch();
+  replace("document");
+  EXPECT_EQ(told(), 1);
+  ASSERT_EQ(::umount(path.c_str()), 0);
+  EXPECT_GE(told(), 1);
+  replace("document");
+  EXPECT_EQ(told(), 1);
 }
 
 TEST_F(FolderWatchTest, LetsItsFolderGo) {

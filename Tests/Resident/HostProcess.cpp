@@ -106,6 +106,7 @@ void HostProcess::start() {
   const std::vector<std::string> entries = environment();
   std::vector<std::string> arguments{QUORVEL_BINARY_DIR "/bin/quorvel-hostd"};
   arguments.insert(arguments.end(), words.begin(), words.end());
+  arguments.insert(arguments.begin(), launcher.begin(), launcher.end());
   if (!activator.empty()) {
     arguments.insert(arguments.begin(), {activator, "-l", path("run/quorvel-host/control")});
     for (const std::string& entry : entries) {

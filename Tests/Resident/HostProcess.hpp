@@ -26,6 +26,7 @@ class HostProcess {
   std::string extension;                         ///< empty: the built one
   std::map<std::string, std::string> variables;  ///< besides the folders
   std::vector<std::string> words;
+  std::vector<std::string> launcher;  ///< words before those of the host
   std::string activator;  ///< systemd-socket-activate, which then starts the host with its socket
 
   /// Returns when it is ready.

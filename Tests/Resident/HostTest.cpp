@@ -211,6 +211,30 @@ TEST_P(Misbehaviour, CostsNothingButCurrency) {
   EXPECT_TRUE(HostProcess::until([&] { return host.picture("w3") == good; }));
 }
 
+TEST_P(Misbehaviour, AtTheStartDelaysTheWidgets) {
+  host.extension = UNRELIABLE_CHILD;
+  host.writeDocument(household());
+  behave(std::string(GetParam()) + " initialize");
+  host.start();
+  ASSERT_TRUE(HostProcess::until([&] {
+    return host.log().find("the extension does not start: UnreliableChild: initialize: ") !=
+           std::string::npos;
+  }));
+  behave("");
+  ASSERT_TRUE(comesBack()) << host.log();
+  EXPECT_TRUE(HostProcess::until([&] { return hasKept(host, "w5"); }));
+}
+
+TEST_P(Misbehaviour, AtTheControlsIntentIsSaid) {
+  startUnreliable();
+  behave(std::string(GetParam()) + " intent/perform");
+  const auto refused = host.ask("perform", R"({"intent":"AddExpenseIntent"})");
+  ASSERT_NE(refused.member("error"), nullptr);
+  EXPECT_THAT(*refused.member("error")->string(), HasSubstr("intent/perform"));
+  behave("");
+  ASSERT_TRUE(comesBack()) << host.log();
+}
+
 INSTANTIATE_TEST_SUITE_P(,
                          Misbehaviour,
                          ::testing::Values("die", "hang", "flood", "garble"),
@@ -308,6 +332,28 @@ TEST_F(HostTest, PutsBrokenPlacementsAsideAndStarts) {
   startLive();
   EXPECT_THAT(host.log(), HasSubstr("placements.json.broken-1"));
   EXPECT_TRUE(fs::exists(host.path("config/quorvel-host/placements.json.broken-1")));
+}
+
+TEST_F(HostTest, PutsPlacementsOfALaterVersionAsideAndStarts) {
+  fs::create_directories(host.path("config/quorvel-host"));
+  std::ofstream(host.path("config/quorvel-host/placements.json")) << R"({"version":2,"more":[]})";
+  startLive();
+  EXPECT_THAT(host.log(), HasSubstr("it is kept as"));
+  EXPECT_EQ(contentsOf(host.path("config/quorvel-host/placements.json.later-1")),
+            R"({"version":2,"more":[]})");
+}
+
+TEST_F(HostTest, FollowsTheContainersPermissions) {
+  // Root may read everything, but for what it gives up.
+  if (::geteuid() == 0) {
+    host.launcher = {"/usr/bin/setpriv", "--bounding-set=-all", "--inh-caps=-all"};
+  }
+  startLive();
+  const std::string with = host.picture("w3");
+  ::chmod(host.path("container").c_str(), 0);
+  ASSERT_TRUE(HostProcess::until([&] { return host.picture("w3") != with; }));
+  ::chmod(host.path("container").c_str(), 0700);
+  EXPECT_TRUE(HostProcess::until([&] { return host.picture("w3") == with; }));
 }
 
 TEST_F(HostTest, LogsNoAmount) {

@@ -1,5 +1,5 @@
-// The real extension, but for what $HOME/behaviour says when it is asked for a timeline: "die",
-// "hang", "flood", "garble", or the same with a kind behind it, for that kind alone.
+// The real extension, but for what $HOME/behaviour says: "die", "hang", "flood" or "garble" when it
+// is asked for a timeline, or, with a word behind it, at every request that holds this word.
 #include <fcntl.h>
 #include <unistd.h>
 
@@ -24,12 +24,11 @@ void put(int descriptor, const std::string& text) {
 }
 
 void misbehave(const std::string& request) {
-  if (request.find(widgetruntime::method::kTimeline) == std::string::npos) return;
   std::ifstream file(std::string(std::getenv("HOME")) + "/behaviour");
   std::string behaviour;
-  std::string kind;
-  file >> behaviour >> kind;
-  if (!kind.empty() && request.find(kind) == std::string::npos) return;
+  std::string word{widgetruntime::method::kTimeline};
+  file >> behaviour >> word;
+  if (request.find(word) == std::string::npos) return;
   if (behaviour == "die") ::_exit(3);
   if (behaviour == "garble") put(STDOUT_FILENO, "Content-Length: 3\r\n\r\n{}}");
   while (behaviour == "hang") ::pause();

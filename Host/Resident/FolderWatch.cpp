@@ -1,5 +1,7 @@
 #include "Resident/FolderWatch.hpp"
 
+#include <fcntl.h>
+#include <sys/epoll.h>
 #include <sys/inotify.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -35,10 +37,14 @@ FolderWatch::FolderWatch(Loop& loop,
     : folder_(std::move(folder)),
       matters_(std::move(matters)),
       onChange_(std::move(onChange)),
-      inotify_(::inotify_init1(IN_NONBLOCK | IN_CLOEXEC)) {
+      inotify_(::inotify_init1(IN_NONBLOCK | IN_CLOEXEC)),
+      mounts_(::open("/proc/self/mountinfo", O_RDONLY | O_CLOEXEC)) {
   // Without inotify (its limits are per user) widgets still change with their dates and on request.
   if (!inotify_) return;
   watch_ = loop.onReadable(inotify_.get(), [this] { handle(); });
+  // Of what is mounted over a folder inotify says nothing.
+  if (mounts_)
+    mountWatch_ = loop.onEvents(mounts_.get(), EPOLLPRI, [this](auto) { findMounted(); });
   rewatch();
 }
 
@@ -64,6 +70,12 @@ int FolderWatch::add(const std::string& path, std::uint32_t mask, const std::str
   const int id = ::inotify_add_watch(inotify_.get(), path.c_str(), mask);
   if (id >= 0) names_.insert_or_assign(id, name);
   return id;
+}
+
+void FolderWatch::findMounted() {
+  const auto before = names_;
+  rewatch();
+  if (names_ != before) onChange_();
 }
 
 void FolderWatch::handle() {

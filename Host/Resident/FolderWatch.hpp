@@ -27,6 +27,7 @@ class FolderWatch {
   void rewatch();
   int add(const std::string& path, std::uint32_t mask, const std::string& name);
   void handle();
+  void findMounted();
 
   std::string folder_;
   std::function<bool(std::string_view)> matters_;
@@ -34,6 +35,8 @@ class FolderWatch {
   foundation::FileDescriptor inotify_;
   std::map<int, std::string> names_;  // by watch: what is awaited in an ancestor; "" is the folder
   Watch watch_;
+  foundation::FileDescriptor mounts_;
+  Watch mountWatch_;
 };
 
 }  // namespace resident

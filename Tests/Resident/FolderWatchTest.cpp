@@ -1,6 +1,7 @@
 // A folder that comes, goes and changes.
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sched.h>
 #include <sys/mount.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -34,6 +35,14 @@ class FolderWatchTest : public ::testing::Test {
     while (loop.step(0ms)) {
     }
     return std::exchange(changes, 0);
+  }
+  /// In a namespace of the test's own: a host that sleeps beside it hears nothing of it.
+  static bool mayMount() {
+    return ::unshare(CLONE_NEWNS) == 0 &&
+           ::mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0;
+  }
+  static int mountOn(const std::string& path) {
+    return ::mount("none", path.c_str(), "tmpfs", 0, nullptr);
   }
   void replace(const std::string& name) {
     std::ofstream(path + "/." + name + ".new") << "x";
@@ -167,8 +176,32 @@ TEST_F(FolderWatchTest, TellsOfAChangedPermission) {
   EXPECT_GE(told(), 1);
 }
 
+TEST_F(FolderWatchTest, TellsOfWhatIsMountedOverTheFolder) {
+  if (!mayMount()) GTEST_SKIP() << "only root may mount";
+  watch();
+  ASSERT_EQ(mountOn(path), 0);
+  EXPECT_EQ(told(), 1);
+  replace("document");
+  EXPECT_EQ(told(), 1);
+  ASSERT_EQ(::umount(path.c_str()), 0);
+  EXPECT_GE(told(), 1);
+  replace("document");
+  EXPECT_EQ(told(), 1);
+}
+
+TEST_F(FolderWatchTest, TellsNothingOfOtherMounts) {
+  if (!mayMount()) GTEST_SKIP() << "only root may mount";
+  fs::create_directory(folder.at("other"));
+  watch();
+  ASSERT_EQ(mountOn(folder.at("other")), 0);
+  EXPECT_EQ(told(), 0);
+  ASSERT_EQ(::umount(folder.at("other").c_str()), 0);
+  EXPECT_EQ(told(), 0);
+}
+
 TEST_F(FolderWatchTest, TellsOfAFolderThatIsUnmounted) {
-  if (::mount("none", path.c_str(), "tmpfs", 0, nullptr) != 0) GTEST_SKIP() << "may not mount";
+  if (!mayMount()) GTEST_SKIP() << "only root may mount";
+  ASSERT_EQ(mountOn(path), 0);
   watch();
   replace("document");
   EXPECT_EQ(told(), 1);

@@ -2,13 +2,12 @@
 
 #include <unistd.h>
 
-#include <tuple>
-
 #include "Foundation/FileWriting.hpp"
 #include "Rendering/PngEncoder.hpp"
 #include "Surfaces/WidgetSize.hpp"
 
 namespace surfaces {
+
 std::optional<Demand> PictureFolder::place(const Subject& subject) {
   if (!subject.isPlaced) return std::nullopt;
   Demand demand;
@@ -24,9 +23,11 @@ std::optional<Demand> PictureFolder::place(const Subject& subject) {
 
 void PictureFolder::show(const Subject& subject, const Shown& shown) {
   if (!shown.picture) return;
-  // A folder that cannot be written to keeps its old pictures; nobody is there to be told.
-  std::ignore = foundation::replaceFile(
-      path(subject.id), rendering::encodePng(shown.picture->bitmap), {.isDurable = false});
+  const std::string file = path(subject.id);
+  const auto error = foundation::replaceFile(
+      file, rendering::encodePng(shown.picture->bitmap), {.isDurable = false});
+  // On a full disk the old picture stays, but never one with amounts that are to be hidden.
+  if (error && shown.isHidden) ::unlink(file.c_str());
 }
 
 void PictureFolder::remove(const std::string& id) {

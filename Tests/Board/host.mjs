@@ -5,7 +5,7 @@
 //     await host.end();
 
 import { execFileSync, spawn } from 'node:child_process';
-import { mkdirSync, mkdtempSync, readdirSync, readFileSync, renameSync, rmSync, writeFileSync } from 'node:fs';
+import { mkdirSync, mkdtempSync, readdirSync, readFileSync, readlinkSync, renameSync, rmSync, writeFileSync } from 'node:fs';
 import { tmpdir } from 'node:os';
 import { dirname, join, resolve } from 'node:path';
 import { fileURLToPath } from 'node:url';
@@ -70,6 +70,14 @@ export class Host {
 
   memory() { return Number(/^Rss:\s+(\d+)/m.exec(readFileSync(`/proc/${this.process.pid}/smaps_rollup`, 'utf8'))[1]); }
   descriptors() { return readdirSync(`/proc/${this.process.pid}/fd`).length; }
+  /** The local addresses that it listens on, as /proc/net/tcp writes them. */
+  listening() {
+    const folder = `/proc/${this.process.pid}/fd`;
+    const sockets = new Set(readdirSync(folder).map((name) => { try { return /^socket:\[(\d+)\]$/.exec(readlinkSync(join(folder, name)))?.[1]; } catch { return undefined; } }));
+    return ['tcp', 'tcp6'].flatMap((table) => readFileSync(`/proc/${this.process.pid}/net/${table}`, 'utf8').split('\n').map((line) => line.trim().split(/\s+/)))
+      .filter((fields) => fields[3] === '0A' && sockets.has(fields[9])).map((fields) => fields[1]);
+  }
+
   /** How often any of its threads has been put on a processor. */
   wakeups() {
     const tasks = `/proc/${this.process.pid}/task`;

@@ -1,126 +1,38 @@
 #include "Surfaces/Web/WebServer.hpp"
 
-#include <arpa/inet.h>
 #include <microhttpd.h>
-#include <netinet/in.h>
 #include <sys/epoll.h>
 #include <sys/socket.h>
 #include <systemd/sd-event.h>
-#include <unistd.h>
 
-#include <array>
 #include <cstring>
 #include <set>
-#include <vector>
+#include <utility>
 
-#include "Foundation/FileDescriptor.hpp"
 #include "Surfaces/Web/BoardJson.hpp"
+#include "Surfaces/Web/EventSource.hpp"
+#include "Surfaces/Web/HeadDeadlines.hpp"
+#include "Surfaces/Web/LoopbackSockets.hpp"
 #include "Surfaces/Web/WebGate.hpp"
+#include "Surfaces/Web/WebHead.hpp"
+#include "Surfaces/Web/WebResponse.hpp"
 
 namespace surfaces {
 namespace {
 
-using foundation::FileDescriptor;
-
 constexpr std::size_t kMaximumPending = std::size_t{256} << 10;  ///< bytes that a stream may hold
 constexpr std::size_t kConnectionMemory = std::size_t{32} << 10;
+constexpr std::size_t kMaximumWaiting = 16;  ///< connections that owe a head
 constexpr unsigned kSilence = 20;  ///< seconds that a connection may stay silent while it is served
 
-/// Scripts, styles and pictures of this server alone; no frame, no form, nothing inline.
-constexpr std::string_view kPolicy =
-    "default-src 'none'; script-src 'self'; style-src 'self'; img-src 'self' data:; "
-    "connect-src 'self'; base-uri 'none'; form-action 'none'; frame-ancestors 'none'";
-
-struct EndSource {
-  void operator()(sd_event_source* source) const { sd_event_source_disable_unref(source); }
-};
-using Source = std::unique_ptr<sd_event_source, EndSource>;
-
-struct Sockets {
-  FileDescriptor ipv4;  ///< listens
-  /// Bound and never listened on: browsers try both addresses of "localhost", and nobody else shall
-  /// answer on this one.
-  FileDescriptor ipv6;
-  int port = 0;
-};
-
-std::optional<Sockets> bindBoth() {
-  Sockets sockets;
-  sockets.ipv4 = FileDescriptor(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
-  sockaddr_in v4{};
-  v4.sin_family = AF_INET;
-  v4.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-  socklen_t size = sizeof v4;
-  auto* address = reinterpret_cast<sockaddr*>(&v4);
-  if (::bind(sockets.ipv4.get(), address, size) < 0 ||
-      ::getsockname(sockets.ipv4.get(), address, &size) < 0)
-    return std::nullopt;
-  sockets.port = ntohs(v4.sin_port);
-  sockets.ipv6 = FileDescriptor(::socket(AF_INET6, SOCK_STREAM | SOCK_CLOEXEC, 0));
-  if (!sockets.ipv6) return sockets;  // this machine has no IPv6
-  sockaddr_in6 v6{};
-  v6.sin6_family = AF_INET6;
-  v6.sin6_addr = in6addr_loopback;
-  v6.sin6_port = v4.sin_port;
-  if (::bind(sockets.ipv6.get(), reinterpret_cast<sockaddr*>(&v6), sizeof v6) == 0 ||
-      errno == EADDRNOTAVAIL)
-    return sockets;
-  return std::nullopt;
+int descriptorOf(MHD_Connection* connection) {
+  const auto* info = MHD_get_connection_info(connection, MHD_CONNECTION_INFO_CONNECTION_FD);
+  return info ? info->connect_fd : -1;
 }
 
-std::optional<Sockets> listenOnLoopback() {
-  for (int attempt = 0; attempt < 16; ++attempt) {
-    auto sockets = bindBoth();
-    if (sockets && ::listen(sockets->ipv4.get(), 64) == 0) return sockets;
-  }
-  return std::nullopt;
-}
-
-MHD_Result collectHead(void* to, MHD_ValueKind, const char* name, const char* value) {
-  auto& head = *static_cast<RequestHead*>(to);
-  const std::string text = value ? value : "";
-  const auto is = [&](const char* field) { return ::strcasecmp(name, field) == 0; };
-  if (is("Host")) head.hosts.push_back(text);
-  if (is("Origin")) head.origins.push_back(text);
-  if (is("Sec-Fetch-Site")) head.fetchSites.push_back(text);
-  if (is("Authorization")) head.authorizations.push_back(text);
-  if (is("Content-Type")) head.contentTypes.push_back(text);
-  if (is("Content-Length")) head.contentLengths.push_back(text);
-  if (is("Transfer-Encoding")) head.isChunked = true;
-  return MHD_YES;
-}
-
-MHD_Result collectQuery(void* to, MHD_ValueKind, const char* name, const char* value) {
-  (*static_cast<std::map<std::string, std::string>*>(to))[name] = value ? value : "";
-  return MHD_YES;
-}
-
-WebReply replyTo(const Refusal& refusal) {
-  return {refusal.status, "application/json", errorJson(refusal.line), {}};
-}
-
-void addHeaders(MHD_Response* response, const std::string& type, const std::string& fileName) {
-  const std::array<std::pair<const char*, std::string>, 8> headers{{
-      {"Content-Type", type},
-      {"Content-Security-Policy", std::string(kPolicy)},
-      {"Cross-Origin-Resource-Policy", "same-origin"},
-      {"Cross-Origin-Opener-Policy", "same-origin"},
-      {"X-Content-Type-Options", "nosniff"},
-      {"Cache-Control", "no-store"},
-      {"Referrer-Policy", "no-referrer"},
-      {"Content-Disposition",
-       fileName.empty() ? "inline" : "attachment; filename=\"" + fileName + "\""},
-  }};
-  for (const auto& [name, value] : headers) MHD_add_response_header(response, name, value.c_str());
-}
-
-MHD_Result queue(MHD_Connection* connection, const WebReply& reply) {
-  // The library copies the body and does not change it.
-  auto* body = const_cast<char*>(reply.body.data());
-  MHD_Response* response =
-      MHD_create_response_from_buffer(reply.body.size(), body, MHD_RESPMEM_MUST_COPY);
+MHD_Result queueReply(MHD_Connection* connection, const WebReply& reply) {
+  MHD_Response* response = makeResponse(reply);
   if (!response) return MHD_NO;
-  addHeaders(response, reply.type, reply.fileName);
   const MHD_Result queued =
       MHD_queue_response(connection, static_cast<unsigned>(reply.status), response);
   MHD_destroy_response(response);
@@ -141,17 +53,11 @@ struct Exchange {
   bool isSuspended = false;
 };
 
-/// A connection's time to bring its next head.
-struct Client {
-  Source deadline;
-  int descriptor = -1;
-};
-
 /// An open stream of events.
 struct Stream {
   WebServer::State* server = nullptr;
   MHD_Connection* connection = nullptr;
-  Source hangUp;
+  EventSource hangUp;
   std::string pending = ":\n\n";  // so that the head leaves at once
   bool isSuspended = false;
   bool isOver = false;
@@ -162,21 +68,21 @@ struct WebServer::State {
   WebHandler& handler;
   const PublicFiles& files;
   Limits limits;
-  Sockets sockets;
+  LoopbackSockets sockets;
   std::string name;
   GateRules rules;
   MHD_Daemon* daemon = nullptr;
-  Source readable;
-  Source timer;
+  EventSource readable;
+  EventSource timer;
   std::set<std::shared_ptr<Exchange>> exchanges;
   std::set<Stream*> streams;
+  HeadDeadlines deadlines{loop, kMaximumWaiting};
   bool isEnding = false;
 
   std::string start();
   void run();
   void runIn(std::uint64_t milliseconds);
   void resume(MHD_Connection* connection, bool& isSuspended);
-  void expectHead(Client& client, std::chrono::milliseconds time);
   MHD_Result access(MHD_Connection* connection,
                     const char* method,
                     const char* bytes,
@@ -185,7 +91,6 @@ struct WebServer::State {
   MHD_Result takeHead(MHD_Connection* connection, const char* method, Exchange& exchange);
   void ask(const std::shared_ptr<Exchange>& exchange);
   MHD_Result openStream(MHD_Connection* connection);
-  void wake(Stream& stream);
   void forget(Stream* stream);
   void end();
 
@@ -202,7 +107,7 @@ struct WebServer::State {
   static void onCompleted(void* self, MHD_Connection*, void** exchange, MHD_RequestTerminationCode);
   static void onConnection(void* self,
                            MHD_Connection* connection,
-                           void** client,
+                           void**,
                            MHD_ConnectionNotificationCode code);
   static ssize_t onRead(void* stream, std::uint64_t, char* to, std::size_t most);
   static void onStreamGone(void* stream);
@@ -291,18 +196,6 @@ void WebServer::State::resume(MHD_Connection* connection, bool& isSuspended) {
   runIn(0);
 }
 
-void WebServer::State::expectHead(Client& client, std::chrono::milliseconds time) {
-  sd_event_source* source = nullptr;
-  const auto onTime = [](sd_event_source*, std::uint64_t, void* late) {
-    auto* found = static_cast<Client*>(late);
-    ::shutdown(found->descriptor, SHUT_RDWR);
-    return 0;
-  };
-  const auto microseconds = static_cast<std::uint64_t>(time.count()) * 1000;
-  sd_event_add_time_relative(loop, &source, CLOCK_MONOTONIC, microseconds, 0, onTime, &client);
-  client.deadline.reset(source);
-}
-
 void* WebServer::State::begin(void* self, const char* target, MHD_Connection*) {
   auto exchange = std::make_shared<Exchange>();
   exchange->server = static_cast<State*>(self);
@@ -328,15 +221,12 @@ MHD_Result WebServer::State::takeHead(MHD_Connection* connection,
                                       Exchange& exchange) {
   exchange.hasHead = true;
   exchange.connection = connection;
-  const auto* info = MHD_get_connection_info(connection, MHD_CONNECTION_INFO_SOCKET_CONTEXT);
-  if (info && info->socket_context) static_cast<Client*>(info->socket_context)->deadline.reset();
-  RequestHead head{.method = method, .target = exchange.target};
-  MHD_get_connection_values(connection, MHD_HEADER_KIND, &collectHead, &head);
-  if (const auto refusal = refuse(head, rules)) return queue(connection, replyTo(*refusal));
+  deadlines.settle(descriptorOf(connection));
+  const RequestHead head = headOf(connection, method, exchange.target);
+  if (const auto refusal = refuse(head, rules)) return queueReply(connection, replyTo(*refusal));
   exchange.request.method = head.method == "HEAD" ? "GET" : head.method;
   exchange.request.path = std::string(pathOf(head.target));
-  MHD_get_connection_values(
-      connection, MHD_GET_ARGUMENT_KIND, &collectQuery, &exchange.request.query);
+  exchange.request.query = queryOf(connection);
   return MHD_YES;
 }
 
@@ -358,7 +248,7 @@ MHD_Result WebServer::State::access(MHD_Connection* connection,
     for (const auto& known : exchanges)
       if (known.get() == &exchange) ask(known);
   }
-  if (exchange.reply) return queue(connection, *exchange.reply);
+  if (exchange.reply) return queueReply(connection, *exchange.reply);
   exchange.isSuspended = true;
   MHD_suspend_connection(connection);
   return MHD_YES;
@@ -384,26 +274,17 @@ void WebServer::State::onCompleted(void* self,
   auto& state = *static_cast<State*>(self);
   std::erase_if(state.exchanges, [&](const auto& known) { return known.get() == *exchange; });
   *exchange = nullptr;
-  const auto* info = MHD_get_connection_info(connection, MHD_CONNECTION_INFO_SOCKET_CONTEXT);
-  if (!state.isEnding && info && info->socket_context)
-    state.expectHead(*static_cast<Client*>(info->socket_context), state.limits.idle);
+  if (!state.isEnding) state.deadlines.expect(descriptorOf(connection), state.limits.idle);
 }
 
 void WebServer::State::onConnection(void* self,
                                     MHD_Connection* connection,
-                                    void** client,
+                                    void**,
                                     MHD_ConnectionNotificationCode code) {
   auto& state = *static_cast<State*>(self);
-  if (code == MHD_CONNECTION_NOTIFY_CLOSED) {
-    delete static_cast<Client*>(*client);
-    *client = nullptr;
-    return;
-  }
-  auto made = std::make_unique<Client>();
-  const auto* info = MHD_get_connection_info(connection, MHD_CONNECTION_INFO_CONNECTION_FD);
-  made->descriptor = info ? info->connect_fd : -1;
-  state.expectHead(*made, state.limits.head);
-  *client = made.release();
+  const int descriptor = descriptorOf(connection);
+  if (code == MHD_CONNECTION_NOTIFY_CLOSED) return state.deadlines.settle(descriptor);
+  state.deadlines.expect(descriptor, state.limits.head);
 }
 
 MHD_Result WebServer::State::openStream(MHD_Connection* connection) {
@@ -422,13 +303,12 @@ MHD_Result WebServer::State::openStream(MHD_Connection* connection) {
     over.isOver = true;
     over.hangUp.reset();
     State& server = *over.server;
-    server.wake(over);
+    server.resume(over.connection, over.isSuspended);
     server.run();  // ends the response, and `over` with it
     return 0;
   };
   sd_event_source* source = nullptr;
-  const auto* info = MHD_get_connection_info(connection, MHD_CONNECTION_INFO_CONNECTION_FD);
-  if (info) sd_event_add_io(loop, &source, info->connect_fd, EPOLLRDHUP, onHangUp, stream);
+  sd_event_add_io(loop, &source, descriptorOf(connection), EPOLLRDHUP, onHangUp, stream);
   stream->hangUp.reset(source);
   addHeaders(response, "text/event-stream", {});
   const MHD_Result queued = MHD_queue_response(connection, MHD_HTTP_OK, response);
@@ -461,17 +341,13 @@ void WebServer::State::forget(Stream* stream) {
   if (streams.empty() && !isEnding) handler.watched(false);
 }
 
-void WebServer::State::wake(Stream& stream) {
-  resume(stream.connection, stream.isSuspended);
-}
-
 /// The library does not stop while a connection is suspended.
 void WebServer::State::end() {
   isEnding = true;
   if (!daemon) return;
   for (Stream* stream : streams) {
     stream->isOver = true;
-    wake(*stream);
+    resume(stream->connection, stream->isSuspended);
   }
   for (const auto& exchange : exchanges) {
     exchange->reply = WebReply{503, "application/json", errorJson("The host is ending."), {}};
@@ -517,7 +393,7 @@ void WebServer::send(std::string_view name, std::string_view data) {
     stream->pending += event;
     // Whoever does not read loses the stream; a page opens another and asks for everything anew.
     if (stream->pending.size() > kMaximumPending) stream->isOver = true;
-    state_->wake(*stream);
+    state_->resume(stream->connection, stream->isSuspended);
   }
 }
 

@@ -17,7 +17,7 @@
 #include <vector>
 
 #include "Foundation/FileManager.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetSnapshot.hpp"
+#include "QuorvelWidgets/WidgetSupport/Snapshot/WidgetSnapshot.hpp"
 
 namespace {
 

@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "Foundation/JsonValue.hpp"
-#include "Rendering/PngEncoder.hpp"
+#include "Rendering/Images/PngEncoder.hpp"
 #include "Rendering/Renderer.hpp"
 #include "ViewKit/TreeJson.hpp"
 

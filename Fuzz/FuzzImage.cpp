@@ -3,7 +3,7 @@
 #include <cstdlib>
 #include <string_view>
 
-#include "Rendering/ImageDecoder.hpp"
+#include "Rendering/Images/ImageDecoder.hpp"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   if (size < 2) return 0;

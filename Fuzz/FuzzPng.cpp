@@ -6,7 +6,7 @@
 #include <cstdlib>
 #include <vector>
 
-#include "Rendering/PngEncoder.hpp"
+#include "Rendering/Images/PngEncoder.hpp"
 #include "Rendering/Renderer.hpp"
 
 namespace {

@@ -11,8 +11,8 @@
 
 #include "Foundation/Instant.hpp"
 #include "QuorvelWidgets/QuorvelWidgetsExtension.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetLanguage.hpp"
-#include "Rendering/PngEncoder.hpp"
+#include "QuorvelWidgets/WidgetSupport/Snapshot/WidgetLanguage.hpp"
+#include "Rendering/Images/PngEncoder.hpp"
 #include "Rendering/Renderer.hpp"
 #include "WidgetRuntime/Dispatcher.hpp"
 

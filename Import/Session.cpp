@@ -3,7 +3,7 @@
 #include <chrono>
 #include <filesystem>
 
-#include "QuorvelWidgets/WidgetSupport/WidgetLanguage.hpp"
+#include "QuorvelWidgets/WidgetSupport/Snapshot/WidgetLanguage.hpp"
 
 namespace importer {
 namespace {

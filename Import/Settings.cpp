@@ -20,7 +20,7 @@ struct TomlAssertion {};
 #include <set>
 
 #include "Foundation/FileManager.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetLanguage.hpp"
+#include "QuorvelWidgets/WidgetSupport/Snapshot/WidgetLanguage.hpp"
 
 namespace importer {
 namespace {

@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "Import/Result.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetSnapshot.hpp"
+#include "QuorvelWidgets/WidgetSupport/Snapshot/WidgetSnapshot.hpp"
 
 namespace importer {
 

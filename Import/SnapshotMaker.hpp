@@ -15,7 +15,7 @@
 #include "Import/Result.hpp"
 #include "Import/Settings.hpp"
 #include "Import/Spending.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetSnapshot.hpp"
+#include "QuorvelWidgets/WidgetSupport/Snapshot/WidgetSnapshot.hpp"
 
 namespace importer {
 

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "Foundation/FileManager.hpp"
-#include "QuorvelWidgets/WidgetSupport/SnapshotStore.hpp"
+#include "QuorvelWidgets/WidgetSupport/Snapshot/SnapshotStore.hpp"
 #include "WidgetRuntime/Widget.hpp"
 
 namespace quorvel {

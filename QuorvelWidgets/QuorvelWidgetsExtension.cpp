@@ -4,8 +4,8 @@
 #include "Foundation/FileManager.hpp"
 #include "QuorvelWidgets/QuorvelWidgetsBundle.hpp"
 #include "QuorvelWidgets/SnapshotDiagnosis.hpp"
-#include "QuorvelWidgets/WidgetSupport/SnapshotStore.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetLanguage.hpp"
+#include "QuorvelWidgets/WidgetSupport/Snapshot/SnapshotStore.hpp"
+#include "QuorvelWidgets/WidgetSupport/Snapshot/WidgetLanguage.hpp"
 
 namespace quorvel {
 

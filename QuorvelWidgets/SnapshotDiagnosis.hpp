@@ -5,7 +5,7 @@
 
 #include "Foundation/Calendar.hpp"
 #include "Foundation/Instant.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetSnapshot.hpp"
+#include "QuorvelWidgets/WidgetSupport/Snapshot/WidgetSnapshot.hpp"
 #include "WidgetRuntime/Messages.hpp"
 
 namespace quorvel {

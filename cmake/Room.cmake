@@ -16,11 +16,16 @@ target_compile_options(
             -Wno-missing-field-initializers
             -fno-omit-frame-pointer)
 
-# quorvel_room(NAME INCLUDE_ROOT dir FOLDER dir SEES targets... USES libraries... WITHOUT sources...): the sources of FOLDER
-# (the current one), but for those that another target of the folder has; SEES are public, USES private.
+# quorvel_room(NAME INCLUDE_ROOT dir FOLDER dir FOLDERS dirs... SEES targets... USES libraries... WITHOUT sources...): the
+# sources of FOLDER (the current one) and of its FOLDERS, but for those that another target has; SEES are public, USES
+# private.
 function(quorvel_room name)
-  cmake_parse_arguments(ROOM "" "INCLUDE_ROOT;FOLDER" "SEES;USES;WITHOUT" ${ARGN})
+  cmake_parse_arguments(ROOM "" "INCLUDE_ROOT;FOLDER" "FOLDERS;SEES;USES;WITHOUT" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${ROOM_FOLDER}/*.cpp)
+  foreach(folder IN LISTS ROOM_FOLDERS)
+    file(GLOB inner CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.cpp)
+    list(APPEND sources ${inner})
+  endforeach()
   list(FILTER sources EXCLUDE REGEX "/main\\.cpp$")
   list(TRANSFORM ROOM_WITHOUT PREPEND ${CMAKE_CURRENT_SOURCE_DIR}/)
   list(REMOVE_ITEM sources ${ROOM_WITHOUT})
@@ -32,13 +37,18 @@ function(quorvel_room name)
     PRIVATE quorvel_options ${ROOM_USES})
 endfunction()
 
-# quorvel_tests(NAME SEES targets...): one GoogleTest program from the folder's sources.
+# quorvel_tests(NAME FOLDERS dirs... SEES targets...): one GoogleTest program from the sources of the folder and of its
+# FOLDERS.
 function(quorvel_tests name)
-  cmake_parse_arguments(ROOM "" "" "SEES" ${ARGN})
-  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
+  cmake_parse_arguments(ROOM "" "" "FOLDERS;SEES" ${ARGN})
+  set(sources "")
+  foreach(folder IN ITEMS . LISTS ROOM_FOLDERS)
+    file(GLOB inner CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.cpp)
+    list(APPEND sources ${inner})
+  endforeach()
   add_executable(${name} ${sources})
   target_link_libraries(${name} PRIVATE quorvel_options ${ROOM_SEES} GTest::gmock GTest::gtest_main)
-  target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR})
+  target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR} ${CMAKE_CURRENT_SOURCE_DIR})
   target_compile_definitions(${name} PRIVATE QUORVEL_SOURCE_DIR="${CMAKE_SOURCE_DIR}"
                                              QUORVEL_BINARY_DIR="${CMAKE_BINARY_DIR}")
   gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST PROPERTIES TIMEOUT 120)

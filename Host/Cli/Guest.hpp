@@ -5,7 +5,7 @@
 #include <optional>
 #include <string>
 
-#include "Cli/Options.hpp"
+#include "Cli/Options/Options.hpp"
 #include "Cli/Program.hpp"
 #include "Cli/Result.hpp"
 #include "Session/Extension.hpp"

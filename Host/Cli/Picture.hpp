@@ -5,7 +5,7 @@
 #include <string>
 
 #include "Cli/Guest.hpp"
-#include "Cli/Options.hpp"
+#include "Cli/Options/Options.hpp"
 #include "Foundation/Device.hpp"
 #include "Rendering/Renderer.hpp"
 

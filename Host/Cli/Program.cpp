@@ -3,8 +3,8 @@
 #include <exception>
 #include <new>
 
-#include "Cli/Arguments.hpp"
-#include "Cli/Commands.hpp"
+#include "Cli/Commands/Commands.hpp"
+#include "Cli/Options/Arguments.hpp"
 #include "Cli/Output.hpp"
 #include "Foundation/Printable.hpp"
 

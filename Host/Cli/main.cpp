@@ -8,8 +8,8 @@
 #include "Foundation/ProcessPrivacy.hpp"
 #include "QuorvelWidgets/ComponentSheet.hpp"
 #include "QuorvelWidgets/QuorvelWidgetsExtension.hpp"
-#include "QuorvelWidgets/WidgetSupport/SnapshotSample.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetLanguage.hpp"
+#include "QuorvelWidgets/WidgetSupport/Snapshot/SnapshotSample.hpp"
+#include "QuorvelWidgets/WidgetSupport/Snapshot/WidgetLanguage.hpp"
 
 extern char** environ;  // POSIX leaves it to the user
 

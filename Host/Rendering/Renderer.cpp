@@ -3,14 +3,14 @@
 
 #include <algorithm>
 
-#include "Rendering/AccessibilityTree.hpp"
-#include "Rendering/DrawList.hpp"
-#include "Rendering/FontMeasurer.hpp"
-#include "Rendering/Painter.hpp"
-#include "Rendering/PlacedDump.hpp"
-#include "Rendering/PlainText.hpp"
-#include "Rendering/Recorder.hpp"
-#include "Rendering/SvgWriter.hpp"
+#include "Rendering/Layout/PlacedDump.hpp"
+#include "Rendering/Output/AccessibilityTree.hpp"
+#include "Rendering/Output/PlainText.hpp"
+#include "Rendering/Output/SvgWriter.hpp"
+#include "Rendering/Painting/Painter.hpp"
+#include "Rendering/Recording/DisplayList.hpp"
+#include "Rendering/Recording/Recorder.hpp"
+#include "Rendering/Text/FontMeasurer.hpp"
 
 namespace rendering {
 
@@ -20,12 +20,12 @@ struct Renderer::State {
   FontLibrary fonts;
   FontMeasurer measurer{fonts};
   SymbolLibrary symbols{fonts};
-  ImageStore images;
+  ImageCache images;
   ColorGlyphs colorGlyphs{fonts};
   Painter painter{fonts};
-  DrawList list;
+  DisplayList list;
 
-  [[nodiscard]] Drawn<PlacedTree> place(const viewkit::View& view, const RenderOptions& options) {
+  [[nodiscard]] Drawn<LayoutTree> place(const viewkit::View& view, const RenderOptions& options) {
     return layOut(view,
                   {.size = options.size,
                    .direction = options.direction,
@@ -33,7 +33,7 @@ struct Renderer::State {
                   measurer);
   }
 
-  [[nodiscard]] Drawn<void> recordBackground(const PlacedTree& tree, const RenderOptions& options) {
+  [[nodiscard]] Drawn<void> recordBackground(const LayoutTree& tree, const RenderOptions& options) {
     if (!options.showsBackground) return {};
     const viewkit::View background = containerBackground(tree.view);
     if (background.isEmpty()) return {};
@@ -46,7 +46,7 @@ struct Renderer::State {
   }
 
   /// The background is the host's: what the content cuts out of itself leaves it whole.
-  [[nodiscard]] Drawn<void> record(const PlacedTree& tree, const RenderOptions& options) {
+  [[nodiscard]] Drawn<void> record(const LayoutTree& tree, const RenderOptions& options) {
     symbols.trim();
     list.clear();
     list.size = tree.size;
@@ -79,11 +79,11 @@ TextMeasurer& Renderer::measurer() {
   return state_->measurer;
 }
 
-Drawn<PlacedTree> Renderer::place(const viewkit::View& view, const RenderOptions& options) {
+Drawn<LayoutTree> Renderer::place(const viewkit::View& view, const RenderOptions& options) {
   return state_->place(view, options);
 }
 
-Drawn<void> Renderer::draw(const PlacedTree& tree, const RenderOptions& options, Bitmap& out) {
+Drawn<void> Renderer::draw(const LayoutTree& tree, const RenderOptions& options, Bitmap& out) {
   if (auto done = state_->record(tree, options); !done) return done;
   const double radius = options.showsBackground ? options.cornerRadius : 0;
   return state_->painter.paint(state_->list, options.scale, radius, out);

@@ -1,37 +1,19 @@
 // From a view to a picture or to one of its text forms: what a host calls.
 #pragma once
 
-#include <cstdint>
-#include <expected>
-#include <filesystem>
 #include <memory>
-#include <optional>
 #include <string>
-#include <vector>
 
-#include "Rendering/Bitmap.hpp"
-#include "Rendering/DrawingLimits.hpp"
-#include "Rendering/EmojiFont.hpp"
-#include "Rendering/Layout.hpp"
-#include "Rendering/SvgNaming.hpp"
-#include "ViewKit/Appearance.hpp"
+#include "Rendering/Graphics/Bitmap.hpp"
+#include "Rendering/Graphics/DrawingLimits.hpp"
+#include "Rendering/Graphics/RenderOptions.hpp"
+#include "Rendering/Layout/Layout.hpp"
+#include "Rendering/Output/SvgNaming.hpp"
+#include "Rendering/Text/EmojiFont.hpp"
+#include "Rendering/Text/FontFile.hpp"
 #include "ViewKit/View.hpp"
 
 namespace rendering {
-
-struct RenderOptions {
-  Size size;         ///< points
-  double scale = 2;  ///< pixels a point
-  viewkit::Appearance appearance = viewkit::Appearance::light;
-  viewkit::RenderingMode mode = viewkit::RenderingMode::fullColor;
-  std::optional<viewkit::Rgb>
-      tint;  ///< of the accentable group in accented mode; default: the appearance's label colour
-  bool showsBackground = true;  ///< draw the container background and clip to the widget's corners
-  double cornerRadius = 22;     ///< points, continuous; 0 for accessories
-  viewkit::RedactionReasons redaction;
-  viewkit::LayoutDirection direction = viewkit::LayoutDirection::leftToRight;
-  std::filesystem::path container;  ///< where image paths start; empty: no images
-};
 
 /// Fonts, glyph images, symbols and decoded pictures, kept between renderings. Not for several
 /// threads at once. Whatever the tree, a picture takes bounded time and memory or is refused in one
@@ -44,8 +26,8 @@ class Renderer {
 
   [[nodiscard]] TextMeasurer& measurer();
 
-  [[nodiscard]] Drawn<PlacedTree> place(const viewkit::View& view, const RenderOptions& options);
-  [[nodiscard]] Drawn<void> draw(const PlacedTree& tree, const RenderOptions& options, Bitmap& out);
+  [[nodiscard]] Drawn<LayoutTree> place(const viewkit::View& view, const RenderOptions& options);
+  [[nodiscard]] Drawn<void> draw(const LayoutTree& tree, const RenderOptions& options, Bitmap& out);
 
   [[nodiscard]] Drawn<Bitmap> bitmap(const viewkit::View& view, const RenderOptions& options);
   [[nodiscard]] Drawn<std::string> svg(const viewkit::View& view,
@@ -68,15 +50,5 @@ class Renderer {
   struct State;
   std::unique_ptr<State> state_;
 };
-
-/// What a renderer needs on this machine: font files, found or missing, and the Debian package of
-/// each.
-struct FontFile {
-  std::string path;
-  std::string package;
-  bool optional = false;
-  bool found = false;
-};
-[[nodiscard]] std::vector<FontFile> fontFiles();
 
 }  // namespace rendering

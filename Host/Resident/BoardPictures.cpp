@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "Rendering/PngEncoder.hpp"
+#include "Rendering/Images/PngEncoder.hpp"
 #include "Rendering/Renderer.hpp"
 #include "Resident/Board.hpp"
 #include "Session/HostEnvironment.hpp"

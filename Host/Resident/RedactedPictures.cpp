@@ -8,8 +8,8 @@
 #include "Control/Paths.hpp"
 #include "Foundation/FileManager.hpp"
 #include "Foundation/FileWriting.hpp"
-#include "Rendering/ImageDecoder.hpp"
-#include "Rendering/PngEncoder.hpp"
+#include "Rendering/Images/ImageDecoder.hpp"
+#include "Rendering/Images/PngEncoder.hpp"
 #include "WidgetRuntime/Environment.hpp"
 
 namespace resident {

@@ -21,7 +21,7 @@
 #include <vector>
 
 #include "Foundation/Instant.hpp"
-#include "Rendering/AccessibilityTree.hpp"
+#include "Rendering/Output/AccessibilityTree.hpp"
 #include "Rendering/Renderer.hpp"
 #include "WidgetRuntime/Environment.hpp"
 #include "WidgetRuntime/Intents.hpp"

@@ -1,7 +1,7 @@
 #include "QuorvelWidgets/AddExpense/AddExpenseIntent.hpp"
 
 #include "Foundation/UserDefaults.hpp"
-#include "QuorvelWidgets/WidgetSupport/GalleryName.hpp"
+#include "QuorvelWidgets/WidgetSupport/Texts/GalleryName.hpp"
 
 namespace quorvel {
 namespace {

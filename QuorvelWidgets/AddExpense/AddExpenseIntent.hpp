@@ -5,7 +5,7 @@
 
 #include "Foundation/FileManager.hpp"
 #include "Foundation/NotificationCenter.hpp"
-#include "QuorvelWidgets/WidgetSupport/SnapshotStore.hpp"
+#include "QuorvelWidgets/WidgetSupport/Snapshot/SnapshotStore.hpp"
 #include "WidgetRuntime/Widget.hpp"
 
 namespace quorvel {

@@ -1,8 +1,8 @@
 #include "QuorvelWidgets/CardLimit/CardFace.hpp"
 
 #include "QuorvelWidgets/CardLimit/CardFigures.hpp"
-#include "QuorvelWidgets/WidgetSupport/CardArtTile.hpp"
-#include "QuorvelWidgets/WidgetSupport/FaceStyle.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/CardArtTile.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/FaceStyle.hpp"
 
 namespace quorvel {
 

@@ -4,7 +4,7 @@
 #include <optional>
 #include <string_view>
 
-#include "QuorvelWidgets/WidgetSupport/WidgetSnapshot.hpp"
+#include "QuorvelWidgets/WidgetSupport/Snapshot/WidgetSnapshot.hpp"
 #include "ViewKit/ViewKit.hpp"
 #include "WidgetRuntime/Environment.hpp"
 

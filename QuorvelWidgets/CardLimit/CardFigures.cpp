@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "QuorvelWidgets/WidgetSupport/WidgetMoneyStyle.hpp"
+#include "QuorvelWidgets/WidgetSupport/Texts/Percent.hpp"
 
 namespace quorvel {
 

@@ -6,8 +6,8 @@
 #include <string_view>
 #include <vector>
 
-#include "QuorvelWidgets/WidgetSupport/WAccent.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetSnapshot.hpp"
+#include "QuorvelWidgets/WidgetSupport/Colors/WAccent.hpp"
+#include "QuorvelWidgets/WidgetSupport/Snapshot/WidgetSnapshot.hpp"
 
 namespace quorvel {
 

@@ -3,11 +3,11 @@
 #include <utility>
 
 #include "QuorvelWidgets/CardLimit/CardFigures.hpp"
-#include "QuorvelWidgets/WidgetSupport/Palette.hpp"
-#include "QuorvelWidgets/WidgetSupport/SpokenTexts.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetHeader.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetMoneyStyle.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetStrings.hpp"
+#include "QuorvelWidgets/WidgetSupport/Colors/Palette.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/WidgetHeader.hpp"
+#include "QuorvelWidgets/WidgetSupport/Texts/Percent.hpp"
+#include "QuorvelWidgets/WidgetSupport/Texts/SpokenTexts.hpp"
+#include "QuorvelWidgets/WidgetSupport/Texts/WidgetStrings.hpp"
 
 namespace quorvel {
 

@@ -5,8 +5,8 @@
 #include <string_view>
 #include <vector>
 
-#include "QuorvelWidgets/WidgetSupport/ModeColors.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetSnapshot.hpp"
+#include "QuorvelWidgets/WidgetSupport/Colors/ModeColors.hpp"
+#include "QuorvelWidgets/WidgetSupport/Snapshot/WidgetSnapshot.hpp"
 #include "ViewKit/ViewKit.hpp"
 #include "WidgetRuntime/Environment.hpp"
 

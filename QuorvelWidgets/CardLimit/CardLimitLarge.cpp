@@ -1,8 +1,8 @@
 #include "QuorvelWidgets/CardLimit/CardLimitContent.hpp"
 #include "QuorvelWidgets/CardLimit/CardStack.hpp"
-#include "QuorvelWidgets/WidgetSupport/Amount.hpp"
-#include "QuorvelWidgets/WidgetSupport/Palette.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetScaffold.hpp"
+#include "QuorvelWidgets/WidgetSupport/Colors/Palette.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/Amount.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/WidgetScaffold.hpp"
 
 namespace quorvel {
 

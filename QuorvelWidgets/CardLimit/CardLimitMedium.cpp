@@ -1,8 +1,8 @@
 #include "QuorvelWidgets/CardLimit/CardLimitContent.hpp"
 #include "QuorvelWidgets/CardLimit/CardStack.hpp"
-#include "QuorvelWidgets/WidgetSupport/Amount.hpp"
-#include "QuorvelWidgets/WidgetSupport/FittingWidth.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetStrings.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/Amount.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/FittingWidth.hpp"
+#include "QuorvelWidgets/WidgetSupport/Texts/WidgetStrings.hpp"
 
 namespace quorvel {
 

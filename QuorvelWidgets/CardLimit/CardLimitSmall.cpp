@@ -1,10 +1,10 @@
 #include "QuorvelWidgets/CardLimit/CardFace.hpp"
 #include "QuorvelWidgets/CardLimit/CardFigures.hpp"
 #include "QuorvelWidgets/CardLimit/CardLimitContent.hpp"
-#include "QuorvelWidgets/WidgetSupport/Amount.hpp"
-#include "QuorvelWidgets/WidgetSupport/SpokenTexts.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetMeter.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetPrivacyNote.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/Amount.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/WidgetMeter.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/WidgetPrivacyNote.hpp"
+#include "QuorvelWidgets/WidgetSupport/Texts/SpokenTexts.hpp"
 
 namespace quorvel {
 

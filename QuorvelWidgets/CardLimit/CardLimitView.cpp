@@ -4,11 +4,12 @@
 
 #include "QuorvelWidgets/CardLimit/CardFigures.hpp"
 #include "QuorvelWidgets/CardLimit/CardLimitContent.hpp"
-#include "QuorvelWidgets/WidgetSupport/Palette.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetEnvironment.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetLink.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetScaffold.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetStrings.hpp"
+#include "QuorvelWidgets/WidgetSupport/Colors/Palette.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/WidgetLink.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/WidgetScaffold.hpp"
+#include "QuorvelWidgets/WidgetSupport/Snapshot/WidgetEnvironment.hpp"
+#include "QuorvelWidgets/WidgetSupport/Texts/AmountText.hpp"
+#include "QuorvelWidgets/WidgetSupport/Texts/WidgetStrings.hpp"
 
 namespace quorvel {
 

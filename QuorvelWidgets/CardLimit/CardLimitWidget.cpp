@@ -2,7 +2,7 @@
 
 #include "QuorvelWidgets/CardLimit/CardLimitView.hpp"
 #include "QuorvelWidgets/CardLimit/CardProvider.hpp"
-#include "QuorvelWidgets/WidgetSupport/GalleryName.hpp"
+#include "QuorvelWidgets/WidgetSupport/Texts/GalleryName.hpp"
 
 namespace quorvel {
 

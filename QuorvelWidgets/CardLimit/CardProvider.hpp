@@ -7,7 +7,7 @@
 
 #include "Foundation/Instant.hpp"
 #include "QuorvelWidgets/CardLimit/SelectCardIntent.hpp"
-#include "QuorvelWidgets/WidgetSupport/SnapshotProvider.hpp"
+#include "QuorvelWidgets/WidgetSupport/Snapshot/SnapshotProvider.hpp"
 
 namespace quorvel {
 

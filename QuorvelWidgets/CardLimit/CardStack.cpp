@@ -5,8 +5,9 @@
 #include "Foundation/Characters.hpp"
 #include "QuorvelWidgets/CardLimit/CardFace.hpp"
 #include "QuorvelWidgets/CardLimit/CardFigures.hpp"
-#include "QuorvelWidgets/WidgetSupport/Amount.hpp"
-#include "QuorvelWidgets/WidgetSupport/FaceStyle.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/Amount.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/FaceStyle.hpp"
+#include "QuorvelWidgets/WidgetSupport/Texts/AmountText.hpp"
 
 namespace quorvel {
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "QuorvelWidgets/WidgetSupport/SnapshotStore.hpp"
+#include "QuorvelWidgets/WidgetSupport/Snapshot/SnapshotStore.hpp"
 #include "WidgetRuntime/Intents.hpp"
 
 namespace quorvel {

@@ -1,10 +1,10 @@
 #include <utility>
 
 #include "QuorvelWidgets/Due/DueContent.hpp"
-#include "QuorvelWidgets/WidgetSupport/FittingWidth.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetEnvironment.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetMoneyStyle.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetStrings.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/FittingWidth.hpp"
+#include "QuorvelWidgets/WidgetSupport/Snapshot/WidgetEnvironment.hpp"
+#include "QuorvelWidgets/WidgetSupport/Texts/AmountText.hpp"
+#include "QuorvelWidgets/WidgetSupport/Texts/WidgetStrings.hpp"
 
 namespace quorvel {
 

@@ -3,10 +3,10 @@
 #include <utility>
 
 #include "Foundation/DayString.hpp"
-#include "QuorvelWidgets/WidgetSupport/SpokenTexts.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetDates.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetMoneyStyle.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetStrings.hpp"
+#include "QuorvelWidgets/WidgetSupport/Texts/AmountText.hpp"
+#include "QuorvelWidgets/WidgetSupport/Texts/SpokenTexts.hpp"
+#include "QuorvelWidgets/WidgetSupport/Texts/WidgetDates.hpp"
+#include "QuorvelWidgets/WidgetSupport/Texts/WidgetStrings.hpp"
 
 namespace quorvel {
 

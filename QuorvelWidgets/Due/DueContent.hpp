@@ -6,8 +6,9 @@
 #include <vector>
 
 #include "QuorvelWidgets/Due/UpcomingDues.hpp"
-#include "QuorvelWidgets/WidgetSupport/ModeColors.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetSnapshot.hpp"
+#include "QuorvelWidgets/WidgetSupport/Colors/ModeColors.hpp"
+#include "QuorvelWidgets/WidgetSupport/Snapshot/WidgetSnapshot.hpp"
+#include "QuorvelWidgets/WidgetSupport/Texts/AmountText.hpp"
 #include "ViewKit/ViewKit.hpp"
 #include "WidgetRuntime/Environment.hpp"
 

@@ -1,8 +1,8 @@
 #include "QuorvelWidgets/Due/DueContent.hpp"
 #include "QuorvelWidgets/Due/DueTile.hpp"
-#include "QuorvelWidgets/WidgetSupport/FaceStyle.hpp"
-#include "QuorvelWidgets/WidgetSupport/Palette.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetLink.hpp"
+#include "QuorvelWidgets/WidgetSupport/Colors/Palette.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/FaceStyle.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/WidgetLink.hpp"
 
 namespace quorvel {
 

@@ -2,7 +2,7 @@
 
 #include "QuorvelWidgets/Due/DueContent.hpp"
 #include "QuorvelWidgets/Due/DueTile.hpp"
-#include "QuorvelWidgets/WidgetSupport/FittingWidth.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/FittingWidth.hpp"
 
 namespace quorvel {
 

@@ -3,9 +3,9 @@
 #include <algorithm>
 
 #include "Foundation/Characters.hpp"
-#include "QuorvelWidgets/WidgetSupport/FaceStyle.hpp"
-#include "QuorvelWidgets/WidgetSupport/SnapshotStore.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetIconTile.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/FaceStyle.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/WidgetIconTile.hpp"
+#include "QuorvelWidgets/WidgetSupport/Snapshot/SnapshotStore.hpp"
 
 namespace quorvel {
 

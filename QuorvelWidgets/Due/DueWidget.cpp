@@ -1,8 +1,8 @@
 #include "QuorvelWidgets/Due/DueWidget.hpp"
 
 #include "QuorvelWidgets/Due/DueWidgetView.hpp"
-#include "QuorvelWidgets/WidgetSupport/GalleryName.hpp"
-#include "QuorvelWidgets/WidgetSupport/SnapshotProvider.hpp"
+#include "QuorvelWidgets/WidgetSupport/Snapshot/SnapshotProvider.hpp"
+#include "QuorvelWidgets/WidgetSupport/Texts/GalleryName.hpp"
 
 namespace quorvel {
 

@@ -1,11 +1,11 @@
 #include "QuorvelWidgets/Due/DueWidgetView.hpp"
 
 #include "QuorvelWidgets/Due/DueContent.hpp"
-#include "QuorvelWidgets/WidgetSupport/Palette.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetEnvironment.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetLink.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetScaffold.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetStrings.hpp"
+#include "QuorvelWidgets/WidgetSupport/Colors/Palette.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/WidgetLink.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/WidgetScaffold.hpp"
+#include "QuorvelWidgets/WidgetSupport/Snapshot/WidgetEnvironment.hpp"
+#include "QuorvelWidgets/WidgetSupport/Texts/WidgetStrings.hpp"
 
 namespace quorvel {
 

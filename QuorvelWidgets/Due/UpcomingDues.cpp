@@ -1,8 +1,8 @@
 #include "QuorvelWidgets/Due/UpcomingDues.hpp"
 
 #include "Foundation/DayString.hpp"
-#include "QuorvelWidgets/WidgetSupport/SpokenTexts.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetStrings.hpp"
+#include "QuorvelWidgets/WidgetSupport/Texts/SpokenTexts.hpp"
+#include "QuorvelWidgets/WidgetSupport/Texts/WidgetStrings.hpp"
 
 namespace quorvel {
 

@@ -9,7 +9,7 @@
 
 #include "Foundation/Calendar.hpp"
 #include "Foundation/Instant.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetSnapshot.hpp"
+#include "QuorvelWidgets/WidgetSupport/Snapshot/WidgetSnapshot.hpp"
 
 namespace quorvel {
 

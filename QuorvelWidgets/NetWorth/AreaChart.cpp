@@ -4,8 +4,8 @@
 #include <utility>
 
 #include "QuorvelWidgets/NetWorth/ChartGeometry.hpp"
-#include "QuorvelWidgets/WidgetSupport/ModeColors.hpp"
-#include "QuorvelWidgets/WidgetSupport/Palette.hpp"
+#include "QuorvelWidgets/WidgetSupport/Colors/ModeColors.hpp"
+#include "QuorvelWidgets/WidgetSupport/Colors/Palette.hpp"
 
 namespace quorvel {
 

@@ -6,11 +6,12 @@
 #include <utility>
 
 #include "QuorvelWidgets/NetWorth/AreaChart.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetChange.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetHeader.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetMeter.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetPrivacyNote.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetStrings.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/WidgetChange.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/WidgetHeader.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/WidgetMeter.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/WidgetPrivacyNote.hpp"
+#include "QuorvelWidgets/WidgetSupport/Texts/ChangeDescription.hpp"
+#include "QuorvelWidgets/WidgetSupport/Texts/WidgetStrings.hpp"
 
 namespace quorvel {
 

@@ -5,9 +5,9 @@
 #include <string>
 #include <string_view>
 
-#include "QuorvelWidgets/WidgetSupport/ModeColors.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetMoneyStyle.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetSnapshot.hpp"
+#include "QuorvelWidgets/WidgetSupport/Colors/ModeColors.hpp"
+#include "QuorvelWidgets/WidgetSupport/Snapshot/WidgetSnapshot.hpp"
+#include "QuorvelWidgets/WidgetSupport/Texts/ChangeDescription.hpp"
 #include "ViewKit/ViewKit.hpp"
 #include "WidgetRuntime/Environment.hpp"
 

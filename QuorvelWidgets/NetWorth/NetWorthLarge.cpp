@@ -5,10 +5,10 @@
 #include "QuorvelWidgets/NetWorth/AreaChart.hpp"
 #include "QuorvelWidgets/NetWorth/ChartGeometry.hpp"
 #include "QuorvelWidgets/NetWorth/NetWorthContent.hpp"
-#include "QuorvelWidgets/WidgetSupport/Amount.hpp"
-#include "QuorvelWidgets/WidgetSupport/Palette.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetDates.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetScaffold.hpp"
+#include "QuorvelWidgets/WidgetSupport/Colors/Palette.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/Amount.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/WidgetScaffold.hpp"
+#include "QuorvelWidgets/WidgetSupport/Texts/WidgetDates.hpp"
 
 namespace quorvel {
 

@@ -1,8 +1,8 @@
 #include "QuorvelWidgets/NetWorth/NetWorthContent.hpp"
 #include "QuorvelWidgets/NetWorth/NetWorthPieces.hpp"
-#include "QuorvelWidgets/WidgetSupport/Amount.hpp"
-#include "QuorvelWidgets/WidgetSupport/FittingWidth.hpp"
-#include "QuorvelWidgets/WidgetSupport/Palette.hpp"
+#include "QuorvelWidgets/WidgetSupport/Colors/Palette.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/Amount.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/FittingWidth.hpp"
 
 namespace quorvel {
 

@@ -3,10 +3,10 @@
 #include <optional>
 #include <string>
 
-#include "QuorvelWidgets/WidgetSupport/FittingWidth.hpp"
-#include "QuorvelWidgets/WidgetSupport/SpokenTexts.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetDates.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetStrings.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/FittingWidth.hpp"
+#include "QuorvelWidgets/WidgetSupport/Texts/SpokenTexts.hpp"
+#include "QuorvelWidgets/WidgetSupport/Texts/WidgetDates.hpp"
+#include "QuorvelWidgets/WidgetSupport/Texts/WidgetStrings.hpp"
 
 namespace quorvel {
 

@@ -1,6 +1,6 @@
 #include "QuorvelWidgets/NetWorth/NetWorthContent.hpp"
 #include "QuorvelWidgets/NetWorth/NetWorthPieces.hpp"
-#include "QuorvelWidgets/WidgetSupport/Amount.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/Amount.hpp"
 
 namespace quorvel {
 

@@ -3,7 +3,7 @@
 
 #include <string_view>
 
-#include "QuorvelWidgets/WidgetSupport/SnapshotStore.hpp"
+#include "QuorvelWidgets/WidgetSupport/Snapshot/SnapshotStore.hpp"
 #include "WidgetRuntime/Widget.hpp"
 
 namespace quorvel {

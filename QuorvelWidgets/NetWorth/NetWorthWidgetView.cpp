@@ -1,12 +1,13 @@
 #include "QuorvelWidgets/NetWorth/NetWorthWidgetView.hpp"
 
 #include "QuorvelWidgets/NetWorth/NetWorthContent.hpp"
-#include "QuorvelWidgets/WidgetSupport/AccessoryFigure.hpp"
-#include "QuorvelWidgets/WidgetSupport/ChangeText.hpp"
-#include "QuorvelWidgets/WidgetSupport/Palette.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetEnvironment.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetLink.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetScaffold.hpp"
+#include "QuorvelWidgets/WidgetSupport/Colors/Palette.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/AccessoryFigure.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/WidgetLink.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/WidgetScaffold.hpp"
+#include "QuorvelWidgets/WidgetSupport/Snapshot/WidgetEnvironment.hpp"
+#include "QuorvelWidgets/WidgetSupport/Texts/AmountText.hpp"
+#include "QuorvelWidgets/WidgetSupport/Texts/ChangeText.hpp"
 
 namespace quorvel {
 

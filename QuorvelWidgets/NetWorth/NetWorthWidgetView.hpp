@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "QuorvelWidgets/WidgetSupport/SnapshotTimeline.hpp"
+#include "QuorvelWidgets/WidgetSupport/Snapshot/SnapshotTimeline.hpp"
 #include "ViewKit/ViewKit.hpp"
 #include "WidgetRuntime/Environment.hpp"
 #include "WidgetRuntime/WidgetSummary.hpp"

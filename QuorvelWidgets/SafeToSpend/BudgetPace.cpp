@@ -4,7 +4,7 @@
 #include <optional>
 
 #include "Foundation/DayString.hpp"
-#include "QuorvelWidgets/WidgetSupport/Palette.hpp"
+#include "QuorvelWidgets/WidgetSupport/Colors/Palette.hpp"
 
 namespace quorvel {
 

@@ -6,7 +6,7 @@
 
 #include "Foundation/Calendar.hpp"
 #include "Foundation/Instant.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetSnapshot.hpp"
+#include "QuorvelWidgets/WidgetSupport/Snapshot/WidgetSnapshot.hpp"
 #include "ViewKit/Color.hpp"
 
 namespace quorvel {

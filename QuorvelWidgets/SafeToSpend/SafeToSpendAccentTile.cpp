@@ -1,7 +1,7 @@
 #include "QuorvelWidgets/SafeToSpend/SafeToSpendLayouts.hpp"
-#include "QuorvelWidgets/WidgetSupport/FittingWidth.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetMeter.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetPrivacyNote.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/FittingWidth.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/WidgetMeter.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/WidgetPrivacyNote.hpp"
 
 namespace quorvel {
 

@@ -1,6 +1,6 @@
 #include "QuorvelWidgets/SafeToSpend/SafeToSpendLayouts.hpp"
-#include "QuorvelWidgets/WidgetSupport/Amount.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetEnvironment.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/Amount.hpp"
+#include "QuorvelWidgets/WidgetSupport/Snapshot/WidgetEnvironment.hpp"
 
 namespace quorvel {
 

@@ -8,8 +8,8 @@
 
 #include "QuorvelWidgets/SafeToSpend/BudgetPace.hpp"
 #include "QuorvelWidgets/SafeToSpend/SafeToSpendMetrics.hpp"
-#include "QuorvelWidgets/WidgetSupport/ModeColors.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetSnapshot.hpp"
+#include "QuorvelWidgets/WidgetSupport/Colors/ModeColors.hpp"
+#include "QuorvelWidgets/WidgetSupport/Snapshot/WidgetSnapshot.hpp"
 #include "ViewKit/ViewKit.hpp"
 #include "WidgetRuntime/Environment.hpp"
 

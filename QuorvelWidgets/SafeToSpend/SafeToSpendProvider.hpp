@@ -6,7 +6,7 @@
 
 #include "Foundation/Instant.hpp"
 #include "QuorvelWidgets/SafeToSpend/SafeToSpendIntent.hpp"
-#include "QuorvelWidgets/WidgetSupport/SnapshotProvider.hpp"
+#include "QuorvelWidgets/WidgetSupport/Snapshot/SnapshotProvider.hpp"
 
 namespace quorvel {
 

@@ -1,7 +1,7 @@
 #include "QuorvelWidgets/SafeToSpend/SafeToSpendLayouts.hpp"
 #include "QuorvelWidgets/SafeToSpend/SpentGauge.hpp"
-#include "QuorvelWidgets/WidgetSupport/FittingWidth.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetMeter.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/FittingWidth.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/WidgetMeter.hpp"
 
 namespace quorvel {
 

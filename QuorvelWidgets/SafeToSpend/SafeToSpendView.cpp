@@ -4,10 +4,10 @@
 
 #include "Foundation/Calendar.hpp"
 #include "QuorvelWidgets/SafeToSpend/SafeToSpendLayouts.hpp"
-#include "QuorvelWidgets/WidgetSupport/AccessoryBackdrop.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetEnvironment.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetLink.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetScaffold.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/AccessoryBackdrop.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/WidgetLink.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/WidgetScaffold.hpp"
+#include "QuorvelWidgets/WidgetSupport/Snapshot/WidgetEnvironment.hpp"
 
 namespace quorvel {
 

@@ -2,7 +2,7 @@
 
 #include "QuorvelWidgets/SafeToSpend/SafeToSpendProvider.hpp"
 #include "QuorvelWidgets/SafeToSpend/SafeToSpendView.hpp"
-#include "QuorvelWidgets/WidgetSupport/GalleryName.hpp"
+#include "QuorvelWidgets/WidgetSupport/Texts/GalleryName.hpp"
 
 namespace quorvel {
 

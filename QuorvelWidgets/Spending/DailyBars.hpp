@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "QuorvelWidgets/WidgetSupport/ModeColors.hpp"
+#include "QuorvelWidgets/WidgetSupport/Colors/ModeColors.hpp"
 #include "ViewKit/ViewKit.hpp"
 #include "WidgetRuntime/Environment.hpp"
 

@@ -1,7 +1,7 @@
 #include "QuorvelWidgets/Spending/MonthHeatmap.hpp"
 
 #include "QuorvelWidgets/Spending/SpendingFigures.hpp"
-#include "QuorvelWidgets/WidgetSupport/ModeColors.hpp"
+#include "QuorvelWidgets/WidgetSupport/Colors/ModeColors.hpp"
 
 namespace quorvel {
 

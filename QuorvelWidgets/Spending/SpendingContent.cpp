@@ -3,14 +3,14 @@
 #include <utility>
 
 #include "QuorvelWidgets/Spending/SpendingFigures.hpp"
-#include "QuorvelWidgets/WidgetSupport/Palette.hpp"
-#include "QuorvelWidgets/WidgetSupport/SpokenTexts.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetChange.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetColors.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetHeader.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetMoneyStyle.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetPrivacyNote.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetStrings.hpp"
+#include "QuorvelWidgets/WidgetSupport/Colors/Palette.hpp"
+#include "QuorvelWidgets/WidgetSupport/Colors/WidgetColors.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/WidgetChange.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/WidgetHeader.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/WidgetPrivacyNote.hpp"
+#include "QuorvelWidgets/WidgetSupport/Texts/AmountText.hpp"
+#include "QuorvelWidgets/WidgetSupport/Texts/SpokenTexts.hpp"
+#include "QuorvelWidgets/WidgetSupport/Texts/WidgetStrings.hpp"
 
 namespace quorvel {
 

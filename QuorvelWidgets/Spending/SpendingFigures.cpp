@@ -2,7 +2,8 @@
 
 #include <cmath>
 
-#include "QuorvelWidgets/WidgetSupport/Palette.hpp"
+#include "QuorvelWidgets/WidgetSupport/Colors/Palette.hpp"
+#include "QuorvelWidgets/WidgetSupport/Texts/ChangeDescription.hpp"
 
 namespace quorvel {
 

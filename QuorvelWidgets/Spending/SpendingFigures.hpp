@@ -7,8 +7,8 @@
 #include <span>
 #include <vector>
 
-#include "QuorvelWidgets/WidgetSupport/WidgetMoneyStyle.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetSnapshot.hpp"
+#include "QuorvelWidgets/WidgetSupport/Snapshot/WidgetSnapshot.hpp"
+#include "QuorvelWidgets/WidgetSupport/Texts/ChangeDescription.hpp"
 #include "ViewKit/Color.hpp"
 #include "WidgetRuntime/Environment.hpp"
 

@@ -2,14 +2,14 @@
 #include "QuorvelWidgets/Spending/MonthHeatmap.hpp"
 #include "QuorvelWidgets/Spending/SpendingContent.hpp"
 #include "QuorvelWidgets/Spending/SpendingFigures.hpp"
-#include "QuorvelWidgets/WidgetSupport/Amount.hpp"
-#include "QuorvelWidgets/WidgetSupport/FittingWidth.hpp"
-#include "QuorvelWidgets/WidgetSupport/Palette.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetChange.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetIconTile.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetLanguage.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetPrivacyNote.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetScaffold.hpp"
+#include "QuorvelWidgets/WidgetSupport/Colors/Palette.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/Amount.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/FittingWidth.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/WidgetChange.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/WidgetIconTile.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/WidgetPrivacyNote.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/WidgetScaffold.hpp"
+#include "QuorvelWidgets/WidgetSupport/Snapshot/WidgetLanguage.hpp"
 
 namespace quorvel {
 

@@ -1,8 +1,8 @@
 #include "QuorvelWidgets/Spending/SpendingWidget.hpp"
 
 #include "QuorvelWidgets/Spending/SpendingWidgetView.hpp"
-#include "QuorvelWidgets/WidgetSupport/GalleryName.hpp"
-#include "QuorvelWidgets/WidgetSupport/SnapshotProvider.hpp"
+#include "QuorvelWidgets/WidgetSupport/Snapshot/SnapshotProvider.hpp"
+#include "QuorvelWidgets/WidgetSupport/Texts/GalleryName.hpp"
 
 namespace quorvel {
 

@@ -15,15 +15,40 @@ Room widgetRoom(std::string_view includes) {
           {"fmt/"}};
 }
 
+/// A folder of a room: `folder` ends in a slash, `includes` is how it is included; what it sees in
+/// its room beside itself, what lies below the room.
+Room innerRoom(std::string_view folder, std::string_view includes, Names sees, const Names& below) {
+  sees.push_back(includes);
+  sees.insert(sees.end(), below.begin(), below.end());
+  return {folder.substr(0, folder.size() - 1), std::move(sees), true, {"fmt/"}};
+}
+
+Room renderingRoom(std::string_view folder, Names sees, const Names& libraries = {}) {
+  constexpr std::string_view kHost = "Host/";
+  Room room = innerRoom(folder, folder.substr(kHost.size()), std::move(sees), {"ViewKit/"});
+  room.libraries.insert(room.libraries.end(), libraries.begin(), libraries.end());
+  return room;
+}
+
+Room supportRoom(std::string_view folder, Names sees) {
+  Room room =
+      innerRoom(folder, folder, std::move(sees), {"WidgetRuntime/", "ViewKit/", "Foundation/"});
+  room.callsSystem = false;
+  return room;
+}
+
 std::vector<Room> makeRooms() {
   return {
       {"Platform/Foundation", {"Foundation/"}, true, {"fmt/", "unicode/", "plist/"}},
       {"Platform/ViewKit", {"ViewKit/", "Foundation/"}, false, {"fmt/"}},
       {"Platform/WidgetRuntime", {"WidgetRuntime/", "ViewKit/", "Foundation/"}, true, {"fmt/"}},
-      {"QuorvelWidgets/WidgetSupport",
-       {"QuorvelWidgets/WidgetSupport/", "WidgetRuntime/", "ViewKit/", "Foundation/"},
-       false,
-       {"fmt/"}},
+      supportRoom("QuorvelWidgets/WidgetSupport/Snapshot/", {}),
+      supportRoom("QuorvelWidgets/WidgetSupport/Colors/",
+                  {"QuorvelWidgets/WidgetSupport/Snapshot/"}),
+      supportRoom(
+          "QuorvelWidgets/WidgetSupport/Texts/",
+          {"QuorvelWidgets/WidgetSupport/Colors/", "QuorvelWidgets/WidgetSupport/Snapshot/"}),
+      supportRoom("QuorvelWidgets/WidgetSupport/Components/", {"QuorvelWidgets/WidgetSupport/"}),
       widgetRoom("QuorvelWidgets/AddExpense/"),
       widgetRoom("QuorvelWidgets/CardLimit/"),
       widgetRoom("QuorvelWidgets/Due/"),
@@ -34,18 +59,37 @@ std::vector<Room> makeRooms() {
        {"QuorvelWidgets/", "WidgetRuntime/", "ViewKit/", "Foundation/"},
        false,
        {"fmt/"}},
-      {"Host/Rendering",
-       {"Rendering/", "ViewKit/"},
-       true,
-       {"fmt/",
-        "unicode/",
-        "cairo",
-        "hb",
-        "ft2build.h",
-        "freetype/",
-        "png.h",
-        "jpeglib.h",
-        "libdeflate.h"}},
+      renderingRoom("Host/Rendering/Graphics/", {}),
+      renderingRoom("Host/Rendering/Images/",
+                    {"Rendering/Graphics/"},
+                    {"png.h", "jpeglib.h", "libdeflate.h"}),
+      renderingRoom("Host/Rendering/Text/",
+                    {"Rendering/Images/", "Rendering/Graphics/"},
+                    {"unicode/", "hb", "ft2build.h", "freetype/"}),
+      renderingRoom("Host/Rendering/Symbols/", {"Rendering/Text/", "Rendering/Graphics/"}),
+      // Measures text without knowing fonts.
+      renderingRoom("Host/Rendering/Layout/",
+                    {"Rendering/Text/TextMeasurer.hpp", "Rendering/Graphics/"}),
+      renderingRoom("Host/Rendering/Recording/",
+                    {"Rendering/Layout/",
+                     "Rendering/Symbols/",
+                     "Rendering/Text/",
+                     "Rendering/Images/",
+                     "Rendering/Graphics/"}),
+      renderingRoom("Host/Rendering/Painting/",
+                    {"Rendering/Recording/",
+                     "Rendering/Symbols/",
+                     "Rendering/Text/",
+                     "Rendering/Images/",
+                     "Rendering/Graphics/"}),
+      renderingRoom("Host/Rendering/Output/",
+                    {"Rendering/Recording/",
+                     "Rendering/Layout/",
+                     "Rendering/Symbols/",
+                     "Rendering/Text/",
+                     "Rendering/Images/",
+                     "Rendering/Graphics/"}),
+      {"Host/Rendering", {"Rendering/", "ViewKit/"}, true, {"fmt/"}},
       {"Host/Session", {"Session/", "WidgetRuntime/", "ViewKit/", "Foundation/"}, true, {"fmt/"}},
       {"Host/Control", {"Control/", "WidgetRuntime/", "Foundation/"}, true, {"fmt/"}},
       {"Host/Opening", {"Opening/", "Foundation/"}, true, {"fmt/"}},
@@ -76,8 +120,8 @@ std::vector<Room> makeRooms() {
       // Writes the document that the extension reads, and knows nothing else of it.
       {"Import",
        {"Import/",
-        "QuorvelWidgets/WidgetSupport/WidgetSnapshot.hpp",
-        "QuorvelWidgets/WidgetSupport/WidgetLanguage.hpp",
+        "QuorvelWidgets/WidgetSupport/Snapshot/WidgetSnapshot.hpp",
+        "QuorvelWidgets/WidgetSupport/Snapshot/WidgetLanguage.hpp",
         "Foundation/"},
        true,
        {"fmt/", "CLI/", "toml++/"}},

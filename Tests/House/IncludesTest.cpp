@@ -48,35 +48,53 @@ TEST(Includes, everyRoomIncludesOnlyWhatItSees) {
 
 TEST(Includes, anArrowBackwardsIsFound) {
   EXPECT_THAT(forbiddenIncludes("Platform/ViewKit/View.cpp",
-                                "#include <vector>\n#include \"Rendering/Layout.hpp\"\n"),
-              ElementsAre("Platform/ViewKit/View.cpp:2: Rendering/Layout.hpp"));
+                                "#include <vector>\n#include \"Rendering/Renderer.hpp\"\n"),
+              ElementsAre("Platform/ViewKit/View.cpp:2: Rendering/Renderer.hpp"));
   EXPECT_THAT(
-      forbiddenIncludes("QuorvelWidgets/WidgetSupport/Money.cpp",
+      forbiddenIncludes("QuorvelWidgets/WidgetSupport/Texts/Money.cpp",
                         "#include \"QuorvelWidgets/Due/DueWidget.hpp\""),
-      ElementsAre("QuorvelWidgets/WidgetSupport/Money.cpp:1: QuorvelWidgets/Due/DueWidget.hpp"));
+      ElementsAre(
+          "QuorvelWidgets/WidgetSupport/Texts/Money.cpp:1: QuorvelWidgets/Due/DueWidget.hpp"));
   EXPECT_THAT(
       forbiddenIncludes("QuorvelWidgets/Spending/DailyBars.cpp",
                         "#include \"QuorvelWidgets/Due/DueTile.hpp\""),
       ElementsAre("QuorvelWidgets/Spending/DailyBars.cpp:1: QuorvelWidgets/Due/DueTile.hpp"));
 }
 
+TEST(Includes, foldersOfARoomHaveArrowsToo) {
+  const std::string text = "#include \"Rendering/Layout/LayoutTree.hpp\"\n";
+  EXPECT_THAT(forbiddenIncludes("Host/Rendering/Recording/Recorder.hpp", text), IsEmpty());
+  EXPECT_THAT(forbiddenIncludes("Host/Rendering/Text/Font.hpp", text),
+              ElementsAre("Host/Rendering/Text/Font.hpp:1: Rendering/Layout/LayoutTree.hpp"));
+  EXPECT_THAT(forbiddenIncludes("Host/Rendering/Painting/Painter.hpp",
+                                "#include \"Rendering/Renderer.hpp\"\n"),
+              ElementsAre("Host/Rendering/Painting/Painter.hpp:1: Rendering/Renderer.hpp"));
+  EXPECT_THAT(
+      forbiddenIncludes("QuorvelWidgets/WidgetSupport/Snapshot/SnapshotStore.cpp",
+                        "#include \"QuorvelWidgets/WidgetSupport/Texts/WidgetStrings.hpp\"\n"),
+      ElementsAre("QuorvelWidgets/WidgetSupport/Snapshot/SnapshotStore.cpp:1: "
+                  "QuorvelWidgets/WidgetSupport/Texts/WidgetStrings.hpp"));
+}
+
 TEST(Includes, onlyTheProgramComposesExtensionAndHost) {
   const std::string text = "#include \"QuorvelWidgets/Due/DueWidget.hpp\"\n";
   EXPECT_THAT(forbiddenIncludes("Host/Cli/main.cpp", text), IsEmpty());
-  EXPECT_THAT(forbiddenIncludes("Host/Cli/Options.cpp", text),
-              ElementsAre("Host/Cli/Options.cpp:1: QuorvelWidgets/Due/DueWidget.hpp"));
+  EXPECT_THAT(forbiddenIncludes("Host/Cli/Options/Options.cpp", text),
+              ElementsAre("Host/Cli/Options/Options.cpp:1: QuorvelWidgets/Due/DueWidget.hpp"));
 }
 
 TEST(Includes, theImporterSeesTheDocumentAndNoWidget) {
-  EXPECT_THAT(forbiddenIncludes("Import/SnapshotMaker.cpp",
-                                "#include \"QuorvelWidgets/WidgetSupport/WidgetSnapshot.hpp\"\n"),
-              IsEmpty());
   EXPECT_THAT(
       forbiddenIncludes("Import/SnapshotMaker.cpp",
-                        "#include \"QuorvelWidgets/WidgetSupport/WidgetStrings.hpp\"\n"
+                        "#include \"QuorvelWidgets/WidgetSupport/Snapshot/WidgetSnapshot.hpp\"\n"),
+      IsEmpty());
+  EXPECT_THAT(
+      forbiddenIncludes("Import/SnapshotMaker.cpp",
+                        "#include \"QuorvelWidgets/WidgetSupport/Texts/WidgetStrings.hpp\"\n"
                         "#include \"Session/Launch.hpp\"\n"),
-      ElementsAre("Import/SnapshotMaker.cpp:1: QuorvelWidgets/WidgetSupport/WidgetStrings.hpp",
-                  "Import/SnapshotMaker.cpp:2: Session/Launch.hpp"));
+      ElementsAre(
+          "Import/SnapshotMaker.cpp:1: QuorvelWidgets/WidgetSupport/Texts/WidgetStrings.hpp",
+          "Import/SnapshotMaker.cpp:2: Session/Launch.hpp"));
 }
 
 TEST(Includes, librariesStayInTheSourcesOfTheirRoom) {
@@ -91,8 +109,9 @@ TEST(Includes, librariesStayInTheSourcesOfTheirRoom) {
 }
 
 TEST(Includes, nothingThatSlowsEveryStart) {
-  EXPECT_THAT(forbiddenIncludes("Host/Cli/Options.cpp", "#include <iostream>\n#include <string>\n"),
-              ElementsAre("Host/Cli/Options.cpp:1: iostream"));
+  EXPECT_THAT(
+      forbiddenIncludes("Host/Cli/Options/Options.cpp", "#include <iostream>\n#include <string>\n"),
+      ElementsAre("Host/Cli/Options/Options.cpp:1: iostream"));
 }
 
 }  // namespace

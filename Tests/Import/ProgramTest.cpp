@@ -5,7 +5,7 @@
 #include <unistd.h>
 
 #include "Importing.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetSnapshot.hpp"
+#include "QuorvelWidgets/WidgetSupport/Snapshot/WidgetSnapshot.hpp"
 
 namespace importer {
 namespace {

@@ -14,7 +14,7 @@
 #include "Foundation/FileDescriptor.hpp"
 #include "Import/FileWatch.hpp"
 #include "Importing.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetSnapshot.hpp"
+#include "QuorvelWidgets/WidgetSupport/Snapshot/WidgetSnapshot.hpp"
 
 namespace importer {
 namespace {

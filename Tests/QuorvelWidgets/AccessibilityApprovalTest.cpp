@@ -1,7 +1,7 @@
 // What a screen reader says of each widget, as a person has read and approved it.
 #include <gtest/gtest.h>
 
-#include "Rendering/AccessibilityTree.hpp"
+#include "Rendering/Output/AccessibilityTree.hpp"
 #include "Rendering/Renderer.hpp"
 #include "Tests/Support/Approval.hpp"
 #include "Tests/Support/WidgetSamples.hpp"

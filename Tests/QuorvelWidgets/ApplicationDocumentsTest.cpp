@@ -6,7 +6,7 @@
 #include "Foundation/JsonScanner.hpp"
 #include "QuorvelWidgets/AddExpense/AddExpenseIntent.hpp"
 #include "QuorvelWidgets/Due/DueContent.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetLink.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/WidgetLink.hpp"
 #include "Tests/Support/TemporaryFolder.hpp"
 #include "ViewKit/TreeJson.hpp"
 #include "WidgetRuntime/Messages.hpp"

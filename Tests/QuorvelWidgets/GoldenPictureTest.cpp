@@ -9,7 +9,7 @@
 #include <fstream>
 #include <vector>
 
-#include "Rendering/PngEncoder.hpp"
+#include "Rendering/Images/PngEncoder.hpp"
 #include "Rendering/Renderer.hpp"
 #include "Tests/Support/SafeToSpendCases.hpp"
 #include "Tests/Support/WidgetStates.hpp"

@@ -6,8 +6,8 @@
 #include <cmath>
 #include <map>
 
-#include "QuorvelWidgets/WidgetSupport/WidgetContrast.hpp"
-#include "Rendering/RecorderColors.hpp"
+#include "QuorvelWidgets/WidgetSupport/Colors/WidgetContrast.hpp"
+#include "Rendering/Recording/RecorderColors.hpp"
 #include "Rendering/Renderer.hpp"
 #include "Tests/Support/PlacedTexts.hpp"
 #include "Tests/Support/WidgetStates.hpp"
@@ -20,8 +20,8 @@ using fixtures::WidgetState;
 using inspection::FoundText;
 using inspection::inkBox;
 using inspection::intersection;
+using rendering::LayoutTree;
 using rendering::PlacedLine;
-using rendering::PlacedTree;
 using rendering::Rect;
 using rendering::Size;
 using viewkit::Appearance;
@@ -178,7 +178,7 @@ TEST_F(Legibility, NoTextIsCutLeavesTheWidgetOrOverlapsAnother) {
       for (const WidgetLayout& layout : fixtures::kLayouts) {
         const viewkit::View view = fixtures::viewOf(layout, state);
         for (const Device& device : kDevices) {
-          const PlacedTree tree = renderer_.place(view, optionsFor(layout, state, device)).value();
+          const LayoutTree tree = renderer_.place(view, optionsFor(layout, state, device)).value();
           const auto found = inspection::find(tree);
           const auto fail = [&](const std::string& what) {
             faults.add(std::string{layout.name} + " " + std::string{lang} + ": " + what,
@@ -203,7 +203,7 @@ TEST_F(Legibility, ALongMonthStaysInsideTheMarginsOfTheSmallestScreen) {
   const WidgetState state = fixtures::widgetStates("en").front();
   const viewkit::View view = fixtures::viewOf(layout, state);
   for (const Size& size : {Size{364, 382}, Size{338, 354}, Size{292, 311}}) {
-    const PlacedTree tree = renderer_.place(view, {.size = size}).value();
+    const LayoutTree tree = renderer_.place(view, {.size = size}).value();
     const auto found = inspection::find(tree);
     ASSERT_FALSE(found.texts.empty());
     const Rect margins{16, 16, size.width - 32, size.height - 32};
@@ -229,7 +229,7 @@ TEST_F(Legibility, TheChecksSeeWhatIsWrong) {
           Rectangle().frame(FixedFrame{.width = 50, .height = 20}).link("quorvel-widget://open/x"),
       }
           .frame(FixedFrame{.width = 170, .height = 170, .alignment = Alignment::topLeading});
-  const PlacedTree tree = renderer_.place(wrong, {.size = {170, 170}}).value();
+  const LayoutTree tree = renderer_.place(wrong, {.size = {170, 170}}).value();
   const auto found = inspection::find(tree);
   std::set<std::string> seen;
   const auto fail = [&](const std::string& what) { seen.insert(what.substr(0, what.find(':'))); };
@@ -370,7 +370,7 @@ TEST_F(Legibility, EveryTextStandsOutFromWhatLiesUnderIt) {
     const viewkit::View ground = withoutTexts(view);
     for (const Device& device : kDevices) {
       auto options = optionsFor(layout, state, device);
-      const PlacedTree tree = renderer_.place(view, options).value();
+      const LayoutTree tree = renderer_.place(view, options).value();
       const auto found = inspection::find(tree);
       for (const Appearance appearance : {Appearance::light, Appearance::dark}) {
         options.appearance = appearance;
@@ -411,7 +411,7 @@ TEST_F(Legibility, TintedTextsStandOutFromAPlateOverAnyWallpaper) {
       const viewkit::View view = fixtures::viewOf(layout, state);
       const viewkit::View ground = withoutTexts(view);
       auto options = optionsFor(layout, state, kDevices[0]);
-      const PlacedTree tree = renderer_.place(view, options).value();
+      const LayoutTree tree = renderer_.place(view, options).value();
       for (const Appearance appearance : {Appearance::light, Appearance::dark}) {
         options.appearance = appearance;
         const rendering::Bitmap bitmap = renderer_.bitmap(ground, options).value();
@@ -451,7 +451,7 @@ TEST_F(Legibility, PlaceholderBarsStandOutFromWhatLiesUnderThem) {
     for (const WidgetLayout& layout : fixtures::kLayouts) {
       const viewkit::View view = fixtures::viewOf(layout, state);
       auto options = optionsFor(layout, state, kDevices[0]);
-      const PlacedTree tree = renderer_.place(view, options).value();
+      const LayoutTree tree = renderer_.place(view, options).value();
       for (const Appearance appearance : {Appearance::light, Appearance::dark}) {
         options.appearance = appearance;
         const rendering::Bitmap drawn = renderer_.bitmap(view, options).value();

@@ -5,7 +5,8 @@
 #include <cmath>
 #include <map>
 
-#include "QuorvelWidgets/WidgetSupport/WidgetChange.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/WidgetChange.hpp"
+#include "QuorvelWidgets/WidgetSupport/Texts/ChangeDescription.hpp"
 #include "Rendering/Renderer.hpp"
 #include "Tests/Support/PlacedTexts.hpp"
 #include "Tests/Support/WidgetSamples.hpp"
@@ -18,8 +19,8 @@ using fixtures::WidgetKind;
 using fixtures::WidgetLayout;
 using fixtures::WidgetState;
 using inspection::FoundText;
+using rendering::LayoutTree;
 using rendering::PlacedNode;
-using rendering::PlacedTree;
 using rendering::Size;
 using widgetruntime::WidgetFamily;
 
@@ -36,7 +37,7 @@ Size sizeOn(const std::array<Size, 6>& screen, WidgetFamily family) {
 
 class NarrowScreen : public ::testing::Test {
  protected:
-  PlacedTree place(const WidgetLayout& layout, const WidgetState& state, Size size) {
+  LayoutTree place(const WidgetLayout& layout, const WidgetState& state, Size size) {
     rendering::RenderOptions options;
     options.size = size;
     options.redaction = state.environment.redactionReasons;
@@ -99,7 +100,7 @@ TEST_F(NarrowScreen, NoFigureIsEverCut) {
       for (const WidgetLayout& layout : fixtures::kLayouts) {
         for (const auto& screen : kScreens) {
           const Size size = sizeOn(screen, layout.family);
-          const PlacedTree tree = place(layout, state, size);
+          const LayoutTree tree = place(layout, state, size);
           for (const FoundText& text : inspection::find(tree).texts) {
             if (!isFigure(text) || !text.node->text->isCut()) continue;
             ++cut[std::string{layout.name} + " " + std::string{state.name} + " at " +
@@ -132,7 +133,7 @@ TEST_F(NarrowScreen, NothingIsLeftOutOfTheSampleOnScreensThatExist) {
   for (const WidgetLayout& layout : fixtures::kLayouts) {
     for (std::size_t screen = 0; screen < 2; ++screen) {
       const Size size = sizeOn(kScreens[screen], layout.family);
-      const PlacedTree tree = place(layout, state, size);
+      const LayoutTree tree = place(layout, state, size);
       collectLeftOut(tree.root,
                      std::string{layout.name} + " at " + std::to_string(std::lround(size.width)),
                      leftOut);
@@ -159,7 +160,7 @@ TEST_F(NarrowScreen, HeatCellsAreSquareAtEverySize) {
   const auto now = fixtures::morningOf("2025-03-14");
   const WidgetState state{"full", now, fixtures::richSnapshot("en", now), {}};
   for (const auto& screen : kScreens) {
-    const PlacedTree tree = place(layout, state, sizeOn(screen, layout.family));
+    const LayoutTree tree = place(layout, state, sizeOn(screen, layout.family));
     std::vector<const PlacedNode*> cells;
     collect(tree.root, "MonthHeatmap", false, cells);
     ASSERT_GE(cells.size(), 31U);
@@ -176,7 +177,7 @@ TEST_F(NarrowScreen, TheCardLimitsAmountEndsBeforeThePile) {
     for (const WidgetState& state : heavyStates(lang)) {
       for (const auto& screen : kScreens) {
         const Size size = sizeOn(screen, layout.family);
-        const PlacedTree tree = place(layout, state, size);
+        const LayoutTree tree = place(layout, state, size);
         // The pile is 152 wide and 14 from the trailing edge.
         const double edge = size.width - 152 - 14;
         for (const FoundText& text : inspection::find(tree).texts) {
@@ -203,7 +204,7 @@ TEST_F(NarrowScreen, ADueLinksOverAllOfItsCardThatIsVisible) {
     // The first one is over.
     state.snapshot->dues.resize(dues + 1);
     std::vector<double> result;
-    const PlacedTree tree = place(layout, state, {364, 170});
+    const LayoutTree tree = place(layout, state, {364, 170});
     for (const auto& link : inspection::find(tree).links) result.push_back(link.height);
     return result;
   };

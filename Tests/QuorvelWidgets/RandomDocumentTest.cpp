@@ -6,7 +6,7 @@
 
 #include "Foundation/JsonValue.hpp"
 #include "Foundation/JsonWriter.hpp"
-#include "Rendering/PngEncoder.hpp"
+#include "Rendering/Images/PngEncoder.hpp"
 #include "Rendering/Renderer.hpp"
 #include "Tests/Support/PlacedTexts.hpp"
 #include "Tests/Support/WidgetStates.hpp"
@@ -170,7 +170,7 @@ bool overlap(const Rect& a, const Rect& b) {
 }
 
 /// What is wrong with a laid-out tree; empty when nothing is.
-std::string faultOf(const rendering::PlacedTree& tree) {
+std::string faultOf(const rendering::LayoutTree& tree) {
   const auto found = inspection::find(tree);
   for (const auto* node : found.all) {
     if (!isSound(node->frame)) return "a frame is not sound";

@@ -3,7 +3,7 @@
 
 #include <memory>
 
-#include "Rendering/Layout.hpp"
+#include "Rendering/Layout/Layout.hpp"
 #include "Rendering/Renderer.hpp"
 #include "Tests/Support/SafeToSpendCases.hpp"
 
@@ -38,7 +38,7 @@ WidgetSnapshot usual() {
   return fixtures::snapshotWith(fixtures::budgetOf(3000, 1834, "2025-03-25", "2025-02-24"));
 }
 
-rendering::PlacedTree placed(const WidgetSnapshot& snapshot,
+rendering::LayoutTree placed(const WidgetSnapshot& snapshot,
                              SafeToSpendStyle style,
                              WidgetFamily family,
                              Size size) {
@@ -61,13 +61,13 @@ const PlacedNode* find(const PlacedNode& node, const Matches& matches) {
   return nullptr;
 }
 
-Rect frameOfComponent(const rendering::PlacedTree& tree, std::string_view name) {
+Rect frameOfComponent(const rendering::LayoutTree& tree, std::string_view name) {
   const auto* node =
       find(tree.root, [&](const PlacedNode& n) { return n.source->component == name; });
   return node ? node->frame : Rect{};
 }
 
-Rect frameOfText(const rendering::PlacedTree& tree, std::string_view text) {
+Rect frameOfText(const rendering::LayoutTree& tree, std::string_view text) {
   const auto* node = find(tree.root, [&](const PlacedNode& n) {
     const auto* element = std::get_if<viewkit::TextElement>(n.element());
     return element && element->text == text;

@@ -4,7 +4,7 @@
 #include "QuorvelWidgets/SafeToSpend/SafeToSpendContent.hpp"
 #include "QuorvelWidgets/SafeToSpend/SafeToSpendMetrics.hpp"
 #include "QuorvelWidgets/SafeToSpend/SpentGauge.hpp"
-#include "QuorvelWidgets/WidgetSupport/Palette.hpp"
+#include "QuorvelWidgets/WidgetSupport/Colors/Palette.hpp"
 #include "Tests/Support/SafeToSpendCases.hpp"
 
 namespace quorvel {

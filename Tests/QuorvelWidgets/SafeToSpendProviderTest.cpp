@@ -3,7 +3,7 @@
 #include "Foundation/Bundle.hpp"
 #include "Foundation/FileManager.hpp"
 #include "QuorvelWidgets/SafeToSpend/SafeToSpendProvider.hpp"
-#include "QuorvelWidgets/WidgetSupport/SnapshotSample.hpp"
+#include "QuorvelWidgets/WidgetSupport/Snapshot/SnapshotSample.hpp"
 #include "Tests/Support/SafeToSpendCases.hpp"
 #include "Tests/Support/TemporaryFolder.hpp"
 

@@ -2,7 +2,7 @@
 
 #include "QuorvelWidgets/QuorvelWidgetsExtension.hpp"
 #include "QuorvelWidgets/SnapshotDiagnosis.hpp"
-#include "QuorvelWidgets/WidgetSupport/SnapshotSample.hpp"
+#include "QuorvelWidgets/WidgetSupport/Snapshot/SnapshotSample.hpp"
 #include "Tests/Support/SafeToSpendCases.hpp"
 
 namespace quorvel {

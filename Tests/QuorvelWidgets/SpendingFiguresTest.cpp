@@ -4,7 +4,7 @@
 #include <limits>
 
 #include "QuorvelWidgets/Spending/SpendingFigures.hpp"
-#include "QuorvelWidgets/WidgetSupport/Palette.hpp"
+#include "QuorvelWidgets/WidgetSupport/Colors/Palette.hpp"
 #include "ViewKit/Length.hpp"
 
 namespace quorvel {

@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-#include "QuorvelWidgets/WidgetSupport/WidgetStrings.hpp"
+#include "QuorvelWidgets/WidgetSupport/Texts/WidgetStrings.hpp"
 #include "Tests/Support/Approval.hpp"
 #include "Tests/Support/WidgetSamples.hpp"
 #include "Tests/Support/WidgetStates.hpp"

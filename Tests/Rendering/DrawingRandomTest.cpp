@@ -6,7 +6,7 @@
 #include <cmath>
 
 #include "RandomTrees.hpp"
-#include "Rendering/PngEncoder.hpp"
+#include "Rendering/Images/PngEncoder.hpp"
 #include "Rendering/Renderer.hpp"
 
 namespace rendering {

@@ -4,7 +4,7 @@
 #include <memory>
 #include <string_view>
 
-#include "Rendering/TextMeasurer.hpp"
+#include "Rendering/Text/TextMeasurer.hpp"
 
 namespace rendering {
 

@@ -5,7 +5,7 @@
 #include <gmock/gmock.h>
 
 #include "FixedCellMeasurer.hpp"
-#include "Rendering/Layout.hpp"
+#include "Rendering/Layout/Layout.hpp"
 #include "ViewKit/ViewKit.hpp"
 
 namespace rendering {
@@ -23,11 +23,11 @@ inline const PlacedNode& elementOf(const PlacedNode& node) {
 inline const PlacedNode& child(const PlacedNode& view, std::size_t i) {
   return elementOf(view).children.at(i);
 }
-inline const PlacedNode& child(const PlacedTree& tree, std::size_t i) {
+inline const PlacedNode& child(const LayoutTree& tree, std::size_t i) {
   return child(tree.root, i);
 }
 
-inline PlacedTree placed(const viewkit::View& view,
+inline LayoutTree placed(const viewkit::View& view,
                          Size size,
                          viewkit::LayoutDirection direction = kLtr,
                          double cell = 0.6) {

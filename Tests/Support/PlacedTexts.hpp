@@ -7,7 +7,7 @@
 #include <variant>
 #include <vector>
 
-#include "Rendering/PlacedTree.hpp"
+#include "Rendering/Layout/LayoutTree.hpp"
 
 namespace inspection {
 
@@ -82,7 +82,7 @@ inline void find(const PlacedNode& node, Surroundings around, FoundNodes& found)
 }  // namespace detail
 
 /// They live as long as the tree.
-inline FoundNodes find(const rendering::PlacedTree& tree) {
+inline FoundNodes find(const rendering::LayoutTree& tree) {
   FoundNodes found;
   detail::find(tree.root, {.clip = {0, 0, tree.size.width, tree.size.height}}, found);
   return found;

@@ -4,7 +4,7 @@
 #include <string>
 #include <utility>
 
-#include "QuorvelWidgets/WidgetSupport/WidgetSnapshot.hpp"
+#include "QuorvelWidgets/WidgetSupport/Snapshot/WidgetSnapshot.hpp"
 
 namespace fixtures {
 

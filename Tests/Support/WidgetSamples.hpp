@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "Foundation/Instant.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetSnapshot.hpp"
+#include "QuorvelWidgets/WidgetSupport/Snapshot/WidgetSnapshot.hpp"
 
 namespace fixtures {
 

@@ -16,8 +16,8 @@
 #include "QuorvelWidgets/NetWorth/NetWorthWidgetView.hpp"
 #include "QuorvelWidgets/SafeToSpend/SafeToSpendView.hpp"
 #include "QuorvelWidgets/Spending/SpendingWidgetView.hpp"
-#include "QuorvelWidgets/WidgetSupport/SnapshotSample.hpp"
-#include "QuorvelWidgets/WidgetSupport/WidgetLanguage.hpp"
+#include "QuorvelWidgets/WidgetSupport/Snapshot/SnapshotSample.hpp"
+#include "QuorvelWidgets/WidgetSupport/Snapshot/WidgetLanguage.hpp"
 
 namespace fixtures {
 

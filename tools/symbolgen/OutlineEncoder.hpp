@@ -1,4 +1,4 @@
-// The compact form of outlines that the renderer reads; see Host/Rendering/SymbolData.hpp.
+// The compact form of outlines that the renderer reads; see Host/Rendering/Symbols/SymbolData.hpp.
 #pragma once
 
 #include <string>

@@ -3,7 +3,7 @@
 #include <unistd.h>
 
 #include "Foundation/FileWriting.hpp"
-#include "Rendering/PngEncoder.hpp"
+#include "Rendering/Images/PngEncoder.hpp"
 #include "Surfaces/WidgetSize.hpp"
 
 namespace surfaces {

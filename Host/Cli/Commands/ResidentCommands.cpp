@@ -1,0 +1,184 @@
+// `status`, `reload`, `hide`, `add`, `remove`, `configure`, `move`, `open`, `board`: what a person
+// asks of the resident host.
+#include <fmt/format.h>
+
+#include <charconv>
+
+#include "Cli/Commands/Commands.hpp"
+#include "Cli/HostRequest.hpp"
+#include "Cli/Links.hpp"
+#include "Cli/Output.hpp"
+#include "Foundation/JsonWriter.hpp"
+#include "Foundation/Printable.hpp"
+
+namespace cli {
+namespace {
+
+using foundation::JsonValue;
+using foundation::JsonWriter;
+
+bool isTrue(const JsonValue& json, std::string_view key) {
+  const JsonValue* value = json.member(key);
+  return value != nullptr && value->boolean() != nullptr && *value->boolean();
+}
+
+/// "spending, small, style=ring"
+std::string describe(const JsonValue& placement) {
+  std::string text = textIn(placement, "kind") + " " + textIn(placement, "family");
+  const JsonValue* configuration = placement.member("configuration");
+  if (configuration == nullptr || configuration->object() == nullptr) return text;
+  for (const auto& [name, value] : *configuration->object()) {
+    if (value.string() != nullptr) text += " " + name + "=" + *value.string();
+  }
+  return text;
+}
+
+std::string placementText(const JsonValue& placement) {
+  std::string line = fmt::format(
+      "{:<5}{:<12}{}", textIn(placement, "id"), textIn(placement, "state"), describe(placement));
+  if (const auto asOf = textIn(placement, "asOf"); !asOf.empty()) line += ", as of " + asOf;
+  line = foundation::printable(line) + "\n";
+  if (const auto next = textIn(placement, "nextReload"); !next.empty()) {
+    line += "     asked again " + foundation::printable(next) + "\n";
+  }
+  if (const auto reason = textIn(placement, "reason"); !reason.empty()) {
+    const auto since = textIn(placement, "since");
+    line += "     -> " +
+            foundation::printable((since.empty() ? "" : "since " + since + ": ") + reason) + "\n";
+  }
+  return line;
+}
+
+std::string joined(const JsonValue* list) {
+  std::string text;
+  if (list == nullptr || list->array() == nullptr) return text;
+  for (const JsonValue& item : *list->array()) {
+    if (item.string() != nullptr) text += (text.empty() ? "" : ", ") + *item.string();
+  }
+  return text;
+}
+
+std::string hiddenText(const JsonValue& json, std::string_view because) {
+  if (!isTrue(json, "hidden")) return "amounts are shown\n";
+  return foundation::printable(
+             fmt::format("amounts are hidden ({})", joined(json.member(because)))) +
+         "\n";
+}
+
+std::string statusText(const JsonValue& status) {
+  std::string text;
+  if (const auto problem = textIn(status, "problem"); !problem.empty()) {
+    text += "the extension does not start: " + foundation::printable(problem) + "\n";
+  }
+  text += hiddenText(status, "hiddenBecause");
+  const JsonValue* placements = status.member("placements");
+  if (placements == nullptr || placements->array() == nullptr) return text;
+  for (const JsonValue& placement : *placements->array()) text += placementText(placement);
+  return text;
+}
+
+void writeChoices(JsonWriter& json, const PictureOptions& picture) {
+  if (picture.family) json.member("family", widgetruntime::name(*picture.family));
+  if (picture.configuration.empty()) return;
+  json.key("configuration").beginObject();
+  for (const auto& [name, value] : picture.configuration) json.member(name, value);
+  json.endObject();
+}
+
+std::optional<int> wholeNumber(const std::string& text) {
+  int number = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  if (error != std::errc{} || end != text.data() + text.size() || number < 0) return std::nullopt;
+  return number;
+}
+
+Result<void> done(const Result<JsonValue>& result) {
+  if (!result) return std::unexpected(result.error());
+  return {};
+}
+
+}  // namespace
+
+Result<void> status(const Options& options, const Program& program) {
+  const auto status = askHost(program, "status", "{}");
+  if (!status) return std::unexpected(status.error());
+  if (!options.json) return print(statusText(*status));
+  JsonWriter json;
+  status->write(json);
+  return print(json.take() + "\n");
+}
+
+Result<void> reload(const Options& options, const Program& program) {
+  JsonWriter json;
+  json.beginObject();
+  if (!options.host.target.empty()) json.member("target", options.host.target);
+  json.endObject();
+  return done(askHost(program, "reload", json.text()));
+}
+
+Result<void> hide(const Options& options, const Program& program) {
+  JsonWriter json;
+  json.beginObject().member("hide", options.host.hide).endObject();
+  const auto result = askHost(program, "hide", json.text());
+  if (!result) return std::unexpected(result.error());
+  return print(hiddenText(*result, "because"));
+}
+
+Result<void> add(const Options& options, const Program& program) {
+  JsonWriter json;
+  json.beginObject().member("kind", options.kind);
+  writeChoices(json, options.picture);
+  json.endObject();
+  const auto result = askHost(program, "add", json.text());
+  if (!result) return std::unexpected(result.error());
+  return print(foundation::printable(textIn(*result, "id")) + "\n");
+}
+
+Result<void> board(const Options& options, const Program& program) {
+  const auto result = askHost(program, "board", "{}");
+  if (!result) return std::unexpected(result.error());
+  const std::string url = textIn(*result, "url");
+  // The address lets its bearer see every amount: it is handed to the person's browser alone.
+  return options.open ? openLink(url) : print(foundation::printable(url) + "\n");
+}
+
+Result<void> removePlacement(const Options& options, const Program& program) {
+  JsonWriter json;
+  json.beginObject().member("id", options.host.target).endObject();
+  return done(askHost(program, "remove", json.text()));
+}
+
+Result<void> configure(const Options& options, const Program& program) {
+  JsonWriter json;
+  json.beginObject().member("id", options.host.target);
+  writeChoices(json, options.picture);
+  json.endObject();
+  return done(askHost(program, "configure", json.text()));
+}
+
+Result<void> move(const Options& options, const Program& program) {
+  const HostOptions& host = options.host;
+  const auto column = wholeNumber(host.column);
+  const auto row = wholeNumber(host.row);
+  if (!column || !row) return misused("COLUMN and ROW are whole numbers, counted from 0");
+  JsonWriter json;
+  json.beginObject().member("id", host.target);
+  json.member("surface", host.output.empty() ? "board" : "desktop");
+  if (!host.output.empty()) json.member("output", host.output);
+  json.member("column", *column).member("row", *row).endObject();
+  return done(askHost(program, "move", json.text()));
+}
+
+Result<void> open(const Options& options, const Program& program) {
+  JsonWriter json;
+  json.beginObject().member("target", options.host.target);
+  if (!options.host.region.empty()) {
+    const auto region = wholeNumber(options.host.region);
+    if (!region) return misused("--region: a whole number, counted from 0");
+    json.member("region", *region);
+  }
+  json.endObject();
+  return done(askHost(program, "open", json.text()));
+}
+
+}  // namespace cli

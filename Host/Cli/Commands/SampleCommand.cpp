@@ -1,0 +1,28 @@
+// `sample`: a complete document, as a start for whoever writes them.
+#include <fmt/format.h>
+#include <fmt/ranges.h>
+
+#include <algorithm>
+#include <nlohmann/json.hpp>
+
+#include "Cli/Commands/Commands.hpp"
+#include "Cli/Output.hpp"
+#include "Cli/Picture.hpp"
+
+namespace cli {
+
+/// Indented, since people go on from here.
+Result<void> sample(const Options& options, const Program& program) {
+  if (!options.language.empty() &&
+      std::ranges::find(program.languages, options.language) == program.languages.end()) {
+    return misused(fmt::format("--lang: there is no \"{}\" (there are: {})",
+                               options.language,
+                               fmt::join(program.languages, ", ")));
+  }
+  const auto device = deviceFrom(options.device, program.environment);
+  const auto document = nlohmann::ordered_json::parse(
+      program.sampleDocument(device, options.language), nullptr, false);
+  return write(options.output.file, document.dump(2) + "\n");
+}
+
+}  // namespace cli

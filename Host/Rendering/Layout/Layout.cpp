@@ -1,0 +1,57 @@
+#include "Rendering/Layout/Layout.hpp"
+
+#include "Rendering/Layout/LayoutAlignment.hpp"
+#include "Rendering/Layout/LayoutItems.hpp"
+#include "Rendering/Layout/LayoutNumbers.hpp"
+#include "Rendering/Layout/LayoutPlacer.hpp"
+
+namespace rendering {
+
+using viewkit::View;
+
+LayoutTree layOut(const View& view, const LayoutOptions& options, TextMeasurer& measurer) {
+  const Size size{cleanLength(cleanNumber(options.size.width)),
+                  cleanLength(cleanNumber(options.size.height))};
+  LayoutTree tree{view, size, {}};
+  LayoutItems items(tree.view, options, measurer);
+  const MeasuredSize answer = items.measure(items.root(), proposalOf(size));
+  const Point origin = alignedOrigin({}, size, answer);
+  LayoutPlacer(items).place(
+      items.root(), {origin.x, origin.y, answer.width, answer.height}, proposalOf(size), tree.root);
+  return tree;
+}
+
+Size sizeThatFits(const View& view,
+                  Proposal proposal,
+                  viewkit::LayoutDirection direction,
+                  TextMeasurer& measurer) {
+  const LayoutOptions options{.size = {}, .direction = direction};
+  LayoutItems items(view, options, measurer);
+  return items.measure(items.root(), proposal).size();
+}
+
+View containerBackground(const View& view) {
+  const auto& modifiers = view.node().modifiers;
+  for (auto it = modifiers.rbegin(); it != modifiers.rend(); ++it) {
+    if (const auto* found = std::get_if<viewkit::ContainerBackground>(&*it)) return found->content;
+  }
+  for (const View& child : view.node().children) {
+    View found = containerBackground(child);
+    if (!found.isEmpty()) return found;
+  }
+  return {};
+}
+
+std::string widgetURL(const View& view) {
+  const auto& modifiers = view.node().modifiers;
+  for (auto it = modifiers.rbegin(); it != modifiers.rend(); ++it) {
+    if (const auto* found = std::get_if<viewkit::WidgetURL>(&*it)) return found->url;
+  }
+  for (const View& child : view.node().children) {
+    std::string found = widgetURL(child);
+    if (!found.empty()) return found;
+  }
+  return {};
+}
+
+}  // namespace rendering

@@ -1,0 +1,48 @@
+// Layout: propose, size, place. A pure function of a view, a size, a text measurer and a direction.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <variant>
+
+#include "Rendering/Layout/LayoutTree.hpp"
+
+namespace rendering {
+
+/// One question that layout worked out. Repeated ones are answered from memory, and modifiers
+/// without a say in layout pass them on: neither is told.
+struct LayoutStep {
+  std::variant<const viewkit::Element*, const viewkit::Modifier*> what;
+  int depth = 0;  ///< questions that are open around it
+  Proposal proposal;
+  Size answer;
+};
+using LayoutTrace = std::function<void(const LayoutStep&)>;
+
+struct LayoutOptions {
+  Size size;
+  viewkit::LayoutDirection direction = viewkit::LayoutDirection::leftToRight;
+  bool placeholderRedaction = false;  ///< texts are at least 2 em wide
+  LayoutTrace trace{};                ///< told every answer when set
+};
+
+/// The root is proposed the whole size and centred in it. A view's container background is laid out
+/// by itself, with `containerBackground`.
+[[nodiscard]] LayoutTree layOut(const viewkit::View& view,
+                                const LayoutOptions& options,
+                                TextMeasurer& measurer);
+
+/// What a view answers to a proposal.
+[[nodiscard]] Size sizeThatFits(const viewkit::View& view,
+                                Proposal proposal,
+                                viewkit::LayoutDirection direction,
+                                TextMeasurer& measurer);
+
+/// The first container background found on the view's own modifiers or below it; the empty view
+/// without one.
+[[nodiscard]] viewkit::View containerBackground(const viewkit::View& view);
+
+/// The widget's tap link; empty without one.
+[[nodiscard]] std::string widgetURL(const viewkit::View& view);
+
+}  // namespace rendering

@@ -1,0 +1,91 @@
+// Exact coverage of filled and stroked paths, span by span, by FreeType's rasteriser.
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <vector>
+
+#include "Rendering/Graphics/PainterPixels.hpp"
+#include "Rendering/Graphics/ShapePath.hpp"
+
+struct FT_LibraryRec_;
+struct FT_StrokerRec_;
+struct FT_Vector_;
+
+namespace rendering {
+
+/// Takes spans of equal coverage, from top to bottom, from left to right.
+class SpanSink {
+ public:
+  virtual void span(int x, int y, int length, std::uint32_t coverage) = 0;
+
+ protected:
+  ~SpanSink() = default;
+};
+
+struct PathView {
+  std::span<const PathVerb> verbs;
+  std::span<const Point> points;
+};
+
+struct StrokeStyle {
+  double width = 1;  ///< pixels
+  viewkit::LineCap cap = viewkit::LineCap::butt;
+  viewkit::LineJoin join = viewkit::LineJoin::miter;
+};
+
+/// Points to pixels.
+struct PixelTransform {
+  double scaleX = 1;
+  double scaleY = 1;
+  double x = 0;
+  double y = 0;
+};
+
+class Rasterizer {
+ public:
+  explicit Rasterizer(FT_LibraryRec_* library) : library_(library) {}
+  ~Rasterizer();
+  Rasterizer(const Rasterizer&) = delete;
+  Rasterizer& operator=(const Rasterizer&) = delete;
+
+  void fill(PathView path,
+            const PixelTransform& transform,
+            bool evenOdd,
+            const PixelBox& clip,
+            SpanSink& sink);
+  void stroke(PathView path,
+              const PixelTransform& transform,
+              const StrokeStyle& style,
+              const PixelBox& clip,
+              SpanSink& sink);
+
+ private:
+  struct Vector {
+    long x;
+    long y;
+  };
+  void load(PathView path, const PixelTransform& transform);
+  void clear();
+  void endContour();
+  void addCurve(Vector a, Vector b, Vector end);
+  [[nodiscard]] int isFull() const;
+  static int flattenMove(const FT_Vector_* to, void* user);
+  static int flattenLine(const FT_Vector_* to, void* user);
+  static int flattenConic(const FT_Vector_* control, const FT_Vector_* to, void* user);
+  static int flattenCubic(const FT_Vector_* a,
+                          const FT_Vector_* b,
+                          const FT_Vector_* to,
+                          void* user);
+  void render(bool evenOdd, const PixelBox& clip, SpanSink& sink);
+  /// Fills what the stroker has drawn.
+  void exportStroke(const PixelBox& clip, SpanSink& sink);
+
+  FT_LibraryRec_* library_;
+  FT_StrokerRec_* stroker_ = nullptr;
+  std::vector<Vector> points_;
+  std::vector<char> tags_;
+  std::vector<short> contours_;
+};
+
+}  // namespace rendering

@@ -1,0 +1,38 @@
+#include "QuorvelWidgets/WidgetSupport/Components/AccessoryFigure.hpp"
+
+#include <string>
+
+#include "QuorvelWidgets/WidgetSupport/Components/Amount.hpp"
+
+namespace quorvel {
+
+using namespace viewkit;
+using widgetruntime::WidgetFamily;
+
+View accessoryFigure(std::string_view symbol,
+                     double amount,
+                     const WidgetSnapshot& snapshot,
+                     WidgetFamily family) {
+  const auto mark = [&](double size) {
+    return Symbol{std::string{symbol}}.font(size, FontWeight::semibold).accessibilityHidden();
+  };
+  const auto figure = [&](double size) {
+    return Amount{.value = amount, .snapshot = snapshot, .size = size};
+  };
+  if (family == WidgetFamily::accessoryCircular) {
+    const View both = VStack{{.spacing = 2}, mark(16), figure(15)}.padding(Insets::horizontal(10));
+    return Fitting{both, mark(24)}.foregroundStyle(Color::primary());
+  }
+  if (family == WidgetFamily::accessoryInline) {
+    const View both = HStack{{.spacing = 5}, mark(13), figure(13)};
+    return Fitting{both, mark(13)}.foregroundStyle(Color::primary());
+  }
+  const View both = HStack{{.spacing = 8}, mark(19), figure(21)};
+  return Fitting{both, mark(24)}
+      .frame(FlexibleFrame{
+          .maxWidth = kInfinity, .maxHeight = kInfinity, .alignment = Alignment::leading})
+      .padding({.top = 6, .leading = 10, .bottom = 6, .trailing = 10})
+      .foregroundStyle(Color::primary());
+}
+
+}  // namespace quorvel

@@ -1,0 +1,18 @@
+#include "QuorvelWidgets/WidgetSupport/Components/WidgetChrome.hpp"
+
+namespace quorvel {
+
+using namespace viewkit;
+
+View WidgetChrome::body() const {
+  View root = content;
+  if (padded) root = root.padding(preview ? Insets::all(16) : environment.contentMargins());
+  root =
+      root.frame(FlexibleFrame{.maxWidth = kInfinity, .maxHeight = kInfinity}).background(backdrop);
+  if (!background.isEmpty()) {
+    root = preview ? root.background(background) : root.containerBackground(background);
+  }
+  return root.layoutDirection(direction).widgetURL(link);
+}
+
+}  // namespace quorvel

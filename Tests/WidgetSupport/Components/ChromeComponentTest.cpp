@@ -1,0 +1,85 @@
+#include <gtest/gtest.h>
+
+#include "QuorvelWidgets/WidgetSupport/Colors/Palette.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/WidgetChrome.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/WidgetLink.hpp"
+#include "QuorvelWidgets/WidgetSupport/Snapshot/WidgetEnvironment.hpp"
+#include "Tests/Support/Snapshots.hpp"
+#include "Tests/Support/ViewInspection.hpp"
+
+namespace quorvel {
+namespace {
+
+using namespace viewkit;
+using widgetruntime::Environment;
+using widgetruntime::RenderingMode;
+using widgetruntime::WidgetFamily;
+
+WidgetChrome chrome() {
+  return {.background = Rectangle().fill(palette::canvas),
+          .content = Text{"content"},
+          .link = "quorvel-widget://open/budget"};
+}
+
+TEST(ChromeComponent, PadsByTheHostsMarginsAndLeavesTheBackgroundToTheHost) {
+  WidgetChrome widget = chrome();
+  widget.environment.systemMargins = {.top = 11, .leading = 12, .bottom = 13, .trailing = 14};
+  const View view = widget;
+  EXPECT_EQ(inspection::modifier<Padding>(view)->insets, widget.environment.systemMargins);
+  EXPECT_NE(inspection::modifier<ContainerBackground>(view), nullptr);
+  EXPECT_EQ(inspection::modifier<Background>(view), nullptr);
+}
+
+TEST(ChromeComponent, DrawsItsOwnBackgroundInAPreview) {
+  WidgetChrome widget = chrome();
+  widget.preview = true;
+  widget.environment.systemMargins = Insets::all(9);
+  const View view = widget;
+  EXPECT_EQ(inspection::modifier<Padding>(view)->insets, Insets::all(16));
+  EXPECT_EQ(inspection::modifier<FlexibleFrame>(view)->maxWidth, kInfinity);
+  EXPECT_EQ(inspection::modifier<FlexibleFrame>(view)->maxHeight, kInfinity);
+  EXPECT_EQ(inspection::modifier<ContainerBackground>(view), nullptr);
+  EXPECT_NE(inspection::modifier<Background>(view), nullptr);
+}
+
+TEST(ChromeComponent, PadsNothingWhenNotAsked) {
+  for (const bool preview : {false, true}) {
+    WidgetChrome widget = chrome();
+    widget.padded = false;
+    widget.preview = preview;
+    EXPECT_EQ(inspection::modifier<Padding>(widget), nullptr);
+  }
+}
+
+TEST(ChromeComponent, CarriesLinkAndDirection) {
+  WidgetChrome widget = chrome();
+  widget.direction = LayoutDirection::rightToLeft;
+  const View view = widget;
+  EXPECT_EQ(inspection::modifier<WidgetURL>(view)->url, "quorvel-widget://open/budget");
+  EXPECT_EQ(inspection::modifier<Direction>(view)->direction, LayoutDirection::rightToLeft);
+}
+
+TEST(EffectivePrivacy, IsTheApplicationsOrTheHosts) {
+  for (const bool application : {false, true}) {
+    for (const bool host : {false, true}) {
+      WidgetSnapshot snapshot = fixtures::emptySnapshot();
+      snapshot.isHidden = application;
+      Environment environment;
+      environment.redactionReasons.privacy = host;
+      EXPECT_EQ(withEffectivePrivacy(snapshot, environment).isHidden, application || host);
+    }
+  }
+}
+
+TEST(EffectivePrivacy, IsNotAPlaceholdersMatter) {
+  Environment environment;
+  environment.redactionReasons.placeholder = true;
+  EXPECT_FALSE(withEffectivePrivacy(fixtures::emptySnapshot(), environment).isHidden);
+}
+
+TEST(WidgetLink, IsSchemeAndDestination) {
+  EXPECT_EQ(widgetLink("quorvel-widget", "budget"), "quorvel-widget://open/budget");
+}
+
+}  // namespace
+}  // namespace quorvel

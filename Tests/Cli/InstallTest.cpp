@@ -117,6 +117,32 @@ TEST_F(Installation, drawsAsFromTheBuild) {
   EXPECT_EQ(installed.out, runHost(words).out);
 }
 
+TEST_F(Installation, findsTheProgramOfABarsWatch) {
+  const Outcome outcome = runProgram(
+      "/bin/sh",
+      {"-c", "\"$0\" watch due </dev/null | head -n 1", (prefix_ / "bin/quorvel-host").string()},
+      {{"XDG_RUNTIME_DIR", folder_.path().string()}});
+  EXPECT_EQ(outcome.errors, "");
+  EXPECT_EQ(outcome.out, "due\n");
+}
+
+TEST_F(Installation, hasUnitsThatSystemdUnderstands) {
+  const std::string start = "ExecStart=/usr/";
+  std::string service = contentsOf(prefix_ / "lib/systemd/user/quorvel-hostd.service");
+  const auto at = service.find(start);
+  ASSERT_NE(at, std::string::npos);
+  service.replace(at, start.size(), "ExecStart=" + prefix_.string() + "/");
+  const Outcome outcome = runProgram("/usr/bin/systemd-analyze",
+                                     {"verify",
+                                      "--user",
+                                      "--man=no",
+                                      folder_.write("units/quorvel-hostd.service", service),
+                                      prefix_ / "lib/systemd/user/quorvel-hostd.socket"},
+                                     {{"XDG_RUNTIME_DIR", folder_.path().string()}});
+  EXPECT_EQ(outcome.status, 0) << outcome.errors;
+  EXPECT_EQ(outcome.errors, "");
+}
+
 // A property list in the working directory is not the extension's.
 TEST_F(Installation, withoutTheExtensionsProgramItsPropertyListIsStillFound) {
   fs::remove(prefix_ / "libexec/quorvel-widgets");

@@ -1,18 +1,13 @@
 #include "Import/Links.hpp"
 
 #include <fmt/format.h>
-#include <spawn.h>
 #include <sys/wait.h>
-#include <unistd.h>
 
 #include <algorithm>
-#include <array>
 #include <cerrno>
-#include <cstring>
 
+#include "Foundation/Spawn.hpp"
 #include "Foundation/UserDefaults.hpp"
-
-extern char** environ;  // POSIX leaves it to the user
 
 namespace importer {
 
@@ -51,14 +46,10 @@ std::optional<std::string> commandFor(std::string_view destination, const Settin
 }
 
 Result<void> runCommand(const std::string& command, const std::string& argument) {
-  std::array<std::string, 5> words{"sh", "-c", command, "quorvel-import", argument};
-  std::array<char*, 6> arguments{};
-  std::ranges::transform(words, arguments.begin(), [](std::string& word) { return word.data(); });
-  pid_t child = 0;
-  const int error = ::posix_spawn(&child, "/bin/sh", nullptr, nullptr, arguments.data(), environ);
-  if (error != 0) return refused(fmt::format("cannot run /bin/sh: {}", std::strerror(error)));
+  const auto child = foundation::spawn({"/bin/sh", "-c", command, "quorvel-import", argument});
+  if (!child) return refused("cannot run /bin/sh: " + child.error().message());
   int status = 0;
-  while (::waitpid(child, &status, 0) < 0 && errno == EINTR) {
+  while (::waitpid(*child, &status, 0) < 0 && errno == EINTR) {
   }
   if (WIFEXITED(status) && WEXITSTATUS(status) == 0) return {};
   return refused(fmt::format("`{}` failed (status {}); [open] in the settings names another",

@@ -4,7 +4,6 @@
 #include <fcntl.h>
 #include <poll.h>
 #include <signal.h>
-#include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -18,6 +17,7 @@ extern "C" {
 }
 
 #include "Foundation/FileDescriptor.hpp"
+#include "Foundation/Spawn.hpp"
 
 namespace importer {
 namespace {
@@ -40,58 +40,8 @@ struct Child {
   [[nodiscard]] bool isReading() const { return output || errors; }
 };
 
-std::vector<char*> pointers(std::vector<std::string>& texts) {
-  std::vector<char*> result;
-  result.reserve(texts.size() + 1);
-  for (std::string& text : texts) result.push_back(text.data());
-  result.push_back(nullptr);
-  return result;
-}
-
-/// posix_spawn's two records, set up for a child that reads nothing and writes into two pipes.
-class SpawnPlan {
- public:
-  SpawnPlan(int output, int errors) {
-    posix_spawn_file_actions_init(&actions_);
-    posix_spawn_file_actions_addopen(&actions_, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
-    posix_spawn_file_actions_adddup2(&actions_, output, STDOUT_FILENO);
-    posix_spawn_file_actions_adddup2(&actions_, errors, STDERR_FILENO);
-    posix_spawnattr_init(&attributes_);
-    // The watch blocks signals for its descriptor; a child starts without that.
-    sigset_t none;
-    sigset_t defaults;
-    sigemptyset(&none);
-    sigemptyset(&defaults);
-    sigaddset(&defaults, SIGPIPE);
-    posix_spawnattr_setsigmask(&attributes_, &none);
-    posix_spawnattr_setsigdefault(&attributes_, &defaults);
-    posix_spawnattr_setpgroup(&attributes_, 0);
-    posix_spawnattr_setflags(
-        &attributes_, POSIX_SPAWN_SETPGROUP | POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
-  }
-  ~SpawnPlan() {
-    posix_spawn_file_actions_destroy(&actions_);
-    posix_spawnattr_destroy(&attributes_);
-  }
-  SpawnPlan(const SpawnPlan&) = delete;
-  SpawnPlan& operator=(const SpawnPlan&) = delete;
-
-  int start(pid_t& pid, std::vector<std::string>& command, std::vector<std::string>& variables) {
-    return ::posix_spawnp(&pid,
-                          command.front().c_str(),
-                          &actions_,
-                          &attributes_,
-                          pointers(command).data(),
-                          pointers(variables).data());
-  }
-
- private:
-  posix_spawn_file_actions_t actions_{};
-  posix_spawnattr_t attributes_{};
-};
-
 std::unique_ptr<Child> start(Subprocess& run,
-                             std::vector<std::string>& variables,
+                             const Environment& environment,
                              const SubprocessLimits& limits) {
   std::array<int, 2> output{-1, -1};
   std::array<int, 2> errors{-1, -1};
@@ -107,15 +57,20 @@ std::unique_ptr<Child> start(Subprocess& run,
   }
   FileDescriptor errorsEnd(errors[0]);
   const FileDescriptor errorsStart(errors[1]);
-  pid_t pid = 0;
-  const int error =
-      SpawnPlan(outputStart.get(), errorsStart.get()).start(pid, run.command, variables);
-  if (error != 0) {
+  const FileDescriptor nothing(::open("/dev/null", O_RDONLY | O_CLOEXEC));
+  const auto pid = foundation::spawn(run.command,
+                                     {.input = nothing.get(),
+                                      .output = outputStart.get(),
+                                      .errors = errorsStart.get(),
+                                      .leadsGroup = true,
+                                      .environment = environment});
+  if (!pid) {
+    const int error = pid.error().value();
     run.outcome = {error == ENOENT ? Ending::missing : Ending::failed, error, {}};
     return nullptr;
   }
   return std::make_unique<Child>(Child{.run = &run,
-                                       .pid = pid,
+                                       .pid = *pid,
                                        .output = std::move(outputEnd),
                                        .errors = std::move(errorsEnd),
                                        .deadline = Clock::now() + limits.time});
@@ -203,14 +158,13 @@ void readFrom(std::vector<std::unique_ptr<Child>>& children,
 void runSubprocesses(std::span<Subprocess> runs,
                      const Environment& environment,
                      const SubprocessLimits& limits) {
-  std::vector<std::string> variables;
-  for (const auto& [name, value] : environment) variables.push_back(name + "=" + value);
   std::vector<char> buffer(kPiece);
   std::vector<std::unique_ptr<Child>> children;
   std::size_t next = 0;
   while (next < runs.size() || !children.empty()) {
     while (next < runs.size() && children.size() < kAtATime) {
-      if (auto child = start(runs[next++], variables, limits)) children.push_back(std::move(child));
+      if (auto child = start(runs[next++], environment, limits))
+        children.push_back(std::move(child));
     }
     if (!children.empty()) readFrom(children, buffer, limits);
     std::erase_if(children, [](const auto& child) {

@@ -2,7 +2,6 @@
 
 #include <fcntl.h>
 #include <fmt/format.h>
-#include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -18,7 +17,7 @@ extern "C" {
 #include <sys/pidfd.h>
 }
 
-extern char** environ;  // POSIX leaves it to the user
+#include "Foundation/Spawn.hpp"
 
 namespace opening {
 namespace {
@@ -53,28 +52,6 @@ std::optional<int> statusOf(const FileDescriptor& process) {
 FileDescriptor duplicate(const FileDescriptor& file) {
   return FileDescriptor{::fcntl(file.get(), F_DUPFD_CLOEXEC, 0)};
 }
-
-/// A process with no signal blocked or ignored, whatever its parent does about them.
-class Attributes {
- public:
-  Attributes() {
-    posix_spawnattr_init(&attributes_);
-    sigset_t none;
-    sigset_t all;
-    sigemptyset(&none);
-    sigfillset(&all);
-    posix_spawnattr_setsigmask(&attributes_, &none);
-    posix_spawnattr_setsigdefault(&attributes_, &all);
-    posix_spawnattr_setflags(&attributes_, POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
-  }
-  ~Attributes() { posix_spawnattr_destroy(&attributes_); }
-  Attributes(const Attributes&) = delete;
-  Attributes& operator=(const Attributes&) = delete;
-  [[nodiscard]] const posix_spawnattr_t* get() const { return &attributes_; }
-
- private:
-  posix_spawnattr_t attributes_{};
-};
 
 }  // namespace
 
@@ -119,22 +96,12 @@ Opened LinkOpener::begin() {
 }
 
 Opened LinkOpener::spawn(const std::vector<std::string>& command, int output) {
-  std::vector<char*> arguments;
-  arguments.reserve(command.size() + 1);
-  for (const std::string& word : command) arguments.push_back(const_cast<char*>(word.c_str()));
-  arguments.push_back(nullptr);
-  posix_spawn_file_actions_t actions;
-  posix_spawn_file_actions_init(&actions);
-  if (output >= 0) posix_spawn_file_actions_adddup2(&actions, output, STDOUT_FILENO);
-  const Attributes attributes;
-  pid_t child = 0;
-  const int error =
-      ::posix_spawnp(&child, arguments[0], &actions, attributes.get(), arguments.data(), environ);
-  posix_spawn_file_actions_destroy(&actions);
-  if (error != 0) {
-    return std::unexpected(fmt::format("cannot run {}: {}", command.front(), std::strerror(error)));
+  const auto child = foundation::spawn(command, {.output = output});
+  if (!child) {
+    return std::unexpected(
+        fmt::format("cannot run {}: {}", command.front(), child.error().message()));
   }
-  process_ = FileDescriptor{::pidfd_open(child, 0)};
+  process_ = FileDescriptor{::pidfd_open(*child, 0)};
   if (!process_) return std::unexpected(std::string{std::strerror(errno)});
   return {};
 }

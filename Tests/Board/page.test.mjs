@@ -41,7 +41,7 @@ test('shows every widget at its place with its name and time', async () => {
   assert.equal(await text('#lamp b'), 'Live');
   assert.equal(await text('#container'), join(stage.host.folder, 'container'));
   for (const { id, board } of kTen) assert.deepEqual(await cellOf(page, id), [board.column, board.row], id);
-  assert.equal(await text('[data-id=w1] h3'), 'Net Worth');
+  assert.equal(await text('[data-id=w1] h2'), 'Net Worth');
   assert.match(await text('[data-id=w1] .when'), /^as of \d\d:\d\d$/);
   assert.match(await text('[data-id=w3] .when'), /^\d\d:\d\d$/);
   const size = await page.run(() => { const { width, height } = document.querySelector('[data-id=w1] .face').getBoundingClientRect(); return [width, height]; });
@@ -232,7 +232,7 @@ test('opens a card’s menu in five ways and gives the focus back', async () => 
     assert.ok(!await isOpen());
     assert.equal((await page.focused()).card, 'w2');
   }
-  await page.click('.card[data-id=w2] .under h3');
+  await page.click('.card[data-id=w2] .under h2');
   assert.equal(await page.run(() => document.querySelector('[aria-current=true]').dataset.id), 'w2');
   await openMenu('w2');
   await page.click({ x: 1400, y: 900 });

@@ -31,7 +31,7 @@ export class Card {
 
   update(placement) {
     this.placement = placement;
-    $('h3', this.element).textContent = this.title;
+    $('h2', this.element).textContent = this.title;
     this.more.ariaLabel = `Options of ${this.title}`;
   }
 

@@ -11,7 +11,7 @@ import { focusCard, kTen, live, scene } from './scene.mjs';
 const kHere = dirname(fileURLToPath(import.meta.url));
 const pictures = process.env.BOARD_PICTURES ?? resolve(kHere, '../../build/board');
 const axe = readFileSync(join(kHere, 'node_modules/axe-core/axe.min.js'), 'utf8');
-const kNow = '?now=2025-03-14T09%3A30%3A00Z';
+const kNoon = `?now=${new Date().toISOString().slice(0, 10)}T12%3A00%3A00Z`;
 
 let stage;
 before(async () => { mkdirSync(pictures, { recursive: true }); stage = await scene(); });
@@ -29,7 +29,8 @@ const kStates = {
   360: { view: { width: 360, height: 1600, dark: true } },
   768: { view: { width: 768, height: 1000 } },
   2560: { view: { width: 2560, height: 1440 } },
-  hidden: { view: {}, act: async (page) => { await page.press('p'); await page.press('p'); } },
+  hidden: { view: {}, act: async (page) => { await page.press('p'); await page.until(() => [...document.querySelectorAll('.words')].every((words) => !/\$\d/.test(words.textContent))); } },
+  locked: { view: {}, act: async (page) => { await page.press('p'); await page.press('p'); await page.until(() => document.querySelectorAll('.words')[0].textContent.length < 40); } },
   gallery: { view: {}, act: async (page) => { await page.click('.offer:nth-child(3) > button'); await page.click('.offer[data-open] label[title=Large]'); } },
   'gallery-320': { view: { width: 320, height: 800 }, act: async (page) => { await page.click('.tabs button:nth-child(2)'); await page.click('.offer:nth-child(1) > button'); } },
   'view-320': { view: { width: 320, height: 800 }, act: (page) => page.click('.tabs button:nth-child(3)') },
@@ -46,7 +47,7 @@ const kStates = {
 
 for (const [name, { view, act, undo }] of Object.entries(kStates)) {
   test(`${name}: drawn, without a violation of accessibility, nothing beside the page`, async () => {
-    const page = await stage.open(view, kNow);
+    const page = await stage.open(view);
     await act?.(page);
     await previews(page);
     await page.save(join(pictures, `${name}.png`));
@@ -64,7 +65,7 @@ for (const [name, { view, act, undo }] of Object.entries(kStates)) {
 
 test('ten widgets beside each other are, pixel by pixel, the same ten alone', async () => {
   const open = async () => {
-    const page = await stage.open({ height: 1300, scale: 2 }, kNow);
+    const page = await stage.open({ height: 1300, scale: 2 }, kNoon);
     // The shadows of neighbours reach each other's corners.
     await page.run(() => { const sheet = new CSSStyleSheet(); sheet.replaceSync('.face { box-shadow: none !important; }'); document.adoptedStyleSheets = [sheet]; });
     return page;
@@ -83,7 +84,7 @@ test('ten widgets beside each other are, pixel by pixel, the same ten alone', as
 });
 
 test('a screen reader finds landmarks, a list of ten, and every amount', async () => {
-  const page = await stage.open({}, kNow);
+  const page = await stage.open({}, kNoon);
   const spoken = await page.spoken();
   const named = (role) => spoken.filter((one) => one.role === role).map(({ name }) => name);
   for (const [role, name] of [['banner', ''], ['form', 'View'], ['complementary', 'Gallery'], ['main', 'Widgets']])
@@ -99,7 +100,7 @@ test('a screen reader finds landmarks, a list of ten, and every amount', async (
 });
 
 test('nothing moves for who wants no motion', async () => {
-  const page = await stage.open({ reduced: true }, kNow);
+  const page = await stage.open({ reduced: true }, kNoon);
   assert.equal(await page.run(() => document.getAnimations().length), 0);
   await page.close();
 });

@@ -4,13 +4,16 @@ import assert from 'node:assert/strict';
 import { createServer, request } from 'node:http';
 import { connect } from 'node:net';
 import { after, before, test } from 'node:test';
+import { Firefox } from './firefox.mjs';
 import { scene, until } from './scene.mjs';
 
 let stage;
 let board;
 let hostile;
+let browsers;
 before(async () => {
   stage = await scene();
+  browsers = { Chromium: stage.browser, Firefox: await Firefox.start() };
   board = new URL(stage.host.board());
   // What it serves, and what it was asked for.
   hostile = createServer((asked, answer) => {
@@ -22,90 +25,101 @@ before(async () => {
   await new Promise((resolve) => hostile.listen(0, '127.0.0.1', resolve));
   hostile.origin = `http://localhost:${hostile.address().port}`;
 });
-after(async () => { hostile.close(); await stage.end(); });
+after(async () => { hostile.close(); await browsers.Firefox.close(); await stage.end(); });
 
-/** A page of the hostile server's, in the browser that has the board open in another tab. */
-async function attack(work, ...values) {
-  const page = await stage.browser.open(hostile.origin);
-  try { return await page.run(work, ...values); } finally { await page.close(); }
+/** A page of the hostile server's, in a browser that has the board open in another tab. */
+async function attack(browser, work, ...values) {
+  const victim = await browser.open(board.href);
+  await victim.until(() => document.querySelectorAll('.card[data-state=live]').length === 10);
+  const page = await browser.open(hostile.origin);
+  try { return await page.run(work, ...values); } finally { await page.close(); await victim.close(); }
 }
 const token = () => board.hash.slice(1);
 const isHidden = () => stage.host.ask('status').startsWith('amounts are hidden');
 
-test('another page reads nothing by fetch, with or without the token', async () => {
-  const outcomes = await attack(async (origin, secret) => {
-    const outcome = (path, options) => fetch(origin + path, options).then((response) => `${response.type} ${response.status}`, (error) => error.name);
-    return Promise.all([
-      outcome('/state'), outcome('/'), outcome('/board.js'), outcome('/state', { credentials: 'include' }),
-      outcome('/state', { headers: { Authorization: `Bearer ${secret}` } }), outcome('/widget/w1', { headers: { Authorization: `Bearer ${secret}` } }),
-      outcome('/', { mode: 'no-cors' }), outcome('/state', { mode: 'no-cors' })]);
-  }, board.origin, token());
-  assert.deepEqual(outcomes, Array(8).fill('TypeError'));
-});
+for (const name of ['Chromium', 'Firefox']) {
+  test(`${name}: another page reads nothing by fetch, with or without the token`, async () => {
+    const outcomes = await attack(browsers[name], async (origin, secret) => {
+      const outcome = (path, options) => fetch(origin + path, options).then((response) => `${response.type} ${response.status}`, (error) => error.name);
+      return Promise.all([
+        outcome('/state'), outcome('/'), outcome('/board.js'), outcome('/state', { credentials: 'include' }),
+        outcome('/state', { headers: { Authorization: `Bearer ${secret}` } }), outcome('/widget/w1', { headers: { Authorization: `Bearer ${secret}` } }),
+        outcome('/', { mode: 'no-cors' }), outcome('/state', { mode: 'no-cors' })]);
+    }, board.origin, token());
+    assert.deepEqual(outcomes, Array(8).fill('TypeError'));
+  });
 
-test('another page changes nothing, whatever it posts', async () => {
-  await attack(async (origin, secret) => {
-    const body = '{"hidden":true}';
-    const send = (options) => fetch(`${origin}/hide`, { method: 'POST', body, ...options }).catch(() => {});
-    await Promise.all([send({}), send({ mode: 'no-cors' }), send({ mode: 'no-cors', headers: { 'Content-Type': 'text/plain' } }),
-      send({ headers: { 'Content-Type': 'application/json', Authorization: `Bearer ${secret}` } })]);
-    navigator.sendBeacon(`${origin}/hide`, new Blob([body], { type: 'text/plain' }));
-    await new Promise((resume) => {
-      const frame = document.createElement('iframe');
-      frame.name = 'sink';
+  test(`${name}: another page changes nothing, whatever it posts`, async () => {
+    await attack(browsers[name], async (origin, secret) => {
+      const body = '{"hidden":true}';
+      const send = (options) => fetch(`${origin}/hide`, { method: 'POST', body, ...options }).catch(() => {});
+      await Promise.all([send({}), send({ mode: 'no-cors' }), send({ mode: 'no-cors', headers: { 'Content-Type': 'text/plain' } }),
+        send({ headers: { 'Content-Type': 'application/json', Authorization: `Bearer ${secret}` } })]);
+      navigator.sendBeacon(`${origin}/hide`, new Blob([body], { type: 'text/plain' }));
+      await new Promise((resume) => {
+        const frame = document.createElement('iframe');
+        frame.name = 'sink';
+        document.body.append(frame);
+        const form = Object.assign(document.createElement('form'), { method: 'POST', action: `${origin}/hide`, target: 'sink', enctype: 'text/plain' });
+        form.append(Object.assign(document.createElement('input'), { name: '{"hidden":true,"x":"', value: '"}' }));
+        document.body.append(form);
+        frame.onload = resume;
+        form.submit();
+        setTimeout(resume, 2000);
+      });
+    }, board.origin, token());
+    assert.ok(!isHidden());
+  });
+
+  test(`${name}: another page shows nothing of the board as an image, a script, a style or a frame`, async () => {
+    const outcomes = await attack(browsers[name], async (origin) => {
+      const load = (name, properties) => new Promise((resolve) => {
+        const element = Object.assign(document.createElement(name), properties);
+        element.onload = () => resolve(name === 'iframe' ? (element.contentDocument ? 'own' : 'foreign') : 'loaded');
+        element.onerror = () => resolve('refused');
+        document.body.append(element);
+      });
+      return Promise.all([load('img', { src: `${origin}/icon.svg` }), load('img', { src: `${origin}/widget/w1.png` }), load('img', { src: `${origin}/widget/w1.svg` }),
+        load('script', { src: `${origin}/dom.js`, type: 'module' }), load('script', { src: `${origin}/dom.js` }),
+        load('link', { rel: 'stylesheet', href: `${origin}/board.css` }), load('iframe', { src: origin }), load('object', { data: origin })]);
+    }, board.origin);
+    // A frame loads the browser's own error page, which nobody can read either.
+    assert.deepEqual(outcomes.slice(0, 6), Array(6).fill('refused'));
+    assert.equal(outcomes[6], 'foreign');
+    const frames = await attack(browsers[name], async (origin) => {
+      const frame = Object.assign(document.createElement('iframe'), { src: origin });
       document.body.append(frame);
-      const form = Object.assign(document.createElement('form'), { method: 'POST', action: `${origin}/hide`, target: 'sink', enctype: 'text/plain' });
-      form.append(Object.assign(document.createElement('input'), { name: '{"hidden":true,"x":"', value: '"}' }));
-      document.body.append(form);
-      frame.onload = resume;
-      form.submit();
-      setTimeout(resume, 2000);
-    });
-  }, board.origin, token());
-  assert.ok(!isHidden());
-});
+      await new Promise((resume) => { frame.onload = resume; });
+      try { return frame.contentWindow.location.href; } catch { return 'unreadable'; }
+    }, board.origin);
+    assert.equal(frames, 'unreadable');
+  });
 
-test('another page shows nothing of the board as an image, a script, a style or a frame', async () => {
-  const outcomes = await attack(async (origin) => {
-    const load = (name, properties) => new Promise((resolve) => {
-      const element = Object.assign(document.createElement(name), properties);
-      element.onload = () => resolve(name === 'iframe' ? (element.contentDocument ? 'own' : 'foreign') : 'loaded');
-      element.onerror = () => resolve('refused');
-      document.body.append(element);
-    });
-    return Promise.all([load('img', { src: `${origin}/icon.svg` }), load('img', { src: `${origin}/widget/w1.png` }), load('img', { src: `${origin}/widget/w1.svg` }),
-      load('script', { src: `${origin}/dom.js`, type: 'module' }), load('script', { src: `${origin}/dom.js` }),
-      load('link', { rel: 'stylesheet', href: `${origin}/board.css` }), load('iframe', { src: origin }), load('object', { data: origin })]);
-  }, board.origin);
-  // A frame loads the browser's own error page, which nobody can read either.
-  assert.deepEqual(outcomes.slice(0, 6), Array(6).fill('refused'));
-  assert.equal(outcomes[6], 'foreign');
-  const frames = await attack(async (origin) => {
-    const frame = Object.assign(document.createElement('iframe'), { src: origin });
-    document.body.append(frame);
-    await new Promise((resume) => { frame.onload = resume; });
-    try { return frame.contentWindow.location.href; } catch { return 'unreadable'; }
-  }, board.origin);
-  assert.equal(frames, 'unreadable');
-});
+  test(`${name}: another page hears no events`, async () => {
+    const outcomes = await attack(browsers[name], async (origin, secret) => Promise.all([
+      new Promise((resolve) => { const source = new EventSource(`${origin}/events`); source.onopen = () => resolve('open'); source.onerror = () => resolve('refused'); }),
+      fetch(`${origin}/events`, { headers: { Authorization: `Bearer ${secret}` } }).then(() => 'open', () => 'refused'),
+      new Promise((resolve) => { const socket = new WebSocket(`${origin.replace('http', 'ws')}/events`); socket.onopen = () => resolve('open'); socket.onerror = () => resolve('refused'); })]),
+    board.origin, token());
+    assert.deepEqual(outcomes, ['refused', 'refused', 'refused']);
+  });
 
-test('another page hears no events', async () => {
-  const outcomes = await attack(async (origin, secret) => Promise.all([
-    new Promise((resolve) => { const source = new EventSource(`${origin}/events`); source.onopen = () => resolve('open'); source.onerror = () => resolve('refused'); }),
-    fetch(`${origin}/events`, { headers: { Authorization: `Bearer ${secret}` } }).then(() => 'open', () => 'refused'),
-    new Promise((resolve) => { const socket = new WebSocket(`${origin.replace('http', 'ws')}/events`); socket.onopen = () => resolve('open'); socket.onerror = () => resolve('refused'); })]),
-  board.origin, token());
-  assert.deepEqual(outcomes, ['refused', 'refused', 'refused']);
-});
+  test(`${name}: a window that another page opens is a stranger to it`, async () => {
+    const reached = await attack(browsers[name], async (origin) => {
+      const opened = window.open(origin);
+      await new Promise((resume) => setTimeout(resume, 500));
+      try { return opened.document.documentElement.textContent.trim(); } catch { return ''; }
+    }, board.origin);
+    assert.equal(reached, '');
+  });
 
-test('a window that another page opens is a stranger to it', async () => {
-  const reached = await attack(async (origin) => {
-    const opened = window.open(origin);
-    await new Promise((resume) => setTimeout(resume, 500));
-    try { return String(opened.document.title); } catch { return opened.closed ? 'closed' : 'unreadable'; }
-  }, board.origin);
-  assert.ok(['closed', 'unreadable'].includes(reached), reached);
-});
+  test(`${name}: a page with an old token learns nothing and says so`, async () => {
+    const page = await browsers[name].open(`${board.origin}/#${'0'.repeat(32)}`);
+    await page.until(() => document.querySelector('#lamp b').textContent === 'Not connected');
+    assert.equal(await page.run(() => document.querySelectorAll('.card').length), 0);
+    await page.close();
+  });
+}
 
 test('a name that is rebound to this machine is refused', async () => {
   const rebound = await stage.browser.send('Target.createBrowserContext');
@@ -146,13 +160,6 @@ test('the page asks nobody but its host', async () => {
   await page.press('/');
   const foreign = page.requests.filter((url) => new URL(url).origin !== board.origin && !url.startsWith('data:'));
   assert.deepEqual(foreign, []);
-  await page.close();
-});
-
-test('a page with an old token learns nothing and says so', async () => {
-  const page = await stage.browser.open(`${board.origin}/#${'0'.repeat(32)}`);
-  await page.until(() => document.querySelector('#lamp b').textContent === 'Not connected');
-  assert.equal(await page.run(() => document.querySelectorAll('.card').length), 0);
   await page.close();
 });
 

@@ -107,10 +107,12 @@ const board = {
   },
 
   async remove({ placement, title }) {
+    const at = inReadingOrder(board.placed).findIndex(({ id }) => id === placement.id);
     if (!await attempt(() => post('remove', { id: placement.id }))) return;
     removed.push(placement);
     await load();
-    (board.cards.get(inReadingOrder(board.placed)[0]?.id) ?? canvas).focus();
+    const left = inReadingOrder(board.placed);
+    (board.cards.get((left[at] ?? left.at(-1))?.id) ?? canvas).focus();
     toast(`${title} removed.`, 'Undo', board.undo);
   },
 

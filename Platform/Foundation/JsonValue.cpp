@@ -2,46 +2,71 @@
 #include "Foundation/JsonValue.hpp"
 
 #include <algorithm>
+#include <iterator>
 
 #include "Foundation/JsonScanner.hpp"
 
 namespace foundation {
 namespace {
 
-JsonValue readValue(JsonScanner& scanner);
+/// Elements and members gather on one stack each, and leave it when their value is complete: an
+/// array or object takes one piece of memory of its own size.
+class ValueReader {
+ public:
+  explicit ValueReader(JsonScanner& scanner) : scanner_(scanner) {}
 
-JsonValue readArray(JsonScanner& scanner) {
-  JsonValue::Array elements;
-  if (!scanner.open()) return {};
-  JsonScanner::Descent array(scanner);
-  while (scanner.nextElement(array)) elements.push_back(readValue(scanner));
-  return elements;
-}
+  [[nodiscard]] JsonValue value();
 
-JsonValue readObject(JsonScanner& scanner) {
-  JsonValue::Object members;
-  if (!scanner.open()) return {};
-  JsonScanner::Descent object(scanner);
-  while (scanner.nextMember(object)) {
-    std::string key(object.key());
-    members.emplace_back(std::move(key), readValue(scanner));
+ private:
+  [[nodiscard]] JsonValue array();
+  [[nodiscard]] JsonValue object();
+
+  /// What was put on the stack since it was `size` long.
+  template <class Item>
+  static std::vector<Item> takenFrom(std::vector<Item>& stack, std::size_t size) {
+    const auto first = stack.begin() + static_cast<std::ptrdiff_t>(size);
+    std::vector<Item> items(std::make_move_iterator(first), std::make_move_iterator(stack.end()));
+    stack.erase(first, stack.end());
+    return items;
   }
-  return members;
+
+  JsonScanner& scanner_;
+  JsonValue::Array elements_;
+  JsonValue::Object members_;
+};
+
+JsonValue ValueReader::array() {
+  if (!scanner_.open()) return {};
+  const std::size_t size = elements_.size();
+  JsonScanner::Descent array(scanner_);
+  while (scanner_.nextElement(array)) elements_.push_back(value());
+  return takenFrom(elements_, size);
 }
 
-JsonValue readValue(JsonScanner& scanner) {
-  switch (scanner.peek()) {
+JsonValue ValueReader::object() {
+  if (!scanner_.open()) return {};
+  const std::size_t size = members_.size();
+  JsonScanner::Descent object(scanner_);
+  while (scanner_.nextMember(object)) {
+    std::string key(object.key());
+    members_.emplace_back(std::move(key), value());
+  }
+  return takenFrom(members_, size);
+}
+
+JsonValue ValueReader::value() {
+  switch (scanner_.peek()) {
     case '{':
-      return readObject(scanner);
+      return object();
     case '[':
-      return readArray(scanner);
+      return array();
     case 't':
-      return scanner.literal("true");
+      return scanner_.literal("true");
     case 'f':
-      return !scanner.literal("false");
+      return !scanner_.literal("false");
     case '"': {
       std::string text;
-      scanner.string(text);
+      scanner_.string(text);
       return text;
     }
     case '-':
@@ -56,11 +81,11 @@ JsonValue readValue(JsonScanner& scanner) {
     case '8':
     case '9': {
       double number = 0;
-      scanner.number(number);
+      scanner_.number(number);
       return number;
     }
     default:
-      scanner.skipValue();
+      scanner_.skipValue();
       return nullptr;
   }
 }
@@ -101,7 +126,7 @@ std::expected<JsonValue, JsonProblem> parseJson(std::string_view text,
                                                 std::size_t maximumDepth,
                                                 std::size_t maximumString) {
   JsonScanner scanner(text, maximumDepth, maximumString);
-  JsonValue value = readValue(scanner);
+  JsonValue value = ValueReader(scanner).value();
   scanner.finish();
   std::vector<JsonProblem> problems = scanner.takeProblems();
   if (!problems.empty()) return std::unexpected(std::move(problems.front()));

@@ -15,6 +15,13 @@ bool isWithin(double length, std::optional<double> proposed) {
   return !proposed || length <= *proposed + kSlack;
 }
 
+/// What a Fitting of one child shows may be cut: there is nothing to show instead.
+bool isSoleAlternative(const LayoutItem& item) {
+  const auto* element = std::get_if<const viewkit::Element*>(&item.what);
+  return element && item.childCount == 1 &&
+         std::holds_alternative<viewkit::FittingElement>(**element);
+}
+
 }  // namespace
 
 std::size_t LayoutFitting::findingFor(ItemId id, const Proposal& proposal) {
@@ -93,6 +100,7 @@ LayoutFitting::Texts LayoutFitting::findTexts(ItemId id, const Proposal& proposa
     found.whole = found.whole && inside.whole;
     found.scale = std::min(found.scale, inside.scale);
   });
+  found.whole = found.whole || isSoleAlternative(item);
   return found;
 }
 

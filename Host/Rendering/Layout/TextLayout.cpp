@@ -185,7 +185,7 @@ const TextLayout::Fit& TextLayout::fit(const Proposal& proposal, double scaleLim
 void TextLayout::finish(double widthOffered) {
   const double scale = fit_.scale;
   const double wide = std::min(widestLine() * scale, widthOffered);
-  fit_.answer.width = std::max(wide, placeholderWidth_);
+  fit_.answer.width = std::max(wide, std::min(placeholderWidth_, widthOffered));
   fit_.answer.height = static_cast<double>(fit_.lines.size()) * lineHeight_ * scale;
   fit_.answer.baseline = ascent_ * scale;
 }

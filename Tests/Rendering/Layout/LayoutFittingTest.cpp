@@ -12,6 +12,7 @@ namespace {
 
 using namespace viewkit;
 using ::testing::ElementsAre;
+using ::testing::IsEmpty;
 
 constexpr double kLine = 12.1;
 constexpr std::optional<double> kNothing = std::nullopt;
@@ -98,6 +99,26 @@ TEST(LayoutFitting, AnEllipsisAnywhereBelowRefusesAChild) {
   const View roomy =
       Fitting{text("aaaaa").lineLimit(1).frame({.width = 30.0}).padding(1), box(7, 7)};
   EXPECT_THAT(answered(roomy, {50, 50}), SizeIs(32, kLine + 2));
+}
+
+TEST(LayoutFitting, WhatAFittingOfOneChildHoldsMayBeCut) {
+  const auto row = [](const View& name) {
+    return Fitting{HStack{{.spacing = 0}, name.frame({.width = 20.0}), text("b")}, box(7, 7)};
+  };
+  const View name = text("aaaaa").lineLimit(1);
+  EXPECT_THAT(wordsOf(placed(row(name), {50, 20})), IsEmpty());
+  EXPECT_THAT(wordsOf(placed(row(Fitting{name}), {50, 20})), ElementsAre("aaaaa", "b"));
+  // It has to stay within the proposal all the same.
+  EXPECT_THAT(wordsOf(placed(row(Fitting{name}), {25, 20})), IsEmpty());
+}
+
+TEST(LayoutFitting, WhatIsNotNeededIsNotShaped) {
+  FixedCellMeasurer measurer;
+  static_cast<void>(layOut(threeWords(), {.size = {60, 20}}, measurer));
+  EXPECT_EQ(measurer.shaped, 1);
+  FixedCellMeasurer narrow;
+  static_cast<void>(layOut(threeWords(), {.size = {30, 20}}, narrow));
+  EXPECT_EQ(narrow.shaped, 2);
 }
 
 TEST(LayoutFitting, LinesBeyondTheHeightOrTheLimitRefuseAChild) {

@@ -118,14 +118,23 @@ TEST(LayoutRandom, RightToLeftIsTheMirrorImage) {
   EXPECT_GT(compared, 50);
 }
 
+/// A Fitting of one child, which takes it cut or not.
+bool mayBeCut(const PlacedNode& node) {
+  if (!node.element() || !std::holds_alternative<FittingElement>(*node.element())) return false;
+  const auto isPresent = [](const View& view) { return !view.isEmpty(); };
+  return std::ranges::count_if(node.source->children, isPresent) == 1;
+}
+
 /// A text that ends in an ellipsis or leaves out clusters other than spaces.
 bool hasCutText(const PlacedNode& node) {
+  if (mayBeCut(node)) return false;
   if (node.text && node.text->isCut()) return true;
   return std::ranges::any_of(node.children, hasCutText);
 }
 
 /// A line that ends before a cluster behind which no line may end.
 bool hasBrokenWord(const PlacedNode& node) {
+  if (mayBeCut(node)) return false;
   if (node.text) {
     const auto& lines = node.text->lines;
     for (std::size_t i = 0; i + 1 < lines.size(); ++i) {

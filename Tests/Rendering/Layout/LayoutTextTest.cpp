@@ -217,6 +217,13 @@ TEST(LayoutText, PlaceholdersAreAtLeastTwoEmWide) {
   EXPECT_NEAR(tree.root.frame.width, 20, 1e-9);
 }
 
+TEST(LayoutText, APlaceholderIsNoWiderThanItsRoom) {
+  FixedCellMeasurer measurer;
+  const PlacedTree tree =
+      layOut(text("a"), {.size = {14, 20}, .placeholderRedaction = true}, measurer);
+  EXPECT_NEAR(tree.root.frame.width, 14, 1e-9);
+}
+
 TEST(LayoutText, AnswersOverASweepOfWidths) {
   const View wrapping = text("aaaa bb ccccc d");
   const View single = text("aaaa bb ccccc d").lineLimit(1).minimumScaleFactor(0.7);

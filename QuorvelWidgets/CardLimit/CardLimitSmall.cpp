@@ -13,6 +13,9 @@ using namespace viewkit;
 namespace {
 
 constexpr double kNumberOpacity = 0.8;
+constexpr double kFace = 52;
+/// On narrow screens the face gives way, down to what its two texts take.
+constexpr double kLeastFace = 40;
 
 // Art that carries its own printing gets no text over it.
 std::string shownNumber(const WidgetSnapshot::Card& card) {
@@ -25,7 +28,7 @@ View face(const CardLimitContent& content, const WidgetSnapshot::Card& card) {
   std::optional<double> weakestText;
   if (!card.hasImage) weakestText = number.empty() ? 1 : kNumberOpacity;
   View tile = cardFace(card, 9, Alignment::center, weakestText, number.empty() ? 0.45 : 1, mode)
-                  .frame(FixedFrame{.height = 52});
+                  .frame(FlexibleFrame{.minHeight = kLeastFace, .maxHeight = kFace});
   if (!card.hasImage) {
     tile = tile.overlay(cardTitleText(card, 10.5, content.snapshot.lang, mode)
                             .padding({.top = 8, .leading = 10, .trailing = 10}),

@@ -2,6 +2,7 @@
 #include "QuorvelWidgets/Due/DueTile.hpp"
 #include "QuorvelWidgets/WidgetSupport/Colors/Palette.hpp"
 #include "QuorvelWidgets/WidgetSupport/Components/FaceStyle.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/FittingWidth.hpp"
 #include "QuorvelWidgets/WidgetSupport/Components/WidgetLink.hpp"
 
 namespace quorvel {
@@ -35,7 +36,7 @@ View cardGround(const DueContent& content, const WidgetSnapshot::Due& due) {
   }
   // A card hides what lies behind it: with the canvas' colour, or by cutting it out where there are
   // no colours.
-  if (!isFullColor(content)) return Shape{shape}.fill(faint).background(accentedCutout(kCorner));
+  if (!isFullColor(content)) return Shape{shape}.fill(faint).background(faceCutout(kCorner));
   return Shape{shape}.fill(palette::canvas).overlay(Shape{shape}.fill(faint));
 }
 
@@ -43,8 +44,8 @@ View cardRow(const DueContent& content, const UpcomingDue& upcoming) {
   const WidgetSnapshot::Due& due = *upcoming.due;
   const View names = VStack{
       {.alignment = HorizontalAlignment::leading, .spacing = 0},
-      content.name(due, 13),
-      content.subtitle(due),
+      mayBeCut(content.name(due, 13)),
+      mayBeCut(content.subtitle(due)),
   };
   // Digits have no descenders: framed to its font size the amount leaves the pill clear of the next
   // card.
@@ -70,8 +71,8 @@ View card(const DueContent& content, std::size_t index, bool isInFront) {
   const UpcomingDue& upcoming = content.upcoming[index];
   View ground = cardGround(content, *upcoming.due);
   if (index > 0 && isFullColor(content)) {
-    ground =
-        ground.shadow({.color = Color::black().withOpacity(0.3), .radius = 5, .x = 0, .y = -2});
+    ground = ground.overlay(faceEdge(kCorner))
+                 .shadow({.color = Color::black().withOpacity(0.3), .radius = 5, .x = 0, .y = -2});
   }
   // The card in front shows all of its face, the others what the next one leaves.
   const FixedFrame visible{.height = isInFront ? kCardHeight : kCardStep,

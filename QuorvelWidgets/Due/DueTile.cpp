@@ -54,6 +54,7 @@ View mark(const DueTile& tile) {
                           .lineLimit(1)
                           .minimumScaleFactor(0.5)
                           .foregroundStyle(ink)
+                          .frame(FixedFrame{.width = tile.size * 0.6})
                           .frame(FixedFrame{.width = tile.size, .height = tile.size});
   return letter.background(
       RoundedRectangle(tile.size * 0.3, cornersOf(tile)).fill(ink.withOpacity(0.18)));
@@ -62,9 +63,13 @@ View mark(const DueTile& tile) {
 View drawnTile(const DueTile& tile) {
   View plain = mark(tile);
   if (tile.onFace || tile.renderingMode != RenderingMode::fullColor) return plain;
-  // The veil that a white text needs leaves a mark on its paler ground 3:1, on a white face too.
-  const View face = faceGround(tile.due.face.value_or(std::vector<std::string>{}), 1)
-                        .clip(RoundedRectangleShape{tile.size * 0.3, cornersOf(tile)});
+  // The veil that a white text needs leaves a mark on its paler ground 3:1. Under the veil of a
+  // white or yellow face nothing of its colour is left but brown: the default face looks better.
+  constexpr double kMostVeil = 0.35;
+  std::vector<std::string> colors = tile.due.face.value_or(std::vector<std::string>{});
+  if (faceVeil(colors, 1) > kMostVeil) colors.clear();
+  const View face =
+      faceGround(colors, 1).clip(RoundedRectangleShape{tile.size * 0.3, cornersOf(tile)});
   return plain.background(face);
 }
 

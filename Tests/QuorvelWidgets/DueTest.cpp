@@ -5,6 +5,7 @@
 #include "QuorvelWidgets/Due/UpcomingDues.hpp"
 #include "Tests/Support/Snapshots.hpp"
 #include "Tests/Support/ViewInspection.hpp"
+#include "ViewKit/Dump.hpp"
 
 namespace quorvel {
 namespace {
@@ -200,6 +201,18 @@ TEST(DueTile, AHostWithoutPicturesDrawsTheFirstPlainCharacter) {
             (std::pair<std::string, std::string>{"👨‍👩‍👧", "É"}));
   EXPECT_EQ(initial("& co"), (std::pair<std::string, std::string>{"&", ""}));
   EXPECT_EQ(initial("🏠"), (std::pair<std::string, std::string>{"🏠", ""}));
+}
+
+// Under the veil that a white mark needs, a white or yellow face would be brown.
+TEST(DueTile, APaleFaceGivesWayToTheDefaultOne) {
+  const auto groundOf = [](std::vector<std::string> face) {
+    auto payment = due("Rent", "2025-03-17");
+    payment.face = std::move(face);
+    return viewkit::dump(tile(payment).body());
+  };
+  EXPECT_THAT(groundOf({"#FFFFFF", "#F2CF66"}), HasSubstr("#3F3F46 at 0"));
+  EXPECT_THAT(groundOf({"#F2CF66"}), HasSubstr("#3F3F46 at 0"));
+  EXPECT_THAT(groundOf({"#E50914", "#60040A"}), HasSubstr("#E50914 at 0"));
 }
 
 TEST(DueTile, OneLetterMayBecomeTwo) {

@@ -34,7 +34,18 @@ View faceGround(const std::vector<std::string>& colors,
   return gradient.overlay(Rectangle().fill(veilGradient(veil, foot)));
 }
 
-View accentedCutout(double cornerRadius) {
+View faceEdge(double cornerRadius) {
+  constexpr double kOpacity = 0.2;
+  constexpr double kFade = 0.3;  ///< of the height
+  const Color light = Color::white().withOpacity(kOpacity);
+  return RoundedRectangle(cornerRadius, CornerStyle::continuous)
+      .innerStroke(
+          Gradient{
+              .stops = {{light, 0}, {light.withOpacity(0), kFade}}, .start = {0, 0}, .end = {0, 1}},
+          1);
+}
+
+View faceCutout(double cornerRadius) {
   constexpr double kGap = 1.5;
   return Rectangle()
       .fill(Color::clear())

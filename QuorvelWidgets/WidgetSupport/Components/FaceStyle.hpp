@@ -1,5 +1,5 @@
-// What texts stand on: a face's gradient under a veil that keeps white texts legible, and the cut
-// that keeps faces apart where an accented host takes their colours.
+// What texts stand on: a face's gradient under a veil that keeps white texts legible, and what
+// keeps the faces of a pile apart.
 #pragma once
 
 #include <optional>
@@ -24,8 +24,12 @@ namespace quorvel {
                                        std::optional<double> textOpacity,
                                        double foot = 1);
 
-/// Removes what lies behind an accented face and a line around it, so that the faces of a pile stay
+/// A light line along the top of a face in a pile: between two dark faces a shadow is not seen.
+/// Takes the whole proposal.
+[[nodiscard]] viewkit::View faceEdge(double cornerRadius);
+
+/// Removes what lies behind a tinted face and a line around it, so that the faces of a pile stay
 /// apart without colours.
-[[nodiscard]] viewkit::View accentedCutout(double cornerRadius);
+[[nodiscard]] viewkit::View faceCutout(double cornerRadius);
 
 }  // namespace quorvel

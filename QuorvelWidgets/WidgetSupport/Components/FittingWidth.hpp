@@ -20,4 +20,9 @@ namespace quorvel {
   return part.isEmpty() ? part : viewkit::Fitting{part, viewkit::VStack{{.spacing = 0}}}.view();
 }
 
+/// A name of the document's own, which may lose its end: nothing beside it gives way for that.
+[[nodiscard]] inline viewkit::View mayBeCut(const viewkit::View& name) {
+  return name.isEmpty() ? name : viewkit::Fitting{name}.view();
+}
+
 }  // namespace quorvel

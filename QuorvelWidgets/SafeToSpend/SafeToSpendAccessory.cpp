@@ -41,8 +41,8 @@ View rectangular(const SafeToSpendContent& content) {
 View inlineRow(const SafeToSpendContent& content) {
   return HStack{
       {.spacing = 5},
-      Symbol{std::string{kSafeToSpendSymbol}}.font(15, FontWeight::medium).accessibilityHidden(),
-      amountWithUnit(content, 15, unit(content), 15),
+      Symbol{std::string{kSafeToSpendSymbol}}.font(13, FontWeight::medium).accessibilityHidden(),
+      amountWithUnit(content, 13, unit(content), 13),
   };
 }
 

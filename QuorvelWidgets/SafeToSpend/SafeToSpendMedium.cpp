@@ -96,15 +96,6 @@ View details(const SafeToSpendContent& content) {
   });
 }
 
-View remainderPart(const SafeToSpendContent& content) {
-  return VStack{
-      {.alignment = HorizontalAlignment::leading, .spacing = 0},
-      remainderFigure(content).layoutPriority(1),
-      Spacer{4},
-      details(content),
-  };
-}
-
 View tileGround(const SafeToSpendContent& content) {
   if (!content.showsBackground) return AccessoryBackdrop{.showsBackground = false};
   return RoundedRectangle(14).fill(content.colors.ground(palette::surface));
@@ -148,49 +139,42 @@ View daysLeftFigure(const SafeToSpendContent& content) {
       .accessibilityHidden();  // the day phrase says it
 }
 
-View tile(const SafeToSpendContent& content) {
-  const View both = VStack{
+View tile(const SafeToSpendContent& content, const View& perDay) {
+  return VStack{
       {.alignment = HorizontalAlignment::leading, .spacing = 0},
-      perDayFigure(content),
-      Spacer{6},
-      daysLeftFigure(content),
-  };
-  return Fitting{both, perDayFigure(content)}
+      perDay.layoutPriority(1),
+      Spacer{0},
+      whereItFits(daysLeftFigure(content).padding({.top = 6})),
+  }
       .frame(part(kInfinity))
       .padding(12)
       .frame(FixedFrame{.width = 92})
       .background(tileGround(content));
 }
 
-/// The three parts side by side.
-View threeParts(const SafeToSpendContent& content) {
-  return HStack{
-      {.spacing = 12},
-      pacePart(content).frame(part(104)),
-      remainderPart(content).frame(part(kInfinity)),
-      tile(content),
-  };
-}
-
-/// Without the tile's ground and the days: both amounts share a column.
-View twoParts(const SafeToSpendContent& content) {
-  const View figures = VStack{
+/// The column between the gauge and the tile, or beside the gauge alone.
+View column(const View& remainder, const View& foot) {
+  return VStack{
       {.alignment = HorizontalAlignment::leading, .spacing = 0},
-      remainderFigure(content),
+      remainder.layoutPriority(1),
       Spacer{4},
-      perDayFigure(content),
-  };
-  return HStack{
-      {.spacing = 12},
-      pacePart(content).frame(part(104)),
-      figures.frame(part(kInfinity)),
-  };
+      foot,
+  }
+      .frame(part(kInfinity));
 }
 
 }  // namespace
 
+// Three parts side by side; where an amount has no room, both share a column without the tile's
+// ground and the days.
 View safeToSpendMedium(const SafeToSpendContent& content) {
-  return Fitting{threeParts(content), twoParts(content)}
+  const View pace = pacePart(content).frame(part(104));
+  const View remainder = remainderFigure(content);
+  const View perDay = perDayFigure(content);
+  return Fitting{
+      HStack{{.spacing = 12}, pace, column(remainder, details(content)), tile(content, perDay)},
+      HStack{{.spacing = 12}, pace, column(remainder, perDay)},
+  }
       .frame(FlexibleFrame{.maxWidth = kInfinity, .maxHeight = kInfinity})
       .foregroundStyle(content.colors.text());
 }

@@ -12,6 +12,8 @@ namespace {
 
 constexpr double kCorner = 1.5;
 constexpr int kLabelEvery = 7;
+/// Two digits; as a placeholder a label is no wider.
+constexpr double kLabelWidth = 14;
 
 }  // namespace
 
@@ -44,6 +46,7 @@ View DailyBarLabels::body() const {
                          .lineLimit(1)
                          .direction(LayoutDirection::leftToRight)
                          .foregroundStyle(colors.caption())
+                         .frame(FixedFrame{.width = kLabelWidth})
                          .position(geometry.pitch * (day - 1) + geometry.width / 2, kHeight / 2));
   }
   return Canvas{std::move(labels)}.frame(FixedFrame{.height = kRowHeight}).accessibilityHidden();

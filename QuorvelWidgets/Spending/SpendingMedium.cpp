@@ -27,7 +27,7 @@ View categoryTile(const SpendingContent& content) {
   };
   const View figures = VStack{
       {.alignment = HorizontalAlignment::leading, .spacing = 2},
-      content.categoryName(13),
+      mayBeCut(content.categoryName(13)),
       Amount{.value = content.spending.topCategoryAmount,
              .snapshot = content.snapshot,
              .size = 13,
@@ -46,37 +46,33 @@ View categoryTile(const SpendingContent& content) {
       .accessibility(content.spokenCategory());
 }
 
-View figuresColumn(const SpendingContent& content, const View& comparison) {
-  constexpr double kGap = 5;
-  return VStack{
-      {.alignment = HorizontalAlignment::leading, .spacing = 0},
-      content.header(false),
-      Amount{.value = content.spending.spent,
-             .snapshot = content.snapshot,
-             .size = 24,
-             .weight = FontWeight::semibold}
-          .padding({.top = kGap}),
-      comparison.padding({.top = kGap}),
-  };
-}
+constexpr double kGap = 5;
 
 // The tile is laid over the figures' row because it is as high as they are, not the other way
 // round; a row without a comparison is as high as the tile needs.
-View figuresWithCategory(const SpendingContent& content) {
+View withCategory(const SpendingContent& content, const View& figures) {
   constexpr double kLeastHeight = 75;
-  return figuresColumn(content, content.comparisonLine())
+  return figures
       .frame(FlexibleFrame{
           .maxWidth = kInfinity, .minHeight = kLeastHeight, .alignment = Alignment::topLeading})
       .padding({.trailing = kTileWidth + kTileGap})
       .overlay(categoryTile(content), Alignment::topTrailing);
 }
 
+/// Where there is too little room, the category goes first, then the comparison.
 View figures(const SpendingContent& content) {
-  const View alone =
-      figuresColumn(content, whereItFits(content.comparisonLine()))
-          .frame(FlexibleFrame{.maxWidth = kInfinity, .alignment = Alignment::topLeading});
+  const View header = content.header(false);
+  const View amount = Amount{.value = content.spending.spent,
+                             .snapshot = content.snapshot,
+                             .size = 24,
+                             .weight = FontWeight::semibold}
+                          .padding({.top = kGap});
+  const View comparison = content.comparisonLine().padding({.top = kGap});
+  const VStack::Options leading{.alignment = HorizontalAlignment::leading, .spacing = 0};
+  const View alone = VStack{leading, header, amount, whereItFits(comparison)}.frame(
+      FlexibleFrame{.maxWidth = kInfinity, .alignment = Alignment::topLeading});
   if (!content.spending.topCategory) return alone;
-  return Fitting{figuresWithCategory(content), alone};
+  return Fitting{withCategory(content, VStack{leading, header, amount, comparison}), alone};
 }
 
 /// The labels stay as long as the bars are no lower than they are.

@@ -405,8 +405,11 @@ TEST_F(Legibility, TintedTextsStandOutFromAPlateOverAnyWallpaper) {
   constexpr double kOnGround = 3.8;
   Faults faults;
   std::size_t texts = 0;
+  std::size_t onGrounds = 0;
+  std::set<viewkit::RenderingMode> modes;
   for (const WidgetState& state : fixtures::widgetStates("en")) {
     if (state.environment.widgetRenderingMode == viewkit::RenderingMode::fullColor) continue;
+    modes.insert(state.environment.widgetRenderingMode);
     for (const WidgetLayout& layout : fixtures::kLayouts) {
       const viewkit::View view = fixtures::viewOf(layout, state);
       const viewkit::View ground = withoutTexts(view);
@@ -423,6 +426,7 @@ TEST_F(Legibility, TintedTextsStandOutFromAPlateOverAnyWallpaper) {
               const double needed = neededContrast(*text.node->text, text.element().weight);
               ++texts;
               const bool isOnGround = drawn.ground != plate;
+              onGrounds += isOnGround ? 1 : 0;
               if (isOnGround && appearance == Appearance::dark && wallpaper == 0xFFFFFF &&
                   drawn.ratio >= kOnGround) {
                 continue;
@@ -438,17 +442,36 @@ TEST_F(Legibility, TintedTextsStandOutFromAPlateOverAnyWallpaper) {
       }
     }
   }
+  EXPECT_EQ(modes.size(), 2U);
   EXPECT_GT(texts, 1000U);
+  EXPECT_GT(onGrounds, 100U);
   EXPECT_EQ(joined(faults.lines()), "");
+}
+
+/// In full colour and tinted.
+std::vector<WidgetState> placeholderStates() {
+  std::vector<WidgetState> states;
+  for (const WidgetState& state : fixtures::widgetStates("en")) {
+    if (!state.environment.redactionReasons.placeholder) continue;
+    for (const auto mode : {viewkit::RenderingMode::fullColor,
+                            viewkit::RenderingMode::accented,
+                            viewkit::RenderingMode::vibrant}) {
+      states.push_back(state);
+      states.back().environment.widgetRenderingMode = mode;
+      states.back().environment.showsWidgetContainerBackground =
+          mode == viewkit::RenderingMode::fullColor;
+    }
+  }
+  return states;
 }
 
 // A bar takes its text's colour, so what lies under it decides whether it can be seen.
 TEST_F(Legibility, PlaceholderBarsStandOutFromWhatLiesUnderThem) {
   constexpr double kLeastContrast = 1.25;
   std::size_t bars = 0;
-  for (const WidgetState& state : fixtures::widgetStates("en")) {
-    if (!state.environment.redactionReasons.placeholder) continue;
+  for (const WidgetState& state : placeholderStates()) {
     for (const WidgetLayout& layout : fixtures::kLayouts) {
+      const std::size_t before = bars;
       const viewkit::View view = fixtures::viewOf(layout, state);
       auto options = optionsFor(layout, state, kDevices[0]);
       const LayoutTree tree = renderer_.place(view, options).value();
@@ -469,9 +492,10 @@ TEST_F(Legibility, PlaceholderBarsStandOutFromWhatLiesUnderThem) {
           }
         }
       }
+      EXPECT_GT(bars, before) << layout.name;
     }
   }
-  EXPECT_GT(bars, 100U);
+  EXPECT_GT(bars, 300U);
 }
 
 }  // namespace

@@ -214,6 +214,86 @@ TEST_F(NarrowScreen, ADueLinksOverAllOfItsCardThatIsVisible) {
   EXPECT_THAT(heights(3), ::testing::ElementsAre(46, 46, 58));
 }
 
+WidgetState withNames(const std::string& name) {
+  const auto now = fixtures::morningOf("2025-03-14");
+  return {"names", now, fixtures::renamed(fixtures::richSnapshot("en", now), name), {}};
+}
+
+std::size_t amountsIn(const LayoutTree& tree, double size) {
+  const auto texts = inspection::find(tree).texts;
+  return static_cast<std::size_t>(std::ranges::count_if(
+      texts, [&](const FoundText& t) { return isFigure(t) && t.element().size == size; }));
+}
+
+TEST_F(NarrowScreen, ALongNameCostsNoPaymentAndNoCategory) {
+  const WidgetState state = withNames("The Account That Somebody Gave A Very Long Name");
+  const WidgetLayout due{"due-medium", WidgetKind::due, WidgetFamily::systemMedium};
+  const WidgetLayout spending{"spending-medium", WidgetKind::spending, WidgetFamily::systemMedium};
+  for (std::size_t screen = 0; screen < 2; ++screen) {
+    EXPECT_EQ(amountsIn(place(due, state, sizeOn(kScreens[screen], due.family)), 13.5), 3U);
+    const Size size = sizeOn(kScreens[screen], spending.family);
+    EXPECT_EQ(amountsIn(place(spending, state, size), 13), 1U);
+  }
+}
+
+TEST_F(NarrowScreen, ANameThatIsALittleTooLongShrinksBeforeItsSubtitleLeaves) {
+  const WidgetLayout layout{"due-small", WidgetKind::due, WidgetFamily::systemSmall};
+  WidgetState state = withNames("Northbank Everyday");
+  for (auto& due : state.snapshot->dues) due.subtitle = "Card";
+  const LayoutTree tree = place(layout, state, {158, 158});
+  std::vector<std::string> words;
+  for (const FoundText& text : inspection::find(tree).texts) {
+    EXPECT_FALSE(text.node->text->isCut()) << text.element().text;
+    words.push_back(text.element().text);
+  }
+  EXPECT_THAT(words, ::testing::Contains("\u2068Card\u2069"));
+}
+
+TEST_F(NarrowScreen, TheSmallCardStaysInsideItsMargins) {
+  const WidgetLayout layout{"card-limit-small", WidgetKind::cardLimit, WidgetFamily::systemSmall};
+  for (const auto& screen : kScreens) {
+    const Size size = sizeOn(screen, layout.family);
+    const LayoutTree tree = place(layout, withNames("Everyday"), size);
+    const auto found = inspection::find(tree);
+    ASSERT_FALSE(found.texts.empty());
+    const auto isFace = [](const PlacedNode* node) {
+      return node->source && node->source->component == "CardArtTile";
+    };
+    const auto face = std::ranges::find_if(found.all, isFace);
+    ASSERT_NE(face, found.all.end());
+    EXPECT_GE((*face)->frame.y, 16 - 1e-6) << size.width;
+    EXPECT_GE((*face)->frame.height, 40 - 1e-6);
+    for (const FoundText& text : found.texts) {
+      EXPECT_LE(text.node->frame.bottom(), size.height - 16 + 1e-6) << text.element().text;
+    }
+  }
+}
+
+// A bar is at least 2 em wide, but a letter's stays in its tile and a label's below its bar.
+TEST_F(NarrowScreen, APlaceholderStaysWhereItsTextStands) {
+  WidgetState state = withNames("Rent");
+  state.environment.redactionReasons.placeholder = true;
+  for (auto& due : state.snapshot->dues) due.symbol = due.brandId = std::nullopt;
+  const WidgetLayout due{"due-medium", WidgetKind::due, WidgetFamily::systemMedium};
+  const LayoutTree dues = place(due, state, {364, 170});
+  std::size_t letters = 0;
+  for (const FoundText& text : inspection::find(dues).texts) {
+    if (!text.around.isInDueTile) continue;
+    ++letters;
+    EXPECT_LE(text.node->frame.width, 0.6 * 28 + 1e-6);
+  }
+  EXPECT_EQ(letters, 3U);
+  const WidgetLayout spending{"spending-medium", WidgetKind::spending, WidgetFamily::systemMedium};
+  const LayoutTree month = place(spending, state, {364, 170});
+  std::size_t labels = 0;
+  for (const FoundText& text : inspection::find(month).texts) {
+    if (text.element().size != 9.5) continue;
+    ++labels;
+    EXPECT_LE(text.node->frame.width, 14 + 1e-6);
+  }
+  EXPECT_EQ(labels, 5U);
+}
+
 /// The first and last row and column with ink in a range of columns.
 struct InkBox {
   int left = 1 << 20;

@@ -219,7 +219,7 @@ TEST(LayoutText, PlaceholdersAreAtLeastTwoEmWide) {
 
 TEST(LayoutText, APlaceholderIsNoWiderThanItsRoom) {
   FixedCellMeasurer measurer;
-  const PlacedTree tree =
+  const LayoutTree tree =
       layOut(text("a"), {.size = {14, 20}, .placeholderRedaction = true}, measurer);
   EXPECT_NEAR(tree.root.frame.width, 14, 1e-9);
 }

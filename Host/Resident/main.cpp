@@ -8,7 +8,6 @@
 
 int main(int argc, char** argv) {
   foundation::keepMemoryPrivate();
-  foundation::keepMemoryPrivate();
   const auto options = resident::readOptions(
       std::span<const char* const>(argv + 1, static_cast<std::size_t>(argc > 0 ? argc - 1 : 0)));
   if (!options) {

@@ -4,11 +4,13 @@
 #include <unistd.h>
 
 #include <csignal>
-#include <cstdio>
 #include <memory>
 #include <optional>
+#include <tuple>
 
 #include "Foundation/Device.hpp"
+#include "Foundation/FileWriting.hpp"
+#include "Foundation/Printable.hpp"
 #include "Resident/Board.hpp"
 #include "Resident/ControlServer.hpp"
 #include "Resident/ExtensionAsker.hpp"
@@ -30,10 +32,8 @@ using surfaces::PictureFolder;
 constexpr std::string_view kDocument = "widget-snapshot.json";
 
 void logLine(const std::string& line) {
-  std::string text = "quorvel-hostd: ";
-  for (const char c : line) text += static_cast<unsigned char>(c) < 0x20 ? ' ' : c;
-  text += '\n';
-  [[maybe_unused]] const auto written = ::write(STDERR_FILENO, text.data(), text.size());
+  std::ignore =
+      foundation::writeAll(STDERR_FILENO, "quorvel-hostd: " + foundation::printable(line) + "\n");
 }
 
 widgetruntime::InitializeParameters initializeParameters(const HostOptions& options,

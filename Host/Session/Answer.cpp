@@ -14,7 +14,7 @@ Result<foundation::JsonValue> readResult(std::string_view bytes, std::int64_t id
   auto answer = widgetruntime::readAnswer(bytes);
   if (!answer) {
     return std::unexpected(
-        SessionError{SessionError::Kind::malformed, "no answer: " + printable(answer.error())});
+        SessionError{SessionError::Kind::malformed, "no answer: " + asciiLine(answer.error())});
   }
   if (answer->id != widgetruntime::RpcId{id}) {
     return std::unexpected(
@@ -24,7 +24,7 @@ Result<foundation::JsonValue> readResult(std::string_view bytes, std::int64_t id
     const widgetruntime::RpcError& error = answer->result.error();
     return std::unexpected(SessionError{
         SessionError::Kind::refused,
-        fmt::format("{} ({})", printable(error.message), static_cast<int>(error.code))});
+        fmt::format("{} ({})", asciiLine(error.message), static_cast<int>(error.code))});
   }
   return std::move(*answer->result);
 }

@@ -14,7 +14,7 @@ char shown(char c) {
 
 }  // namespace
 
-std::string printable(std::string_view text) {
+std::string asciiLine(std::string_view text) {
   std::string result(text.substr(0, kMaximumLine));
   std::ranges::transform(result, result.begin(), shown);
   return result;
@@ -37,7 +37,7 @@ std::string Diagnostics::lastLine() const {
   if (end == std::string::npos) return {};
   const std::size_t before = text_.find_last_of('\n', end);
   const std::size_t begin = before == std::string::npos ? 0 : before + 1;
-  return printable(std::string_view{text_}.substr(begin, end + 1 - begin));
+  return asciiLine(std::string_view{text_}.substr(begin, end + 1 - begin));
 }
 
 }  // namespace session

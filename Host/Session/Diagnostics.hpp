@@ -9,7 +9,7 @@ namespace session {
 
 /// At most 200 bytes of a foreign text, on one line, with a question mark for every byte that is
 /// not printable ASCII.
-[[nodiscard]] std::string printable(std::string_view text);
+[[nodiscard]] std::string asciiLine(std::string_view text);
 
 class Diagnostics {
  public:

@@ -356,6 +356,14 @@ TEST_F(HostTest, FollowsTheContainersPermissions) {
   EXPECT_TRUE(HostProcess::until([&] { return host.picture("w3") == with; }));
 }
 
+TEST_F(HostTest, LogsNothingThatATerminalObeys) {
+  host.extension = host.path("no\x1B[2Jprogram");
+  host.start();
+  ASSERT_TRUE(HostProcess::until(
+      [&] { return host.log().find("no\\u001B[2Jprogram") != std::string::npos; }));
+  EXPECT_THAT(host.log(), Not(HasSubstr("\x1B")));
+}
+
 TEST_F(HostTest, LogsNoAmount) {
   startUnreliable();
   behave("garble");

@@ -138,7 +138,7 @@ class Collector {
     for (const PlacedLine& line : text.lines) {
       const Rect box{line.x, y, line.width, height};
       std::string shown =
-          redaction_.placeholder ? blankBar(columnsIn(box)) : printable(lineText(text, line));
+          redaction_.placeholder ? blankBar(columnsIn(box)) : withoutIsolates(lineText(text, line));
       labels_.push_back({std::move(shown), box, line.baseline, text.size});
       y += height;
     }

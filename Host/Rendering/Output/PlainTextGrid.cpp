@@ -149,7 +149,7 @@ int columnsOf(std::string_view text) {
   return columns;
 }
 
-std::string printable(std::string_view text) {
+std::string withoutIsolates(std::string_view text) {
   std::string result;
   forEachScalar(text, [&](UChar32 c, std::string_view bytes) {
     if (isIsolate(c)) return;

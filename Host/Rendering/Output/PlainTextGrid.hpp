@@ -21,7 +21,7 @@ struct PlainLabel {
 [[nodiscard]] int columnsOf(std::string_view text);
 
 /// The text without directional isolates and line breaks.
-[[nodiscard]] std::string printable(std::string_view text);
+[[nodiscard]] std::string withoutIsolates(std::string_view text);
 
 struct PlainGrid {
   double width = 0;  ///< of the picture, in points

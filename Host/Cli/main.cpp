@@ -5,7 +5,9 @@
 #include "Cli/Program.hpp"
 #include "Foundation/ProcessPrivacy.hpp"
 #include "Foundation/ThisProcess.hpp"
-#include "QuorvelWidgets/ComponentSheet.hpp"
+#include "QuorvelWidgets/Gallery/ComponentSheet.hpp"
+#include "QuorvelWidgets/Gallery/DocumentStates.hpp"
+#include "QuorvelWidgets/Gallery/SnapshotStates.hpp"
 #include "QuorvelWidgets/QuorvelWidgetsExtension.hpp"
 #include "QuorvelWidgets/WidgetSupport/Snapshot/SnapshotSample.hpp"
 #include "QuorvelWidgets/WidgetSupport/Snapshot/WidgetLanguage.hpp"
@@ -18,6 +20,14 @@ std::string sampleDocument(const foundation::Device& device, std::string_view la
   return foundation::encodeJson(quorvel::sampleSnapshot(reader));
 }
 
+std::vector<cli::DocumentState> statesOnSheets() {
+  std::vector<cli::DocumentState> states;
+  for (const auto& state : quorvel::snapshotStates()) {
+    if (!state.caption.empty()) states.push_back({state.name, state.caption, state.isUsual});
+  }
+  return states;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -25,6 +35,9 @@ int main(int argc, char** argv) {
   const cli::Program program{
       .extension = quorvel::quorvelWidgetsExtension(),
       .sampleDocument = sampleDocument,
+      .states = statesOnSheets(),
+      .documentInState = quorvel::documentInState,
+      .documentWithOtherAmounts = quorvel::documentWithOtherAmounts,
       .componentSheet = quorvel::componentSheet,
       .componentSheetWidth = quorvel::kComponentSheetWidth,
       .languages = {quorvel::kLanguageCodes.begin(), quorvel::kLanguageCodes.end()},

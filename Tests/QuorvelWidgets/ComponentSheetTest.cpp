@@ -4,7 +4,7 @@
 #include <set>
 #include <string>
 
-#include "QuorvelWidgets/ComponentSheet.hpp"
+#include "QuorvelWidgets/Gallery/ComponentSheet.hpp"
 #include "Tests/Support/Approval.hpp"
 #include "Tests/Support/ViewInspection.hpp"
 #include "ViewKit/Dump.hpp"

@@ -62,7 +62,7 @@ std::vector<WidgetState> heavyStates(std::string_view lang) {
     states.push_back({name, now, fixtures::richSnapshot(lang, now), {}});
     change(*states.back().snapshot);
   };
-  const auto heavy = [](WidgetSnapshot& s, double factor) { s = fixtures::scaled(s, factor); };
+  const auto heavy = [](WidgetSnapshot& s, double factor) { s = quorvel::scaled(s, factor); };
   for (const std::string symbol : {"$", "₽", "Rp ", "CHF ", "د.إ "}) {
     add("nine digits", [&](auto& s) {
       heavy(s, 1234.5678);

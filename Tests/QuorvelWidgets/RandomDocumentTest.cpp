@@ -296,7 +296,7 @@ TEST(LargeDocuments, LongHistoriesAreCutToWhatCanBeSeen) {
 TEST(LargeDocuments, ANameOfAMegabyteStillGivesAReadableTree) {
   const std::string name(1 << 20, 'n');
   WidgetSnapshot snapshot =
-      fixtures::renamed(fixtures::richSnapshot("en", fixtures::morningOf("2025-03-14")), name);
+      quorvel::renamed(fixtures::richSnapshot("en", fixtures::morningOf("2025-03-14")), name);
   snapshot.money.symbol = name;
   for (auto& card : snapshot.cards) card.id = card.bankName = card.last4.emplace(name);
   for (auto& due : snapshot.dues) {

@@ -13,6 +13,7 @@
 #include "Foundation/Instant.hpp"
 #include "QuorvelWidgets/CardLimit/CardLimitView.hpp"
 #include "QuorvelWidgets/Due/DueWidgetView.hpp"
+#include "QuorvelWidgets/Gallery/SnapshotStates.hpp"
 #include "QuorvelWidgets/NetWorth/NetWorthWidgetView.hpp"
 #include "QuorvelWidgets/SafeToSpend/SafeToSpendView.hpp"
 #include "QuorvelWidgets/Spending/SpendingWidgetView.hpp"
@@ -108,138 +109,15 @@ inline WidgetSnapshot richSnapshot(std::string_view lang, foundation::Instant da
   return snapshot;
 }
 
-inline WidgetSnapshot renamed(WidgetSnapshot snapshot, const std::string& name) {
-  for (auto& card : snapshot.cards) card.productName = name;
-  for (auto& due : snapshot.dues) due.name = due.subtitle.emplace(name);
-  snapshot.spending->topCategory = name;
-  return snapshot;
-}
-
-/// Every amount times `factor`.
-inline WidgetSnapshot scaled(WidgetSnapshot snapshot, double factor) {
-  std::vector<double*> amounts{&snapshot.totalLimit,
-                               &snapshot.totalRemaining,
-                               &snapshot.budget->total,
-                               &snapshot.budget->spent,
-                               &snapshot.spending->spent,
-                               &snapshot.spending->lastMonthSpent,
-                               &snapshot.spending->topCategoryAmount,
-                               &snapshot.netWorth->value,
-                               &snapshot.netWorth->assets,
-                               &snapshot.netWorth->liabilities,
-                               &*snapshot.netWorth->liquid,
-                               &*snapshot.netWorth->nonLiquid};
-  for (auto& card : snapshot.cards) amounts.insert(amounts.end(), {&card.limit, &card.remaining});
-  for (auto& due : snapshot.dues) amounts.push_back(&due.amount);
-  for (auto& point : snapshot.netWorth->history) amounts.push_back(&point.value);
-  for (double& day : snapshot.spending->daily) amounts.push_back(&day);
-  for (double* amount : amounts) *amount *= factor;
-  return snapshot;
-}
-
 namespace detail {
-
-inline constexpr const char* kLongName =
-    "The Extraordinarily Long Name That Somebody Gave To This Payment And Never Shortened Again";
 
 inline void addDocumentStates(std::vector<WidgetState>& states, std::string_view lang) {
   const auto now = morningOf("2025-03-14");
   const WidgetSnapshot rich = richSnapshot(lang, now);
-  const auto add = [&](std::string_view name, const std::function<void(WidgetSnapshot&)>& change) {
-    WidgetSnapshot snapshot = rich;
-    change(snapshot);
-    states.push_back({name, now, std::move(snapshot), {}});
-  };
-  add("full", [](auto&) {});
-  add("empty", [](auto& s) {
-    s.cards.clear();
-    s.dues.clear();
-    s.budget.reset();
-    s.spending.reset();
-    s.netWorth.reset();
-  });
-  add("hidden", [](auto& s) { s.isHidden = true; });
-  add("exceeded", [](auto& s) { s.budget->spent = s.budget->total + 210; });
-  add("exceeded-hidden", [](auto& s) {
-    s.budget->spent = s.budget->total + 210;
-    s.isHidden = true;
-  });
-  add("a-bit-fast", [](auto& s) { s.budget->spent = 1550; });
-  add("critical-pace", [](auto& s) { s.budget->spent = 2900; });
-  add("middle-use", [](auto& s) {
-    s.totalRemaining = 12000;
-    for (auto& card : s.cards) card.remaining = card.limit * 0.4;
-  });
-  add("heavy-use", [](auto& s) {
-    s.totalRemaining = 300;
-    for (auto& card : s.cards) card.remaining = 0;
-  });
-  add("due-today", [](auto& s) {
-    s.dues[0].dueDate = "2025-03-14";
-    s.dues[1].dueDate = "2025-03-15";
-    s.dues[2].dueDate = "2026-03-15";
-  });
-  add("bare-dues", [](auto& s) {
-    for (auto& due : s.dues) {
-      due.cardId.reset();
-      due.face.reset();
-      due.subtitle.reset();
-      due.brandId.reset();
-      due.symbol.reset();
-    }
-  });
-  add("light-faces", [](auto& s) {
-    for (auto& card : s.cards) card.gradient = {"#FFFFFF", "#F2D16B"};
-    for (auto& due : s.dues) due.face = {"#FFFFFF", "#F2D16B"};
-  });
-  add("spent-more", [](auto& s) {
-    s.spending->lastMonthSpent = 630;
-    s.netWorth->changePercent = -3.3;
-  });
-  add("unchanged", [](auto& s) {
-    s.spending->lastMonthSpent = s.spending->spent;
-    s.netWorth->changePercent = 0;
-  });
-  add("nothing-to-compare", [](auto& s) {
-    s.spending->lastMonthSpent = 0;
-    s.netWorth->changePercent.reset();
-  });
-  add("no-category", [](auto& s) { s.spending->topCategory.reset(); });
-  add("no-split", [](auto& s) { s.netWorth->liquid.reset(); });
-  add("negative-net-worth", [](auto& s) {
-    s.netWorth->value = -97260.5;
-    for (auto& point : s.netWorth->history) point.value *= -1;
-  });
-  add("one-of-each", [](auto& s) {
-    s.cards.resize(1);
-    s.dues.resize(1);
-    s.netWorth->history.resize(1);
-  });
-  add("nine-cards", [](auto& s) {
-    while (s.cards.size() < 9) s.cards.push_back(s.cards[s.cards.size() - 5]);
-  });
-  add("no-history", [](auto& s) {
-    s.netWorth->history.clear();
-    s.spending->daily.clear();
-  });
-  add("sixty-months", [](auto& s) {
-    s.netWorth->history.clear();
-    for (int month = 0; month < 60; ++month) {
-      const std::string number = std::to_string(month % 12 + 101).substr(1);
-      s.netWorth->history.push_back(
-          {std::to_string(2020 + month / 12) + "-" + number, 50000 + 700.0 * month});
-    }
-  });
-  states.push_back({"long-names", now, renamed(rich, kLongName), {}});
-  states.push_back(
-      {"emoji-names", now, renamed(rich, "👨‍👩‍👧‍👦🏠 Familie 🇮🇩"), {}});
-  states.push_back({"thai-names", now, renamed(rich, "ธนาคารกรุงเทพ บัตรเครดิต"), {}});
-  states.push_back({"hebrew-names", now, renamed(rich, "תשלום חודשי לחברת החשמל"), {}});
-  states.push_back({"huge-amounts", now, scaled(rich, 123456789.123), {}});
-  states.push_back({"tiny-amounts", now, scaled(rich, 1e-5), {}});
-  states.back().snapshot->money.showDecimals = true;
-  states.push_back({"long-currency", now, rich, {}});
-  states.back().snapshot->money = {.symbol = "Rp ", .showDecimals = true, .conversionRate = 16250};
+  states.push_back({"full", now, rich, {}});
+  for (const auto& state : quorvel::snapshotStates()) {
+    states.push_back({state.name, now, quorvel::inState(rich, state.name), {}});
+  }
 }
 
 inline void addDayStates(std::vector<WidgetState>& states, std::string_view lang) {

@@ -12,7 +12,6 @@
 #include "Cli/MemoryFile.hpp"
 #include "Cli/Output.hpp"
 #include "Cli/Picture.hpp"
-#include "Cli/Sheet/DocumentVariants.hpp"
 #include "Foundation/FileManager.hpp"
 #include "Rendering/Images/PngEncoder.hpp"
 #include "Session/HostEnvironment.hpp"
@@ -30,13 +29,13 @@ using Times = std::array<double, kStages>;
 
 /// With --isolated the child answers whole requests, which cannot be told apart: all of them count
 /// as "parse".
-class Workshop {
+class BenchRunner {
  public:
-  Workshop(Guest& guest,
-           const widgetruntime::Widget* widget,
-           widgetruntime::EntriesParameters parameters,
-           rendering::RenderOptions how,
-           rendering::PngSize png)
+  BenchRunner(Guest& guest,
+              const widgetruntime::Widget* widget,
+              widgetruntime::EntriesParameters parameters,
+              rendering::RenderOptions how,
+              rendering::PngSize png)
       : guest_(guest),
         widget_(widget),
         parameters_(std::move(parameters)),
@@ -168,26 +167,27 @@ std::string report(const Measured& measured, std::string_view kind, std::string_
   return text + "}\n";
 }
 
-Result<Measured> measure(Workshop& workshop,
+Result<Measured> measure(BenchRunner& runner,
                          MemoryFile& file,
-                         const foundation::JsonValue& document,
-                         const Options& options) {
+                         const std::string& document,
+                         const Options& options,
+                         const Program& program) {
   Measured measured;
   measured.images.reserve(static_cast<std::size_t>(options.images));
   for (int i = -options.warmup; i < options.images; ++i) {
     // The amounts are edited outside of what is measured.
-    if (auto done = file.replace(documentWithOtherAmounts(document, i + options.warmup)); !done) {
-      return std::unexpected(done.error());
-    }
+    const auto changed = program.documentWithOtherAmounts(document, i + options.warmup);
+    if (!changed) return refused("the document cannot be read");
+    if (auto done = file.replace(*changed); !done) return std::unexpected(done.error());
     const double before = cpuMilliseconds();
-    const auto times = workshop.image();
+    const auto times = runner.image();
     if (!times) return std::unexpected(times.error());
     if (i < 0) continue;
     measured.cpu += cpuMilliseconds() - before;
     measured.images.push_back(*times);
   }
   measured.cpu /= options.images;
-  measured.pngBytes = workshop.pngBytes();
+  measured.pngBytes = runner.pngBytes();
   return measured;
 }
 
@@ -198,8 +198,10 @@ Result<void> bench(const Options& options, const Program& program) {
   auto base = Guest::open(options.source, program);
   if (!base) return std::unexpected(base.error());
   const auto text = foundation::contentsOfFile(base->document().string());
-  const auto document = foundation::parseJson(text ? *text : program.sampleDocument(device, {}));
-  if (!document) return refused(documentProblem(*base, device));
+  const std::string document = text ? *text : program.sampleDocument(device, {});
+  if (!program.documentWithOtherAmounts(document, 0)) {
+    return refused(documentProblem(*base, device));
+  }
   auto file = MemoryFile::make({});
   if (!file) return std::unexpected(file.error());
   SourceOptions source = options.source;
@@ -220,13 +222,13 @@ Result<void> bench(const Options& options, const Program& program) {
   }
   const auto family =
       options.picture.family.value_or(session::defaultFamily((*listing)->description.families));
-  Workshop workshop{
+  BenchRunner runner{
       *guest,
       widget,
       entriesParameters((*listing)->description.kind, family, options.picture, device),
       renderOptions(family, options.picture, device, guest->images()),
       options.output.png};
-  const auto measured = measure(workshop, *file, *document, options);
+  const auto measured = measure(runner, *file, document, options, program);
   if (!measured) return std::unexpected(measured.error());
   return print(report(*measured, (*listing)->description.kind, widgetruntime::name(family)));
 }

@@ -46,7 +46,7 @@ class Readers {
     if (const std::string problem = documentProblem(*guest, device_); !problem.empty()) {
       complain("warning: " + problem + "\n");
     }
-    const auto scenes = scenesOf(options_.axes);
+    const auto scenes = scenesOf(options_.axes, program_.states);
     const bool isPlain = scenes.size() == 1 && options_.axes.languages.empty();
     if (isPlain) {
       readers.push_back({{}, {}, device_, *std::move(guest)});
@@ -71,20 +71,19 @@ class Readers {
   }
 
   void findDocument(const Guest& guest) {
-    if (options_.demonstration) return;
-    const auto text = foundation::contentsOfFile(guest.document().string());
-    auto parsed = text ? foundation::parseJson(*text) : std::unexpected(foundation::JsonProblem{});
-    if (parsed) document_ = *std::move(parsed);
+    if (!options_.demonstration) document_ = foundation::contentsOfFile(guest.document().string());
   }
 
   /// The document that is there, else a sample; days other than today have a sample of their own.
-  foundation::JsonValue documentOn(const foundation::Device& device,
-                                   bool isToday,
-                                   const std::string& language) const {
-    if (document_ && isToday) return *document_;
-    return foundation::parseJson(
-               program_.sampleDocument(device, language.empty() ? options_.language : language))
-        .value_or(foundation::JsonValue{});
+  std::string documentOf(const Scene& scene,
+                         const foundation::Device& device,
+                         const std::string& language) const {
+    if (!scene.hasDocument) return {};
+    const std::string document =
+        document_ && scene.day.empty()
+            ? *document_
+            : program_.sampleDocument(device, language.empty() ? options_.language : language);
+    return program_.documentInState(document, scene.state, language);
   }
 
   Result<Reader> variant(const Scene& scene,
@@ -96,8 +95,7 @@ class Readers {
       device.now = foundation::parseInternetDateTime(std::string(scene.day) + "T12:00:00Z")
                        .value_or(device.now);
     }
-    const auto document = documentOn(device, scene.day.empty(), language);
-    auto file = MemoryFile::make(documentText(document, scene.state, language));
+    auto file = MemoryFile::make(documentOf(scene, device, language));
     if (!file) return std::unexpected(file.error());
     SourceOptions source = options_.source;
     source.container = images;
@@ -113,7 +111,7 @@ class Readers {
   const Options& options_;
   const Program& program_;
   foundation::Device device_;
-  std::optional<foundation::JsonValue> document_;
+  std::optional<std::string> document_;
   std::vector<MemoryFile> files_;
 };
 

@@ -11,39 +11,16 @@ using viewkit::RenderingMode;
 
 constexpr viewkit::Rgb kTint = 0x2F8F6B;
 
-constexpr std::array kStates{
-    Scene{.caption = "amounts hidden by the application", .state = DocumentState::hidden},
+constexpr std::array kHostStates{
     Scene{.caption = "hidden by the host", .redaction = {.privacy = true}},
     Scene{.caption = "placeholder", .redaction = {.placeholder = true}},
-    Scene{.caption = "no data", .state = DocumentState::noData},
-    Scene{.caption = "no document", .state = DocumentState::noDocument},
+    Scene{.caption = "no document", .hasDocument = false},
 };
 
-constexpr Scene extreme(DocumentState state) {
-  return {.caption = {}, .state = state, .redaction = {}, .day = {}, .isExtreme = true};
-}
-constexpr Scene dayScene(std::string_view caption, std::string_view day) {
-  return {.caption = caption, .day = day, .isExtreme = true};
-}
-
-constexpr std::array kExtremes{
-    extreme(DocumentState::longNames),
-    extreme(DocumentState::emojiNames),
-    extreme(DocumentState::thaiNames),
-    extreme(DocumentState::hebrewNames),
-    extreme(DocumentState::hugeAmounts),
-    extreme(DocumentState::tinyAmounts),
-    extreme(DocumentState::longCurrency),
-    extreme(DocumentState::overBudget),
-    extreme(DocumentState::belowZero),
-    extreme(DocumentState::oneOfEach),
-    extreme(DocumentState::nineCards),
-    extreme(DocumentState::noHistory),
-    extreme(DocumentState::sixtyMonths),
-    extreme(DocumentState::lightFaces),
-    dayScene("first day of a month", "2025-03-01"),
-    dayScene("last day of a month of 31", "2025-03-31"),
-    dayScene("a month of 28 days", "2025-02-17"),
+constexpr std::array kDays{
+    Scene{.caption = "first day of a month", .day = "2025-03-01", .isExtreme = true},
+    Scene{.caption = "last day of a month of 31", .day = "2025-03-31", .isExtreme = true},
+    Scene{.caption = "a month of 28 days", .day = "2025-02-17", .isExtreme = true},
 };
 
 }  // namespace
@@ -54,12 +31,21 @@ void join(std::string& caption, std::string_view part) {
   caption += part;
 }
 
-std::vector<Scene> scenesOf(const SheetAxes& axes) {
+std::vector<Scene> scenesOf(const SheetAxes& axes, const std::vector<DocumentState>& states) {
   std::vector<Scene> scenes{Scene{}};
-  if (axes.states) scenes.insert(scenes.end(), kStates.begin(), kStates.end());
-  if (axes.extremes) scenes.insert(scenes.end(), kExtremes.begin(), kExtremes.end());
-  for (Scene& scene : scenes) {
-    if (scene.caption.empty()) scene.caption = name(scene.state);
+  const auto addStates = [&](bool usual) {
+    for (const DocumentState& state : states) {
+      if (state.isUsual != usual) continue;
+      scenes.push_back({.caption = state.caption, .state = state.name, .isExtreme = !usual});
+    }
+  };
+  if (axes.states) {
+    addStates(true);
+    scenes.insert(scenes.end(), kHostStates.begin(), kHostStates.end());
+  }
+  if (axes.extremes) {
+    addStates(false);
+    scenes.insert(scenes.end(), kDays.begin(), kDays.end());
   }
   return scenes;
 }

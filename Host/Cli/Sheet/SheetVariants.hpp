@@ -6,16 +6,17 @@
 #include <vector>
 
 #include "Cli/Options/Options.hpp"
-#include "Cli/Sheet/DocumentVariants.hpp"
+#include "Cli/Program.hpp"
 
 namespace cli {
 
 /// What the document says, on which day, and what the host hides of it.
 struct Scene {
   std::string_view caption;
-  DocumentState state = DocumentState::asWritten;
+  std::string_view state;  ///< of the document; empty: as it is written
   viewkit::RedactionReasons redaction;
-  std::string_view day;    ///< "2025-02-28": the sample of that day; empty: the present
+  std::string_view day;  ///< "2025-02-28": the sample of that day; empty: the present
+  bool hasDocument = true;
   bool isExtreme = false;  ///< of interest only where it changes something
 };
 
@@ -29,7 +30,8 @@ struct Setting {
 };
 
 /// The usual one first.
-[[nodiscard]] std::vector<Scene> scenesOf(const SheetAxes& axes);
+[[nodiscard]] std::vector<Scene> scenesOf(const SheetAxes& axes,
+                                          const std::vector<DocumentState>& states);
 [[nodiscard]] std::vector<Setting> settingsOf(const SheetAxes& axes);
 
 /// Adds a part to a caption, behind a dot.

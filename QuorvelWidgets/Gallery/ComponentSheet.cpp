@@ -1,4 +1,4 @@
-#include "QuorvelWidgets/ComponentSheet.hpp"
+#include "QuorvelWidgets/Gallery/ComponentSheet.hpp"
 
 #include <limits>
 #include <utility>

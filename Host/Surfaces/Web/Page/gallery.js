@@ -7,7 +7,7 @@ import { sizeOf } from './grid.js';
 import { letters, sizeField } from './sheet.js';
 import { startDrag } from './drag.js';
 
-const kWidths = { systemSmall: 110, systemMedium: 206, systemLarge: 180 };
+const kWidths = { systemSmall: 110, systemMedium: 198, systemLarge: 180 };
 const list = $('#offers');
 const search = $('#search');
 

@@ -9,7 +9,7 @@
 #include <fstream>
 #include <set>
 
-#include "HostProcess.hpp"
+#include "HostFixture.hpp"
 
 namespace resident {
 namespace {
@@ -17,49 +17,8 @@ namespace {
 namespace fs = std::filesystem;
 using namespace std::chrono_literals;
 using ::testing::HasSubstr;
-using ::testing::Not;
 using ::testing::SizeIs;
 using testsupport::contentsOf;
-
-class HostTest : public ::testing::Test {
- protected:
-  /// Asks for a reload without a pause until every widget is live.
-  bool comesBack() {
-    return HostProcess::until([&] {
-      host.ask("reload");
-      return host.haveAll("live");
-    });
-  }
-
-  void startLive() {
-    host.writeDocument(household());
-    host.start();
-    ASSERT_TRUE(HostProcess::until([&] { return host.areAll("live"); })) << host.log();
-    ASSERT_TRUE(HostProcess::until([&] { return !host.picture("w5").empty(); }));
-  }
-  void startUnreliable() {
-    host.extension = UNRELIABLE_CHILD;
-    startLive();
-  }
-  void behave(const std::string& how) { std::ofstream(host.path("home/behaviour")) << how; }
-  /// The picture of the net worth that is drawn of such a document.
-  std::string pictureOf(int factor) {
-    HostProcess other;
-    other.writeDocument(household(factor));
-    other.start();
-    EXPECT_TRUE(HostProcess::until(
-        [&] { return other.areAll("live") && hasKept(other, "w3") && !isHidden(other); }));
-    return other.picture("w3");
-  }
-  static bool hasKept(const HostProcess& host, const std::string& id) {
-    return !host.picture(id).empty();
-  }
-  static bool isHidden(HostProcess& host) {
-    return *host.ask("status").member("hidden")->boolean();
-  }
-
-  HostProcess host;
-};
 
 TEST_F(HostTest, PlacesAndDrawsOneOfEachWidget) {
   startLive();
@@ -133,18 +92,6 @@ TEST_F(HostTest, HidesWithoutTheExtensionAndStaysHidden) {
   EXPECT_TRUE(HostProcess::until([&] { return host.picture("w3") == open; }));
 }
 
-TEST_F(HostTest, HidesWhileTheExtensionHangs) {
-  startUnreliable();
-  const std::string open = host.picture("w3");
-  behave("hang");
-  host.ask("reload");
-  const auto begin = std::chrono::steady_clock::now();
-  host.ask("hide", R"({"hide":"on"})");
-  ASSERT_TRUE(HostProcess::until([&] { return host.picture("w3") != open; }));
-  // A hung timeline takes five seconds.
-  EXPECT_LT(std::chrono::steady_clock::now() - begin, 2s);
-}
-
 TEST_F(HostTest, KeepsRedactedPicturesForTheNextStart) {
   startLive();
   const std::string kept = host.path("state/quorvel-host/pictures/w3.pictures.light.fullColor.png");
@@ -157,100 +104,6 @@ TEST_F(HostTest, KeepsRedactedPicturesForTheNextStart) {
   host.ask("remove", R"({"id":"w3"})");
   EXPECT_TRUE(HostProcess::until([&] { return !fs::exists(kept); }));
   EXPECT_FALSE(fs::exists(host.path("pictures/w3.png")));
-}
-
-TEST_F(HostTest, ShowsTheRedactedPictureWhileTheExtensionDoesNotStart) {
-  startLive();
-  const std::string kept = host.path("state/quorvel-host/pictures/w3.pictures.light.fullColor.png");
-  ASSERT_TRUE(HostProcess::until([&] { return fs::exists(kept); }));
-  host.stop();
-  fs::remove(host.path("pictures/w3.png"));
-  host.extension = "/bin/false";
-  host.start();
-  EXPECT_TRUE(HostProcess::until([&] { return host.picture("w3") == contentsOf(kept); }));
-  EXPECT_TRUE(HostProcess::until(
-      [&] { return host.log().find("the extension does not start") != std::string::npos; }));
-}
-
-TEST_F(HostTest, ComesBackAfterAKillAtEveryRequest) {
-  startLive();
-  for (int i = 0; i < 30; ++i) {
-    if (const pid_t child = host.extensionId(); child > 0) ::kill(child, SIGKILL);
-    // Who is killed so often comes into quarantine; what a person asks passes all the same.
-    ASSERT_TRUE(HostProcess::until([&] {
-      host.ask("reload");
-      return HostProcess::until([&] { return !host.isAsking(); }) && host.areAll("live");
-    })) << i;
-  }
-}
-
-TEST_F(HostTest, LivesWhileItsExtensionIsKilledAtAnyMoment) {
-  startLive();
-  for (int i = 0; i < 100; ++i) {
-    host.ask("reload");
-    if (const pid_t child = host.extensionId(); child > 0) ::kill(child, SIGKILL);
-  }
-  ASSERT_TRUE(comesBack()) << host.log();
-}
-
-class Misbehaviour : public HostTest, public ::testing::WithParamInterface<const char*> {};
-
-TEST_P(Misbehaviour, CostsNothingButCurrency) {
-  startUnreliable();
-  const std::string good = host.picture("w3");
-  behave(GetParam());
-  host.ask("reload");
-  ASSERT_TRUE(HostProcess::until([&] { return host.textOf("w3", "state") == "stale"; }));
-  EXPECT_NE(host.textOf("w3", "reason"), "");
-  EXPECT_NE(host.textOf("w3", "since"), "");
-  EXPECT_THAT(host.log(), HasSubstr(": widget/timeline: "));
-  // The last picture stands, paler.
-  ASSERT_TRUE(HostProcess::until([&] { return host.picture("w3") != good; }));
-  behave("");
-  ASSERT_TRUE(comesBack()) << host.log();
-  EXPECT_TRUE(HostProcess::until([&] { return host.picture("w3") == good; }));
-}
-
-TEST_P(Misbehaviour, AtTheStartDelaysTheWidgets) {
-  host.extension = UNRELIABLE_CHILD;
-  host.writeDocument(household());
-  behave(std::string(GetParam()) + " initialize");
-  host.start();
-  ASSERT_TRUE(HostProcess::until([&] {
-    return host.log().find("the extension does not start: UnreliableChild: initialize: ") !=
-           std::string::npos;
-  }));
-  behave("");
-  ASSERT_TRUE(comesBack()) << host.log();
-  EXPECT_TRUE(HostProcess::until([&] { return hasKept(host, "w5"); }));
-}
-
-TEST_P(Misbehaviour, AtTheControlsIntentIsSaid) {
-  startUnreliable();
-  behave(std::string(GetParam()) + " intent/perform");
-  const auto refused = host.ask("perform", R"({"intent":"AddExpenseIntent"})");
-  ASSERT_NE(refused.member("error"), nullptr);
-  EXPECT_THAT(*refused.member("error")->string(), HasSubstr("intent/perform"));
-  behave("");
-  ASSERT_TRUE(comesBack()) << host.log();
-}
-
-INSTANTIATE_TEST_SUITE_P(,
-                         Misbehaviour,
-                         ::testing::Values("die", "hang", "flood", "garble"),
-                         [](const auto& test) { return std::string(test.param); });
-
-TEST_F(HostTest, ShowsNoAmountOfADocumentThatTheExtensionCannotRead) {
-  startUnreliable();
-  const std::string open = host.picture("w3");
-  behave("die");
-  host.writeDocument(household(2));
-  ASSERT_TRUE(HostProcess::until([&] { return host.textOf("w3", "state") == "stale"; }));
-  host.ask("hide", R"({"hide":"on"})");
-  ASSERT_TRUE(HostProcess::until([&] { return host.picture("w3") != open; }));
-  const std::string redacted = host.picture("w3");
-  host.ask("hide", R"({"hide":"off"})");
-  EXPECT_EQ(host.picture("w3"), redacted);
 }
 
 TEST_F(HostTest, RunsOnce) {
@@ -270,18 +123,6 @@ TEST_F(HostTest, EndsWithItsExtension) {
   EXPECT_EQ(host.stop(), 0);
   EXPECT_NE(::kill(child, 0), 0);
   EXPECT_FALSE(fs::exists(host.path("run/quorvel-host/control")));
-}
-
-TEST_F(HostTest, EndsSoonWhileItsExtensionHangs) {
-  startUnreliable();
-  const pid_t child = host.extensionId();
-  behave("hang");
-  host.ask("reload");
-  const auto begin = std::chrono::steady_clock::now();
-  EXPECT_EQ(host.stop(), 0);
-  // A hung timeline takes five seconds.
-  EXPECT_LT(std::chrono::steady_clock::now() - begin, 2s);
-  EXPECT_TRUE(HostProcess::until([&] { return ::kill(child, 0) != 0; }));
 }
 
 TEST_F(HostTest, KeepsPlacementsOverARestart) {
@@ -362,16 +203,6 @@ TEST_F(HostTest, LogsNothingThatATerminalObeys) {
   ASSERT_TRUE(HostProcess::until(
       [&] { return host.log().find("no\\u001B[2Jprogram") != std::string::npos; }));
   EXPECT_THAT(host.log(), Not(HasSubstr("\x1B")));
-}
-
-TEST_F(HostTest, LogsNoAmount) {
-  startUnreliable();
-  behave("garble");
-  host.ask("reload");
-  ASSERT_TRUE(HostProcess::until([&] { return host.textOf("w3", "state") == "stale"; }));
-  for (const char* amount : {"412", "15.99", "2400", "591", "8320"}) {
-    EXPECT_THAT(host.log(), Not(HasSubstr(amount)));
-  }
 }
 
 TEST_F(HostTest, SleepsWhileNothingHappens) {

@@ -70,6 +70,7 @@ void Presenter::presentOn(Place& place,
   Shown shown{.state = timeline.state(), .reason = timeline.reason(), .isHidden = redacted};
   const auto mode = place.demand.options.mode;
   const auto* tree = timeline.treeAt(moment.now, mode, redacted);
+  place.link = tree == nullptr ? "" : tree->link.value_or("");
   if (tree == nullptr) {
     if (!place.isRecalled && moment.isKept && place.demand.medium == Medium::bitmap) {
       recall(place);
@@ -77,7 +78,7 @@ void Presenter::presentOn(Place& place,
     return show(place, std::move(shown));
   }
   shown.summary = tree->summary;
-  shown.link = tree->link.value_or("");
+  shown.link = place.link;
   shown.asOf = timeline.generatedAt(moment.now);
   DrawRequest request = requestFor(place, tree->view, redacted);
   request.isForced = place.lacksPicture;
@@ -179,7 +180,7 @@ std::string Presenter::linkOf(const std::string& id, std::optional<std::size_t> 
     if (region && *region < place.links.size() && !place.links[*region].empty()) {
       return place.links[*region];
     }
-    if (own.empty()) own = place.shown.link;
+    if (own.empty()) own = place.link;
   }
   return own;
 }

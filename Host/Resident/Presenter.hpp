@@ -62,6 +62,7 @@ class Presenter {
     surfaces::Subject subject;
     surfaces::Demand demand;
     surfaces::Shown shown;           // without the picture
+    std::string link;                // of the present entry, drawn or not yet
     std::vector<std::string> links;  // of the picture's elements
     std::chrono::microseconds took{};
     bool mustHide = true;

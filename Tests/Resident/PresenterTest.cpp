@@ -52,6 +52,13 @@ TEST_F(PresenterTest, ShowsWhatWasDrawn) {
   EXPECT_NE(surface.last().picture, nullptr);
 }
 
+TEST_F(PresenterTest, KnowsTheLinkBeforeThePictureIsDrawn) {
+  present(answered(), false);
+  EXPECT_EQ(presenter.linkOf("w1", std::nullopt), "quorvel-widget://Kind");
+  present({}, false);
+  EXPECT_EQ(presenter.linkOf("w1", std::nullopt), "");
+}
+
 TEST_F(PresenterTest, DrawsTheMaskedTreeWhileHidden) {
   present(answered(), true);
   EXPECT_TRUE(painter.drawings[0].isRedacted());

@@ -209,7 +209,6 @@ function addCard(placement) {
   card.more.onclick = () => board.openMenu(card);
   $('.under', card.element).onclick = ({ target: at }) => { if (!card.more.contains(at)) board.select(card); };
   card.element.oncontextmenu = (event) => { event.preventDefault(); board.openMenu(card, event); };
-  refresh(card);
 }
 
 const refresh = async (card) => { await card.refresh(); showLamp(); };
@@ -217,12 +216,10 @@ const refreshAll = () => { for (const card of board.cards.values()) refresh(card
 
 // ---- what the host says
 
-async function load() {
-  const answer = await attempt(() => get('state'));
-  if (answer) take(answer);
-}
+const load = async () => take(await attempt(() => get('state')));
 
 function take(next) {
+  if (!next) return;
   const before = state;
   state = next;
   const isMasked = state.hidden || state.locked;
@@ -234,16 +231,23 @@ function take(next) {
   $('#control').hidden = !state.control;
   $('#control span').textContent = state.control?.name;
   if (JSON.stringify([before.zone, before.clockChanges]) !== JSON.stringify([state.zone, state.clockChanges])) setZone(state.zone, state.clockChanges);
-  if (JSON.stringify(before.gallery) !== JSON.stringify(state.gallery)) gallery.show(state.gallery, board);
-  else if (isMasked !== (before.hidden || before.locked)) gallery.redraw();
+  const hasOffers = JSON.stringify(before.gallery) !== JSON.stringify(state.gallery);
+  if (hasOffers) gallery.show(state.gallery, board);
+  const asked = [];
   for (const [id, card] of board.cards) if (!state.placements.some((placement) => placement.id === id)) { card.element.remove(); board.cards.delete(id); }
   for (const placement of state.placements) {
     const card = board.cards.get(placement.id);
     const is = ({ family, configuration }) => JSON.stringify([family, configuration]);
     const hasChanged = card && is(card.placement) !== is(placement);
     if (card) card.update(placement); else addCard(placement);
-    if (hasChanged) refresh(card);
+    if (hasChanged || !card) asked.push(refresh(board.cards.get(placement.id)));
   }
+  // What is placed comes before what could be.
+  const isOther = before.zone && isMasked !== (before.hidden || before.locked);
+  if (hasOffers || isOther) Promise.all(asked).then(gallery.redraw);
+  // No picture with amounts outlives their hiding, whatever becomes of the questions for others.
+  if (isOther && isMasked) for (const holder of all('.picture, .thumb, .preview div')) holder.shadowRoot?.replaceChildren();
+  if (isOther) refreshAll();
   $('#empty').hidden = board.cards.size > 0;
   board.preview();
   showLamp();
@@ -288,8 +292,14 @@ if (innerWidth < 1200) document.body.classList.add('plain');
 new ResizeObserver(() => board.preview()).observe(canvas);
 onView.push(refreshAll);
 keys.build(board);
-listen(hear, (open) => {
+// Asked beside the stream of events, so that neither waits for the other.
+let first = get('state');
+first.catch(() => {});
+listen(hear, async (open) => {
   isOpen = open;
-  showLamp();
-  if (open) load().then(refreshAll);
+  if (!open) return showLamp();
+  const isAgain = !first;
+  take(await attempt(() => first ?? get('state')));
+  first = null;
+  return isAgain && refreshAll();
 });

@@ -35,7 +35,6 @@ class Offer {
     add.onclick = () => board.add(offer.kind, this.family);
     $('.preview', this.element).onpointerdown = (event) =>
       startDrag(event, board, { family: this.family }, (cell) => board.add(offer.kind, this.family, cell));
-    this.draw();
   }
 
   get isOpen() { return this.element.hasAttribute('data-open'); }

@@ -216,7 +216,7 @@ TEST_F(NarrowScreen, ADueLinksOverAllOfItsCardThatIsVisible) {
 
 WidgetState withNames(const std::string& name) {
   const auto now = fixtures::morningOf("2025-03-14");
-  return {"names", now, fixtures::renamed(fixtures::richSnapshot("en", now), name), {}};
+  return {"names", now, quorvel::renamed(fixtures::richSnapshot("en", now), name), {}};
 }
 
 std::size_t amountsIn(const LayoutTree& tree, double size) {

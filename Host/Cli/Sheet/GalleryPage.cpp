@@ -18,13 +18,13 @@ constexpr std::string_view kHead = R"(<!doctype html>
 <meta name="color-scheme" content="light dark">
 <title>Quorvel widgets</title>
 <style>
-  :root { --page: #f4f4f2; --text: #17181a; --quiet: #63666b; --line: #dcdcd8; --u: 1px; }
+  :root { --page: #f4f4f2; --text: #17181a; --quiet: #63666b; --line: #dcdcd8; --u: min(1px, .059vw); }
   @media (prefers-color-scheme: dark) {
     :root { --page: #191a1c; --text: #ececea; --quiet: #9a9da3; --line: #303236; }
   }
-  @media (max-width: 1720px) { :root { --u: .86px; } }
-  @media (max-width: 1480px) { :root { --u: .8px; } }
-  @media (max-width: 900px) { :root { --u: 1px; } }
+  @media (max-width: 1100px) { :root { --u: 1px; } }
+  body:not(:has(#both:checked)) { --u: 1px; }
+  @media (max-width: 420px) { body, body:not(:has(#both:checked)) { --u: .235vw; } }
   html { scroll-padding-top: 4.5rem; }
   body {
     margin: 0 auto; padding: 0 clamp(.75rem, 2.5vw, 3rem) 6rem; max-width: 108rem;
@@ -71,7 +71,7 @@ constexpr std::string_view kHead = R"(<!doctype html>
   figure { margin: 0; max-width: 100%; }
   figcaption { font-size: .78rem; line-height: 1.3; margin-top: .4rem; }
   img { display: block; max-width: 100%; height: auto; }
-  @media (max-width: 900px) { .grounds { flex-direction: column; } }
+  @media (max-width: 1100px) { .grounds { flex-direction: column; } }
   @media (max-width: 640px) { .bar { position: static; } html { scroll-padding-top: .5rem; } }
   body:has(#light:checked) .dark, body:has(#dark:checked) .light { display: none; }
 </style>
@@ -133,7 +133,8 @@ bool needsWallpaper(const SheetRow& row) {
                              [](const SheetCell& cell) { return !cell.how.showsBackground; });
 }
 
-/// A row's pictures in the columns of the contact sheet.
+/// A row's pictures in the columns of the contact sheet. The page's unit, `--u`, lets two columns
+/// stand side by side on both grounds, whatever the window's width.
 std::string ground(const GallerySection& section, std::size_t row, Appearance appearance) {
   const auto& cells = section.rows[row].cells;
   std::vector<rendering::Size> sizes;

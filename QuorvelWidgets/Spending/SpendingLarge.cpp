@@ -75,6 +75,12 @@ View statistics(const SpendingContent& content) {
 
 View categoryBlock(const SpendingContent& content) {
   const Color color = content.categoryColor();
+  const auto amount = [&](double size) {
+    return Amount{.value = content.spending.topCategoryAmount,
+                  .snapshot = content.snapshot,
+                  .size = size,
+                  .weight = FontWeight::semibold};
+  };
   return VStack{
       {.alignment = HorizontalAlignment::leading, .spacing = 0},
       WidgetIconTile{.symbol = content.spending.topCategoryIcon.value_or("tag.fill"),
@@ -86,11 +92,7 @@ View categoryBlock(const SpendingContent& content) {
       content.caption(content.text("topCategory"), 11, 0.8)
           .lineLimit(2)
           .foregroundStyle(content.colors.caption()),
-      Amount{.value = content.spending.topCategoryAmount,
-             .snapshot = content.snapshot,
-             .size = 28,
-             .weight = FontWeight::semibold,
-             .leastScale = 0.45},  // no smaller than the name below it
+      Fitting{amount(28), amount(20)},
       content.categoryName(13),
   }
       .padding(10)

@@ -129,6 +129,17 @@ TEST_F(Installation, findsTheProgramOfABarsWatch) {
   EXPECT_EQ(outcome.out, "due\n");
 }
 
+TEST_F(Installation, saysThatTheProgramOfABarsWatchIsMissing) {
+  fs::remove(prefix_ / "libexec/quorvel-watch");
+  const Outcome outcome = runProgram(prefix_ / "bin/quorvel-host",
+                                     {"watch", "due"},
+                                     {{"XDG_RUNTIME_DIR", folder_.path().string()}});
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_EQ(outcome.errors,
+            "quorvel-host watch: the program quorvel-watch is not beside " +
+                (prefix_ / "bin/quorvel-host").string() + "\n");
+}
+
 TEST_F(Installation, hasUnitsThatSystemdUnderstands) {
   const std::string start = "ExecStart=/usr/";
   std::string service = contentsOf(prefix_ / "lib/systemd/user/quorvel-hostd.service");

@@ -11,7 +11,7 @@ import { tmpdir } from 'node:os';
 import { join } from 'node:path';
 
 const kSwitches = ['--headless', '--no-sandbox', '--disable-gpu', '--disable-quic', '--no-first-run', '--disable-background-networking',
-  '--disable-component-update', '--disable-sync', '--hide-scrollbars', '--force-color-profile=srgb', '--font-render-hinting=none'];
+  '--disable-component-update', '--disable-sync', '--disable-renderer-backgrounding', '--disable-backgrounding-occluded-windows', '--hide-scrollbars', '--force-color-profile=srgb', '--font-render-hinting=none'];
 
 /** Asks again until the answer is truthy; nothing sleeps for a guessed time. */
 export async function until(ask, what, seconds = 10) {

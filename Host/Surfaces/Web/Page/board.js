@@ -230,7 +230,6 @@ function take(next) {
   $('#hide').title = state.locked ? 'The session counts as locked: amounts are hidden in any case.' : '';
   $('#control').hidden = !state.control;
   $('#control span').textContent = state.control?.name;
-  if (JSON.stringify([before.zone, before.clockChanges]) !== JSON.stringify([state.zone, state.clockChanges])) setZone(state.zone, state.clockChanges);
   const hasOffers = JSON.stringify(before.gallery) !== JSON.stringify(state.gallery);
   if (hasOffers) gallery.show(state.gallery, board);
   const asked = [];
@@ -251,6 +250,7 @@ function take(next) {
   $('#empty').hidden = board.cards.size > 0;
   board.preview();
   showLamp();
+  if (JSON.stringify([before.zone, before.clockChanges]) !== JSON.stringify([state.zone, state.clockChanges])) setZone(state.zone, state.clockChanges);
 }
 
 function hear(name, data) {

@@ -47,7 +47,7 @@ export function nextPrivacy() {
 
 const reading = $('#reading');
 const moments = $('#moments');
-let zone = 'UTC';
+let zone;
 let running;
 
 /** What a clock on the wall of the zone shows, "YYYY-MM-DDTHH:MM:SS"; Swedish dates have that form. */
@@ -73,6 +73,7 @@ function run(from) {
 }
 
 function showClock() {
+  if (!zone) return;
   reading.value = readingAt(shownTime());
   moments.options[0].text = fields.now.value ? 'Set' : 'Now';
   moments.selectedIndex = 0;

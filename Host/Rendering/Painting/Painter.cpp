@@ -27,7 +27,13 @@ Place placeOf(double v) {
 }  // namespace
 
 Painter::Painter(FontLibrary& fonts)
-    : fonts_(fonts), raster_(fonts.freetype()), images_(fonts, raster_), shadows_(raster_) {}
+    : fonts_(fonts),
+      raster_(fonts.freetype()),
+      unmetered_(fonts.freetype()),
+      images_(fonts, unmetered_),
+      shadows_(raster_) {
+  raster_.chargeTo(&visitsLeft_);
+}
 
 Drawn<PixelBox> Painter::extentOf(const DisplayList& list) const {
   // Written so that what is no number is too large.
@@ -81,9 +87,10 @@ Drawn<void> Painter::paint(const DisplayList& list,
   layers_[0].firstClip = 0;
   play(filled ? 1 : 0);
   if (visitsLeft_ < 0) {
-    // Layers may have grown large.
+    // Layers may have grown large; the last shadow may not be whole.
     layers_.clear();
     clips_.clear();
+    shadows_.clear();
     return std::unexpected("the picture takes more drawing than its size allows");
   }
   if (cornerRadius > 0) cutCorners(cornerRadius, out);
@@ -110,16 +117,6 @@ bool Painter::hold(std::int64_t pixels) {
 
 bool Painter::affords(const PixelBox& box, std::int64_t visitsPerPixel) {
   return !box.empty() && spend(visitsPerPixel * box.area());
-}
-
-/// A line that crosses the box visits a pixel of each row or column; where too many cross each
-/// other, the rasteriser goes through all of them again for each small part of the box.
-bool Painter::affords(const PixelBox& box, const PathSlice& path) {
-  if (box.empty()) return false;
-  const std::int64_t points = path.points;
-  const std::int64_t sides = box.width() + box.height();
-  return spend(box.area() + points * sides / 4 +
-               limits::kCrossingVisits * points * std::min(points, sides));
 }
 
 // ---- sources
@@ -166,7 +163,7 @@ void Painter::draw(const FillRect& command) {
 
 void Painter::draw(const FillPath& command) {
   const PixelBox box = intersect(pixelBox(command.bounds, scale_), clipBox());
-  if (!affords(box, command.path)) return;
+  if (!affords(box)) return;
   const PixelSource from = source(command.ink);
   SurfaceSink sink(surface(), from, maskFor(box));
   raster_.fill(view(command.path), transform(), false, box, sink);
@@ -174,7 +171,7 @@ void Painter::draw(const FillPath& command) {
 
 void Painter::draw(const StrokePath& command) {
   const PixelBox box = intersect(pixelBox(command.bounds, scale_), clipBox());
-  if (!affords(box, command.path)) return;
+  if (!affords(box)) return;
   const PixelSource from = source(command.ink);
   SurfaceSink sink(surface(), from, maskFor(box));
   raster_.stroke(view(command.path),
@@ -313,7 +310,7 @@ void Painter::cutCorners(double radius, Bitmap& out) {
     Path path;
     appendRounded(path, whole, pixels, style);
     CoverageSink sink(corners_.map);
-    raster_.fill({path.verbs, path.points}, {}, false, corners_.map.box, sink);
+    unmetered_.fill({path.verbs, path.points}, {}, false, corners_.map.box, sink);
   }
   for (int y = 0; y < corners_.extent; ++y) {
     const std::uint8_t* coverage = corners_.map.row(y);

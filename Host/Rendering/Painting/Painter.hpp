@@ -76,7 +76,6 @@ class Painter {
 
   /// Whether there is something to visit, and the picture can afford it.
   [[nodiscard]] bool affords(const PixelBox& box, std::int64_t visitsPerPixel = 1);
-  [[nodiscard]] bool affords(const PixelBox& box, const PathSlice& path);
   bool spend(std::int64_t visits);
   /// Pixels beside the picture's own, as long as they are needed.
   bool hold(std::int64_t pixels);
@@ -92,6 +91,7 @@ class Painter {
 
   FontLibrary& fonts_;
   Rasterizer raster_;
+  Rasterizer unmetered_;  ///< for what is kept beyond a picture and is ours
   GlyphCache images_;
   ShadowMasks shadows_;
   std::vector<Clip> clips_;

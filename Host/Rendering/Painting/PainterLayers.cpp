@@ -186,7 +186,7 @@ void Painter::throwShadow(const Layer& layer) {
 
 void Painter::draw(const ErasePath& command) {
   const PixelBox box = intersect(pixelBox(command.bounds, scale_), clipBox());
-  if (!affords(box, command.path)) return;
+  if (!affords(box)) return;
   if (!layers_[depth_ - 1].shadow) {
     const CoverageMap* mask = maskFor(box);
     if (visitsLeft_ < 0) return;

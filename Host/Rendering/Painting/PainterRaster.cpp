@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <utility>
 #include FT_FREETYPE_H
 #include FT_OUTLINE_H
@@ -16,7 +17,6 @@ namespace {
 
 constexpr double kFarthest = 16000;  ///< pixels; the rasteriser's arithmetic holds up to there
 constexpr long kMiterLimit = 10 * 65536;
-constexpr std::size_t kMostPoints = 32000;
 
 FT_Vector toVector(const Point& p, const PixelTransform& t) {
   const auto fixed = [](double v) {
@@ -64,7 +64,7 @@ Rasterizer::~Rasterizer() {
 // FreeType's own flattening leaves curves up to a tenth of a pixel, which shows on large circles;
 // ours a sixtieth.
 void Rasterizer::addCurve(Vector a, Vector b, Vector end) {
-  const Vector from = points_.empty() ? a : points_.back();
+  const Vector from = outline_.points.empty() ? a : outline_.points.back();
   const auto bend = [](Vector p, Vector q, Vector r) {
     return std::hypot(static_cast<double>(p.x - 2 * q.x + r.x),
                       static_cast<double>(p.y - 2 * q.y + r.y));
@@ -80,39 +80,27 @@ void Rasterizer::addCurve(Vector a, Vector b, Vector end) {
           u * u * u * static_cast<double>(p) + 3 * u * u * t * static_cast<double>(q) +
           3 * u * t * t * static_cast<double>(r) + t * t * t * static_cast<double>(s));
     };
-    points_.push_back({at(from.x, a.x, b.x, end.x), at(from.y, a.y, b.y, end.y)});
+    outline_.points.push_back({at(from.x, a.x, b.x, end.x), at(from.y, a.y, b.y, end.y)});
   }
-  points_.push_back(end);
-}
-
-void Rasterizer::clear() {
-  points_.clear();
-  contours_.clear();
-}
-
-void Rasterizer::endContour() {
-  const auto last = static_cast<int>(points_.size()) - 1;
-  if (last >= 0 && (contours_.empty() || contours_.back() != last)) {
-    contours_.push_back(static_cast<short>(last));
-  }
+  outline_.points.push_back(end);
 }
 
 void Rasterizer::load(PathView path, const PixelTransform& transform) {
-  clear();
+  outline_.clear();
   const Point* next = path.points.data();
   const auto vector = [&]() -> Vector {
     const FT_Vector v = toVector(*next++, transform);
     return {v.x, v.y};
   };
   for (PathVerb verb : path.verbs) {
-    if (points_.size() > kMostPoints - 256) break;
+    if (outline_.points.size() > kMostOutlinePoints - 256) break;
     switch (verb) {
       case PathVerb::move:
-        endContour();
-        points_.push_back(vector());
+        outline_.endContour();
+        outline_.points.push_back(vector());
         break;
       case PathVerb::line:
-        points_.push_back(vector());
+        outline_.points.push_back(vector());
         break;
       case PathVerb::cubic: {
         const Vector a = vector();
@@ -124,19 +112,53 @@ void Rasterizer::load(PathView path, const PixelTransform& transform) {
         break;  // contours are closed by themselves
     }
   }
-  endContour();
+  outline_.endContour();
+}
+
+bool Rasterizer::spend(std::int64_t visits) {
+  if (visits_ == nullptr) return true;
+  *visits_ -= visits;
+  return *visits_ >= 0;
 }
 
 void Rasterizer::render(bool evenOdd, const PixelBox& clip, SpanSink& sink) {
-  if (points_.empty() || clip.empty() || !library_) return;
+  if (outline_.points.empty() || clip.empty() || !library_) return;
+  // So much takes milliseconds, wherever the lines run.
+  constexpr std::int64_t kFewPixels = 65'536;
+  const std::int64_t crossed = crossedPixels(outline_, clip);
+  if (crossed > kFewPixels) return renderInStrips(evenOdd, clip, sink);
+  if (spend(fillingVisits(outline_, clip, crossed))) renderOutline(outline_, evenOdd, clip, sink);
+}
+
+/// Where many lines run far, each strip sees little of each, and its rows' lists stay short.
+void Rasterizer::renderInStrips(bool evenOdd, const PixelBox& clip, SpanSink& sink) {
+  constexpr int kStrip = 32;
+  for (int left = clip.left; left < clip.right; left += kStrip) {
+    const PixelBox strip{left, clip.top, std::min(left + kStrip, clip.right), clip.bottom};
+    if (!clipOutline(outline_, strip, strip_)) {
+      static_cast<void>(spend(std::numeric_limits<std::int32_t>::max() * std::int64_t{16}));
+      return;
+    }
+    const std::int64_t crossed = crossedPixels(strip_, strip);
+    const auto points = static_cast<std::int64_t>(outline_.points.size());
+    if (!spend(points + fillingVisits(strip_, strip, crossed))) return;
+    renderOutline(strip_, evenOdd, strip, sink);
+  }
+}
+
+void Rasterizer::renderOutline(PixelOutline& from,
+                               bool evenOdd,
+                               const PixelBox& clip,
+                               SpanSink& sink) {
+  if (from.points.empty()) return;
   static_assert(sizeof(Vector) == sizeof(FT_Vector));
   FT_Outline outline{};
-  outline.n_points = static_cast<short>(points_.size());
-  outline.n_contours = static_cast<short>(contours_.size());
-  outline.points = reinterpret_cast<FT_Vector*>(points_.data());
-  tags_.assign(points_.size(), FT_CURVE_TAG_ON);
+  outline.n_points = static_cast<short>(from.points.size());
+  outline.n_contours = static_cast<short>(from.contours.size());
+  outline.points = reinterpret_cast<FT_Vector*>(from.points.data());
+  tags_.assign(from.points.size(), FT_CURVE_TAG_ON);
   outline.tags = tags_.data();
-  outline.contours = contours_.data();
+  outline.contours = from.contours.data();
   outline.flags = evenOdd ? FT_OUTLINE_EVEN_ODD_FILL : FT_OUTLINE_NONE;
   FT_Raster_Params params{};
   params.flags = FT_RASTER_FLAG_AA | FT_RASTER_FLAG_DIRECT | FT_RASTER_FLAG_CLIP;
@@ -157,23 +179,24 @@ void Rasterizer::fill(PathView path,
 
 /// Other than 0 it ends a decomposition.
 int Rasterizer::isFull() const {
-  return points_.size() > kMostPoints ? 1 : 0;
+  return outline_.points.size() > kMostOutlinePoints ? 1 : 0;
 }
 
 int Rasterizer::flattenMove(const FT_Vector_* to, void* user) {
   auto& self = *static_cast<Rasterizer*>(user);
-  self.endContour();
-  self.points_.push_back({to->x, to->y});
+  self.outline_.endContour();
+  self.outline_.points.push_back({to->x, to->y});
   return 0;
 }
 int Rasterizer::flattenLine(const FT_Vector_* to, void* user) {
   auto& self = *static_cast<Rasterizer*>(user);
-  self.points_.push_back({to->x, to->y});
+  self.outline_.points.push_back({to->x, to->y});
   return self.isFull();
 }
 int Rasterizer::flattenConic(const FT_Vector_* control, const FT_Vector_* to, void* user) {
   auto& self = *static_cast<Rasterizer*>(user);
-  const Vector from = self.points_.empty() ? Vector{to->x, to->y} : self.points_.back();
+  const Vector from =
+      self.outline_.points.empty() ? Vector{to->x, to->y} : self.outline_.points.back();
   const auto third = [](long end, long middle) { return (end + 2 * middle) / 3; };
   self.addCurve({third(from.x, control->x), third(from.y, control->y)},
                 {third(to->x, control->x), third(to->y, control->y)},
@@ -316,24 +339,20 @@ void Rasterizer::exportStroke(const PixelBox& clip, SpanSink& sink) {
   FT_UInt pointCount = 0;
   FT_UInt contourCount = 0;
   if (FT_Stroker_GetCounts(stroker_, &pointCount, &contourCount) != 0) return;
-  if (pointCount == 0 || pointCount > kMostPoints) return;
+  if (pointCount == 0 || pointCount > kMostOutlinePoints) return;
   std::vector<FT_Vector> points(pointCount);
-  tags_.resize(pointCount);
-  contours_.resize(contourCount);
+  std::vector<char> tags(pointCount);
+  std::vector<short> contours(contourCount);
   FT_Outline outline{};
   outline.points = points.data();
-  outline.tags = tags_.data();
-  outline.contours = contours_.data();
-  FT_Stroker_Export(stroker_, &outline);
-  std::vector<char> tags = std::move(tags_);
-  std::vector<short> contours = std::move(contours_);
   outline.tags = tags.data();
   outline.contours = contours.data();
-  clear();
+  FT_Stroker_Export(stroker_, &outline);
+  outline_.clear();
   const FT_Outline_Funcs callbacks{flattenMove, flattenLine, flattenConic, flattenCubic, 0, 0};
   FT_Outline_Decompose(&outline, &callbacks, this);
-  endContour();
-  if (points_.size() > kMostPoints) return;
+  outline_.endContour();
+  if (outline_.points.size() > kMostOutlinePoints) return;
   render(false, clip, sink);
 }
 

@@ -7,6 +7,7 @@
 
 #include "Rendering/Graphics/PainterPixels.hpp"
 #include "Rendering/Graphics/ShapePath.hpp"
+#include "Rendering/Painting/PainterOutline.hpp"
 
 struct FT_LibraryRec_;
 struct FT_StrokerRec_;
@@ -14,7 +15,7 @@ struct FT_Vector_;
 
 namespace rendering {
 
-/// Takes spans of equal coverage, from top to bottom, from left to right.
+/// Takes spans of equal coverage, each pixel once at most.
 class SpanSink {
  public:
   virtual void span(int x, int y, int length, std::uint32_t coverage) = 0;
@@ -49,6 +50,10 @@ class Rasterizer {
   Rasterizer(const Rasterizer&) = delete;
   Rasterizer& operator=(const Rasterizer&) = delete;
 
+  /// What is filled is taken off these visits; what costs more than there are is left out. The
+  /// visits are then negative. Without them everything is filled.
+  void chargeTo(std::int64_t* visits) { visits_ = visits; }
+
   void fill(PathView path,
             const PixelTransform& transform,
             bool evenOdd,
@@ -61,13 +66,8 @@ class Rasterizer {
               SpanSink& sink);
 
  private:
-  struct Vector {
-    long x;
-    long y;
-  };
+  using Vector = PixelOutline::Vector;
   void load(PathView path, const PixelTransform& transform);
-  void clear();
-  void endContour();
   void addCurve(Vector a, Vector b, Vector end);
   [[nodiscard]] int isFull() const;
   static int flattenMove(const FT_Vector_* to, void* user);
@@ -78,14 +78,18 @@ class Rasterizer {
                           const FT_Vector_* to,
                           void* user);
   void render(bool evenOdd, const PixelBox& clip, SpanSink& sink);
+  void renderInStrips(bool evenOdd, const PixelBox& clip, SpanSink& sink);
+  void renderOutline(PixelOutline& outline, bool evenOdd, const PixelBox& clip, SpanSink& sink);
+  [[nodiscard]] bool spend(std::int64_t visits);
   /// Fills what the stroker has drawn.
   void exportStroke(const PixelBox& clip, SpanSink& sink);
 
   FT_LibraryRec_* library_;
   FT_StrokerRec_* stroker_ = nullptr;
-  std::vector<Vector> points_;
+  std::int64_t* visits_ = nullptr;
+  PixelOutline outline_;
+  PixelOutline strip_;
   std::vector<char> tags_;
-  std::vector<short> contours_;
 };
 
 }  // namespace rendering

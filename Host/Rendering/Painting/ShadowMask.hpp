@@ -34,6 +34,7 @@ class ShadowMasks {
   /// pixel that holds the path's own top left corner, which `origin` receives.
   [[nodiscard]] const ShadowMask& mask(
       PathView path, double scale, double deviation, const PixelBox& seen, PixelBox* origin);
+  void clear() { entries_.clear(); }
 
  private:
   struct Entry {

@@ -225,5 +225,36 @@ TEST_F(DrawingLimits, AnEndlessZigzagTakesBoundedTime) {
   EXPECT_LT(cpuSeconds() - start, 20);
 }
 
+/// So many lines from one side to the other, close to each other.
+std::vector<PathStep> hatching(int lines, bool isUpright) {
+  std::vector<PathStep> steps{{PathStep::Verb::move, {0, 0}}};
+  for (int i = 1; i < lines; ++i) {
+    const double along = 158.0 * i / lines;
+    const double across = i % 2 == 0 ? 0 : 158;
+    steps.push_back({PathStep::Verb::line,
+                     isUpright ? LengthPoint{along, across} : LengthPoint{across, along}});
+  }
+  return steps;
+}
+
+// A row's pixels stand in a list that is searched for each line, so thousands of lines across a
+// wide picture took seconds each.
+TEST_F(DrawingLimits, HatchingTakesBoundedTime) {
+  for (const bool isUpright : {false, true}) {
+    const Shape path = Path(hatching(4000, isUpright));
+    for (const View& view : {View{path.fill(kInk)},
+                             View{path.stroke(kInk, 1)},
+                             View{path.stroke(kInk, 100)},
+                             View{path.stroke(kInk, 1000)},
+                             View{Circle()}.clip(PathShape{hatching(4000, isUpright)}),
+                             View{path.fill(kInk)}.shadow({.radius = 2})}) {
+      const std::vector<View> views(4, view);
+      const double start = cpuSeconds();
+      static_cast<void>(draw(ZStack{{}, forEach(views, [](const View& one) { return one; })}));
+      EXPECT_LT(cpuSeconds() - start, 2);
+    }
+  }
+}
+
 }  // namespace
 }  // namespace rendering

@@ -40,7 +40,7 @@ inline constexpr std::int64_t kFewPixels = 256 * 1024;
 // What some commands cost, in visits.
 inline constexpr std::int64_t kGlyphVisits = 2048;  ///< of a glyph, whose image may have to be made
 inline constexpr std::int64_t kImageVisits = 4;     ///< of a pixel: its four neighbours
-inline constexpr std::int64_t kLayerVisits = 2;      ///< of a pixel: cleared, put on the one below
+inline constexpr std::int64_t kLayerVisits = 2;     ///< of a pixel: cleared, put on the one below
 inline constexpr std::int64_t kMaskVisits = 2;
 inline constexpr std::int64_t kBlurVisits = 8;  ///< of a pixel: three passes in two directions
 /// Of all layers, masks and shadows that are needed at the same time.

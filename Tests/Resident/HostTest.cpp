@@ -121,7 +121,8 @@ TEST_F(HostTest, EndsWithItsExtension) {
   const pid_t child = host.extensionId();
   ASSERT_GT(child, 0);
   EXPECT_EQ(host.stop(), 0);
-  EXPECT_NE(::kill(child, 0), 0);
+  // On a busy machine it is killed, but not gone yet.
+  EXPECT_TRUE(HostProcess::until([&] { return ::kill(child, 0) != 0; }));
   EXPECT_FALSE(fs::exists(host.path("run/quorvel-host/control")));
 }
 

@@ -1,7 +1,7 @@
 // What goes wrong while a page is open, and what stays when pages come and go.
 
 import assert from 'node:assert/strict';
-import { rmSync, writeFileSync } from 'node:fs';
+import { mkdirSync, rmSync, writeFileSync } from 'node:fs';
 import { join } from 'node:path';
 import { after, before, test } from 'node:test';
 import { binaries } from './host.mjs';
@@ -9,6 +9,7 @@ import { kTen, live, scene, until, words } from './scene.mjs';
 
 let stage;
 before(async () => {
+  if (process.env.BOARD_PICTURES) mkdirSync(process.env.BOARD_PICTURES, { recursive: true });
   stage = await scene();
 });
 after(() => stage.end());

@@ -1,6 +1,7 @@
 // The page: keeps the cards beside what the host says, and does what a person asks.
 
 import { blob, get, listen, post } from './host.js';
+import { first } from './start.js';
 import { onView, setZone, view } from './view.js';
 import { $, all, attempt, make, place, say, toast } from './dom.js';
 import { flow, freeCell, inReadingOrder, makeRoom, sizeOf, spanOf } from './grid.js';
@@ -292,14 +293,12 @@ if (innerWidth < 1200) document.body.classList.add('plain');
 new ResizeObserver(() => board.preview()).observe(canvas);
 onView.push(refreshAll);
 keys.build(board);
-// Asked beside the stream of events, so that neither waits for the other.
-let first = get('state');
-first.catch(() => {});
+let asked = first;
 listen(hear, async (open) => {
   isOpen = open;
   if (!open) return showLamp();
-  const isAgain = !first;
-  take(await attempt(() => first ?? get('state')));
-  first = null;
+  const isAgain = !asked;
+  take(await attempt(() => asked ?? get('state')));
+  asked = null;
   return isAgain && refreshAll();
 });

@@ -72,8 +72,8 @@ View face(const CardStack& stack, std::size_t index, double room) {
                        textFoot(stack) / stack.height,
                        stack.renderingMode);
   if (index > 0 && stack.renderingMode == RenderingMode::fullColor) {
-    tile = tile.overlay(faceEdge(stack.corner))
-               .shadow({.color = Color::black().withOpacity(0.28), .radius = 4, .x = 0, .y = -1});
+    tile = tile.shadow({.color = Color::black().withOpacity(0.28), .radius = 4, .x = 0, .y = -1})
+               .overlay(faceEdge(stack.corner), Alignment::top);
   }
   if (stack.renderingMode != RenderingMode::fullColor) {
     tile = tile.background(faceCutout(stack.corner));

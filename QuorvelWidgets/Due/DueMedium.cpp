@@ -71,8 +71,8 @@ View card(const DueContent& content, std::size_t index, bool isInFront) {
   const UpcomingDue& upcoming = content.upcoming[index];
   View ground = cardGround(content, *upcoming.due);
   if (index > 0 && isFullColor(content)) {
-    ground = ground.overlay(faceEdge(kCorner))
-                 .shadow({.color = Color::black().withOpacity(0.3), .radius = 5, .x = 0, .y = -2});
+    ground = ground.shadow({.color = Color::black().withOpacity(0.3), .radius = 5, .x = 0, .y = -2})
+                 .overlay(faceEdge(kCorner), Alignment::top);
   }
   // The card in front shows all of its face, the others what the next one leaves.
   const FixedFrame visible{.height = isInFront ? kCardHeight : kCardStep,

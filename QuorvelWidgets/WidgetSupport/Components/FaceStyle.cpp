@@ -35,14 +35,15 @@ View faceGround(const std::vector<std::string>& colors,
 }
 
 View faceEdge(double cornerRadius) {
-  constexpr double kOpacity = 0.2;
-  constexpr double kFade = 0.3;  ///< of the height
-  const Color light = Color::white().withOpacity(kOpacity);
-  return RoundedRectangle(cornerRadius, CornerStyle::continuous)
-      .innerStroke(
-          Gradient{
-              .stops = {{light, 0}, {light.withOpacity(0), kFade}}, .start = {0, 0}, .end = {0, 1}},
-          1);
+  constexpr double kFade = 0.06;  ///< of the width, at both ends
+  const Color light = Color::white().withOpacity(0.24);
+  const Color none = light.withOpacity(0);
+  return Rectangle()
+      .fill(Gradient{.stops = {{none, 0}, {light, kFade}, {light, 1 - kFade}, {none, 1}},
+                     .start = {0, 0},
+                     .end = {1, 0}})
+      .frame(FixedFrame{.height = 1})
+      .padding(Insets::horizontal(cornerRadius * 0.8));
 }
 
 View faceCutout(double cornerRadius) {

@@ -24,8 +24,8 @@ namespace quorvel {
                                        std::optional<double> textOpacity,
                                        double foot = 1);
 
-/// A light line along the top of a face in a pile: between two dark faces a shadow is not seen.
-/// Takes the whole proposal.
+/// A light line for the top of a face in a pile: between two dark faces a shadow is not seen. As
+/// wide as proposed.
 [[nodiscard]] viewkit::View faceEdge(double cornerRadius);
 
 /// Removes what lies behind a tinted face and a line around it, so that the faces of a pile stay

@@ -45,6 +45,7 @@ BoardState Board::state() {
   state.clockChanges = clockChanges(device);
   state.isHidden = host.privacy().isAsked();
   state.isLocked = host.privacy().isHidden() && !state.isHidden;
+  state.problem = host.problem();
   if (const auto* offer = host.offer()) {
     state.container = offer->container;
     state.gallery = offer->bundle.widgets;

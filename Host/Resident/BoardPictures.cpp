@@ -68,6 +68,10 @@ void Board::sit(std::string id, const BoardView& view, Medium medium, Then<Board
   picture.shown.asOf = timeline.generatedAt(now);
   picture.since = timeline.failingSince();
   picture.nextTry = picture.since ? reloader.nextRetry() : std::nullopt;
+  if (!instance && !parts_.host.problem().empty()) {
+    picture.shown.state = State::failed;
+    picture.shown.reason = parts_.host.problem();
+  }
   const auto* tree = timeline.treeAt(now, RenderingMode::fullColor, sitting.isRedacted || mustHide);
   if (!tree || isUsual(view)) {
     if (tree) return paint(std::move(sitting), *tree);

@@ -79,6 +79,7 @@ void Resident::receiveOffer(Asked<InitializeAnswer> offer) {
     if (problem_ != offer.error().reason) {
       problem_ = offer.error().reason;
       parts_.log("the extension does not start: " + problem_);
+      if (onPlacements) onPlacements();
     }
     using namespace std::chrono_literals;
     const bool isWanted = std::exchange(isOfferWanted_, false);

@@ -79,10 +79,13 @@ test('a host whose extension never answered says why on each card, and a button 
   rmSync(join(stage.host.folder, 'state'), { recursive: true, force: true });
   await stage.host.run();
   const page = await stage.browser.open(stage.host.board());
-  await page.until(() => document.querySelectorAll('.card').length === 10);
+  await page.until(() => document.querySelectorAll('.card[data-state=failed]').length === 10);
+  assert.ok((await text(page, '[data-id=w1] .failure p')).length > 10);
+  assert.equal(await text(page, '#lamp b'), 'Failing');
   await page.save(process.env.BOARD_PICTURES ? join(process.env.BOARD_PICTURES, 'failed.png') : '/dev/null');
   rmSync(broken);
-  await until(() => live(page, 10).then(() => true, () => false), 'live', 60);
+  await page.click('[data-id=w1] .failure button');
+  await live(page, 10);
   await page.close();
 });
 

@@ -52,6 +52,7 @@ struct OptionsQuestion {
 };
 
 struct BoardState {
+  std::string problem;  ///< why the extension does not start, one line; empty: it has
   std::string container;
   std::string timeZone;                           ///< an identifier such as "Europe/Berlin"
   std::vector<foundation::Instant> clockChanges;  ///< of the zone, the next ones

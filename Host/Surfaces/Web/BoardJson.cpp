@@ -217,7 +217,9 @@ std::string changeJson(const std::string& id, std::uint64_t version) {
 
 std::string stateJson(const BoardState& state) {
   JsonWriter json;
-  json.beginObject().member("container", state.container).member("zone", state.timeZone);
+  json.beginObject();
+  if (!state.problem.empty()) json.member("problem", state.problem);
+  json.member("container", state.container).member("zone", state.timeZone);
   json.key("clockChanges").beginArray();
   for (const auto& change : state.clockChanges)
     json.value(foundation::formatInternetDateTime(change));

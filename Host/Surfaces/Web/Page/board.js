@@ -247,7 +247,7 @@ function take(next) {
   if (hasOffers || isOther) Promise.all(asked).then(gallery.redraw);
   // No picture with amounts outlives their hiding, whatever becomes of the questions for others.
   if (isOther && isMasked) for (const holder of all('.picture, .thumb, .preview div')) holder.shadowRoot?.replaceChildren();
-  if (isOther) refreshAll();
+  if (isOther || before.problem !== state.problem) refreshAll();
   $('#empty').hidden = board.cards.size > 0;
   board.preview();
   showLamp();

@@ -70,7 +70,7 @@ BoardState Board::state() {
 void Board::options(const surfaces::OptionsQuestion& question, Then<OptionsAnswer> then) {
   widgetruntime::OptionsParameters parameters{.kind = question.kind,
                                               .parameter = question.parameter};
-  if (!question.id.empty()) parameters.identifiers = {question.id};
+  if (!question.id.empty()) parameters.query.emplace().identifiers = {question.id};
   parts_.asker.options(
       std::move(parameters),
       [words = lower(question.words), then = std::move(then)](Asked<OptionsAnswer> answer) {

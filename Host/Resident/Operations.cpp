@@ -57,7 +57,7 @@ std::optional<int> cell(const JsonValue& parameters, std::string_view key) {
 using Family = std::expected<std::optional<WidgetFamily>, RpcError>;
 Family familyIn(const JsonValue& parameters) {
   if (present(parameters, "family") == nullptr) return std::nullopt;
-  const auto family = widgetruntime::widgetFamilyNamed(text(parameters, "family"));
+  const auto family = widgetruntime::named<widgetruntime::WidgetFamily>(text(parameters, "family"));
   if (!family) return invalid("family: a family is expected");
   return family;
 }

@@ -109,7 +109,7 @@ Placement readPlacement(const JsonValue& json, const std::string& path, Members:
   if (!numberOf(placement.id)) members.fail("id", "an id such as \"w1\" is expected");
   placement.kind = members.string("kind");
   if (placement.kind.empty()) members.fail("kind", "a kind is expected");
-  const auto family = widgetruntime::widgetFamilyNamed(members.string("family"));
+  const auto family = widgetruntime::named<widgetruntime::WidgetFamily>(members.string("family"));
   if (!family) members.fail("family", "a family is expected");
   placement.family = family.value_or(placement.family);
   readConfiguration(members.find("configuration"), placement, members);
@@ -150,7 +150,7 @@ void readAll(Members& members, Placements& result, Members::Problem& problem) {
 
 void write(JsonWriter& json, const Placement& placement) {
   json.beginObject().member("id", placement.id).member("kind", placement.kind);
-  json.member("family", widgetruntime::name(placement.family));
+  json.member("family", widgetruntime::nameOf(placement.family));
   json.key("configuration").beginObject();
   for (const auto& [name, value] : placement.configuration) json.member(name, value);
   json.endObject();

@@ -52,7 +52,7 @@ std::string RedactedPictures::path(const Slot& slot, const surfaces::Demand& dem
                      slot.id,
                      slot.surface,
                      isDark ? "dark" : "light",
-                     widgetruntime::name(options.mode),
+                     widgetruntime::nameOf(options.mode),
                      options.showsBackground ? "" : ".bare");
 }
 

@@ -84,8 +84,9 @@ Done Resident::check(const std::string& kind,
   if (widget == nullptr) return std::unexpected(noWidget(kind, offer()));
   const auto& families = widget->description.families;
   if (std::ranges::find(families, family) == families.end()) {
-    return std::unexpected(fmt::format(
-        "{} has no {}", control::shortKind(widget->description.kind), widgetruntime::name(family)));
+    return std::unexpected(fmt::format("{} has no {}",
+                                       control::shortKind(widget->description.kind),
+                                       widgetruntime::nameOf(family)));
   }
   for (const auto& [name, value] : configuration) {
     if (std::string problem = problemOf(*widget, name, value); !problem.empty()) {

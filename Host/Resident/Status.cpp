@@ -18,7 +18,7 @@ double milliseconds(std::chrono::microseconds time) {
 void writePlacement(JsonWriter& json, const Placement& placement, Resident& host) {
   json.beginObject().member("id", placement.id);
   json.member("kind", control::shortKind(placement.kind));
-  json.member("family", widgetruntime::name(placement.family));
+  json.member("family", widgetruntime::nameOf(placement.family));
   json.key("configuration").beginObject();
   for (const auto& [name, value] : placement.configuration) json.member(name, value);
   json.endObject();

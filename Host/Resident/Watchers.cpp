@@ -24,7 +24,8 @@ constexpr int kTooltipColumns = 60;
 std::string lineOf(const Subject& subject, const Shown& shown, const std::string& tooltip) {
   foundation::JsonWriter json;
   json.beginObject().member("kind", control::shortKind(subject.kind));
-  json.member("text", shown.summary.text).member("state", widgetruntime::name(shown.summary.state));
+  json.member("text", shown.summary.text)
+      .member("state", widgetruntime::nameOf(shown.summary.state));
   json.member("tooltip", tooltip).member("status", surfaces::name(shown.state));
   json.member("hidden", shown.isHidden).member("stale", shown.state == surfaces::State::stale);
   if (!shown.reason.empty()) json.member("reason", shown.reason);

@@ -70,11 +70,11 @@ Result<EntriesAnswer> Extension::entries(std::string_view name,
   auto answer = ask<EntriesAnswer>(name, widgetruntime::encode(parameters), deadline);
   if (!answer) return answer;
   const bool isTimeline = name == method::kTimeline;
-  if (!isTimeline && answer->entries.size() != 1) return unreadable(name, "one entry is expected");
-  if (isTimeline && !answer->policy) return unreadable(name, "policy: missing");
+  if (!isTimeline && answer->entries.size() != 1) return unreadable(name, "/entries: expected one");
+  if (isTimeline && !answer->policy) return unreadable(name, "/policy: missing");
   for (const widgetruntime::RenderedEntry& entry : answer->entries) {
     if (entry.trees.size() != parameters.environments.size()) {
-      return unreadable(name, "one tree an environment is expected");
+      return unreadable(name, "/entries: expected one tree per environment");
     }
   }
   return answer;

@@ -1,8 +1,9 @@
 // An extension as its host sees it: typed requests, answers decoded from bytes within limits.
 //
-//     Extension extension{std::make_unique<ChildProcess>(std::move(options)), {.host =
-//     "quorvel-host 1.0"}}; const auto bundle = extension.initialize(); const auto timeline =
-//     extension.timeline(parameters);
+//     Extension extension{std::make_unique<ChildProcess>(std::move(options)),
+//                         {.host = "quorvel-host 1.0"}};
+//     const auto bundle = extension.initialize();
+//     const auto timeline = extension.timeline(parameters);
 #pragma once
 
 #include <chrono>

@@ -27,116 +27,103 @@ std::size_t findField(std::span<const JsonField> fields, std::string_view key, s
 
 }  // namespace
 
-struct JsonReaderState {
-  explicit JsonReaderState(std::string_view document) : scanner(document) {}
-
-  static JsonReader reader(JsonReaderState& state) { return JsonReader(state); }
-
-  JsonScanner scanner;
-};
-
 void JsonReader::read(bool& out) {
-  JsonScanner& scanner = state_.scanner;
-  const char first = scanner.peek();
-  if (first != 't' && first != 'f') return scanner.mismatch("boolean");
+  const char first = scanner_.peek();
+  if (first != 't' && first != 'f') return scanner_.mismatch("boolean");
   out = first == 't';
-  scanner.literal(out ? "true" : "false");
+  scanner_.literal(out ? "true" : "false");
 }
 
 void JsonReader::read(double& out) {
-  JsonScanner& scanner = state_.scanner;
-  const char first = scanner.peek();
-  if (first != '-' && (first < '0' || first > '9')) return scanner.mismatch("number");
-  scanner.number(out);
+  const char first = scanner_.peek();
+  if (first != '-' && (first < '0' || first > '9')) return scanner_.mismatch("number");
+  scanner_.number(out);
 }
 
 void JsonReader::read(std::string& out) {
-  JsonScanner& scanner = state_.scanner;
-  if (scanner.peek() != '"') return scanner.mismatch("string");
-  scanner.string(out);
+  if (scanner_.peek() != '"') return scanner_.mismatch("string");
+  scanner_.string(out);
 }
 
 void JsonReader::read(Instant& out) {
   constexpr std::string_view kExpected = "date-time like 2025-03-14T09:30:00Z";
-  JsonScanner& scanner = state_.scanner;
-  if (scanner.peek() != '"') return scanner.mismatch(kExpected);
-  const char* const start = scanner.position();
+  if (scanner_.peek() != '"') return scanner_.mismatch(kExpected);
+  const char* const start = scanner_.position();
   std::string text;
-  if (!scanner.string(text)) return;
+  if (!scanner_.string(text)) return;
   if (const auto instant = parseInternetDateTime(text)) {
     out = *instant;
   } else {
-    scanner.note(start, kExpected, "string");
+    scanner_.note(start, kExpected, "string");
   }
 }
 
 void JsonReader::read(std::vector<double>& out) {
-  JsonScanner& scanner = state_.scanner;
-  if (scanner.peek() != '[') return scanner.mismatch("array");
-  if (!scanner.open()) return;
+  if (scanner_.peek() != '[') return scanner_.mismatch("array");
+  if (!scanner_.open()) return;
   out.reserve(32);  // most series are a month's days
-  JsonScanner::Descent array(scanner);
-  scanner.plainNumbers(array, out);
-  while (scanner.nextElement(array)) {
+  JsonScanner::Descent array(scanner_);
+  scanner_.plainNumbers(array, out);
+  while (scanner_.nextElement(array)) {
     read(out.emplace_back());
-    scanner.plainNumbers(array, out);
+    scanner_.plainNumbers(array, out);
   }
 }
 
 void JsonReader::readRecord(std::span<const JsonField> fields, void* record) {
-  JsonScanner& scanner = state_.scanner;
-  if (scanner.peek() != '{') return scanner.mismatch("object");
-  const char* const start = scanner.position();
-  if (!scanner.open()) return;
+  if (scanner_.peek() != '{') return scanner_.mismatch("object");
+  const char* const start = scanner_.position();
+  if (!scanner_.open()) return;
 
   assert(fields.size() <= kMaximumJsonFields);
   std::bitset<kMaximumJsonFields> seen;
-  JsonScanner::Descent object(scanner);
+  JsonScanner::Descent object(scanner_);
   std::size_t expected = 0;
   const auto guess = [&] {
     return expected < fields.size() ? fields[expected].key : std::string_view{};
   };
-  while (scanner.nextMember(object, guess())) {
+  while (scanner_.nextMember(object, guess())) {
     const std::size_t field = findField(fields, object.key(), expected);
     if (field == kNoField || seen[field]) {
-      scanner.skipValue();
+      scanner_.skipValue();
       continue;
     }
     seen.set(field);
     expected = field + 1;
     fields[field].read(*this, record);
   }
-  if (scanner.stopped()) return;
+  if (scanner_.stopped()) return;
   for (std::size_t i = 0; i < fields.size(); ++i) {
     if (!fields[i].required || seen[i]) continue;
     object.setKey(fields[i].key);
-    scanner.note(start, "required key", "missing");
+    scanner_.note(start, "required key", "missing");
   }
 }
 
 bool JsonReader::readNull() {
-  return state_.scanner.peek() == 'n' && (state_.scanner.literal("null") || true);
+  if (scanner_.peek() != 'n') return false;
+  scanner_.literal("null");
+  return true;
 }
 
 void JsonReader::readArray(void (*element)(JsonReader&, void*), void* out) {
-  JsonScanner& scanner = state_.scanner;
-  if (scanner.peek() != '[') return scanner.mismatch("array");
-  if (!scanner.open()) return;
-  JsonScanner::Descent array(scanner);
-  while (scanner.nextElement(array)) element(*this, out);
+  if (scanner_.peek() != '[') return scanner_.mismatch("array");
+  if (!scanner_.open()) return;
+  JsonScanner::Descent array(scanner_);
+  while (scanner_.nextElement(array)) element(*this, out);
 }
 
 std::size_t JsonReader::expectedElements(std::size_t count) const {
-  return state_.scanner.expectedElements(count);
+  return scanner_.expectedElements(count);
 }
 
 std::optional<JsonFailure> decodeJsonRecord(std::string_view document,
                                             std::span<const JsonField> fields,
                                             void* record) {
-  JsonReaderState state(document);
-  JsonReaderState::reader(state).readRecord(fields, record);
-  state.scanner.finish();
-  std::vector<JsonProblem> problems = state.scanner.takeProblems();
+  JsonScanner scanner(document);
+  JsonReader(scanner).readRecord(fields, record);
+  scanner.finish();
+  std::vector<JsonProblem> problems = scanner.takeProblems();
   if (problems.empty()) return std::nullopt;
   return JsonFailure{std::move(problems)};
 }
@@ -144,10 +131,10 @@ std::optional<JsonFailure> decodeJsonRecord(std::string_view document,
 std::size_t countJsonProblems(std::string_view document,
                               std::span<const JsonField> fields,
                               void* record) {
-  JsonReaderState state(document);
-  JsonReaderState::reader(state).readRecord(fields, record);
-  state.scanner.finish();
-  return state.scanner.problemCount();
+  JsonScanner scanner(document);
+  JsonReader(scanner).readRecord(fields, record);
+  scanner.finish();
+  return scanner.problemCount();
 }
 
 namespace detail {

@@ -6,9 +6,17 @@
 //     struct Budget {
 //       double total = 0;
 //       std::optional<std::string> periodStart;
-//       static std::span<const JsonField> jsonFields();   // { jsonField<&Budget::total>("total"),
-//       ... }
+//       static std::span<const JsonField> jsonFields();
 //     };
+//     std::span<const JsonField> Budget::jsonFields() {
+//       static constexpr JsonField kFields[] = {
+//           jsonField<&Budget::total>("total"),
+//           jsonField<&Budget::periodStart>("periodStart"),
+//       };
+//       return kFields;
+//     }
+//
+//     const std::expected<Budget, JsonFailure> budget = decodeJson<Budget>(text);
 //
 // std::optional members may be missing or null, all others are required. Unknown keys are walked
 // and ignored; of equal keys the first counts; keys compare after unescaping.
@@ -40,6 +48,7 @@ struct JsonProblem {
 };
 
 class JsonReader;
+class JsonScanner;
 
 /// One key of a record: how it is read into and written from the record that holds it.
 struct JsonField {
@@ -63,6 +72,8 @@ concept JsonRecord = requires {
 /// and stops at a malformed document.
 class JsonReader {
  public:
+  explicit JsonReader(JsonScanner& scanner) : scanner_(scanner) {}
+
   void read(bool& out);
   void read(double& out);
   void read(std::string& out);
@@ -94,13 +105,11 @@ class JsonReader {
   }
 
  private:
-  friend struct JsonReaderState;
-  explicit JsonReader(struct JsonReaderState& state) : state_(state) {}
   bool readNull();  ///< consumes a null; false leaves the value to be read
   void readArray(void (*element)(JsonReader&, void*), void* out);
   [[nodiscard]] std::size_t expectedElements(std::size_t count) const;
 
-  struct JsonReaderState& state_;
+  JsonScanner& scanner_;
 };
 
 namespace detail {

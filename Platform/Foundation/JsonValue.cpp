@@ -61,9 +61,11 @@ JsonValue ValueReader::value() {
     case '[':
       return array();
     case 't':
-      return scanner_.literal("true");
+      scanner_.literal("true");
+      return true;
     case 'f':
-      return !scanner_.literal("false");
+      scanner_.literal("false");
+      return false;
     case '"': {
       std::string text;
       scanner_.string(text);

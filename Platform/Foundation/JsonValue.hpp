@@ -16,8 +16,8 @@ namespace foundation {
 class JsonValue {
  public:
   using Array = std::vector<JsonValue>;
-  using Object = std::vector<std::pair<std::string, JsonValue>>;  ///< in document order; first of
-                                                                  ///< equal keys counts
+  /// In document order; the first of equal keys counts.
+  using Object = std::vector<std::pair<std::string, JsonValue>>;
 
   JsonValue() = default;
   JsonValue(std::nullptr_t) {}

@@ -3,12 +3,20 @@
 
 #include <cstdint>
 
+#include "Foundation/Names.hpp"
+
 namespace viewkit {
 
 enum class Appearance : std::uint8_t { light, dark };
+constexpr auto namesOf(Appearance) {
+  return foundation::names("light", "dark");
+}
 
 /// accented: two flat tints, opacity kept; vibrant: greys over what lies behind.
 enum class RenderingMode : std::uint8_t { fullColor, accented, vibrant };
+constexpr auto namesOf(RenderingMode) {
+  return foundation::names("fullColor", "accented", "vibrant");
+}
 
 struct RedactionReasons {
   bool privacy = false;

@@ -119,12 +119,7 @@ bool TreeReader::read(const Json& json, GradientStop& out) {
 }
 
 bool TreeReader::read(const Json& json, std::vector<GradientStop>& out) {
-  return readList(json, out, limits_.gradientStops);
-}
-
-bool TreeReader::read(const Json& json, Gradient& out) {
-  auto cursor = open(json);
-  return cursor && readMembers(*cursor, out) && close(*cursor);
+  return read(json, out, foundation::AtMost{limits_.gradientStops});
 }
 
 bool TreeReader::read(const Json& json, Paint& out) {
@@ -156,7 +151,7 @@ bool TreeReader::read(const Json& json, PathStep& out) {
 }
 
 bool TreeReader::read(const Json& json, std::vector<PathStep>& out) {
-  return readList(json, out, limits_.pathSteps);
+  return read(json, out, foundation::AtMost{limits_.pathSteps});
 }
 
 }  // namespace viewkit

@@ -3,6 +3,8 @@
 
 #include <cstdint>
 
+#include "Foundation/Names.hpp"
+
 namespace viewkit {
 
 enum class HorizontalAlignment : std::uint8_t { leading, center, trailing };
@@ -50,6 +52,9 @@ struct Insets {
 };
 
 enum class LayoutDirection : std::uint8_t { leftToRight, rightToLeft };
+constexpr auto namesOf(LayoutDirection) {
+  return foundation::names("leftToRight", "rightToLeft");
+}
 
 /// A place in a unit square: (0, 0) is top leading, (1, 1) bottom trailing.
 struct UnitPoint {

@@ -8,26 +8,24 @@
 
 #include <string_view>
 
+#include "Foundation/JsonMembers.hpp"
 #include "ViewKit/View.hpp"
 
 namespace viewkit {
 
+using foundation::Bounds;
+using foundation::defaultsOf;
+
 inline constexpr double kLargestNumber = 1e6;
 
-/// What a number may be; for a length, what a constant one may be.
-struct Bounds {
-  double least = -kLargestNumber;
-  double most = kLargestNumber;
-  bool aboveLeast = false;  ///< the least itself is out of bounds
-  bool infinity = false;    ///< kInfinity is in bounds
-};
-inline constexpr Bounds kAnyNumber{};
-inline constexpr Bounds kNotNegative{.least = 0};
-inline constexpr Bounds kPositive{.least = 0, .aboveLeast = true};
+// Of numbers; for a length, of a constant one.
+inline constexpr Bounds kAnyNumber{.least = -kLargestNumber, .most = kLargestNumber};
+inline constexpr Bounds kNotNegative{.least = 0, .most = kLargestNumber};
+inline constexpr Bounds kPositive{.least = 0, .most = kLargestNumber, .aboveLeast = true};
 inline constexpr Bounds kUnit{.least = 0, .most = 1};
 inline constexpr Bounds kScale{.least = 0, .most = 1, .aboveLeast = true};
-inline constexpr Bounds kMaximum{.least = 0, .infinity = true};
-inline constexpr Bounds kLines{.least = 1};
+inline constexpr Bounds kMaximum{.least = 0, .most = kLargestNumber, .infinity = true};
+inline constexpr Bounds kLines{.least = 1, .most = kLargestNumber};
 
 /// A string that names a file below the container.
 struct ContainerPath {};
@@ -359,20 +357,8 @@ struct MembersOf<Direction> {
 };
 
 template <class T>
-concept Listed = requires {
-  MembersOf<T>::list([](auto&&...) {});
-};
-
-template <class T>
 inline constexpr bool hasLead = requires {
   MembersOf<T>::kLead;
 };
-
-/// What a member that is not written has.
-template <class T>
-[[nodiscard]] const T& defaultsOf() {
-  static const T defaults{};
-  return defaults;
-}
 
 }  // namespace viewkit

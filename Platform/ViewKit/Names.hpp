@@ -7,92 +7,57 @@
 #include <optional>
 #include <string_view>
 
+#include "Foundation/Names.hpp"
 #include "ViewKit/View.hpp"
 
 namespace viewkit {
 
-/// The names of an enumeration's values, in their order.
-template <class Enum>
-struct NamesOf;
+using foundation::named;
+using foundation::NamedEnum;
+using foundation::nameOf;
 
-template <>
-struct NamesOf<FontWeight> {
-  static constexpr std::array<std::string_view, 5> kAll{
-      "regular", "medium", "semibold", "bold", "heavy"};
-};
-template <>
-struct NamesOf<FontDesign> {
-  static constexpr std::array<std::string_view, 2> kAll{"standard", "rounded"};
-};
-template <>
-struct NamesOf<TextAlignment> {
-  static constexpr std::array<std::string_view, 3> kAll{"leading", "center", "trailing"};
-};
-template <>
-struct NamesOf<LayoutDirection> {
-  static constexpr std::array<std::string_view, 2> kAll{"leftToRight", "rightToLeft"};
-};
-template <>
-struct NamesOf<ImageElement::ContentMode> {
-  static constexpr std::array<std::string_view, 3> kAll{"fit", "fill", "stretch"};
-};
-template <>
-struct NamesOf<CornerStyle> {
-  static constexpr std::array<std::string_view, 2> kAll{"circular", "continuous"};
-};
-template <>
-struct NamesOf<ShapeElement::Mode> {
-  static constexpr std::array<std::string_view, 3> kAll{"fill", "stroke", "innerStroke"};
-};
-template <>
-struct NamesOf<LineCap> {
-  static constexpr std::array<std::string_view, 3> kAll{"butt", "round", "square"};
-};
-template <>
-struct NamesOf<LineJoin> {
-  static constexpr std::array<std::string_view, 3> kAll{"miter", "round", "bevel"};
-};
-template <>
-struct NamesOf<ColorRole> {
-  static constexpr std::array<std::string_view, 2> kAll{"primary", "secondary"};
-};
-template <>
-struct NamesOf<Accessibility::Children> {
-  static constexpr std::array<std::string_view, 3> kAll{"contain", "combine", "ignore"};
-};
-template <>
-struct NamesOf<PrivacyTreatment> {
-  static constexpr std::array<std::string_view, 2> kAll{"masked", "covered"};
-};
-template <>
-struct NamesOf<Length::Choice> {
-  static constexpr std::array<std::string_view, 2> kAll{"min", "max"};
-};
-/// Letters as in drawn outlines: move, line, cubic, close.
-template <>
-struct NamesOf<PathStep::Verb> {
-  static constexpr std::array<std::string_view, 4> kAll{"M", "L", "C", "Z"};
-};
-template <>
-struct NamesOf<StackElement::Axis> {
-  static constexpr std::array<std::string_view, 3> kAll{"HStack", "VStack", "ZStack"};
-};
-
-template <class Enum>
-concept NamedEnum = requires {
-  NamesOf<Enum>::kAll;
-};
-
-template <NamedEnum Enum>
-[[nodiscard]] constexpr std::string_view nameOf(Enum value) {
-  return NamesOf<Enum>::kAll[static_cast<std::size_t>(value)];
+constexpr auto namesOf(FontWeight) {
+  return foundation::names("regular", "medium", "semibold", "bold", "heavy");
 }
-
-template <NamedEnum Enum>
-[[nodiscard]] constexpr std::optional<Enum> named(std::string_view name) {
-  const auto found = std::ranges::find(NamesOf<Enum>::kAll, name);
-  if (found == NamesOf<Enum>::kAll.end()) return std::nullopt;
-  return static_cast<Enum>(found - NamesOf<Enum>::kAll.begin());
+constexpr auto namesOf(FontDesign) {
+  return foundation::names("standard", "rounded");
+}
+constexpr auto namesOf(TextAlignment) {
+  return foundation::names("leading", "center", "trailing");
+}
+constexpr auto namesOf(ImageElement::ContentMode) {
+  return foundation::names("fit", "fill", "stretch");
+}
+constexpr auto namesOf(CornerStyle) {
+  return foundation::names("circular", "continuous");
+}
+constexpr auto namesOf(ShapeElement::Mode) {
+  return foundation::names("fill", "stroke", "innerStroke");
+}
+constexpr auto namesOf(LineCap) {
+  return foundation::names("butt", "round", "square");
+}
+constexpr auto namesOf(LineJoin) {
+  return foundation::names("miter", "round", "bevel");
+}
+constexpr auto namesOf(ColorRole) {
+  return foundation::names("primary", "secondary");
+}
+constexpr auto namesOf(Accessibility::Children) {
+  return foundation::names("contain", "combine", "ignore");
+}
+constexpr auto namesOf(PrivacyTreatment) {
+  return foundation::names("masked", "covered");
+}
+constexpr auto namesOf(Length::Choice) {
+  return foundation::names("min", "max");
+}
+/// Letters as in drawn outlines: move, line, cubic, close.
+constexpr auto namesOf(PathStep::Verb) {
+  return foundation::names("M", "L", "C", "Z");
+}
+constexpr auto namesOf(StackElement::Axis) {
+  return foundation::names("HStack", "VStack", "ZStack");
 }
 
 /// Alignments have one name each: the vertical part, then the horizontal one; "center" where both

@@ -1,8 +1,6 @@
 // JSON into trees: nodes, their elements and modifiers.
 #include "ViewKit/TreeReader.hpp"
 
-#include <fmt/format.h>
-
 #include <algorithm>
 #include <array>
 
@@ -10,74 +8,13 @@ namespace viewkit {
 
 using Json = foundation::JsonValue;
 
-const Json* ObjectCursor::take(std::string_view key) {
-  for (std::size_t i = 0; i < object_.size(); ++i) {
-    if (object_[i].first != key) continue;
-    taken_.set(i);
-    return &object_[i].second;
-  }
-  return nullptr;
-}
-
-std::optional<std::string_view> ObjectCursor::leftOver() const {
-  if (taken_.count() == object_.size()) return std::nullopt;
-  for (std::size_t i = 0; i < object_.size(); ++i) {
-    if (!taken_.test(i)) return object_[i].first;
-  }
-  return std::nullopt;
-}
-
-// ---- failures
-
-bool TreeReader::fail(std::string message) {
-  message_ = std::move(message);
-  return false;
-}
-
-// Keys may come from the document: escaped as in a JSON pointer, and not too long to read.
-bool TreeReader::at(std::string_view key) {
-  constexpr std::size_t kMostShown = 40;
-  std::string step = "/";
-  for (const char c : key.substr(0, kMostShown)) {
-    if (c == '~' || c == '/') {
-      step += c == '~' ? "~0" : "~1";
-    } else {
-      step += c >= ' ' && c < '\x7F' ? c : '?';
-    }
-  }
-  path_.insert(0, step);
-  return false;
-}
-
-bool TreeReader::at(std::size_t index) {
-  return at(std::to_string(index));
-}
-
-// ---- records
-
-std::optional<ObjectCursor> TreeReader::open(const Json& json) {
-  const Json::Object* object = json.object();
-  if (object != nullptr && object->size() <= ObjectCursor::kMostMembers) {
-    return ObjectCursor{*object};
-  }
-  fail(object == nullptr ? "expected an object" : "too many members");
-  return std::nullopt;
-}
-
-bool TreeReader::close(const ObjectCursor& cursor) {
-  const std::optional<std::string_view> name = cursor.leftOver();
-  if (!name) return true;
-  fail("unknown or repeated member");
-  return at(*name);
-}
-
 template <class T, class Out>
-bool TreeReader::readPlain(ObjectCursor& cursor, Out& out) {
+bool TreeReader::readPlain(JsonObjectCursor& cursor, Out& out) {
   return readMembers(cursor, out.template emplace<T>());
 }
 
 template <class M>
-bool TreeReader::readNested(ObjectCursor& cursor, Modifier& out) {
+bool TreeReader::readNested(JsonObjectCursor& cursor, Modifier& out) {
   const Json* json = cursor.take(MembersOf<M>::kName);
   auto members = open(*json);
   return (members && readMembers(*members, out.emplace<M>()) && close(*members)) ||
@@ -90,7 +27,7 @@ struct TreeForms {
   template <class Out>
   struct Form {
     std::string_view name;
-    bool (TreeReader::*read)(ObjectCursor&, Out&);
+    bool (TreeReader::*read)(JsonObjectCursor&, Out&);
   };
 
   template <class Out, class... T>
@@ -158,7 +95,7 @@ bool TreeReader::read(const Json& json, View& out) {
   return ok;
 }
 
-bool TreeReader::readNode(ObjectCursor& cursor, Node& out) {
+bool TreeReader::readNode(JsonObjectCursor& cursor, Node& out) {
   std::string_view type;
   if (!readType(cursor, type) || !readElement(type, cursor, out.element)) return false;
   const Json* name = cursor.take("name");
@@ -176,13 +113,13 @@ bool TreeReader::readNode(ObjectCursor& cursor, Node& out) {
   return ok;
 }
 
-bool TreeReader::readInner(ObjectCursor& cursor, const Json* modifiers, Node& out) {
+bool TreeReader::readInner(JsonObjectCursor& cursor, const Json* modifiers, Node& out) {
   const Json* children = cursor.take("children");
   if (children != nullptr && !read(*children, out.children)) return at("children");
   return modifiers == nullptr || readModifiers(*modifiers, out.modifiers) || at("modifiers");
 }
 
-bool TreeReader::readType(ObjectCursor& cursor, std::string_view& out) {
+bool TreeReader::readType(JsonObjectCursor& cursor, std::string_view& out) {
   const Json* type = cursor.take("type");
   if (type == nullptr || type->string() == nullptr) {
     fail("expected a type's name");
@@ -192,7 +129,7 @@ bool TreeReader::readType(ObjectCursor& cursor, std::string_view& out) {
   return true;
 }
 
-bool TreeReader::readElement(std::string_view type, ObjectCursor& cursor, Element& out) {
+bool TreeReader::readElement(std::string_view type, JsonObjectCursor& cursor, Element& out) {
   if (const auto axis = named<StackElement::Axis>(type)) {
     return readMembers(cursor, out.emplace<StackElement>(StackElement{.axis = *axis}));
   }
@@ -205,7 +142,7 @@ bool TreeReader::readElement(std::string_view type, ObjectCursor& cursor, Elemen
   return at("type");
 }
 
-bool TreeReader::readGeometry(std::string_view type, ObjectCursor& cursor, ShapeGeometry& out) {
+bool TreeReader::readGeometry(std::string_view type, JsonObjectCursor& cursor, ShapeGeometry& out) {
   if (const auto* form = TreeForms::findGeometry(type)) return (this->*form->read)(cursor, out);
   fail("unknown shape");
   return at("type");
@@ -218,16 +155,15 @@ bool TreeReader::read(const Json& json, ShapeGeometry& out) {
 }
 
 bool TreeReader::read(const Json& json, std::vector<View>& out) {
-  return readList(json, out, limits_.nodes);
+  return read(json, out, foundation::AtMost{limits_.nodes});
 }
 
 bool TreeReader::readModifiers(const Json& json, std::vector<Modifier>& out) {
-  const Json::Array* array = json.array();
-  if (array == nullptr) return fail("expected an array");
-  if (array->size() > limits_.modifiers) return fail("too many modifiers");
-  out.resize(array->size());
-  for (std::size_t i = 0; i < array->size(); ++i) {
-    if (!readModifier((*array)[i], out[i])) return at(i);
+  const Json::Array* list = array(json, {limits_.modifiers});
+  if (list == nullptr) return false;
+  out.resize(list->size());
+  for (std::size_t i = 0; i < list->size(); ++i) {
+    if (!readModifier((*list)[i], out[i])) return at(i);
   }
   return true;
 }
@@ -244,20 +180,6 @@ bool TreeReader::readModifier(const Json& json, Modifier& out) {
 
 namespace {
 
-std::string expectation(const Bounds& bounds) {
-  return fmt::format("expected a number {}{}...{}{}",
-                     bounds.aboveLeast ? "above " : "in ",
-                     bounds.least,
-                     bounds.most,
-                     bounds.infinity ? " or \"infinity\"" : "");
-}
-
-// Written so that NaN is out of bounds.
-bool isWithin(double number, const Bounds& bounds) {
-  return number >= bounds.least && number <= bounds.most &&
-         !(bounds.aboveLeast && number == bounds.least);
-}
-
 // A file below the container, whatever the container is.
 bool staysBelow(std::string_view path) {
   if (path.starts_with('/') || path.find('\0') != std::string_view::npos) return false;
@@ -271,40 +193,6 @@ bool staysBelow(std::string_view path) {
 
 }  // namespace
 
-bool TreeReader::read(const Json& json, bool& out) {
-  const bool* flag = json.boolean();
-  if (flag == nullptr) return fail("expected true or false");
-  out = *flag;
-  return true;
-}
-
-bool TreeReader::read(const Json& json, double& out, const Bounds& bounds) {
-  const double* number = json.number();
-  const std::string* text = json.string();
-  if (bounds.infinity && text != nullptr && *text == "infinity") {
-    out = kInfinity;
-    return true;
-  }
-  if (number == nullptr || !isWithin(*number, bounds)) return fail(expectation(bounds));
-  out = *number;
-  return true;
-}
-
-bool TreeReader::read(const Json& json, int& out, const Bounds& bounds) {
-  double number = 0;
-  if (!read(json, number, bounds)) return false;
-  out = static_cast<int>(number);
-  return out == number || fail("expected a whole number");
-}
-
-bool TreeReader::read(const Json& json, std::string& out) {
-  const std::string* text = json.string();
-  if (text == nullptr) return fail("expected a string");
-  if (text->size() > limits_.stringBytes) return fail("the string is too long");
-  out = *text;
-  return true;
-}
-
 bool TreeReader::read(const Json& json, std::string& out, ContainerPath) {
   if (!read(json, out)) return false;
   return staysBelow(out) || fail("expected a path below the container");
@@ -316,10 +204,6 @@ bool TreeReader::read(const Json& json, Alignment& out) {
   if (!alignment) return fail("expected an alignment");
   out = *alignment;
   return true;
-}
-
-bool TreeReader::failNames(std::span<const std::string_view> names) {
-  return fail(fmt::format("expected {}", fmt::join(names, ", ")));
 }
 
 std::expected<View, std::string> readView(const foundation::JsonValue& json,

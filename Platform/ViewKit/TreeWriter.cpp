@@ -3,6 +3,7 @@
 #include <cmath>
 #include <string_view>
 
+#include "Foundation/JsonRecordWriter.hpp"
 #include "Foundation/Utf8.hpp"
 #include "ViewKit/ColorText.hpp"
 #include "ViewKit/Members.hpp"
@@ -18,15 +19,16 @@ void appendShortest(std::string& out, double number) {
   out.append(digits, std::to_chars(digits, digits + sizeof digits, number).ptr);
 }
 
-class TreeWriter {
+class TreeWriter : public foundation::JsonRecordWriter<TreeWriter, MembersOf> {
  public:
-  explicit TreeWriter(foundation::JsonWriter& json) : json_(json) {}
+  using JsonRecordWriter::JsonRecordWriter;
 
   void put(const View& view);
 
  private:
-  template <class T>
-  void putMembers(const T& record);
+  friend JsonRecordWriter;
+  using JsonRecordWriter::put;
+
   template <class M>
   void putModifier(const M& modifier);
 
@@ -35,8 +37,6 @@ class TreeWriter {
   template <class E>
   void putElement(const E& element);
 
-  void put(bool flag) { json_.value(flag); }
-  void put(int number) { json_.value(number); }
   void put(double number);
   // Far less than a reader takes and more than any widget shows: a document's overlong names must
   // cost neither the tree nor, a dozen of them together, the message.
@@ -51,46 +51,10 @@ class TreeWriter {
   void put(Alignment alignment) { json_.value(nameOf(alignment)); }
   void put(const Color& color);
   void put(const GradientStop& stop);
-  void put(const Gradient& gradient);
   void put(const Paint& paint);
   void put(const PathStep& step);
   void put(const ShapeGeometry& shape);
-  template <NamedEnum Enum>
-  void put(Enum value) {
-    json_.value(nameOf(value));
-  }
-  template <class T>
-  void put(const std::optional<T>& value) {
-    if (value) {
-      put(*value);
-    } else {
-      json_.null();
-    }
-  }
-  template <class T>
-  void put(const std::vector<T>& values);
-
-  foundation::JsonWriter& json_;
 };
-
-template <class T>
-void TreeWriter::put(const std::vector<T>& values) {
-  json_.beginArray();
-  for (const T& value : values) put(value);
-  json_.endArray();
-}
-
-template <class T>
-void TreeWriter::putMembers(const T& record) {
-  bool always = hasLead<T>;
-  MembersOf<T>::list([&](std::string_view key, auto pointer, auto...) {
-    if (always || !(record.*pointer == defaultsOf<T>().*pointer)) {
-      json_.key(key);
-      put(record.*pointer);
-    }
-    always = false;
-  });
-}
 
 // ---- nodes
 
@@ -193,12 +157,6 @@ void TreeWriter::put(const GradientStop& stop) {
   json_.beginArray();
   put(stop.color);
   json_.value(stop.location).endArray();
-}
-
-void TreeWriter::put(const Gradient& gradient) {
-  json_.beginObject();
-  putMembers(gradient);
-  json_.endObject();
 }
 
 void TreeWriter::put(const Paint& paint) {

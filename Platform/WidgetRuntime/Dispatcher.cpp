@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <exception>
+#include <functional>
 #include <new>
 #include <stdexcept>
 #include <utility>
@@ -33,15 +34,16 @@ std::unexpected<RpcError> unknown(std::string_view what, std::string_view name) 
 }
 
 template <class Items, class Name>
-auto* findNamed(Items& items, Name&& nameOf, std::string_view name) {
-  const auto found =
-      std::ranges::find_if(items, [&](const auto& item) { return nameOf(item) == name; });
-  return found == items.end() ? nullptr : &*found;
+auto* findNamed(Items& items, Name nameOf, std::string_view name) {
+  const auto found = std::ranges::find(items, name, nameOf);
+  return found == std::ranges::end(items) ? nullptr : &*found;
 }
 
 const Widget* findWidget(const WidgetBundle& bundle, std::string_view kind) {
-  return findNamed(
-      bundle.widgets, [](const Widget& w) { return std::string_view{w.description.kind}; }, kind);
+  const auto kindOf = [](const Widget& widget) {
+    return std::string_view{widget.description.kind};
+  };
+  return findNamed(bundle.widgets, kindOf, kind);
 }
 
 std::size_t encodedSize(const IntentOption& option) {
@@ -71,12 +73,12 @@ void offer(std::vector<IntentOption> options, OptionsAnswer& answer) {
   }
 }
 
-using Identifiers = std::optional<std::vector<std::string>>;
+using Query = std::optional<OptionsQuery>;
 
-OptionsAnswer cases(const IntentParameter& parameter, const Identifiers& ids) {
+OptionsAnswer cases(const IntentParameter& parameter, const Query& query) {
   OptionsAnswer answer{.defaultOption = parameter.defaultValue};
   for (const IntentOption& option : parameter.cases) {
-    if (ids && std::ranges::find(*ids, option.id) == ids->end()) continue;
+    if (query && findNamed(query->identifiers, std::identity{}, option.id) == nullptr) continue;
     answer.options.push_back(option);
   }
   return answer;
@@ -93,12 +95,13 @@ std::optional<std::string> defaultOf(const EntityQuery& query, const OptionsAnsw
   return answer.options.front().id;
 }
 
-OptionsAnswer entities(const EntityQuery& query, const Identifiers& ids) {
+OptionsAnswer entities(const EntityQuery& source, const Query& query) {
   OptionsAnswer answer;
-  offer(ids ? query.entitiesForIdentifiers(*ids) : query.suggestedEntities(), answer);
-  if (!ids) {
-    answer.defaultOption = defaultOf(query, answer);
-  } else if (const auto option = query.defaultResult()) {
+  offer(query ? source.entitiesForIdentifiers(query->identifiers) : source.suggestedEntities(),
+        answer);
+  if (!query) {
+    answer.defaultOption = defaultOf(source, answer);
+  } else if (const auto option = source.defaultResult()) {
     if (option->id.size() <= kMaximumString) answer.defaultOption = option->id;
   }
   return answer;
@@ -110,17 +113,8 @@ bool configures(const WidgetBundle& bundle, std::string_view intent) {
   });
 }
 
-AnyTimeline single(AnyEntry entry) {
-  AnyTimeline timeline;
-  timeline.entries.push_back(std::move(entry));
-  return timeline;
-}
-
-AnyTimeline ask(const Widget& widget, std::string_view method, const EntriesParameters& request) {
-  const ProviderContext context{request.family, request.isPreview, request.device};
-  if (method == method::kPlaceholder) return single(widget.placeholder(context));
-  if (method == method::kSnapshot) return single(widget.snapshot(context, request.configuration));
-  return widget.timeline(context, request.configuration);
+ProviderContext contextOf(const EntriesParameters& request) {
+  return {request.family, request.isPreview, request.device};
 }
 
 std::string render(const AnyEntry& entry, const EntriesParameters& request) {
@@ -138,18 +132,22 @@ std::string render(const AnyEntry& entry, const EntriesParameters& request) {
 }
 
 // A timeline that is too long ends early and is asked for again when it has ended.
-std::expected<std::string, RpcError> writeTimeline(const AnyTimeline& timeline,
-                                                   const EntriesParameters& request,
-                                                   bool withPolicy) {
-  ReloadPolicy policy = timeline.policy;
+std::expected<std::string, RpcError> encodeEntries(const std::vector<AnyEntry>& entries,
+                                                   std::optional<ReloadPolicy> policy,
+                                                   const EntriesParameters& request) {
   const ReloadPolicy never{.type = ReloadPolicy::Type::never};
-  if (policy.type == ReloadPolicy::Type::after && policy.date.seconds > kLastSecond) policy = never;
+  const auto end = [&](const ReloadPolicy& early) {
+    if (policy) policy = early;
+  };
+  if (policy && policy->type == ReloadPolicy::Type::after && policy->date.seconds > kLastSecond) {
+    policy = never;
+  }
   JsonWriter writer;
   writer.beginObject().key("entries").beginArray();
   std::size_t count = 0;
-  for (const AnyEntry& entry : timeline.entries) {
+  for (const AnyEntry& entry : entries) {
     if (count > 0 && entry.date.seconds > kLastSecond) {
-      policy = never;
+      end(never);
       break;
     }
     const std::string json = count < kMaximumEntries ? render(entry, request) : "";
@@ -158,19 +156,47 @@ std::expected<std::string, RpcError> writeTimeline(const AnyTimeline& timeline,
         return fail(RpcErrorCode::answerTooLarge,
                     fmt::format("an entry of {} takes {} bytes", request.kind, json.size()));
       }
-      policy = {};
+      end({});
       break;
     }
     writer.raw(json);
     ++count;
   }
   writer.endArray();
-  if (withPolicy) {
+  if (policy) {
     writer.key("policy");
-    write(writer, policy);
+    write(writer, *policy);
   }
   writer.endObject();
   return writer.take();
+}
+
+template <class Ask>
+std::expected<std::string, RpcError> answerEntries(const WidgetBundle& bundle,
+                                                   const JsonValue& json,
+                                                   const Ask& ask) {
+  const auto request = read<EntriesParameters>(json);
+  if (!request) return fail(RpcErrorCode::invalidParameters, request.error());
+  const Widget* widget = findWidget(bundle, request->kind);
+  if (widget == nullptr) return unknown("widget kind", request->kind);
+  return ask(*widget, *request);
+}
+
+std::expected<std::string, RpcError> answerOptions(const WidgetBundle& bundle,
+                                                   const JsonValue& json) {
+  const auto request = read<OptionsParameters>(json);
+  if (!request) return fail(RpcErrorCode::invalidParameters, request.error());
+  const Widget* widget = findWidget(bundle, request->kind);
+  if (widget == nullptr) return unknown("widget kind", request->kind);
+  const IntentParameter* parameter = nullptr;
+  if (widget->configuration) {
+    parameter =
+        findNamed(widget->configuration->parameters, &IntentParameter::name, request->parameter);
+  }
+  if (parameter == nullptr) return unknown("parameter", request->parameter);
+  const bool isEntity = parameter->type == IntentParameter::Type::entity;
+  return encode(isEntity ? entities(parameter->query, request->query)
+                         : cases(*parameter, request->query));
 }
 
 // An empty path is that of no file.
@@ -207,51 +233,53 @@ std::string Dispatcher::handle(const RpcRequest& request) {
   return result ? writeResult(*request.id, *result) : writeError({*request.id, result.error()});
 }
 
+const Dispatcher::Method* Dispatcher::methodNamed(std::string_view name) {
+  static constexpr Method kMethods[] = {
+      {method::kInitialize, &Dispatcher::initialize, false},
+      {method::kShutdown, &Dispatcher::shutdown, false},
+      {method::kPlaceholder, &Dispatcher::placeholder},
+      {method::kSnapshot, &Dispatcher::snapshot},
+      {method::kTimeline, &Dispatcher::timeline},
+      {method::kOptions, &Dispatcher::options},
+      {method::kPerform, &Dispatcher::perform},
+      {method::kDiagnose, &Dispatcher::diagnose},
+  };
+  return findNamed(kMethods, &Method::name, name);
+}
+
 Dispatcher::Answer Dispatcher::answer(const RpcRequest& request) {
-  const std::string_view name = request.method;
   if (isShutDown_) return fail(RpcErrorCode::invalidRequest, "the extension is shut down");
-  if (name == method::kInitialize) return initialize(request.parameters);
-  if (name == method::kShutdown) {
-    isShutDown_ = true;
-    return "null";
+  const Method* method = methodNamed(request.method);
+  if (method == nullptr) {
+    return fail(RpcErrorCode::methodNotFound, fmt::format("unknown method \"{}\"", request.method));
   }
-  const bool asksForEntries =
-      name == method::kPlaceholder || name == method::kSnapshot || name == method::kTimeline;
-  const bool isKnown = asksForEntries || name == method::kOptions || name == method::kPerform ||
-                       name == method::kDiagnose;
-  if (!isKnown) {
-    return fail(RpcErrorCode::methodNotFound, fmt::format("unknown method \"{}\"", name));
+  if (method->needsBundle && !bundle_) {
+    return fail(RpcErrorCode::notInitialized, "initialize comes first");
   }
-  if (!bundle_) return fail(RpcErrorCode::notInitialized, "initialize comes first");
-  if (asksForEntries || name == method::kOptions) return answerFromDocument(request);
-  if (name == method::kPerform) return perform(*bundle_, request.parameters);
-  return diagnose(request.parameters);
+  return (this->*method->answer)(request.parameters);
 }
 
 // A document of more than memory holds is a failure of data, wherever memory ran out: there is an
 // answer, that of an extension without a document.
-Dispatcher::Answer Dispatcher::answerFromDocument(const RpcRequest& request) const {
-  const auto answerOf = [&](const WidgetBundle& bundle) {
-    return request.method == method::kOptions ? options(bundle, request.parameters)
-                                              : entries(bundle, request.method, request.parameters);
-  };
+template <class Ask>
+Dispatcher::Answer Dispatcher::answerFromDocument(const Ask& ask) const {
   try {
-    return answerOf(*bundle_);
+    return ask(*bundle_);
   } catch (const std::bad_alloc&) {
   } catch (const std::length_error&) {
   }
-  return answerOf(definition_.makeBundle(withoutDocument(parameters_)));
+  return ask(definition_.makeBundle(withoutDocument(parameters_)));
 }
 
-Dispatcher::Answer Dispatcher::initialize(const JsonValue& json) {
+Dispatcher::Answer Dispatcher::initialize(const Json& json) {
   if (bundle_) return fail(RpcErrorCode::invalidRequest, "initialized already");
   const auto parameters = read<InitializeParameters>(json);
   if (!parameters) return fail(RpcErrorCode::invalidParameters, parameters.error());
   if (parameters->protocolVersion != kProtocolVersion) {
     return fail(RpcErrorCode::invalidParameters,
-                fmt::format("protocolVersion: {} is not spoken here, {} is",
-                            parameters->protocolVersion,
-                            kProtocolVersion));
+                fmt::format("/protocolVersion: expected {}, found {}",
+                            kProtocolVersion,
+                            parameters->protocolVersion));
   }
   parameters_ = *parameters;
   bundle_ = definition_.makeBundle(*parameters);
@@ -263,48 +291,54 @@ Dispatcher::Answer Dispatcher::initialize(const JsonValue& json) {
                                  describe(*bundle_)});
 }
 
-Dispatcher::Answer Dispatcher::entries(const WidgetBundle& bundle,
-                                       std::string_view name,
-                                       const JsonValue& json) {
-  const auto parameters = read<EntriesParameters>(json);
-  if (!parameters) return fail(RpcErrorCode::invalidParameters, parameters.error());
-  const Widget* widget = findWidget(bundle, parameters->kind);
-  if (widget == nullptr) return unknown("widget kind", parameters->kind);
-  return writeTimeline(ask(*widget, name, *parameters), *parameters, name == method::kTimeline);
+Dispatcher::Answer Dispatcher::shutdown(const Json& /*parameters*/) {
+  isShutDown_ = true;
+  return "null";
 }
 
-Dispatcher::Answer Dispatcher::options(const WidgetBundle& bundle, const JsonValue& json) {
-  const auto request = read<OptionsParameters>(json);
-  if (!request) return fail(RpcErrorCode::invalidParameters, request.error());
-  const Widget* widget = findWidget(bundle, request->kind);
-  if (widget == nullptr) return unknown("widget kind", request->kind);
-  const IntentParameter* parameter = nullptr;
-  if (widget->configuration) {
-    parameter = findNamed(
-        widget->configuration->parameters,
-        [](const IntentParameter& p) { return std::string_view{p.name}; },
-        request->parameter);
-  }
-  if (parameter == nullptr) return unknown("parameter", request->parameter);
-
-  const bool isEntity = parameter->type == IntentParameter::Type::entity;
-  return encode(isEntity ? entities(parameter->query, request->identifiers)
-                         : cases(*parameter, request->identifiers));
+Dispatcher::Answer Dispatcher::placeholder(const Json& json) {
+  const auto ask = [](const Widget& widget, const EntriesParameters& request) {
+    return encodeEntries({widget.placeholder(contextOf(request))}, std::nullopt, request);
+  };
+  return answerFromDocument(
+      [&](const WidgetBundle& bundle) { return answerEntries(bundle, json, ask); });
 }
 
-Dispatcher::Answer Dispatcher::perform(const WidgetBundle& bundle, const JsonValue& json) {
+Dispatcher::Answer Dispatcher::snapshot(const Json& json) {
+  const auto ask = [](const Widget& widget, const EntriesParameters& request) {
+    return encodeEntries(
+        {widget.snapshot(contextOf(request), request.configuration)}, std::nullopt, request);
+  };
+  return answerFromDocument(
+      [&](const WidgetBundle& bundle) { return answerEntries(bundle, json, ask); });
+}
+
+Dispatcher::Answer Dispatcher::timeline(const Json& json) {
+  const auto ask = [](const Widget& widget, const EntriesParameters& request) {
+    const AnyTimeline timeline = widget.timeline(contextOf(request), request.configuration);
+    return encodeEntries(timeline.entries, timeline.policy, request);
+  };
+  return answerFromDocument(
+      [&](const WidgetBundle& bundle) { return answerEntries(bundle, json, ask); });
+}
+
+Dispatcher::Answer Dispatcher::options(const Json& json) {
+  return answerFromDocument(
+      [&](const WidgetBundle& bundle) { return answerOptions(bundle, json); });
+}
+
+Dispatcher::Answer Dispatcher::perform(const Json& json) {
   const auto request = read<PerformParameters>(json);
   if (!request) return fail(RpcErrorCode::invalidParameters, request.error());
-  const Action* action = findNamed(
-      bundle.actions, [](const Action& a) { return std::string_view{a.name}; }, request->intent);
+  const Action* action = findNamed(bundle_->actions, &Action::name, request->intent);
   // An intent that configures a widget has nothing to do.
-  if (action == nullptr && configures(bundle, request->intent)) return encode(PerformAnswer{});
+  if (action == nullptr && configures(*bundle_, request->intent)) return encode(PerformAnswer{});
   if (action == nullptr) return unknown("intent", request->intent);
   action->perform();
   return encode(PerformAnswer{action->openAppWhenRun});
 }
 
-Dispatcher::Answer Dispatcher::diagnose(const JsonValue& json) const {
+Dispatcher::Answer Dispatcher::diagnose(const Json& json) {
   auto request = read<DiagnoseParameters>(json);
   if (!request) return fail(RpcErrorCode::invalidParameters, request.error());
   if (!request->path && !request->text) request->path = document_;

@@ -1,6 +1,7 @@
 // Answers a host's requests: JSON-RPC text in, JSON-RPC text out.
 #pragma once
 
+#include <expected>
 #include <functional>
 #include <optional>
 #include <string>
@@ -43,17 +44,25 @@ class Dispatcher {
  private:
   using Answer = std::expected<std::string, RpcError>;
 
+  using Json = foundation::JsonValue;
+  struct Method {
+    std::string_view name;
+    Answer (Dispatcher::*answer)(const Json& parameters);
+    bool needsBundle = true;
+  };
+  static const Method* methodNamed(std::string_view name);
+
   [[nodiscard]] Answer answer(const RpcRequest& request);
-  [[nodiscard]] Answer initialize(const foundation::JsonValue& parameters);
-  [[nodiscard]] Answer answerFromDocument(const RpcRequest& request) const;
-  [[nodiscard]] static Answer entries(const WidgetBundle& bundle,
-                                      std::string_view method,
-                                      const foundation::JsonValue& parameters);
-  [[nodiscard]] static Answer options(const WidgetBundle& bundle,
-                                      const foundation::JsonValue& parameters);
-  [[nodiscard]] static Answer perform(const WidgetBundle& bundle,
-                                      const foundation::JsonValue& parameters);
-  [[nodiscard]] Answer diagnose(const foundation::JsonValue& parameters) const;
+  template <class Ask>
+  [[nodiscard]] Answer answerFromDocument(const Ask& ask) const;
+  Answer initialize(const Json& parameters);
+  Answer shutdown(const Json& parameters);
+  Answer placeholder(const Json& parameters);
+  Answer snapshot(const Json& parameters);
+  Answer timeline(const Json& parameters);
+  Answer options(const Json& parameters);
+  Answer perform(const Json& parameters);
+  Answer diagnose(const Json& parameters);
 
   ExtensionDefinition definition_;
   InitializeParameters parameters_;

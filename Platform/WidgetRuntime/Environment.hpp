@@ -22,7 +22,17 @@ enum class WidgetFamily : std::uint8_t {
   accessoryRectangular,
   accessoryInline
 };
+constexpr auto namesOf(WidgetFamily) {
+  return foundation::names("systemSmall",
+                           "systemMedium",
+                           "systemLarge",
+                           "accessoryCircular",
+                           "accessoryRectangular",
+                           "accessoryInline");
+}
 
+using foundation::named;
+using foundation::nameOf;
 using viewkit::RedactionReasons;
 using viewkit::RenderingMode;
 
@@ -51,10 +61,6 @@ struct Environment {
   friend bool operator==(const Environment&, const Environment&) = default;
 };
 
-[[nodiscard]] std::string_view name(WidgetFamily family);
-[[nodiscard]] std::string_view name(RenderingMode mode);
-[[nodiscard]] std::optional<WidgetFamily> widgetFamilyNamed(std::string_view name);
-[[nodiscard]] std::optional<RenderingMode> renderingModeNamed(std::string_view name);
 [[nodiscard]] constexpr bool isAccessory(WidgetFamily family) {
   return family >= WidgetFamily::accessoryCircular;
 }

@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "Foundation/Names.hpp"
+
 namespace widgetruntime {
 
 /// A choice as a person sees it: a stable identifier (raw value or entity id) and a title.
@@ -28,6 +30,8 @@ struct EntityQuery {
 
 struct IntentParameter {
   enum class Type { enumeration, entity };
+  friend constexpr auto namesOf(Type) { return foundation::names("enumeration", "entity"); }
+
   std::string name;      ///< "style"
   std::string title;     ///< "Style"
   std::string typeName;  ///< the type's display name

@@ -67,14 +67,15 @@ std::expected<RpcRequest, RpcFailure> readRequest(std::string_view text) {
   if (id != nullptr) request.id = readId(*id);
   const RpcId answered = request.id.value_or(nullptr);
   if (!isVersionTwo(*json)) {
-    return fail(answered, RpcErrorCode::invalidRequest, "jsonrpc: \"2.0\" is expected");
+    return fail(answered, RpcErrorCode::invalidRequest, "/jsonrpc: expected \"2.0\"");
   }
   if (id != nullptr && !request.id) {
-    return fail(nullptr, RpcErrorCode::invalidRequest, "id: a whole number or a short string");
+    return fail(
+        nullptr, RpcErrorCode::invalidRequest, "/id: expected a whole number or a short string");
   }
   const JsonValue* name = json->member("method");
   if (name == nullptr || name->string() == nullptr || name->string()->size() > kMaximumIdText) {
-    return fail(answered, RpcErrorCode::invalidRequest, "method: a short string is expected");
+    return fail(answered, RpcErrorCode::invalidRequest, "/method: expected a short string");
   }
   request.method = *name->string();
   if (const JsonValue* parameters = json->member("params")) request.parameters = *parameters;
@@ -99,7 +100,7 @@ std::expected<RpcAnswer, std::string> readAnswer(std::string_view text) {
   const JsonValue* message = error->member("message");
   if (code == nullptr || code->number() == nullptr || std::abs(*code->number()) > 1e6 ||
       message == nullptr || message->string() == nullptr) {
-    return std::unexpected("error: code and message are expected");
+    return std::unexpected("/error: expected code and message");
   }
   return RpcAnswer{*id,
                    std::unexpected(RpcError{static_cast<RpcErrorCode>(*code->number()),

@@ -1,9 +1,12 @@
-// Every request and answer between a host and an extension, as records with their JSON form.
+// Every request and answer between a host and an extension, as records. Their JSON form is listed
+// in MessageMembers.hpp and told in docs/protocol.md:
 //
-// Writers never fail. Readers check form and bounds and say in one line what is wrong and where,
-// as in "environments[1].renderingMode: unknown name"; unknown members are ignored.
+//     const std::string parameters = encode(EntriesParameters{.kind = "Clock", .device = device});
+//     const Read<EntriesAnswer> answer = read<EntriesAnswer>(json);
 //
-// Instants travel as internet date-times, so fractions of a second are dropped.
+// Readers check form and bounds and say in one line what is wrong and where, as in
+// "/environments/1/systemMargins/leading: missing"; unknown members are ignored. Instants travel as
+// internet date-times, so fractions of a second are dropped.
 #pragma once
 
 #include <cstddef>
@@ -39,13 +42,15 @@ inline constexpr std::string_view kExit = "exit";
 inline constexpr std::string_view kCancelRequest = "$/cancelRequest";
 }  // namespace method
 
-/// Bounds of what is read and written, on both sides.
-inline constexpr std::size_t kMaximumMessage = std::size_t{1} << 20;  ///< bytes of a message's body
-inline constexpr std::size_t kMaximumString = std::size_t{16}
-                                              << 10;  ///< bytes of a string, but a diagnosed text
+// Bounds of what is read and written, on both sides.
+
+/// Bytes of a message's body.
+inline constexpr std::size_t kMaximumMessage = std::size_t{1} << 20;
+/// Bytes of a string, but not of a diagnosed text.
+inline constexpr std::size_t kMaximumString = std::size_t{16} << 10;
 inline constexpr std::size_t kMaximumRequestDepth = 16;
-inline constexpr std::size_t kMaximumAnswerDepth =
-    256;                                            ///< a tree of 64 levels takes up to three each
+/// A tree of 64 levels takes up to three each.
+inline constexpr std::size_t kMaximumAnswerDepth = 256;
 inline constexpr std::size_t kMaximumEntries = 32;  ///< of a timeline
 inline constexpr std::size_t kMaximumEnvironments = 8;
 inline constexpr std::size_t kMaximumItems = 1024;  ///< of any other list
@@ -71,8 +76,8 @@ struct InitializeParameters {
 
 struct WidgetListing {
   WidgetDescription description;
-  std::optional<IntentDescription>
-      configuration;  ///< without queries: those are asked for by configuration/options
+  /// Without queries: those are asked for by configuration/options.
+  std::optional<IntentDescription> configuration;
 };
 
 struct ControlListing : Control {
@@ -89,8 +94,7 @@ struct InitializeAnswer {
   int protocolVersion = kProtocolVersion;
   std::string appGroup;
   std::string urlScheme;  ///< without "://"
-  std::string
-      container;  ///< the group's folder, whether it exists yet or not; empty: there is none
+  std::string container;  ///< the group's folder, there or not; empty: there is none
   BundleDescription bundle;
 };
 
@@ -103,8 +107,7 @@ struct EntriesParameters {
   bool isPreview = false;
   IntentValues configuration;
   foundation::Device device;
-  /// One tree of every entry for each; their families are those above, whatever they say
-  /// themselves.
+  /// One tree of every entry for each. Their families are those above, whatever they say.
   std::vector<Environment> environments;
 };
 
@@ -132,10 +135,15 @@ struct EntriesAnswer {
 
 // ---- configuration/options
 
+struct OptionsQuery {
+  std::vector<std::string> identifiers;
+  friend bool operator==(const OptionsQuery&, const OptionsQuery&) = default;
+};
+
 struct OptionsParameters {
   std::string kind;
   std::string parameter;
-  std::optional<std::vector<std::string>> identifiers;  ///< absent: all that are suggested
+  std::optional<OptionsQuery> query;  ///< absent: all that are suggested
 };
 
 struct OptionsAnswer {
@@ -188,42 +196,14 @@ struct DiagnoseAnswer {
 
 // ---- JSON
 
-void write(foundation::JsonWriter& writer, const InitializeParameters& parameters);
-void write(foundation::JsonWriter& writer, const BundleDescription& bundle);
-void write(foundation::JsonWriter& writer, const InitializeAnswer& answer);
-void write(foundation::JsonWriter& writer, const EntriesParameters& parameters);
-void write(foundation::JsonWriter& writer, const RenderedEntry& entry);
-void write(foundation::JsonWriter& writer, const ReloadPolicy& policy);
-void write(foundation::JsonWriter& writer, const EntriesAnswer& answer);
-void write(foundation::JsonWriter& writer, const OptionsParameters& parameters);
-void write(foundation::JsonWriter& writer, const OptionsAnswer& answer);
-void write(foundation::JsonWriter& writer, const PerformParameters& parameters);
-void write(foundation::JsonWriter& writer, const PerformAnswer& answer);
-void write(foundation::JsonWriter& writer, const DiagnoseParameters& parameters);
-void write(foundation::JsonWriter& writer, const DiagnoseAnswer& answer);
+/// Instantiated for every parameters and answer above, and for the records that answers consist of:
+/// bundles, entries, summaries, policies. Writing never fails.
+template <class Record>
+void write(foundation::JsonWriter& writer, const Record& record);
 
+/// For every parameters and answer; an error is one line with the place of what is wrong.
 template <class Message>
-[[nodiscard]] Read<Message> read(const foundation::JsonValue& json) = delete;
-template <>
-Read<InitializeParameters> read(const foundation::JsonValue& json);
-template <>
-Read<InitializeAnswer> read(const foundation::JsonValue& json);
-template <>
-Read<EntriesParameters> read(const foundation::JsonValue& json);
-template <>
-Read<EntriesAnswer> read(const foundation::JsonValue& json);
-template <>
-Read<OptionsParameters> read(const foundation::JsonValue& json);
-template <>
-Read<OptionsAnswer> read(const foundation::JsonValue& json);
-template <>
-Read<PerformParameters> read(const foundation::JsonValue& json);
-template <>
-Read<PerformAnswer> read(const foundation::JsonValue& json);
-template <>
-Read<DiagnoseParameters> read(const foundation::JsonValue& json);
-template <>
-Read<DiagnoseAnswer> read(const foundation::JsonValue& json);
+[[nodiscard]] Read<Message> read(const foundation::JsonValue& json);
 
 template <class Message>
 [[nodiscard]] std::string encode(const Message& message) {

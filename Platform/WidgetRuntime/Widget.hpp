@@ -2,17 +2,16 @@
 // a view of each entry.
 //
 //     Widget widget = makeStaticConfiguration(
-//         {.kind = "Kind", .displayName = "Name", .description = "...", .families =
-//         {WidgetFamily::systemSmall}}, SnapshotProvider{store},
+//         {.kind = "Kind", .displayName = "Name", .description = "What it shows."},
+//         SnapshotProvider{store},
 //         [](const SnapshotEntry& entry, const Environment& environment) {
 //           const NetWorthWidgetView view{...};
 //           return WidgetContent{view.body(), view.summary()};
 //         });
 //
-// A provider has an `Entry` type (with a `date`, and an optional `snapshot` that says when it was
-// made in `generatedAt`) and the three
-// operations of the timeline-provider protocol; an intent provider gets the configuration's intent
-// as well.
+// A provider has an `Entry` type and the three operations of the timeline-provider protocol; an
+// intent provider gets the configuration's intent as well. An entry has a `date`, and an optional
+// `snapshot` that says in `generatedAt` when it was made.
 #pragma once
 
 #include <functional>
@@ -40,6 +39,8 @@ struct ProviderContext {
 /// When the host asks again.
 struct ReloadPolicy {
   enum class Type { atEnd, after, never };
+  friend constexpr auto namesOf(Type) { return foundation::names("atEnd", "after", "never"); }
+
   Type type = Type::atEnd;
   foundation::Instant date{};  ///< `after` only
 
@@ -114,8 +115,7 @@ struct WidgetBundle {
   // Where the application and its files are, for a host that opens links and images.
   std::string appGroup{};
   std::string urlScheme{};  ///< without "://"
-  std::string
-      container{};  ///< the group's folder, whether it exists yet or not; empty: there is none
+  std::string container{};  ///< the group's folder, there or not; empty: there is none
 };
 
 namespace detail {

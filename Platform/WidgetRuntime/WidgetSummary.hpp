@@ -3,9 +3,9 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <optional>
 #include <string>
-#include <string_view>
+
+#include "Foundation/Names.hpp"
 
 namespace widgetruntime {
 
@@ -13,6 +13,9 @@ namespace widgetruntime {
 /// how things are. A host may colour `state`, and shows nothing for an empty text.
 struct WidgetSummary {
   enum class State : std::uint8_t { none, good, warning, critical };
+  friend constexpr auto namesOf(State) {
+    return foundation::names("none", "good", "warning", "critical");
+  }
 
   std::string text{};
   State state = State::none;
@@ -22,9 +25,5 @@ struct WidgetSummary {
 
 /// Bytes of a summary's text on the wire; a longer one, as of a document's odd name, is cut there.
 inline constexpr std::size_t kMaximumSummary = 1024;
-
-/// "none", "good", "warning", "critical".
-[[nodiscard]] std::string_view name(WidgetSummary::State state);
-[[nodiscard]] std::optional<WidgetSummary::State> summaryStateNamed(std::string_view name);
 
 }  // namespace widgetruntime

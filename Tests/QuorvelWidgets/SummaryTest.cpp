@@ -253,7 +253,8 @@ TEST(SummaryApproval, EveryWidgetInEveryStateAndLanguage) {
         const auto states = statesIn(lang);
         const auto same = std::ranges::find(states, state.name, &NamedState::name);
         const WidgetSummary line = summary(same->given);
-        text += std::string{lang} + ": " + line.text + " [" + std::string{name(line.state)} + "]\n";
+        text += std::string{lang} + ": " + line.text + " [" +
+                std::string{widgetruntime::nameOf(line.state)} + "]\n";
       }
     }
   }

@@ -206,23 +206,24 @@ TEST(Extension, RefusesAnswersOfAnotherForm) {
   std::string many;
   for (int i = 0; i < 4000; ++i) many += R"({"type":"Spacer"},)";
   const std::vector<Row> rows{
-      {"null", "an object is expected"},
-      {"{}", "entries: missing"},
-      {R"({"entries":[]})", "policy: missing"},
-      {R"({"entries":[)" + entry(tree) + "]," + policy + "}", "one tree an environment"},
+      {"null", "/: expected an object"},
+      {"{}", "/entries: missing"},
+      {R"({"entries":[]})", "/policy: missing"},
+      {R"({"entries":[)" + entry(tree) + "]," + policy + "}",
+       "/entries: expected one tree per environment"},
       {R"({"entries":[)" + entry(tree + "," + tree) + R"(],"policy":{"type":"sometimes"}})",
-       "policy.type: unknown name"},
+       "/policy/type: expected atEnd, after, never"},
       {R"({"entries":[)" + entry(tree + ",{}") + "]," + policy + "}",
-       "entries[0].trees[1].tree: missing"},
+       "/entries/0/trees/1/tree: missing"},
       {R"({"entries":[)" + entry(tree + R"(,{"tree":{"type":"Sphere"}})") + "]," + policy + "}",
-       "entries[0].trees[1].tree: "},
+       "/entries/0/trees/1/tree/type: unknown element"},
       {R"({"entries":[)" + entry(tree + R"(,{"tree":)" + deep + "}") + "]," + policy + "}",
-       "entries[0].trees[1].tree: "},
+       "/children/0/children/0: the tree is too deep"},
       {R"({"entries":[)" +
            entry(tree + R"(,{"tree":{"type":"VStack","children":[)" + many +
                  R"({"type":"Spacer"}]}})") +
            "]," + policy + "}",
-       "entries[0].trees[1].tree: "},
+       "/entries/0/trees/1/tree/children: 4001 elements, 4000 are allowed"},
   };
   for (const Row& row : rows) {
     Extension extension = answering(row.result);

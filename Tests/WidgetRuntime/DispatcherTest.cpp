@@ -63,10 +63,10 @@ TEST(Dispatcher, AnswersOnceInitializedAndUntilShutDown) {
 ---
 > {"jsonrpc":"2.0","id":2,"method":"initialize","params":{"protocolVersion":2}}
 < {"jsonrpc":"2.0","id":2,"error":{"code":-32602,
-    "message":"protocolVersion: 2 is not spoken here, 1 is"}}
+    "message":"/protocolVersion: expected 1, found 2"}}
 ---
 > {"jsonrpc":"2.0","id":3,"method":"initialize","params":{}}
-< {"jsonrpc":"2.0","id":3,"error":{"code":-32602,"message":"protocolVersion: missing"}}
+< {"jsonrpc":"2.0","id":3,"error":{"code":-32602,"message":"/protocolVersion: missing"}}
 )",
                    false);
   expectTranscript(R"(
@@ -286,7 +286,7 @@ TEST(Dispatcher, PerformsIntentsAndDiagnosesDocuments) {
 ---
 > {"jsonrpc":"2.0","id":6,"method":"document/diagnose","params":{"path":"/x","text":"{}",
     "now":"2025-03-14T23:30:00Z","timeZone":"UTC","locale":"en","languages":[]}}
-< {"jsonrpc":"2.0","id":6,"error":{"code":-32602,"message":"text: not beside a path"}}
+< {"jsonrpc":"2.0","id":6,"error":{"code":-32602,"message":"/text: not beside a path"}}
 )");
 }
 
@@ -424,17 +424,17 @@ TEST(Dispatcher, RefusesEnvelopesThatAreNoRequests) {
 < {"jsonrpc":"2.0","id":1,"error":{"code":-32601,"message":"unknown method \"widget/unknown\""}}
 ---
 > {"jsonrpc":"1.0","id":2,"method":"shutdown"}
-< {"jsonrpc":"2.0","id":2,"error":{"code":-32600,"message":"jsonrpc: \"2.0\" is expected"}}
+< {"jsonrpc":"2.0","id":2,"error":{"code":-32600,"message":"/jsonrpc: expected \"2.0\""}}
 ---
 > {"jsonrpc":"2.0","id":3}
-< {"jsonrpc":"2.0","id":3,"error":{"code":-32600,"message":"method: a short string is expected"}}
+< {"jsonrpc":"2.0","id":3,"error":{"code":-32600,"message":"/method: expected a short string"}}
 ---
 > {"jsonrpc":"2.0","id":1.5,"method":"shutdown"}
 < {"jsonrpc":"2.0","id":null,"error":{"code":-32600,
-    "message":"id: a whole number or a short string"}}
+    "message":"/id: expected a whole number or a short string"}}
 ---
 > []
-< {"jsonrpc":"2.0","id":null,"error":{"code":-32600,"message":"jsonrpc: \"2.0\" is expected"}}
+< {"jsonrpc":"2.0","id":null,"error":{"code":-32600,"message":"/jsonrpc: expected \"2.0\""}}
 ---
 > {"jsonrpc":"2.0","method":"$/cancelRequest","params":{"id":1}}
 ---
@@ -461,33 +461,37 @@ TEST(Dispatcher, NamesTheParameterThatIsWrong) {
   };
   const std::string device =
       R"("now":"2025-03-14T23:30:00Z","timeZone":"UTC","locale":"en","languages":[])";
+  const auto families = [](const std::string& where) {
+    return where +
+           ": expected systemSmall, systemMedium, systemLarge, accessoryCircular, "
+           "accessoryRectangular, accessoryInline";
+  };
   const std::string small = R"("kind":"Clock","family":"systemSmall",)";
   const std::string start = small + device;
   const std::vector<Row> rows{
-      {"", "kind: missing"},
-      {R"("kind":7)", "kind: a string is expected"},
-      {R"("kind":"Clock")", "family: missing"},
-      {R"("kind":"Clock","family":"huge")", R"(family: unknown name \"huge\")"},
-      {small + R"("previewFamily":"x",)" + device, R"(previewFamily: unknown name \"x\")"},
-      {small + R"("isPreview":1,)" + device, "isPreview: true or false is expected"},
-      {small + R"("configuration":[],)" + device, "configuration: an object is expected"},
-      {small + R"("configuration":{"a":1},)" + device, "configuration.a: a string is expected"},
-      {small + R"("now":"today")",
-       "now: an internet date-time such as 2025-03-14T09:30:00Z is expected"},
-      {start, "environments: missing"},
-      {start + R"(,"environments":{})", "environments: an array is expected"},
-      {start + R"(,"environments":[1])", "environments[0]: an object is expected"},
+      {"", "/kind: missing"},
+      {R"("kind":7)", "/kind: expected a string"},
+      {R"("kind":"Clock")", "/family: missing"},
+      {R"("kind":"Clock","family":"huge")", families("/family")},
+      {small + R"("previewFamily":"x",)" + device, families("/previewFamily")},
+      {small + R"("isPreview":1,)" + device, "/isPreview: expected true or false"},
+      {small + R"("configuration":[],)" + device, "/configuration: expected an object"},
+      {small + R"("configuration":{"a":1},)" + device, "/configuration/a: expected a string"},
+      {small + R"("now":"today")", "/now: expected a date-time like 2025-03-14T09:30:00Z"},
+      {start, "/environments: missing"},
+      {start + R"(,"environments":{})", "/environments: expected an array"},
+      {start + R"(,"environments":[1])", "/environments/0: expected an object"},
       {start + R"(,"environments":[{},{},{},{},{},{},{},{},{}])",
-       "environments: 9 elements, 8 are allowed"},
+       "/environments: 9 elements, 8 are allowed"},
       {start + R"(,"environments":[{},{"renderingMode":"sepia"}])",
-       R"(environments[1].renderingMode: unknown name \"sepia\")"},
+       "/environments/1/renderingMode: expected fullColor, accented, vibrant"},
       {start + R"(,"environments":[{"systemMargins":{"top":1}}])",
-       "environments[0].systemMargins.leading: missing"},
+       "/environments/0/systemMargins/leading: missing"},
       {start + R"(,"environments":[{"layoutDirection":"up"}])",
-       R"(environments[0].layoutDirection: unknown name \"up\")"},
+       "/environments/0/layoutDirection: expected leftToRight, rightToLeft"},
       {R"("kind":"Nothing","family":"systemSmall","environments":[],)" + device,
        R"(unknown widget kind \"Nothing\")"},
-      {R"("kind":")" + std::string(20000, 'k') + "\"", "kind: 20000 bytes, 16384 are allowed"},
+      {R"("kind":")" + std::string(20000, 'k') + "\"", "/kind: 20000 bytes, 16384 are allowed"},
   };
   Dispatcher dispatcher(fake::definition());
   ASSERT_THAT(dispatcher.handle(kInitialize), HasSubstr("\"result\""));

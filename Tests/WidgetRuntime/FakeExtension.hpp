@@ -93,7 +93,7 @@ struct ThrowingProvider {
 
 inline viewkit::View view(const Entry& entry, const Environment& environment) {
   const std::string text = environment.redactionReasons.privacy ? "hidden" : entry.text;
-  const std::string link = "fake://open/" + std::string(name(environment.familyInForce()));
+  const std::string link = "fake://open/" + std::string(nameOf(environment.familyInForce()));
   // One text may not be longer than a tree's strings: a large entry has many.
   constexpr std::size_t kPiece = viewkit::kMaximumWrittenText;
   if (text.size() <= kPiece) return viewkit::Text{text}.widgetURL(link);

@@ -118,19 +118,19 @@ TEST(Messages, ASummaryMayBeMissingButNotMalformed) {
   ASSERT_TRUE(without) << without.error();
   EXPECT_EQ(without->entries[0].trees[0].summary, WidgetSummary{});
   EXPECT_EQ(readFrom(entryWith(R"("summary":{"text":"a","state":"bad"},)")).error(),
-            "entries[0].trees[0].summary.state: unknown name \"bad\"");
+            "/entries/0/trees/0/summary/state: expected none, good, warning, critical");
   EXPECT_EQ(readFrom(entryWith(R"("summary":{"state":"good"},)")).error(),
-            "entries[0].trees[0].summary.text: missing");
+            "/entries/0/trees/0/summary/text: missing");
 }
 
 TEST(Messages, StatesOfSummariesAreReadBack) {
   using State = WidgetSummary::State;
-  EXPECT_EQ(name(State::none), "none");
-  EXPECT_EQ(name(State::critical), "critical");
+  EXPECT_EQ(nameOf(State::none), "none");
+  EXPECT_EQ(nameOf(State::critical), "critical");
   for (const State state : {State::none, State::good, State::warning, State::critical}) {
-    EXPECT_EQ(summaryStateNamed(name(state)), state);
+    EXPECT_EQ(named<State>(nameOf(state)), state);
   }
-  EXPECT_EQ(summaryStateNamed("Good"), std::nullopt);
+  EXPECT_EQ(named<State>("Good"), std::nullopt);
 }
 
 TEST(Messages, SmallMessagesComeBack) {
@@ -141,9 +141,9 @@ TEST(Messages, SmallMessagesComeBack) {
   EXPECT_EQ(throughJson(OptionsAnswer{}), OptionsAnswer{});
   const OptionsAnswer cut{.options = {{"a", "Card A"}}, .more = true};
   EXPECT_EQ(throughJson(cut), cut);
-  const OptionsParameters query{"Card", "card", std::vector<std::string>{"x", "y"}};
-  EXPECT_EQ(throughJson(query).identifiers, query.identifiers);
-  EXPECT_EQ(throughJson(OptionsParameters{"Card", "card", std::nullopt}).identifiers, std::nullopt);
+  const OptionsParameters chosen{"Card", "card", OptionsQuery{{"x", "y"}}};
+  EXPECT_EQ(throughJson(chosen).query, chosen.query);
+  EXPECT_EQ(throughJson(OptionsParameters{"Card", "card", std::nullopt}).query, std::nullopt);
   const DiagnoseAnswer diagnosis{
       false, {{"/a/0", 3, 14, "a number", "true"}}, {{"Clock", "nothing"}}, 12};
   EXPECT_EQ(throughJson(diagnosis), diagnosis);
@@ -170,16 +170,17 @@ TEST(Messages, TheOutermostWidgetLinkCounts) {
 }
 
 TEST(Environment, NamesAreReadBack) {
-  for (const WidgetFamily family : kAllFamilies) EXPECT_EQ(widgetFamilyNamed(name(family)), family);
-  EXPECT_EQ(name(WidgetFamily::accessoryRectangular), "accessoryRectangular");
-  EXPECT_EQ(widgetFamilyNamed("SystemSmall"), std::nullopt);
-  EXPECT_EQ(widgetFamilyNamed(""), std::nullopt);
+  for (const WidgetFamily family : kAllFamilies)
+    EXPECT_EQ(named<WidgetFamily>(nameOf(family)), family);
+  EXPECT_EQ(nameOf(WidgetFamily::accessoryRectangular), "accessoryRectangular");
+  EXPECT_EQ(named<WidgetFamily>("SystemSmall"), std::nullopt);
+  EXPECT_EQ(named<WidgetFamily>(""), std::nullopt);
   for (const RenderingMode mode :
        {RenderingMode::fullColor, RenderingMode::accented, RenderingMode::vibrant}) {
-    EXPECT_EQ(renderingModeNamed(name(mode)), mode);
+    EXPECT_EQ(named<RenderingMode>(nameOf(mode)), mode);
   }
-  EXPECT_EQ(name(RenderingMode::fullColor), "fullColor");
-  EXPECT_EQ(renderingModeNamed("full"), std::nullopt);
+  EXPECT_EQ(nameOf(RenderingMode::fullColor), "fullColor");
+  EXPECT_EQ(named<RenderingMode>("full"), std::nullopt);
 }
 
 TEST(Environment, APreviewInAnotherFamilyHasStandardMargins) {

@@ -2,11 +2,15 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
+#include <iterator>
+#include <set>
 #include <sstream>
 #include <string>
 
 #include "FakeExtension.hpp"
+#include "Foundation/Overloaded.hpp"
 #include "Tests/Support/Transcript.hpp"
+#include "WidgetRuntime/MessageMembers.hpp"
 
 namespace widgetruntime {
 namespace {
@@ -34,6 +38,53 @@ WidgetBundle documentedBundle(const InitializeParameters& parameters) {
   WidgetBundle bundle = fake::makeBundle(parameters);
   bundle.widgets.resize(2);
   return bundle;
+}
+
+template <class... Records>
+std::set<std::string> keysOf() {
+  std::set<std::string> keys;
+  const foundation::Overloaded add{[](auto /*part*/) {},
+                                   [&](std::string_view key, auto...) { keys.emplace(key); }};
+  (MembersOf<Records>::list(add), ...);
+  return keys;
+}
+
+TEST(ProtocolDocument, NamesEveryMember) {
+  std::ifstream file(QUORVEL_SOURCE_DIR "/docs/protocol.md");
+  const std::string document{std::istreambuf_iterator<char>(file), {}};
+  const auto keys = keysOf<InitializeParameters,
+                           InitializeAnswer,
+                           BundleDescription,
+                           WidgetListing,
+                           WidgetDescription,
+                           IntentDescription,
+                           IntentParameter,
+                           IntentOption,
+                           ControlListing,
+                           EntriesParameters,
+                           foundation::Device,
+                           Environment,
+                           RedactionReasons,
+                           viewkit::Insets,
+                           EntriesAnswer,
+                           RenderedEntry,
+                           RenderedTree,
+                           WidgetSummary,
+                           ReloadPolicy,
+                           OptionsParameters,
+                           OptionsQuery,
+                           OptionsAnswer,
+                           PerformParameters,
+                           PerformAnswer,
+                           DiagnoseParameters,
+                           DiagnoseAnswer,
+                           foundation::JsonProblem,
+                           WidgetOutlook>();
+  ASSERT_GT(keys.size(), 50U);
+  for (const std::string& key : keys) {
+    const bool isNamed = document.contains("`" + key + "`") || document.contains("\"" + key + "\"");
+    EXPECT_TRUE(isNamed) << key;
+  }
 }
 
 TEST(ProtocolDocument, ExamplesAreReplayed) {

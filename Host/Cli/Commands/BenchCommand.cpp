@@ -230,7 +230,7 @@ Result<void> bench(const Options& options, const Program& program) {
       options.output.png};
   const auto measured = measure(runner, *file, document, options, program);
   if (!measured) return std::unexpected(measured.error());
-  return print(report(*measured, (*listing)->description.kind, widgetruntime::name(family)));
+  return print(report(*measured, (*listing)->description.kind, widgetruntime::nameOf(family)));
 }
 
 }  // namespace cli

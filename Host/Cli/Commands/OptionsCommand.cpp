@@ -59,7 +59,7 @@ Result<void> choices(const Options& options, const Program& program) {
   if (!widget) return std::unexpected(widget.error());
   if (auto known = checkParameter(**widget, options.parameter); !known) return known;
   const auto answer = guest->options(
-      {.kind = (*widget)->description.kind, .parameter = options.parameter, .identifiers = {}});
+      {.kind = (*widget)->description.kind, .parameter = options.parameter, .query = {}});
   if (!answer) return std::unexpected(answer.error());
   return print(options.json ? asJson(*answer) : asText(*answer));
 }

@@ -78,7 +78,7 @@ std::string statusText(const JsonValue& status) {
 }
 
 void writeChoices(JsonWriter& json, const PictureOptions& picture) {
-  if (picture.family) json.member("family", widgetruntime::name(*picture.family));
+  if (picture.family) json.member("family", widgetruntime::nameOf(*picture.family));
   if (picture.configuration.empty()) return;
   json.key("configuration").beginObject();
   for (const auto& [name, value] : picture.configuration) json.member(name, value);

@@ -23,20 +23,8 @@ const WidgetSummary* summaryOf(const RenderedEntry& entry) {
   return entry.trees.empty() ? nullptr : &entry.trees.front().summary;
 }
 
-std::string_view policyName(ReloadPolicy::Type type) {
-  switch (type) {
-    case ReloadPolicy::Type::after:
-      return "after";
-    case ReloadPolicy::Type::never:
-      return "never";
-    case ReloadPolicy::Type::atEnd:
-      break;
-  }
-  return "atEnd";
-}
-
+/// As on the wire, but without the trees.
 std::string asJson(const EntriesAnswer& answer) {
-  const ReloadPolicy policy = answer.policy.value_or(ReloadPolicy{});
   foundation::JsonWriter json;
   json.beginObject().key("entries").beginArray();
   for (const auto& entry : answer.entries) {
@@ -44,15 +32,12 @@ std::string asJson(const EntriesAnswer& answer) {
     json.member("hasSnapshot", entry.hasSnapshot);
     if (entry.generatedAt) json.member("generatedAt", formatInternetDateTime(*entry.generatedAt));
     if (const WidgetSummary* summary = summaryOf(entry)) {
-      json.key("summary").beginObject().member("text", std::string_view{summary->text});
-      json.member("state", name(summary->state)).endObject();
+      widgetruntime::write(json.key("summary"), *summary);
     }
     json.endObject();
   }
-  json.endArray().key("policy").beginObject().member("type", policyName(policy.type));
-  if (policy.type == ReloadPolicy::Type::after)
-    json.member("date", formatInternetDateTime(policy.date));
-  json.endObject().endObject();
+  widgetruntime::write(json.endArray().key("policy"), answer.policy.value_or(ReloadPolicy{}));
+  json.endObject();
   return json.take() + "\n";
 }
 
@@ -63,7 +48,7 @@ std::string describe(const RenderedEntry& entry) {
   std::string text = summary->text;
   std::ranges::replace(text, '\n', ' ');
   if (summary->state != WidgetSummary::State::none) {
-    text += fmt::format(" ({})", name(summary->state));
+    text += fmt::format(" ({})", widgetruntime::nameOf(summary->state));
   }
   if (entry.generatedAt) text += ", from " + formatInternetDateTime(*entry.generatedAt);
   return text;
@@ -75,7 +60,7 @@ std::string asText(const EntriesAnswer& answer) {
   for (const auto& entry : answer.entries) {
     text += fmt::format("{}  {}\n", formatInternetDateTime(entry.date), describe(entry));
   }
-  text += fmt::format("asked again: {}", policyName(policy.type));
+  text += fmt::format("asked again: {}", widgetruntime::nameOf(policy.type));
   if (policy.type == ReloadPolicy::Type::after) text += " " + formatInternetDateTime(policy.date);
   return text + "\n";
 }

@@ -115,7 +115,7 @@ void addFamily(CLI::App& app, PictureOptions& picture) {
       "FAMILY",
       "a family (systemSmall, systemMedium, systemLarge, accessoryCircular, accessoryRectangular, "
       "accessoryInline)",
-      widgetruntime::widgetFamilyNamed,
+      foundation::named<widgetruntime::WidgetFamily>,
       into(picture.family))
       ->group("Widget");
 }
@@ -152,7 +152,7 @@ void addSize(CLI::App& app, PictureOptions& picture) {
            "Sizes of a screen: standard, compact, stress",
            "NAME",
            "a preset (standard, compact, stress)",
-           presetNamed,
+           foundation::named<Preset>,
            into(picture.preset))
       ->group("Widget");
   addValue(app,
@@ -171,7 +171,7 @@ void addAppearance(CLI::App& app, PictureOptions& picture) {
            "light or dark",
            "NAME",
            "light or dark",
-           appearanceNamed,
+           foundation::named<viewkit::Appearance>,
            into(picture.appearance))
       ->group("Picture");
 }
@@ -182,7 +182,7 @@ void addMode(CLI::App& app, PictureOptions& picture) {
            "fullColor, accented or vibrant",
            "NAME",
            "a mode (fullColor, accented, vibrant)",
-           widgetruntime::renderingModeNamed,
+           foundation::named<viewkit::RenderingMode>,
            into(picture.mode))
       ->group("Picture");
 }
@@ -244,7 +244,7 @@ void addFormat(CLI::App& app, Options& options) {
            "png, svg, text, tree, placed, accessibility",
            "NAME",
            "a format (png, svg, text, tree, placed, accessibility)",
-           formatNamed,
+           foundation::named<Format>,
            into(options.format))
       ->group("Output");
 }

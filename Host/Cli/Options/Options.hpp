@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "Foundation/Instant.hpp"
+#include "Foundation/Names.hpp"
 #include "Rendering/Images/PngEncoder.hpp"
 #include "Rendering/Renderer.hpp"
 #include "Surfaces/Bar/BarLine.hpp"
@@ -16,6 +17,9 @@
 namespace cli {
 
 enum class Format { png, svg, text, tree, placed, accessibility };
+constexpr auto namesOf(Format) {
+  return foundation::names("png", "svg", "text", "tree", "placed", "accessibility");
+}
 
 using surfaces::Preset;
 

@@ -1,55 +1,13 @@
 #include "Cli/Options/Values.hpp"
 
-#include <array>
 #include <charconv>
 
 namespace cli {
 namespace {
 
-template <class Value, std::size_t count>
-std::optional<Value> lookUp(const std::array<std::pair<std::string_view, Value>, count>& table,
-                            std::string_view name) {
-  for (const auto& [key, value] : table) {
-    if (key == name) return value;
-  }
-  return std::nullopt;
-}
-
-constexpr std::array kFormats{std::pair{std::string_view{"png"}, Format::png},
-                              std::pair{std::string_view{"svg"}, Format::svg},
-                              std::pair{std::string_view{"text"}, Format::text},
-                              std::pair{std::string_view{"tree"}, Format::tree},
-                              std::pair{std::string_view{"placed"}, Format::placed},
-                              std::pair{std::string_view{"accessibility"}, Format::accessibility}};
-
-constexpr std::array kPresets{std::pair{std::string_view{"standard"}, Preset::standard},
-                              std::pair{std::string_view{"compact"}, Preset::compact},
-                              std::pair{std::string_view{"stress"}, Preset::stress}};
-
 constexpr double kLargestSide = 2000;
 
 }  // namespace
-
-std::optional<Format> formatNamed(std::string_view name) {
-  return lookUp(kFormats, name);
-}
-
-std::optional<Preset> presetNamed(std::string_view name) {
-  return lookUp(kPresets, name);
-}
-
-std::string_view name(Preset preset) {
-  for (const auto& [key, value] : kPresets) {
-    if (value == preset) return key;
-  }
-  return {};
-}
-
-std::optional<viewkit::Appearance> appearanceNamed(std::string_view name) {
-  if (name == "light") return viewkit::Appearance::light;
-  if (name == "dark") return viewkit::Appearance::dark;
-  return std::nullopt;
-}
 
 std::optional<rendering::PngSize> pngSizeNamed(std::string_view name) {
   if (name == "fast") return rendering::PngSize::fast;

@@ -11,10 +11,6 @@
 
 namespace cli {
 
-[[nodiscard]] std::optional<Format> formatNamed(std::string_view name);
-[[nodiscard]] std::optional<Preset> presetNamed(std::string_view name);
-[[nodiscard]] std::string_view name(Preset preset);
-[[nodiscard]] std::optional<viewkit::Appearance> appearanceNamed(std::string_view name);
 [[nodiscard]] std::optional<rendering::PngSize> pngSizeNamed(std::string_view name);
 
 /// "170x170" in points, each more than 0 and at most 2,000.

@@ -66,7 +66,7 @@ std::vector<Setting> settingsOf(const SheetAxes& axes) {
     for (const Setting& look : looks) {
       Setting setting = look;
       setting.preset = preset;
-      setting.caption = preset == Preset::standard ? "" : name(preset);
+      setting.caption = preset == Preset::standard ? "" : foundation::nameOf(preset);
       join(setting.caption, look.caption);
       settings.push_back(std::move(setting));
     }

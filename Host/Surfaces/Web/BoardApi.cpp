@@ -140,7 +140,7 @@ void BoardApi::answerWidget(const WebRequest& request,
 void BoardApi::answerPreview(const WebRequest& request, const Respond& respond) {
   const auto view = readView(request.query);
   if (!view) return respond(refusal(view.error()));
-  const auto family = widgetruntime::widgetFamilyNamed(request.value("family"));
+  const auto family = widgetruntime::named<widgetruntime::WidgetFamily>(request.value("family"));
   if (!family) return respond(refusal("family: expected a family's name"));
   Subject subject{.kind = request.value("kind"), .family = *family};
   if (const std::string text = request.value("configuration"); !text.empty()) {

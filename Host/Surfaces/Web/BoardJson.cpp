@@ -45,7 +45,7 @@ void writeListing(JsonWriter& json, const widgetruntime::WidgetListing& listing)
   const auto& description = listing.description;
   json.beginObject().member("kind", description.kind).member("name", description.displayName);
   json.member("description", description.description).key("families").beginArray();
-  for (const auto family : description.families) json.value(widgetruntime::name(family));
+  for (const auto family : description.families) json.value(widgetruntime::nameOf(family));
   json.endArray().key("parameters").beginArray();
   if (listing.configuration)
     for (const auto& parameter : listing.configuration->parameters) writeParameter(json, parameter);
@@ -54,7 +54,7 @@ void writeListing(JsonWriter& json, const widgetruntime::WidgetListing& listing)
 
 void writeCard(JsonWriter& json, const BoardCard& card) {
   json.beginObject().member("id", card.subject.id).member("kind", card.subject.kind);
-  json.member("family", widgetruntime::name(card.subject.family));
+  json.member("family", widgetruntime::nameOf(card.subject.family));
   writeConfiguration(json, card.subject.configuration);
   json.member("column", card.column).member("row", card.row).endObject();
 }
@@ -88,12 +88,6 @@ std::unexpected<std::string> wrong(std::string_view name, std::string_view expec
   return std::unexpected(std::string(name) + ": expected " + std::string(expected));
 }
 
-std::optional<viewkit::Appearance> appearanceNamed(std::string_view name) {
-  if (name == "light") return viewkit::Appearance::light;
-  if (name == "dark") return viewkit::Appearance::dark;
-  return std::nullopt;
-}
-
 /// "#RRGGBB", with or without its sign.
 std::optional<viewkit::Rgb> tintOf(std::string_view text) {
   if (text.starts_with('#')) text.remove_prefix(1);
@@ -102,13 +96,6 @@ std::optional<viewkit::Rgb> tintOf(std::string_view text) {
   if (text.size() != 6 || std::from_chars(text.data(), end, tint, 16).ptr != end)
     return std::nullopt;
   return tint;
-}
-
-std::optional<Preset> presetNamed(std::string_view name) {
-  if (name == "standard") return Preset::standard;
-  if (name == "compact") return Preset::compact;
-  if (name == "stress") return Preset::stress;
-  return std::nullopt;
 }
 
 /// A whole number from 0 to `most`.
@@ -185,8 +172,9 @@ std::expected<void, std::string> readMember(BoardChange& change,
     return {};
   }
   if (name == "family") {
-    const auto family =
-        value.string() ? widgetruntime::widgetFamilyNamed(*value.string()) : std::nullopt;
+    const auto family = value.string()
+                            ? widgetruntime::named<widgetruntime::WidgetFamily>(*value.string())
+                            : std::nullopt;
     if (!family) return wrong(name, "a family's name");
     change.family = *family;
     return {};
@@ -273,11 +261,11 @@ std::expected<BoardView, std::string> readView(const std::map<std::string, std::
   BoardView view;
   for (const auto& [name, value] : query) {
     if (name == "appearance") {
-      const auto appearance = appearanceNamed(value);
+      const auto appearance = foundation::named<viewkit::Appearance>(value);
       if (!appearance) return wrong(name, "light or dark");
       view.appearance = *appearance;
     } else if (name == "mode") {
-      const auto mode = widgetruntime::renderingModeNamed(value);
+      const auto mode = widgetruntime::named<widgetruntime::RenderingMode>(value);
       if (!mode) return wrong(name, "fullColor, accented or vibrant");
       view.mode = *mode;
     } else if (name == "tint") {
@@ -293,7 +281,7 @@ std::expected<BoardView, std::string> readView(const std::map<std::string, std::
       view.hidesAmounts = value != "off";
       view.hidesEverything = value == "locked";
     } else if (name == "preset") {
-      const auto preset = presetNamed(value);
+      const auto preset = foundation::named<Preset>(value);
       if (!preset) return wrong(name, "standard, compact or stress");
       view.preset = *preset;
     } else if (name == "now") {

@@ -56,12 +56,13 @@ TEST(Values, aChoiceIsANameAndAValue) {
 }
 
 TEST(Values, namesAreExact) {
-  EXPECT_EQ(formatNamed("accessibility"), Format::accessibility);
-  EXPECT_FALSE(formatNamed("PNG"));
-  EXPECT_EQ(presetNamed("stress"), Preset::stress);
-  EXPECT_FALSE(presetNamed(""));
-  EXPECT_EQ(appearanceNamed("dark"), viewkit::Appearance::dark);
-  EXPECT_FALSE(appearanceNamed("Dark"));
+  using foundation::named;
+  EXPECT_EQ(named<Format>("accessibility"), Format::accessibility);
+  EXPECT_FALSE(named<Format>("PNG"));
+  EXPECT_EQ(named<Preset>("stress"), Preset::stress);
+  EXPECT_FALSE(named<Preset>(""));
+  EXPECT_EQ(named<viewkit::Appearance>("dark"), viewkit::Appearance::dark);
+  EXPECT_FALSE(named<viewkit::Appearance>("Dark"));
 }
 
 }  // namespace

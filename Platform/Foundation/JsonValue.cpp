@@ -5,6 +5,7 @@
 #include <iterator>
 
 #include "Foundation/JsonScanner.hpp"
+#include "Foundation/Overloaded.hpp"
 
 namespace foundation {
 namespace {
@@ -102,26 +103,20 @@ const JsonValue* JsonValue::member(std::string_view key) const {
 }
 
 void JsonValue::write(JsonWriter& writer) const {
-  if (const bool* flag = boolean()) {
-    writer.value(*flag);
-  } else if (const double* figure = number()) {
-    writer.value(*figure);
-  } else if (const std::string* text = string()) {
-    writer.value(*text);
-  } else if (const Array* elements = array()) {
-    writer.beginArray();
-    for (const JsonValue& element : *elements) element.write(writer);
-    writer.endArray();
-  } else if (const Object* members = object()) {
-    writer.beginObject();
-    for (const auto& [key, value] : *members) {
-      writer.key(key);
-      value.write(writer);
-    }
-    writer.endObject();
-  } else {
-    writer.null();
-  }
+  std::visit(
+      Overloaded{[&](std::monostate) { writer.null(); },
+                 [&](const OneOf<bool, double, std::string> auto& plain) { writer.value(plain); },
+                 [&](const Array& elements) {
+                   writer.beginArray();
+                   for (const JsonValue& element : elements) element.write(writer);
+                   writer.endArray();
+                 },
+                 [&](const Object& members) {
+                   writer.beginObject();
+                   for (const auto& [key, value] : members) value.write(writer.key(key));
+                   writer.endObject();
+                 }},
+      value_);
 }
 
 std::expected<JsonValue, JsonProblem> parseJson(std::string_view text,

@@ -4,6 +4,7 @@
 #include <concepts>
 #include <utility>
 
+#include "Foundation/Overloaded.hpp"
 #include "ViewKit/ColorText.hpp"
 #include "ViewKit/DumpText.hpp"
 #include "ViewKit/Members.hpp"
@@ -205,13 +206,10 @@ void TreeDump::put(const Gradient& gradient) {
 }
 
 void TreeDump::put(const Paint& paint) {
-  if (const auto* color = std::get_if<Color>(&paint)) {
-    put(*color);
-  } else if (const auto* gradient = std::get_if<Gradient>(&paint)) {
-    put(*gradient);
-  } else {
-    out_ += "inherited";
-  }
+  std::visit(
+      foundation::Overloaded{[&](const foundation::OneOf<Color, Gradient> auto& own) { put(own); },
+                             [&](std::monostate) { out_ += "inherited"; }},
+      paint);
 }
 
 void TreeDump::put(const std::vector<PathStep>& steps) {

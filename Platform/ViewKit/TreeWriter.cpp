@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "Foundation/JsonRecordWriter.hpp"
+#include "Foundation/Overloaded.hpp"
 #include "Foundation/Utf8.hpp"
 #include "ViewKit/ColorText.hpp"
 #include "ViewKit/Members.hpp"
@@ -11,6 +12,8 @@
 #include "ViewKit/TreeJson.hpp"
 
 namespace viewkit {
+
+using foundation::OneOf;
 
 namespace {
 
@@ -160,13 +163,9 @@ void TreeWriter::put(const GradientStop& stop) {
 }
 
 void TreeWriter::put(const Paint& paint) {
-  if (const auto* color = std::get_if<Color>(&paint)) {
-    put(*color);
-  } else if (const auto* gradient = std::get_if<Gradient>(&paint)) {
-    put(*gradient);
-  } else {
-    json_.null();
-  }
+  std::visit(foundation::Overloaded{[&](const OneOf<Color, Gradient> auto& own) { put(own); },
+                                    [&](std::monostate /*inherited*/) { json_.null(); }},
+             paint);
 }
 
 void TreeWriter::put(const PathStep& step) {

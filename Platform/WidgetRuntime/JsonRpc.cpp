@@ -3,6 +3,7 @@
 #include <cmath>
 #include <utility>
 
+#include "Foundation/Overloaded.hpp"
 #include "WidgetRuntime/Messages.hpp"
 
 namespace widgetruntime {
@@ -44,13 +45,10 @@ void beginEnvelope(JsonWriter& writer) {
 
 void writeId(JsonWriter& writer, const RpcId& id) {
   writer.key("id");
-  if (const auto* number = std::get_if<std::int64_t>(&id)) {
-    writer.value(*number);
-  } else if (const auto* text = std::get_if<std::string>(&id)) {
-    writer.value(std::string_view{*text});
-  } else {
-    writer.null();
-  }
+  std::visit(foundation::Overloaded{[&](std::nullptr_t) { writer.null(); },
+                                    [&](std::int64_t number) { writer.value(number); },
+                                    [&](const std::string& text) { writer.value(text); }},
+             id);
 }
 
 }  // namespace

@@ -25,7 +25,10 @@ Room innerRoom(std::string_view folder, std::string_view includes, Names sees, c
 
 Room renderingRoom(std::string_view folder, Names sees, const Names& libraries = {}) {
   constexpr std::string_view kHost = "Host/";
-  Room room = innerRoom(folder, folder.substr(kHost.size()), std::move(sees), {"ViewKit/"});
+  Room room = innerRoom(folder,
+                        folder.substr(kHost.size()),
+                        std::move(sees),
+                        {"ViewKit/", "Foundation/Overloaded.hpp"});
   room.libraries.insert(room.libraries.end(), libraries.begin(), libraries.end());
   return room;
 }

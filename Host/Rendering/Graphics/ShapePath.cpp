@@ -6,6 +6,10 @@
 #include <cmath>
 #include <limits>
 #include <numbers>
+#include <variant>
+#include <vector>
+
+#include "Foundation/Overloaded.hpp"
 
 namespace rendering {
 
@@ -277,53 +281,66 @@ void appendArc(Path& path, Point center, double radius, double startDegrees, dou
   if (std::abs(sweep) >= 360) path.close();
 }
 
+namespace {
+
+/// A path that begins without a move begins where its first step leads.
+template <class Place>
+void appendSteps(Path& path, const std::vector<viewkit::PathStep>& steps, const Place& place) {
+  const std::size_t first = path.points.size();
+  for (const viewkit::PathStep& step : steps) {
+    const bool begun = path.points.size() > first;
+    switch (step.verb) {
+      case viewkit::PathStep::Verb::move:
+        path.moveTo(place(step.to));
+        break;
+      case viewkit::PathStep::Verb::line:
+        begun ? path.lineTo(place(step.to)) : path.moveTo(place(step.to));
+        break;
+      case viewkit::PathStep::Verb::cubic:
+        if (!begun) path.moveTo(place(step.to));
+        path.cubicTo(place(step.control1), place(step.control2), place(step.to));
+        break;
+      case viewkit::PathStep::Verb::close:
+        if (begun) path.close();
+        break;
+    }
+  }
+}
+
+}  // namespace
+
 void appendShape(Path& path,
                  const viewkit::ShapeGeometry& geometry,
                  const ShapeBox& box,
                  double inset) {
   const Rect rect = insetBy(box.frame, inset);
-  const double width = box.proposal.width;
-  const double height = box.proposal.height;
-  const std::size_t first = path.points.size();
-  const auto place = [&](const viewkit::LengthPoint& p) -> Point {
-    return {box.frame.x + p.x.resolve(width, height), box.frame.y + p.y.resolve(width, height)};
+  const double halfSide = std::min(rect.width, rect.height) / 2;
+  const auto resolve = [&](const viewkit::Length& length) {
+    return length.resolve(box.proposal.width, box.proposal.height);
   };
-  if (std::holds_alternative<viewkit::RectangleShape>(geometry)) {
-    appendRectangle(path, rect);
-  } else if (const auto* rounded = std::get_if<viewkit::RoundedRectangleShape>(&geometry)) {
-    const double limit = std::min(box.frame.width, box.frame.height) / 2;
-    const double radius = std::min(rounded->radius.resolve(width, height), limit);
-    appendRounded(path, rect, radius - inset, rounded->style);
-  } else if (std::holds_alternative<viewkit::CapsuleShape>(geometry)) {
-    appendRounded(path, rect, std::min(rect.width, rect.height) / 2, CornerStyle::circular);
-  } else if (std::holds_alternative<viewkit::CircleShape>(geometry)) {
-    appendCircle(path,
-                 {rect.x + rect.width / 2, rect.y + rect.height / 2},
-                 std::min(rect.width, rect.height) / 2);
-  } else if (const auto* arc = std::get_if<viewkit::ArcShape>(&geometry)) {
-    const double radius = std::max(0.0, arc->radius.resolve(width, height) - inset);
-    appendArc(path, place(arc->center), radius, arc->startDegrees, arc->endDegrees);
-  } else if (const auto* steps = std::get_if<viewkit::PathShape>(&geometry)) {
-    for (const viewkit::PathStep& step : steps->steps) {
-      // A path that begins without a move begins where its first step leads.
-      const bool begun = path.points.size() > first;
-      switch (step.verb) {
-        case viewkit::PathStep::Verb::move:
-          path.moveTo(place(step.to));
-          break;
-        case viewkit::PathStep::Verb::line:
-          begun ? path.lineTo(place(step.to)) : path.moveTo(place(step.to));
-          break;
-        case viewkit::PathStep::Verb::cubic:
-          if (!begun) path.moveTo(place(step.to));
-          path.cubicTo(place(step.control1), place(step.control2), place(step.to));
-          break;
-        case viewkit::PathStep::Verb::close:
-          if (begun) path.close();
-          break;
-      }
-    }
-  }
+  const auto place = [&](const viewkit::LengthPoint& p) -> Point {
+    return {box.frame.x + resolve(p.x), box.frame.y + resolve(p.y)};
+  };
+  const std::size_t first = path.points.size();
+  const foundation::Overloaded append{
+      [&](const viewkit::RectangleShape&) { appendRectangle(path, rect); },
+      [&](const viewkit::RoundedRectangleShape& rounded) {
+        const double limit = std::min(box.frame.width, box.frame.height) / 2;
+        const double radius = std::min(resolve(rounded.radius), limit);
+        appendRounded(path, rect, radius - inset, rounded.style);
+      },
+      [&](const viewkit::CapsuleShape&) {
+        appendRounded(path, rect, halfSide, CornerStyle::circular);
+      },
+      [&](const viewkit::CircleShape&) {
+        appendCircle(path, {rect.x + rect.width / 2, rect.y + rect.height / 2}, halfSide);
+      },
+      [&](const viewkit::ArcShape& arc) {
+        const double radius = std::max(0.0, resolve(arc.radius) - inset);
+        appendArc(path, place(arc.center), radius, arc.startDegrees, arc.endDegrees);
+      },
+      [&](const viewkit::PathShape& drawn) { appendSteps(path, drawn.steps, place); }};
+  std::visit(append, geometry);
   if (box.direction == viewkit::LayoutDirection::rightToLeft) mirror(path, first, box.frame);
 }
 

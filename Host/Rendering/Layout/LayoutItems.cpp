@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <ranges>
+#include <variant>
 
+#include "Foundation/Overloaded.hpp"
 #include "Rendering/Layout/LayoutFrame.hpp"
 #include "Rendering/Layout/LayoutLeaves.hpp"
 #include "Rendering/Layout/LayoutModifiers.hpp"
@@ -14,6 +16,8 @@ namespace rendering {
 namespace {
 
 using namespace viewkit;
+using foundation::OneOf;
+using foundation::Overloaded;
 
 constexpr double kSpacerPriority = -kUnbounded;
 
@@ -344,55 +348,52 @@ MeasuredSize LayoutItems::workOut(ItemId id, const Proposal& proposal) {
 MeasuredSize LayoutItems::workOutElement(ItemId id,
                                          const Element& element,
                                          const Proposal& proposal) {
-  if (const auto* stack = std::get_if<StackElement>(&element)) {
-    StackRecord record(*this, items_[id]);
-    return arrangeStack(*stack, proposal, *this, record.children());
-  }
-  if (std::holds_alternative<TextElement>(element)) {
-    constexpr std::size_t kStepsPerQuestion = 32;
-    TextLayout& layout = text(items_[id]);
-    const MeasuredSize answer = layout.answer(proposal, scaleLimit_);
-    count(layout.takeSteps() / kStepsPerQuestion);
-    return answer;
-  }
-  if (std::holds_alternative<FittingElement>(element)) {
-    if (items_[id].childCount == 0) return {};
-    return measure(fitting_.chosen(id, proposal), proposal);
-  }
-  if (const auto* spacer = std::get_if<SpacerElement>(&element)) {
-    return answerOf(*spacer, proposal, items_[id].spacerAxis);
-  }
-  if (const auto* symbol = std::get_if<SymbolElement>(&element)) {
-    return answerOf(*symbol, metrics_);
-  }
-  if (std::holds_alternative<GaugeElement>(element)) return answerOfGauge(proposal);
-  if (std::holds_alternative<EmptyElement>(element)) return {};
-  return answerOfWholeProposal(proposal);
+  const Overloaded answer{[&](const StackElement& stack) {
+                            StackRecord record(*this, items_[id]);
+                            return arrangeStack(stack, proposal, *this, record.children());
+                          },
+                          [&](const TextElement&) { return answerOfText(id, proposal); },
+                          [&](const FittingElement&) {
+                            if (items_[id].childCount == 0) return MeasuredSize{};
+                            return measure(fitting_.chosen(id, proposal), proposal);
+                          },
+                          [&](const SpacerElement& spacer) {
+                            return answerOf(spacer, proposal, items_[id].spacerAxis);
+                          },
+                          [&](const SymbolElement& symbol) { return answerOf(symbol, metrics_); },
+                          [&](const GaugeElement&) { return answerOfGauge(proposal); },
+                          [&](const EmptyElement&) { return MeasuredSize{}; },
+                          [&](const OneOf<ImageElement, ShapeElement, CanvasElement> auto&) {
+                            return answerOfWholeProposal(proposal);
+                          }};
+  return std::visit(answer, element);
+}
+
+MeasuredSize LayoutItems::answerOfText(ItemId id, const Proposal& proposal) {
+  constexpr std::size_t kStepsPerQuestion = 32;
+  TextLayout& layout = text(items_[id]);
+  const MeasuredSize answer = layout.answer(proposal, scaleLimit_);
+  count(layout.takeSteps() / kStepsPerQuestion);
+  return answer;
 }
 
 Arrangement LayoutItems::arrangeTarget(ItemId id, const Proposal& asked) {
   const Proposal proposal = cleanProposal(asked);
-  const Modifier& modifier = *std::get<const Modifier*>(items_[id].what);
   const Proposal reference = items_[id].reference(proposal);
   const SubviewProxy target{*this, children_[items_[id].firstChild]};
   if (items_[id].sharesScale) {
     const ScaleLimit limit(*this, fitting_.groupScale(id, proposal));
     return arrangeTransparent(proposal, target);
   }
-  if (const auto* m = std::get_if<FixedFrame>(&modifier)) {
-    return arrange(*m, proposal, reference, target);
-  }
-  if (const auto* m = std::get_if<FlexibleFrame>(&modifier)) return arrange(*m, proposal, target);
-  if (const auto* m = std::get_if<Padding>(&modifier)) return arrange(*m, proposal, target);
-  if (const auto* m = std::get_if<Offset>(&modifier)) {
-    return arrange(*m, proposal, reference, target);
-  }
-  if (const auto* m = std::get_if<Position>(&modifier)) {
-    return arrange(*m, proposal, reference, target);
-  }
-  if (const auto* m = std::get_if<AspectRatio>(&modifier)) return arrange(*m, proposal, target);
-  if (const auto* m = std::get_if<FixedSize>(&modifier)) return arrange(*m, proposal, target);
-  return arrangeTransparent(proposal, target);
+  const Overloaded arranged{
+      [&](const OneOf<FixedFrame, Offset, Position> auto& modifier) {
+        return arrange(modifier, proposal, reference, target);
+      },
+      [&](const OneOf<FlexibleFrame, Padding, AspectRatio, FixedSize> auto& modifier) {
+        return arrange(modifier, proposal, target);
+      },
+      [&](const TransparentModifier auto&) { return arrangeTransparent(proposal, target); }};
+  return std::visit(arranged, *std::get<const Modifier*>(items_[id].what));
 }
 
 }  // namespace rendering

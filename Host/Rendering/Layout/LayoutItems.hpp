@@ -109,6 +109,7 @@ class LayoutItems {
   [[nodiscard]] MeasuredSize workOutElement(ItemId id,
                                             const viewkit::Element& element,
                                             const Proposal& proposal);
+  [[nodiscard]] MeasuredSize answerOfText(ItemId id, const Proposal& proposal);
 
   TextMeasurer& measurer_;
   FontMetrics metrics_;

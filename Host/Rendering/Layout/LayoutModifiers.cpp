@@ -31,12 +31,17 @@ Proposal sizeOfRatio(double ratio,
 }  // namespace
 
 bool isTransparent(const viewkit::Modifier& modifier) {
-  return !std::holds_alternative<viewkit::FixedFrame>(modifier) &&
-         !std::holds_alternative<viewkit::FlexibleFrame>(modifier) &&
-         !std::holds_alternative<viewkit::Padding>(modifier) &&
-         !std::holds_alternative<viewkit::Position>(modifier) &&
-         !std::holds_alternative<viewkit::AspectRatio>(modifier) &&
-         !std::holds_alternative<viewkit::FixedSize>(modifier);
+  return std::visit(
+      foundation::Overloaded{
+          [](const TransparentModifier auto&) { return true; },
+          [](const viewkit::Offset&) { return true; },  // moves the target, and answers as it does
+          [](const foundation::OneOf<viewkit::FixedFrame,
+                                     viewkit::FlexibleFrame,
+                                     viewkit::Padding,
+                                     viewkit::Position,
+                                     viewkit::AspectRatio,
+                                     viewkit::FixedSize> auto&) { return false; }},
+      modifier);
 }
 
 Arrangement arrangeTransparent(const Proposal& proposal, const SubviewProxy& target) {

@@ -1,10 +1,32 @@
-// Layout of the modifiers with one target that are not frames. Those not named here are
-// transparent.
+// Layout of the modifiers with one target that are not frames.
 #pragma once
 
+#include "Foundation/Overloaded.hpp"
 #include "Rendering/Layout/SubviewProxy.hpp"
+#include "ViewKit/View.hpp"
 
 namespace rendering {
+
+/// Modifiers that layout does not notice: their target has their proposal and place.
+template <class M>
+concept TransparentModifier = foundation::OneOf<M,
+                                                viewkit::Background,
+                                                viewkit::Overlay,
+                                                viewkit::ForegroundStyle,
+                                                viewkit::Opacity,
+                                                viewkit::Clip,
+                                                viewkit::Cutout,
+                                                viewkit::Shadow,
+                                                viewkit::ZIndex,
+                                                viewkit::LayoutPriority,
+                                                viewkit::Accessibility,
+                                                viewkit::PrivacySensitive,
+                                                viewkit::Accentable,
+                                                viewkit::Link,
+                                                viewkit::WidgetURL,
+                                                viewkit::ContainerBackground,
+                                                viewkit::Direction,
+                                                viewkit::SharedScale>;
 
 /// Whether the modifier answers as its target does, to the same proposal. A group of texts
 /// with one scale counts as one that does: only the outermost is more.

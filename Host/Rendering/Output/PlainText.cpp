@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <cmath>
 #include <optional>
+#include <variant>
 
+#include "Foundation/Overloaded.hpp"
 #include "Rendering/Layout/PlacedText.hpp"
 #include "Rendering/Output/PlainTextGrid.hpp"
 #include "Rendering/Symbols/SymbolLibrary.hpp"
@@ -103,14 +105,26 @@ class Collector {
 
   void addElement(const Element& element, const PlacedNode& node) {
     const Rect& frame = node.frame;
-    if (const auto* symbol = std::get_if<SymbolElement>(&element)) {
-      if (!redaction_.placeholder) addBox(symbolText(symbol->name, node.direction), frame);
-    } else if (const auto* shape = std::get_if<ShapeElement>(&element)) {
-      if (isBar(*shape)) addBar(frame);
-    } else if (const auto* gauge = std::get_if<GaugeElement>(&element)) {
-      const Rect foot{frame.x, frame.bottom() - kUsualLineHeight, frame.width, kUsualLineHeight};
-      addBox(meterBar(gauge->fraction, columnsIn(foot)), foot);
-    }
+    const foundation::Overloaded add{
+        [&](const SymbolElement& symbol) {
+          if (!redaction_.placeholder) addBox(symbolText(symbol.name, node.direction), frame);
+        },
+        [&](const ShapeElement& shape) {
+          if (isBar(shape)) addBar(frame);
+        },
+        [&](const GaugeElement& gauge) {
+          const Rect foot{
+              frame.x, frame.bottom() - kUsualLineHeight, frame.width, kUsualLineHeight};
+          addBox(meterBar(gauge.fraction, columnsIn(foot)), foot);
+        },
+        [](const foundation::OneOf<EmptyElement,
+                                   StackElement,
+                                   SpacerElement,
+                                   TextElement,
+                                   ImageElement,
+                                   CanvasElement,
+                                   FittingElement> auto&) {}};
+    std::visit(add, element);
   }
 
   /// A thin bar is a meter's track; another one on it, from the same end, its filled part.

@@ -5,7 +5,11 @@
 
 #include <iterator>
 
+#include "Foundation/Overloaded.hpp"
+
 namespace rendering {
+
+using foundation::OneOf;
 
 namespace {
 
@@ -118,15 +122,9 @@ PathSlice DisplayList::add(const Path& path) {
 
 Rect boundsOf(const DrawCommand& command) {
   return std::visit(
-      [](const auto& c) -> Rect {
-        if constexpr (requires { c.bounds; }) {
-          return c.bounds;
-        } else if constexpr (requires { c.rect; }) {
-          return c.rect;
-        } else {
-          return {};
-        }
-      },
+      foundation::Overloaded{[](const FillRect& c) { return c.rect; },
+                             [](const OneOf<EndShadow, EndClip, EndGroup> auto&) { return Rect{}; },
+                             [](const auto& c) { return c.bounds; }},
       command);
 }
 

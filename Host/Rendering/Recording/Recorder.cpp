@@ -3,7 +3,10 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
+#include <variant>
 
+#include "Foundation/Overloaded.hpp"
 #include "Rendering/Graphics/DrawingLimits.hpp"
 #include "Rendering/Recording/RecorderColors.hpp"
 #include "Rendering/Recording/RecorderOpacity.hpp"
@@ -12,6 +15,7 @@ namespace rendering {
 
 namespace {
 
+using foundation::OneOf;
 using viewkit::LayoutDirection;
 
 /// Of a text's own colour in the bar that stands for it.
@@ -35,8 +39,13 @@ class TreeRecorder {
     overrun_ = overrun_ || list_.commands.size() > limits::kCommands ||
                list_.points.size() > limits::kPathPoints || list_.images.size() > limits::kImages;
     if (overrun_) return;
-    if (const auto* modifier = node.modifier()) return visitModifier(node, *modifier);
-    if (const auto* element = node.element()) visitElement(node, *element);
+    if (const auto* modifier = node.modifier()) {
+      return std::visit([&](const auto& m) { visitModifier(node, m); }, *modifier);
+    }
+    if (node.text) return visitText(node);
+    if (const auto* element = node.element()) {
+      std::visit([&](const auto& e) { visitElement(node, e); }, *element);
+    }
   }
 
   /// Whether something was left out since the list had become too long.
@@ -49,46 +58,60 @@ class TreeRecorder {
     if (!node.children.empty()) visit(node.children.front());
   }
 
-  void visitModifier(const PlacedNode& node, const viewkit::Modifier& modifier) {
-    if (const auto* style = std::get_if<viewkit::ForegroundStyle>(&modifier)) {
-      const viewkit::Paint* before = foreground_;
-      if (!std::holds_alternative<std::monostate>(style->paint)) foreground_ = &style->paint;
-      visitTarget(node);
-      foreground_ = before;
-    } else if (std::holds_alternative<viewkit::Background>(modifier)) {
-      if (node.children.size() > 1) visit(node.children[1]);
-      visitTarget(node);
-    } else if (std::holds_alternative<viewkit::Overlay>(modifier)) {
-      visitTarget(node);
-      if (node.children.size() > 1) visit(node.children[1]);
-    } else if (const auto* opacity = std::get_if<viewkit::Opacity>(&modifier)) {
-      visitOpacity(node, opacity->opacity);
-    } else if (const auto* clip = std::get_if<viewkit::Clip>(&modifier)) {
-      visitClip(node, clip->shape);
-    } else if (const auto* cutout = std::get_if<viewkit::Cutout>(&modifier)) {
-      visitCutout(node, cutout->shape);
-    } else if (const auto* shadow = std::get_if<viewkit::Shadow>(&modifier)) {
-      visitShadow(node, *shadow);
-    } else if (std::holds_alternative<viewkit::Accentable>(modifier)) {
-      const bool before = std::exchange(accentable_, true);
-      visitTarget(node);
-      accentable_ = before;
-    } else if (const auto* sensitive = std::get_if<viewkit::PrivacySensitive>(&modifier)) {
-      const bool covered = sensitive->treatment == viewkit::PrivacyTreatment::covered;
-      if (covered && options_.redaction.privacy) {
-        const bool isTinted = options_.mode != viewkit::RenderingMode::fullColor;
-        cover(node.frame,
-              std::min(kCoverRadius, node.frame.height / 2),
-              isTinted ? kTintedPlate : kPlate);
-      } else {
-        visitTarget(node);
-      }
-    } else {
-      visitTarget(node);
-    }
+  // Of layout, of what is heard and of links nothing is drawn.
+  template <OneOf<viewkit::FixedFrame,
+                  viewkit::FlexibleFrame,
+                  viewkit::Padding,
+                  viewkit::Offset,
+                  viewkit::Position,
+                  viewkit::ZIndex,
+                  viewkit::AspectRatio,
+                  viewkit::LayoutPriority,
+                  viewkit::FixedSize,
+                  viewkit::SharedScale,
+                  viewkit::Direction,
+                  viewkit::Accessibility,
+                  viewkit::Link,
+                  viewkit::WidgetURL,
+                  viewkit::ContainerBackground> Undrawn>
+  void visitModifier(const PlacedNode& node, const Undrawn& /*modifier*/) {
+    visitTarget(node);
   }
 
-  void visitClip(const PlacedNode& node, const viewkit::ShapeGeometry& shape) {
+  void visitModifier(const PlacedNode& node, const viewkit::ForegroundStyle& style) {
+    const viewkit::Paint* before = foreground_;
+    if (!std::holds_alternative<std::monostate>(style.paint)) foreground_ = &style.paint;
+    visitTarget(node);
+    foreground_ = before;
+  }
+
+  void visitModifier(const PlacedNode& node, const viewkit::Background& /*behind*/) {
+    if (node.children.size() > 1) visit(node.children[1]);
+    visitTarget(node);
+  }
+
+  void visitModifier(const PlacedNode& node, const viewkit::Overlay& /*above*/) {
+    visitTarget(node);
+    if (node.children.size() > 1) visit(node.children[1]);
+  }
+
+  void visitModifier(const PlacedNode& node, const viewkit::Accentable& /*flag*/) {
+    const bool before = std::exchange(accentable_, true);
+    visitTarget(node);
+    accentable_ = before;
+  }
+
+  void visitModifier(const PlacedNode& node, const viewkit::PrivacySensitive& sensitive) {
+    const bool covered = sensitive.treatment == viewkit::PrivacyTreatment::covered;
+    if (!covered || !options_.redaction.privacy) return visitTarget(node);
+    const bool isTinted = options_.mode != viewkit::RenderingMode::fullColor;
+    cover(node.frame,
+          std::min(kCoverRadius, node.frame.height / 2),
+          isTinted ? kTintedPlate : kPlate);
+  }
+
+  void visitModifier(const PlacedNode& node, const viewkit::Clip& modifier) {
+    const viewkit::ShapeGeometry& shape = modifier.shape;
     const std::size_t begin = list_.commands.size();
     path_.clear();
     appendShape(path_, shape, boxOf(node));
@@ -111,8 +134,8 @@ class TreeRecorder {
     list_.commands.emplace_back(EndClip{});
   }
 
-  void visitOpacity(const PlacedNode& node, double opacity) {
-    const auto factor = static_cast<float>(std::clamp(opacity, 0.0, 1.0));
+  void visitModifier(const PlacedNode& node, const viewkit::Opacity& modifier) {
+    const auto factor = static_cast<float>(std::clamp(modifier.opacity, 0.0, 1.0));
     if (factor == 0) return;
     if (factor == 1) return visitTarget(node);
     const std::size_t begin = list_.commands.size();
@@ -121,14 +144,14 @@ class TreeRecorder {
     endOpacity(list_, begin);
   }
 
-  void visitCutout(const PlacedNode& node, const viewkit::ShapeGeometry& shape) {
+  void visitModifier(const PlacedNode& node, const viewkit::Cutout& cutout) {
     path_.clear();
-    appendShape(path_, shape, boxOf(node));
+    appendShape(path_, cutout.shape, boxOf(node));
     if (!path_.empty()) list_.commands.emplace_back(ErasePath{list_.add(path_), path_.bounds()});
     visitTarget(node);
   }
 
-  void visitShadow(const PlacedNode& node, const viewkit::Shadow& shadow) {
+  void visitModifier(const PlacedNode& node, const viewkit::Shadow& shadow) {
     const Rgba color = resolveColor(shadow.color, options_, accentable_);
     if (color.alpha <= 0) return visitTarget(node);
     const std::size_t begin = list_.commands.size();
@@ -152,20 +175,19 @@ class TreeRecorder {
 
   // ---- elements
 
-  void visitElement(const PlacedNode& node, const viewkit::Element& element) {
-    if (node.text) {
-      visitText(node);
-    } else if (const auto* symbol = std::get_if<viewkit::SymbolElement>(&element)) {
-      visitSymbol(node, *symbol);
-    } else if (const auto* shape = std::get_if<viewkit::ShapeElement>(&element)) {
-      visitShape(node, *shape);
-    } else if (const auto* image = std::get_if<viewkit::ImageElement>(&element)) {
-      visitImage(node, *image);
-    } else {
-      if (const auto* gauge = std::get_if<viewkit::GaugeElement>(&element))
-        visitGauge(node, *gauge);
-      for (const PlacedNode& child : node.children) visit(child);
-    }
+  void visitChildren(const PlacedNode& node) {
+    for (const PlacedNode& child : node.children) visit(child);
+  }
+
+  // A text without a placed one has nothing to be seen.
+  template <OneOf<viewkit::EmptyElement,
+                  viewkit::StackElement,
+                  viewkit::SpacerElement,
+                  viewkit::TextElement,
+                  viewkit::CanvasElement,
+                  viewkit::FittingElement> Container>
+  void visitElement(const PlacedNode& node, const Container& /*element*/) {
+    visitChildren(node);
   }
 
   void visitText(const PlacedNode& node) {
@@ -260,7 +282,7 @@ class TreeRecorder {
     }
   }
 
-  void visitSymbol(const PlacedNode& node, const viewkit::SymbolElement& symbol) {
+  void visitElement(const PlacedNode& node, const viewkit::SymbolElement& symbol) {
     const Point center{node.frame.x + node.frame.width / 2, node.frame.y + node.frame.height / 2};
     if (options_.redaction.placeholder) {
       const double side = symbol.size;
@@ -279,7 +301,7 @@ class TreeRecorder {
     if (command.ink.color.alpha > 0) list_.commands.emplace_back(command);
   }
 
-  void visitShape(const PlacedNode& node, const viewkit::ShapeElement& shape) {
+  void visitElement(const PlacedNode& node, const viewkit::ShapeElement& shape) {
     if (!(node.frame.width > 0) || !(node.frame.height > 0)) {
       // A stroked line may well be flat; an area may not.
       if (shape.mode == viewkit::ShapeElement::Mode::fill) return;
@@ -319,7 +341,12 @@ class TreeRecorder {
     list_.commands.emplace_back(StrokePath{list_.add(path_), outer, paint, width, cap, join});
   }
 
-  void visitGauge(const PlacedNode& node, const viewkit::GaugeElement& gauge) {
+  void visitElement(const PlacedNode& node, const viewkit::GaugeElement& gauge) {
+    drawGauge(node, gauge);
+    visitChildren(node);
+  }
+
+  void drawGauge(const PlacedNode& node, const viewkit::GaugeElement& gauge) {
     const Point center{node.frame.x + node.frame.width / 2, node.frame.y + node.frame.height / 2};
     const double radius = (std::min(node.frame.width, node.frame.height) - gauge.lineWidth) / 2;
     if (!(radius > 0)) return;
@@ -348,7 +375,7 @@ class TreeRecorder {
     stroke(path_.bounds(), paint, width, viewkit::LineCap::round, viewkit::LineJoin::round);
   }
 
-  void visitImage(const PlacedNode& node, const viewkit::ImageElement& element) {
+  void visitElement(const PlacedNode& node, const viewkit::ImageElement& element) {
     const Rect& frame = node.frame;
     if (!(frame.width > 0) || !(frame.height > 0)) return;
     if (options_.redaction.placeholder) {
@@ -358,10 +385,7 @@ class TreeRecorder {
     const auto image = options_.container.empty()
                            ? nullptr
                            : tools_.images.load(options_.container, element.path, wanted);
-    if (!image) {
-      for (const PlacedNode& child : node.children) visit(child);
-      return;
-    }
+    if (!image) return visitChildren(node);
     DrawImage command;
     command.image = static_cast<std::uint32_t>(list_.images.size());
     command.target = imageTarget(node, element, *image);

@@ -2,10 +2,16 @@
 #include "Rendering/Recording/RecorderOpacity.hpp"
 
 #include <algorithm>
+#include <variant>
+
+#include "Foundation/Overloaded.hpp"
 
 namespace rendering {
 
 namespace {
+
+using foundation::OneOf;
+using foundation::Overloaded;
 
 constexpr std::size_t kMostCompared = 16;
 
@@ -21,16 +27,20 @@ bool endsSomething(const DrawCommand& c) {
 /// How many of the commands that follow lie within the bounds of this one.
 std::size_t countInside(const DrawCommand& command) {
   return std::visit(
-      [](const auto& c) -> std::size_t {
-        if constexpr (
-            requires {
-              c.count;
-              c.bounds;
-            } &&
-            !requires { c.ink; })
-          return c.count;
-        return 0;
-      },
+      Overloaded{[](const OneOf<BeginShadow, BeginClip, BeginGroup> auto& begin) -> std::size_t {
+                   return begin.count;
+                 },
+                 [](const OneOf<FillRect,
+                                FillPath,
+                                StrokePath,
+                                DrawGlyphs,
+                                DrawSymbol,
+                                DrawImage,
+                                DrawShadow,
+                                EndShadow,
+                                EndClip,
+                                EndGroup,
+                                ErasePath> auto&) -> std::size_t { return 0; }},
       command);
 }
 
@@ -161,14 +171,15 @@ void endOpacity(DisplayList& list, std::size_t begin) {
     return;
   }
   const float factor = group.opacity;
-  for (std::size_t i = first; i < list.commands.size(); ++i) {
-    std::visit(
-        [&](auto& c) {
-          if constexpr (requires { c.ink; }) c.ink.color.alpha *= factor;
-          if constexpr (requires { c.opacity; }) c.opacity *= factor;
-        },
-        list.commands[i]);
-  }
+  const Overloaded fade{
+      [&](OneOf<FillRect, FillPath, StrokePath, DrawGlyphs, DrawSymbol> auto& drawn) {
+        drawn.ink.color.alpha *= factor;
+      },
+      [&](DrawImage& image) { image.opacity *= factor; },
+      [](OneOf<BeginClip, EndClip> auto& /*clip*/) {},
+      // None of these is ever folded.
+      [](OneOf<DrawShadow, BeginShadow, EndShadow, BeginGroup, EndGroup, ErasePath> auto&) {}};
+  for (std::size_t i = first; i < list.commands.size(); ++i) std::visit(fade, list.commands[i]);
   list.commands.erase(list.commands.begin() + static_cast<std::ptrdiff_t>(begin));
 }
 

@@ -3,37 +3,12 @@
 #include <exception>
 #include <new>
 
-#include "Cli/Commands/Commands.hpp"
 #include "Cli/Options/Arguments.hpp"
 #include "Cli/Output.hpp"
 #include "Foundation/Printable.hpp"
 
 namespace cli {
 namespace {
-
-Result<void> runCommand(std::string_view name, const Options& options, const Program& program) {
-  if (name == "list") return list(options, program);
-  if (name == "render") return render(options, program);
-  if (name == "sheet") return sheet(options, program);
-  if (name == "gallery") return gallery(options, program);
-  if (name == "timeline") return timeline(options, program);
-  if (name == "options") return choices(options, program);
-  if (name == "validate") return validate(options, program);
-  if (name == "sample") return sample(options, program);
-  if (name == "perform") return perform(options, program);
-  if (name == "status") return status(options, program);
-  if (name == "reload") return reload(options, program);
-  if (name == "hide") return hide(options, program);
-  if (name == "add") return add(options, program);
-  if (name == "remove") return removePlacement(options, program);
-  if (name == "configure") return configure(options, program);
-  if (name == "move") return move(options, program);
-  if (name == "open") return open(options, program);
-  if (name == "board") return board(options, program);
-  if (name == "watch") return watch(options, program);
-  if (name == "bench") return bench(options, program);
-  return doctor(options, program);
-}
 
 Result<void> interpret(std::span<const char* const> words, const Program& program) {
   const std::string_view name = words.empty() ? std::string_view{} : words.front();
@@ -45,7 +20,7 @@ Result<void> interpret(std::span<const char* const> words, const Program& progra
   auto arguments = readArguments(name, words.subspan(1));
   if (!arguments) return std::unexpected(std::move(arguments.error()));
   if (!arguments->help.empty()) return print(arguments->help);
-  auto done = runCommand(name, arguments->options, program);
+  auto done = arguments->run(arguments->options, program);
   if (!done) done.error().line = "quorvel-host " + std::string(name) + ": " + done.error().line;
   return done;
 }

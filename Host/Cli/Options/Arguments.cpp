@@ -8,6 +8,7 @@
 #include <array>
 #include <functional>
 
+#include "Cli/Commands/Commands.hpp"
 #include "Cli/Options/ArgumentParts.hpp"
 #include "Cli/Options/ResidentArguments.hpp"
 #include "Cli/Options/Values.hpp"
@@ -21,6 +22,7 @@ struct Command {
   std::string_view summary;
   std::string_view examples;
   void (*describe)(CLI::App&, Options&);
+  Result<void> (*run)(const Options&, const Program&);
 };
 
 void describeList(CLI::App& app, Options& options) {
@@ -150,88 +152,113 @@ void describeDoctor(CLI::App& app, Options& options) {
 }
 
 constexpr std::array kCommands{
-    Command{"list", "what the extension offers", "  quorvel-host list --json\n", describeList},
+    Command{
+        "list", "what the extension offers", "  quorvel-host list --json\n", describeList, list},
     Command{"render",
             "one widget as a picture, SVG, text or tree",
             "  quorvel-host render QuorvelSpendingWidget --family systemMedium -o spending.png\n"
             "  quorvel-host render QuorvelDueWidget --snapshot widget-snapshot.json --format text\n"
             "  quorvel-host render QuorvelSafeToSpendWidget --configure style=ring --appearance "
             "dark -o ring.png\n",
-            describeRender},
+            describeRender,
+            render},
     Command{"sheet",
             "every widget on one picture",
             "  quorvel-host sheet -o sheet.png\n"
             "  quorvel-host sheet QuorvelDueWidget --states --languages en,ja,ar -o due.png\n",
-            describeSheet},
+            describeSheet,
+            sheet},
     Command{"gallery",
             "every widget in every state: a page and contact sheets",
             "  quorvel-host gallery gallery\n"
             "  quorvel-host gallery gallery --snapshot Examples/household.json --now "
             "2025-03-14T09:30:00Z\n",
-            describeGallery},
+            describeGallery,
+            gallery},
     Command{"timeline",
             "the entries of a widget and when it is asked again",
             "  quorvel-host timeline QuorvelDueWidget --now 2025-03-14T22:59:59Z --time-zone "
             "Europe/Berlin\n",
-            describeTimeline},
+            describeTimeline,
+            timeline},
     Command{"options",
             "the choices that a widget's parameter has",
             "  quorvel-host options QuorvelCardLimitWidget card\n",
-            describeOptions},
+            describeOptions,
+            choices},
     Command{"validate",
             "whether documents are accepted, and what is wrong with them",
             "  quorvel-host validate widget-snapshot.json\n",
-            describeValidate},
+            describeValidate,
+            validate},
     Command{"sample",
             "a complete document to start from",
             "  quorvel-host sample --lang de -o widget-snapshot.json\n",
-            describeSample},
+            describeSample,
+            sample},
     Command{"perform",
             "run an intent in the extension, then open the application",
             "  quorvel-host perform AddExpenseIntent --no-open\n",
-            describePerform},
+            describePerform,
+            perform},
     Command{"status",
             "what the resident host shows, and how it is with each widget",
             "  quorvel-host status\n",
-            describeStatus},
+            describeStatus,
+            status},
     Command{"reload",
             "ask the extension anew, for one widget or for all",
             "  quorvel-host reload\n"
             "  quorvel-host reload net-worth\n",
-            describeReload},
-    Command{
-        "hide", "hide amounts, or show them again", "  quorvel-host hide toggle\n", describeHide},
+            describeReload,
+            reload},
+    Command{"hide",
+            "hide amounts, or show them again",
+            "  quorvel-host hide toggle\n",
+            describeHide,
+            hide},
     Command{"add",
             "place one more widget; its id is printed",
             "  quorvel-host add safe-to-spend --configure style=ring\n",
-            describeAdd},
-    Command{"remove", "take a widget away", "  quorvel-host remove w6\n", describeRemove},
+            describeAdd,
+            add},
+    Command{"remove",
+            "take a widget away",
+            "  quorvel-host remove w6\n",
+            describeRemove,
+            removePlacement},
     Command{"configure",
             "give a placed widget another family or other choices",
             "  quorvel-host configure w1 --family systemMedium\n",
-            describeConfigure},
+            describeConfigure,
+            configure},
     Command{"move",
             "put a widget into another cell",
             "  quorvel-host move w1 0 2\n"
             "  quorvel-host move w1 0 2 --output DP-1\n",
-            describeMove},
-    Command{"open", "open what a widget links to", "  quorvel-host open due\n", describeOpen},
+            describeMove,
+            move},
+    Command{"open", "open what a widget links to", "  quorvel-host open due\n", describeOpen, open},
     Command{"board",
             "open the page on which the widgets live",
             "  quorvel-host board\n",
-            describeBoard},
+            describeBoard,
+            board},
     Command{"watch",
             "a widget's line for a status bar, whenever it changes",
             "  quorvel-host watch safe-to-spend --format waybar\n",
-            describeWatch},
+            describeWatch,
+            watch},
     Command{"bench",
             "measure drawing, stage by stage",
             "  quorvel-host bench --snapshot widget-snapshot.json --images 200\n",
-            describeBench},
+            describeBench,
+            bench},
     Command{"doctor",
             "what is found, what is missing and what to do",
             "  quorvel-host doctor\n",
-            describeDoctor},
+            describeDoctor,
+            doctor},
 };
 
 const Command* commandNamed(std::string_view name) {
@@ -257,15 +284,11 @@ std::string overview() {
   return text;
 }
 
-bool isCommand(std::string_view name) {
-  return commandNamed(name) != nullptr;
-}
-
 Result<Arguments> readArguments(std::string_view name, std::span<const char* const> words) {
   const Command* command = commandNamed(name);
   if (!command)
     return misused(fmt::format("quorvel-host: there is no command \"{}\" (try --help)", name));
-  Arguments arguments;
+  Arguments arguments{.run = command->run};
   CLI::App app{std::string(command->summary), fmt::format("quorvel-host {}", name)};
   app.get_formatter()->column_width(28);
   command->describe(app, arguments.options);

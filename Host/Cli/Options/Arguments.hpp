@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "Cli/Options/Options.hpp"
+#include "Cli/Program.hpp"
 #include "Cli/Result.hpp"
 
 namespace cli {
@@ -13,10 +14,9 @@ namespace cli {
 /// The commands with one line about each, and how to learn more.
 [[nodiscard]] std::string overview();
 
-[[nodiscard]] bool isCommand(std::string_view name);
-
-/// Either the options of a command, or the help that was asked for.
+/// A command with its options, or the help that was asked for.
 struct Arguments {
+  Result<void> (*run)(const Options&, const Program&) = nullptr;
   Options options;
   std::string help;
 };

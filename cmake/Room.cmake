@@ -58,3 +58,19 @@ endfunction()
 function(quorvel_runs_programs name)
   add_dependencies(${name} quorvel-host quorvel-hostd quorvel-watch quorvel-widgets quorvel-import)
 endfunction()
+
+# quorvel_must_not_compile(names...): each source compiles, and with its mistake it does not.
+function(quorvel_must_not_compile)
+  foreach(name IN LISTS ARGN)
+    set(compile
+        ${CMAKE_CXX_COMPILER}
+        -std=c++${CMAKE_CXX_STANDARD}
+        -fsyntax-only
+        -I${CMAKE_SOURCE_DIR}
+        -I${CMAKE_SOURCE_DIR}/Platform
+        ${CMAKE_CURRENT_SOURCE_DIR}/MustNotCompile/${name}.cpp)
+    add_test(NAME Compiles.${name} COMMAND ${compile})
+    add_test(NAME MustNotCompile.${name} COMMAND ${compile} -DQUORVEL_MISTAKE)
+    set_tests_properties(MustNotCompile.${name} PROPERTIES WILL_FAIL TRUE)
+  endforeach()
+endfunction()

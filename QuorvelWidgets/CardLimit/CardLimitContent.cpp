@@ -13,7 +13,7 @@ namespace quorvel {
 
 using namespace viewkit;
 
-std::string CardLimitContent::text(std::string_view key) const {
+std::string CardLimitContent::text(TextKey key) const {
   return WidgetStrings::text(key, snapshot.lang);
 }
 

@@ -24,7 +24,7 @@ View hero(const CardLimitContent& content) {
   };
 }
 
-View row(const CardLimitContent& content, std::string_view key, double amount) {
+View row(const CardLimitContent& content, TextKey key, double amount) {
   return HStack{
       {},
       content.caption(content.text(key), 13).foregroundStyle(content.colors.caption()),

@@ -25,7 +25,7 @@ constexpr int kChangePrecision = 1;
 
 }  // namespace
 
-std::string NetWorthContent::text(std::string_view key) const {
+std::string NetWorthContent::text(TextKey key) const {
   return WidgetStrings::text(key, snapshot.lang);
 }
 

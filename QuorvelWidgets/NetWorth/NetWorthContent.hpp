@@ -8,6 +8,7 @@
 #include "QuorvelWidgets/WidgetSupport/Colors/ModeColors.hpp"
 #include "QuorvelWidgets/WidgetSupport/Snapshot/WidgetSnapshot.hpp"
 #include "QuorvelWidgets/WidgetSupport/Texts/ChangeDescription.hpp"
+#include "QuorvelWidgets/WidgetSupport/Texts/TextKey.hpp"
 #include "ViewKit/ViewKit.hpp"
 #include "WidgetRuntime/Environment.hpp"
 
@@ -22,7 +23,7 @@ struct NetWorthContent {
   widgetruntime::Environment environment;
   ModeColors colors{environment.widgetRenderingMode};
 
-  [[nodiscard]] std::string text(std::string_view key) const;
+  [[nodiscard]] std::string text(TextKey key) const;
   /// A caption: one line in the snapshot's language.
   [[nodiscard]] viewkit::Text caption(std::string text, double size) const;
   [[nodiscard]] viewkit::View header(bool compact) const;

@@ -76,7 +76,7 @@ View monthLabels(const NetWorthContent& content) {
 }
 
 struct BreakdownRow {
-  std::string_view key;
+  TextKey key;
   std::string_view symbol;
   double amount = 0;
   Color color;

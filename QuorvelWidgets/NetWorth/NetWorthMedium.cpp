@@ -10,7 +10,7 @@ using namespace viewkit;
 
 namespace {
 
-View row(const NetWorthContent& content, std::string_view key, double amount, const Color& color) {
+View row(const NetWorthContent& content, TextKey key, double amount, const Color& color) {
   return HStack{
       {.spacing = 6},
       Circle()

@@ -7,6 +7,7 @@
 #include "Foundation/Calendar.hpp"
 #include "Foundation/Instant.hpp"
 #include "QuorvelWidgets/WidgetSupport/Snapshot/WidgetSnapshot.hpp"
+#include "QuorvelWidgets/WidgetSupport/Texts/TextKey.hpp"
 #include "ViewKit/Color.hpp"
 
 namespace quorvel {
@@ -15,7 +16,7 @@ enum class PaceVerdict : std::uint8_t { good, warning, critical };
 
 struct BudgetPace {
   PaceVerdict verdict = PaceVerdict::good;
-  std::string_view key;  ///< of the verdict's text
+  TextKey key;  ///< of the verdict's text
   viewkit::Color color;
 
   friend bool operator==(const BudgetPace&, const BudgetPace&) = default;

@@ -17,7 +17,8 @@ View circular(const SafeToSpendContent& content) {
   return VStack{
       {.spacing = 0},
       Amount{.value = content.mainAmount(), .snapshot = content.snapshot, .size = 17},
-      content.caption(content.text(content.isLastDay() ? "left" : "perDay"), 10, 0.7)
+      content
+          .caption(content.text(content.isLastDay() ? TextKey{"left"} : TextKey{"perDay"}), 10, 0.7)
           .foregroundStyle(content.colors.caption()),
   }
       .accessibility(

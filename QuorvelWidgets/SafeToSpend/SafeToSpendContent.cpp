@@ -18,7 +18,7 @@ constexpr auto kIgnored = Accessibility::Children::ignore;
 
 }  // namespace
 
-std::string SafeToSpendContent::text(std::string_view key) const {
+std::string SafeToSpendContent::text(TextKey key) const {
   return WidgetStrings::text(key, snapshot.lang);
 }
 
@@ -170,8 +170,8 @@ View remainder(const SafeToSpendContent& content, RemainderWords place) {
       .size = kSize,
       .weight = FontWeight::regular,
       .leastScale = place == RemainderWords::beside ? kLeastScale : kLeastAlone};
-  const Text words =
-      content.caption(content.text(exceeded ? "overBudget" : "left"), kSize, kLeastScale);
+  const Text words = content.caption(
+      content.text(exceeded ? TextKey{"overBudget"} : TextKey{"left"}), kSize, kLeastScale);
   const auto form = [&]() -> View {
     switch (place) {
       case RemainderWords::beside:

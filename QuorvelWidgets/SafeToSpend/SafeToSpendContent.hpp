@@ -10,6 +10,7 @@
 #include "QuorvelWidgets/SafeToSpend/SafeToSpendMetrics.hpp"
 #include "QuorvelWidgets/WidgetSupport/Colors/ModeColors.hpp"
 #include "QuorvelWidgets/WidgetSupport/Snapshot/WidgetSnapshot.hpp"
+#include "QuorvelWidgets/WidgetSupport/Texts/TextKey.hpp"
 #include "ViewKit/ViewKit.hpp"
 #include "WidgetRuntime/Environment.hpp"
 
@@ -37,7 +38,7 @@ struct SafeToSpendContent {
   /// The amount per day; on the last day the whole remainder.
   [[nodiscard]] double mainAmount() const { return metrics.perDay.value_or(metrics.remaining); }
 
-  [[nodiscard]] std::string text(std::string_view key) const;
+  [[nodiscard]] std::string text(TextKey key) const;
   /// A caption: one line in the snapshot's language.
   [[nodiscard]] viewkit::Text caption(std::string text, double size, double leastScale) const;
   /// The whole percentage with its sign, as one figure.

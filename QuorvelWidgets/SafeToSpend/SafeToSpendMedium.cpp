@@ -110,7 +110,7 @@ Accessibility spokenTileAmount(const SafeToSpendContent& content) {
           .children = Accessibility::Children::ignore};
 }
 
-View tileLabel(const SafeToSpendContent& content, std::string_view key) {
+View tileLabel(const SafeToSpendContent& content, TextKey key) {
   return content.caption(content.text(key), 11, 0.8)
       .lineLimit(2)
       .foregroundStyle(content.colors.text().withOpacity(0.9));
@@ -120,7 +120,8 @@ View perDayFigure(const SafeToSpendContent& content) {
   return VStack{
       {.alignment = HorizontalAlignment::leading, .spacing = 0},
       Amount{.value = content.mainAmount(), .snapshot = content.snapshot, .size = 17},
-      tileLabel(content, content.isLastDay() ? "leftForToday" : "perDay").padding({.top = 3}),
+      tileLabel(content, content.isLastDay() ? TextKey{"leftForToday"} : TextKey{"perDay"})
+          .padding({.top = 3}),
   }
       .accessibility(spokenTileAmount(content));
 }

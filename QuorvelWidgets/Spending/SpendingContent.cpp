@@ -22,7 +22,7 @@ constexpr double kComparisonSize = 11.5;
 
 }  // namespace
 
-std::string SpendingContent::text(std::string_view key) const {
+std::string SpendingContent::text(TextKey key) const {
   return WidgetStrings::text(key, snapshot.lang);
 }
 

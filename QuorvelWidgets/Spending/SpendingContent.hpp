@@ -9,6 +9,7 @@
 #include "QuorvelWidgets/Spending/DailyBars.hpp"
 #include "QuorvelWidgets/WidgetSupport/Colors/ModeColors.hpp"
 #include "QuorvelWidgets/WidgetSupport/Snapshot/WidgetSnapshot.hpp"
+#include "QuorvelWidgets/WidgetSupport/Texts/TextKey.hpp"
 #include "ViewKit/ViewKit.hpp"
 #include "WidgetRuntime/Environment.hpp"
 
@@ -26,7 +27,7 @@ struct SpendingContent {
   int weekdayOfFirst = 1;  ///< of the month, 1 = Sunday
   int daysInMonth = 31;
 
-  [[nodiscard]] std::string text(std::string_view key) const;
+  [[nodiscard]] std::string text(TextKey key) const;
   /// A caption: one line in the snapshot's language.
   [[nodiscard]] viewkit::Text caption(std::string text, double size, double leastScale) const;
   [[nodiscard]] viewkit::View header(bool compact) const;

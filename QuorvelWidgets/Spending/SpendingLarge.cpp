@@ -47,7 +47,7 @@ View hero(const SpendingContent& content) {
   };
 }
 
-View statistic(const SpendingContent& content, std::string_view key, double amount) {
+View statistic(const SpendingContent& content, TextKey key, double amount) {
   return VStack{
       {.alignment = HorizontalAlignment::leading, .spacing = 2},
       content.caption(content.text(key), 11, 0.8).foregroundStyle(content.colors.caption()),

@@ -8,6 +8,7 @@
 
 #include "QuorvelWidgets/WidgetSupport/Components/WidgetChrome.hpp"
 #include "QuorvelWidgets/WidgetSupport/Snapshot/WidgetSnapshot.hpp"
+#include "QuorvelWidgets/WidgetSupport/Texts/TextKey.hpp"
 #include "ViewKit/ViewKit.hpp"
 #include "WidgetRuntime/Environment.hpp"
 #include "WidgetRuntime/WidgetSummary.hpp"
@@ -17,9 +18,9 @@ namespace quorvel {
 /// An empty state: a symbol and keys of the string table.
 struct EmptyState {
   std::string_view symbol;
-  std::string_view title;
-  std::string_view text;
-  std::string_view label;
+  TextKey title;
+  TextKey text;
+  TextKey label;
   bool labelIsStatus = false;
 };
 

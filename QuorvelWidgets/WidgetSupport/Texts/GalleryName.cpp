@@ -5,7 +5,7 @@
 
 namespace quorvel {
 
-std::string galleryName(std::string_view english, std::string_view key, std::string_view lang) {
+std::string galleryName(std::string_view english, TextKey key, std::string_view lang) {
   if (languageForCode(lang) == Language::en) return std::string(english);
   return WidgetStrings::text(key, lang);
 }

@@ -3,13 +3,13 @@
 // beside a small icon. A space that must not end a line is written \u00A0.
 #include "QuorvelWidgets/WidgetSupport/Texts/WidgetStringTable.hpp"
 
+#include <algorithm>
 #include <array>
-#include <cstdint>
 
 namespace quorvel {
 namespace {
 
-constexpr std::array<StringRow, kStringCount> kRows{{
+constexpr std::array<StringRow, kTextKeys.size()> kRows{{
     {"nextDue",
      {.en = "Next due",
       .id = "Jatuh tempo",
@@ -777,42 +777,8 @@ constexpr bool placeholdersAgree() {
 static_assert(allComplete(), "every key has a text in every language");
 static_assert(placeholdersAgree(), "translations keep {n} and {period}");
 
-// A perfect hash: the first seed under which no two keys share a slot. A key that occurs twice
-// finds no seed.
-constexpr std::size_t kSlots = 512;
-constexpr std::uint8_t kEmpty = 0xFF;
-
-constexpr std::size_t slotOf(std::string_view key, std::uint32_t seed) {
-  std::uint32_t hash = 2166136261U ^ seed;
-  for (const char c : key) hash = (hash ^ static_cast<unsigned char>(c)) * 16777619U;
-  return (hash ^ (hash >> 15)) % kSlots;
-}
-
-constexpr bool isPerfect(std::uint32_t seed) {
-  std::array<bool, kSlots> taken{};
-  for (const StringRow& row : kRows) {
-    bool& slot = taken[slotOf(row.key, seed)];
-    if (slot) return false;
-    slot = true;
-  }
-  return true;
-}
-
-constexpr std::uint32_t kSeed = [] {
-  std::uint32_t seed = 0;
-  while (seed < 1000 && !isPerfect(seed)) ++seed;
-  return seed;
-}();
-static_assert(isPerfect(kSeed), "keys are distinct");
-
-constexpr std::array<std::uint8_t, kSlots> kIndex = [] {
-  std::array<std::uint8_t, kSlots> index{};
-  index.fill(kEmpty);
-  for (std::size_t i = 0; i < kRows.size(); ++i) {
-    index[slotOf(kRows[i].key, kSeed)] = static_cast<std::uint8_t>(i);
-  }
-  return index;
-}();
+static_assert(std::ranges::equal(kRows, kTextKeys, {}, &StringRow::key),
+              "keys stand as in TextKey.hpp");
 
 }  // namespace
 
@@ -820,9 +786,13 @@ std::span<const StringRow> stringRows() {
   return kRows;
 }
 
+const StringRow& stringRow(TextKey key) {
+  return kRows[key.index()];
+}
+
 const StringRow* findStringRow(std::string_view key) {
-  const std::uint8_t index = kIndex[slotOf(key, kSeed)];
-  return index != kEmpty && kRows[index].key == key ? &kRows[index] : nullptr;
+  const auto* row = std::ranges::find(kRows, key, &StringRow::key);
+  return row == kRows.end() ? nullptr : row;
 }
 
 }  // namespace quorvel

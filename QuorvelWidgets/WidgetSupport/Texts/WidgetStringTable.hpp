@@ -6,10 +6,9 @@
 #include <string_view>
 
 #include "QuorvelWidgets/WidgetSupport/Snapshot/WidgetLanguage.hpp"
+#include "QuorvelWidgets/WidgetSupport/Texts/TextKey.hpp"
 
 namespace quorvel {
-
-inline constexpr std::size_t kStringCount = 53;
 
 /// A text in each language. A language that is forgotten does not compile.
 struct Translations {
@@ -60,7 +59,9 @@ struct StringRow {
 
 [[nodiscard]] std::span<const StringRow> stringRows();
 
-/// One probe of a hash table made when this was compiled; null for an unknown key.
+[[nodiscard]] const StringRow& stringRow(TextKey key);
+
+/// For keys that are not ours; null for an unknown one.
 [[nodiscard]] const StringRow* findStringRow(std::string_view key);
 
 }  // namespace quorvel

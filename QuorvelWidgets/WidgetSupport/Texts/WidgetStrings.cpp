@@ -15,6 +15,14 @@ void replaceAll(std::string& text, std::string_view placeholder, std::string_vie
   }
 }
 
+std::string textOf(const StringRow& row,
+                   std::optional<std::string_view> lang,
+                   std::optional<std::int64_t> n) {
+  std::string text(row.texts.in(languageForCode(lang)));
+  if (n) replaceAll(text, "{n}", fmt::format("{}", *n));
+  return text;
+}
+
 std::string_view russianCards(std::int64_t count) {
   switch (pluralForm(count, Language::ru)) {
     case PluralForm::one:
@@ -41,14 +49,17 @@ std::string arabicCards(std::int64_t count) {
 
 }  // namespace
 
-std::string WidgetStrings::text(std::string_view key,
+std::string WidgetStrings::text(TextKey key,
                                 std::optional<std::string_view> lang,
                                 std::optional<std::int64_t> n) {
+  return textOf(stringRow(key), lang, n);
+}
+
+std::string WidgetStrings::textNamed(std::string_view key,
+                                     std::optional<std::string_view> lang,
+                                     std::optional<std::int64_t> n) {
   const StringRow* row = findStringRow(key);
-  if (!row) return std::string(key);
-  std::string text(row->texts.in(languageForCode(lang)));
-  if (n) replaceAll(text, "{n}", fmt::format("{}", *n));
-  return text;
+  return row == nullptr ? std::string(key) : textOf(*row, lang, n);
 }
 
 std::string WidgetStrings::comparisonWith(std::string_view period,

@@ -7,16 +7,21 @@
 #include <string_view>
 
 #include "QuorvelWidgets/WidgetSupport/Snapshot/WidgetLanguage.hpp"
+#include "QuorvelWidgets/WidgetSupport/Texts/TextKey.hpp"
 
 namespace quorvel {
 
 struct WidgetStrings {
-  /// The text of a key; English for an absent or unknown language, the key itself when it is
-  /// unknown. With `n`, every "{n}" is replaced by its decimal form; "{period}" is left to the
-  /// caller.
-  [[nodiscard]] static std::string text(std::string_view key,
+  /// The text of a key; English for an absent or unknown language. With `n`, every "{n}" is
+  /// replaced by its decimal form; "{period}" is left to the caller.
+  [[nodiscard]] static std::string text(TextKey key,
                                         std::optional<std::string_view> lang,
                                         std::optional<std::int64_t> n = std::nullopt);
+
+  /// The same for a key that comes from data; an unknown one is its own text.
+  [[nodiscard]] static std::string textNamed(std::string_view key,
+                                             std::optional<std::string_view> lang,
+                                             std::optional<std::int64_t> n = std::nullopt);
 
   /// The text of `comparisonWith` for a period's name.
   [[nodiscard]] static std::string comparisonWith(std::string_view period,

@@ -23,11 +23,11 @@ TEST(WidgetStringsText, WithoutCountThePlaceholderStays) {
 }
 
 TEST(WidgetStringsText, UnknownKeyComesBackAsItIs) {
-  EXPECT_EQ(WidgetStrings::text("noSuchKey", "de"), "noSuchKey");
-  EXPECT_EQ(WidgetStrings::text("noSuchKey", std::nullopt, 4), "noSuchKey");
-  EXPECT_EQ(WidgetStrings::text("{n}", "de", 4), "{n}");
-  EXPECT_EQ(WidgetStrings::text("", "en", 1), "");
-  EXPECT_EQ(WidgetStrings::text("NextDue", "en"), "NextDue");
+  EXPECT_EQ(WidgetStrings::textNamed("noSuchKey", "de"), "noSuchKey");
+  EXPECT_EQ(WidgetStrings::textNamed("noSuchKey", std::nullopt, 4), "noSuchKey");
+  EXPECT_EQ(WidgetStrings::textNamed("{n}", "de", 4), "{n}");
+  EXPECT_EQ(WidgetStrings::textNamed("", "en", 1), "");
+  EXPECT_EQ(WidgetStrings::textNamed("NextDue", "en"), "NextDue");
 }
 
 TEST(WidgetStringsText, OtherSpellingsOfACodeAreEnglish) {
@@ -122,7 +122,7 @@ TEST(WidgetStringsTable, RowsStatedForEveryLanguage) {
              "مقارنة بـ {period}"}},
        }) {
     for (std::size_t i = 0; i < kLanguageCount; ++i) {
-      EXPECT_EQ(WidgetStrings::text(row.key, kLanguageCodes[i]), row.texts[i]);
+      EXPECT_EQ(WidgetStrings::textNamed(row.key, kLanguageCodes[i]), row.texts[i]);
     }
   }
 }
@@ -193,9 +193,9 @@ TEST(WidgetStringsTable, EnglishAndIndonesianAreAsStated) {
   ASSERT_EQ(std::size(kStated), 53U);
   EXPECT_EQ(stringRows().size(), 53U);
   for (const EnglishAndIndonesian& row : kStated) {
-    EXPECT_EQ(WidgetStrings::text(row.key, "en"), row.en);
-    EXPECT_EQ(WidgetStrings::text(row.key, std::nullopt), row.en);
-    EXPECT_EQ(WidgetStrings::text(row.key, "id"), row.id);
+    EXPECT_EQ(WidgetStrings::textNamed(row.key, "en"), row.en);
+    EXPECT_EQ(WidgetStrings::textNamed(row.key, std::nullopt), row.en);
+    EXPECT_EQ(WidgetStrings::textNamed(row.key, "id"), row.id);
   }
 }
 
@@ -210,7 +210,8 @@ TEST(WidgetStringsTable, EveryKeyIsFoundUnderItsOwnRow) {
 TEST(WidgetStringsTable, AppNameStaysUntranslated) {
   for (const char* key : {"noBudget", "noCards", "noNetWorth", "signIn", "openQuorvel"}) {
     for (const std::string_view code : kLanguageCodes) {
-      EXPECT_NE(WidgetStrings::text(key, code).find(kAppName), std::string::npos) << key << code;
+      EXPECT_NE(WidgetStrings::textNamed(key, code).find(kAppName), std::string::npos)
+          << key << code;
     }
   }
   EXPECT_EQ(WidgetStrings::text("openQuorvel", "de"), "Quorvel öffnen");

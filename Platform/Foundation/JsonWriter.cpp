@@ -150,4 +150,33 @@ JsonWriter& JsonWriter::raw(std::string_view json) {
   return *this;
 }
 
+std::string indentedJson(std::string_view json) {
+  std::string out;
+  std::size_t depth = 0;
+  const auto breakLine = [&] { out.append(1, '\n').append(2 * depth, ' '); };
+  bool isInString = false;
+  for (std::size_t i = 0; i < json.size(); ++i) {
+    const char c = json[i];
+    if (isInString) {
+      out += c;
+      if (c == '\\') out += json[++i];
+      isInString = c != '"';
+      continue;
+    }
+    isInString = c == '"';
+    const bool closes = c == '}' || c == ']';
+    const bool isEmpty = closes && (out.ends_with('{') || out.ends_with('['));
+    if (closes) {
+      --depth;
+      if (!isEmpty) breakLine();
+    } else if (out.ends_with('{') || out.ends_with('[') || out.ends_with(',')) {
+      breakLine();
+    }
+    out += c;
+    if (c == ':') out += ' ';
+    if (c == '{' || c == '[') ++depth;
+  }
+  return out;
+}
+
 }  // namespace foundation

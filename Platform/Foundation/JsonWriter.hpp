@@ -42,4 +42,8 @@ class JsonWriter {
   bool needsComma_ = false;
 };
 
+/// What a writer has written, for people: a line for each member and element, indented by two
+/// spaces.
+[[nodiscard]] std::string indentedJson(std::string_view json);
+
 }  // namespace foundation

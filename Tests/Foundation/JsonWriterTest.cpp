@@ -73,5 +73,29 @@ TEST(JsonWriter, IntegersKeepAllDigits) {
   EXPECT_EQ(written(std::numeric_limits<std::int64_t>::max()), "9223372036854775807");
 }
 
+TEST(IndentedJson, GivesEachMemberAndElementALine) {
+  EXPECT_EQ(indentedJson(R"({"a":1,"b":[true,{"c":null}],"d":"x"})"),
+            "{\n"
+            "  \"a\": 1,\n"
+            "  \"b\": [\n"
+            "    true,\n"
+            "    {\n"
+            "      \"c\": null\n"
+            "    }\n"
+            "  ],\n"
+            "  \"d\": \"x\"\n"
+            "}");
+}
+
+TEST(IndentedJson, KeepsWhatIsEmptyOnItsLine) {
+  EXPECT_EQ(indentedJson("{}"), "{}");
+  EXPECT_EQ(indentedJson(R"({"a":[],"b":{}})"), "{\n  \"a\": [],\n  \"b\": {}\n}");
+}
+
+TEST(IndentedJson, LeavesStringsAlone) {
+  EXPECT_EQ(indentedJson(R"(["{,:[","\\",",\"]"])"),
+            "[\n  \"{,:[\",\n  \"\\\\\",\n  \",\\\"]\"\n]");
+}
+
 }  // namespace
 }  // namespace foundation

@@ -161,7 +161,7 @@ std::vector<Room> makeRooms() {
         "ViewKit/",
         "Foundation/"},
        true,
-       {"fmt/", "CLI/", "nlohmann/"}},
+       {"fmt/", "CLI/"}},
   };
 }
 

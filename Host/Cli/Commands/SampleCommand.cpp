@@ -3,11 +3,12 @@
 #include <fmt/ranges.h>
 
 #include <algorithm>
-#include <nlohmann/json.hpp>
+#include <string>
 
 #include "Cli/Commands/Commands.hpp"
 #include "Cli/Output.hpp"
 #include "Cli/Picture.hpp"
+#include "Foundation/JsonWriter.hpp"
 
 namespace cli {
 
@@ -20,9 +21,8 @@ Result<void> sample(const Options& options, const Program& program) {
                                fmt::join(program.languages, ", ")));
   }
   const auto device = deviceFrom(options.device, program.environment);
-  const auto document = nlohmann::ordered_json::parse(
-      program.sampleDocument(device, options.language), nullptr, false);
-  return write(options.output.file, document.dump(2) + "\n");
+  const std::string document = program.sampleDocument(device, options.language);
+  return write(options.output.file, foundation::indentedJson(document) + "\n");
 }
 
 }  // namespace cli

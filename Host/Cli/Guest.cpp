@@ -27,12 +27,6 @@ Result<void> checkDocument(const std::string& file) {
   return {};
 }
 
-template <class T>
-Result<T> said(session::Result<T> answer) {
-  if (answer) return *std::move(answer);
-  return refused("the extension: " + answer.error().message);
-}
-
 std::unique_ptr<session::Transport> inProcess(const Program& program) {
   return std::make_unique<session::InProcess>(
       [definition = program.extension]() -> session::InProcess::Handler {
@@ -76,8 +70,8 @@ widgetruntime::InitializeParameters initializeParameters(const SourceOptions& so
   return parameters;
 }
 
-Guest::Guest(session::Extension extension, widgetruntime::InitializeAnswer about)
-    : extension_(std::move(extension)), about_(std::move(about)) {}
+Guest::Guest(session::ExtensionClient client, widgetruntime::InitializeAnswer about)
+    : client_(std::move(client)), about_(std::move(about)) {}
 
 std::string informationProblem(const fs::path& infoPlist) {
   if (infoPlist.empty()) return "there is none";
@@ -102,10 +96,10 @@ Result<Guest> Guest::open(const SourceOptions& source,
   if (!connection) return std::unexpected(connection.error());
   auto parameters = initializeParameters(source, program);
   parameters.preferredLanguages = languages;
-  session::Extension extension{*std::move(connection), parameters};
-  auto about = said(extension.initialize());
+  session::ExtensionClient client{*std::move(connection), parameters};
+  auto about = said(client.initialize());
   if (!about) return std::unexpected(about.error());
-  Guest guest{std::move(extension), *std::move(about)};
+  Guest guest{std::move(client), *std::move(about)};
   guest.images_ = guest.about_.container;
   if (!guest.images_.empty()) guest.document_ = guest.images_ / kDocumentName;
   if (parameters.snapshotFile) {
@@ -122,38 +116,6 @@ Result<const widgetruntime::WidgetListing*> Guest::widget(const std::string& kin
     kinds += (kinds.empty() ? "" : ", ") + listing.description.kind;
   }
   return refused(fmt::format("there is no widget \"{}\" (there are: {})", kind, kinds));
-}
-
-Result<widgetruntime::RenderedEntry> Guest::entry(
-    const widgetruntime::EntriesParameters& parameters, bool placeholder) {
-  auto answer =
-      said(placeholder ? extension_.placeholder(parameters) : extension_.snapshot(parameters));
-  if (!answer) return std::unexpected(answer.error());
-  if (answer->entries.size() != 1 ||
-      answer->entries.front().trees.size() != parameters.environments.size()) {
-    return refused("the extension: it answered another number of trees than it was asked for");
-  }
-  return std::move(answer->entries.front());
-}
-
-Result<widgetruntime::EntriesAnswer> Guest::timeline(
-    const widgetruntime::EntriesParameters& parameters) {
-  return said(extension_.timeline(parameters));
-}
-
-Result<widgetruntime::OptionsAnswer> Guest::options(
-    const widgetruntime::OptionsParameters& parameters) {
-  return said(extension_.options(parameters));
-}
-
-Result<widgetruntime::PerformAnswer> Guest::perform(
-    const widgetruntime::PerformParameters& parameters) {
-  return said(extension_.perform(parameters));
-}
-
-Result<widgetruntime::DiagnoseAnswer> Guest::diagnose(
-    const widgetruntime::DiagnoseParameters& parameters) {
-  return said(extension_.diagnose(parameters));
 }
 
 }  // namespace cli

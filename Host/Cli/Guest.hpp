@@ -1,14 +1,18 @@
-// The extension as commands use it: found, started, asked; its errors as lines for a person.
+// The extension as commands find it: started, with what it offers and where its files are.
+//
+//     auto guest = Guest::open(options.source, program);
+//     const auto timeline = said(guest->client().timeline(parameters));
 #pragma once
 
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "Cli/Options/Options.hpp"
 #include "Cli/Program.hpp"
 #include "Cli/Result.hpp"
-#include "Session/Extension.hpp"
+#include "Session/ExtensionClient.hpp"
 #include "Session/Places.hpp"
 
 namespace cli {
@@ -24,6 +28,13 @@ inline constexpr std::string_view kDocumentName = "widget-snapshot.json";
 /// What the extension is told when it starts.
 [[nodiscard]] widgetruntime::InitializeParameters initializeParameters(const SourceOptions& source,
                                                                        const Program& program);
+
+/// An answer, or the extension's error as a line for a person.
+template <class T>
+[[nodiscard]] Result<T> said(session::Result<T> answer) {
+  if (answer) return *std::move(answer);
+  return refused("the extension: " + answer.error().message);
+}
 
 class Guest {
  public:
@@ -42,22 +53,13 @@ class Guest {
   /// Where the images of views start; empty without a container.
   [[nodiscard]] const std::filesystem::path& images() const { return images_; }
 
-  /// The one entry of now: of the placeholder when `placeholder`, else of the document.
-  [[nodiscard]] Result<widgetruntime::RenderedEntry> entry(
-      const widgetruntime::EntriesParameters& parameters, bool placeholder);
-  [[nodiscard]] Result<widgetruntime::EntriesAnswer> timeline(
-      const widgetruntime::EntriesParameters& parameters);
-  [[nodiscard]] Result<widgetruntime::OptionsAnswer> options(
-      const widgetruntime::OptionsParameters& parameters);
-  [[nodiscard]] Result<widgetruntime::PerformAnswer> perform(
-      const widgetruntime::PerformParameters& parameters);
-  [[nodiscard]] Result<widgetruntime::DiagnoseAnswer> diagnose(
-      const widgetruntime::DiagnoseParameters& parameters);
+  /// What asks the extension; `said` turns its errors into lines.
+  [[nodiscard]] session::ExtensionClient& client() { return client_; }
 
  private:
-  Guest(session::Extension extension, widgetruntime::InitializeAnswer about);
+  Guest(session::ExtensionClient client, widgetruntime::InitializeAnswer about);
 
-  session::Extension extension_;
+  session::ExtensionClient client_;
   widgetruntime::InitializeAnswer about_;
   std::filesystem::path document_;
   std::filesystem::path images_;

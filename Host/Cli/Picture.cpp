@@ -88,7 +88,8 @@ rendering::RenderOptions renderOptions(WidgetFamily family,
 
 Result<viewkit::View> fetchView(Guest& guest, const widgetruntime::EntriesParameters& parameters) {
   const bool placeholder = parameters.environments.front().redactionReasons.placeholder;
-  auto entry = guest.entry(parameters, placeholder);
+  auto entry = said(placeholder ? guest.client().placeholder(parameters)
+                                : guest.client().snapshot(parameters));
   if (!entry) return std::unexpected(entry.error());
   if (!entry->hasSnapshot) {
     const std::string problem = documentProblem(guest, parameters.device);
@@ -118,7 +119,8 @@ std::string documentProblem(Guest& guest, const foundation::Device& device) {
   if (guest.document().empty())
     return "there is no container, so there is no document (name one with --container)";
   const std::string file = guest.document().string();
-  const auto diagnosis = guest.diagnose({.path = file, .text = std::nullopt, .device = device});
+  const auto diagnosis =
+      said(guest.client().diagnose({.path = file, .text = std::nullopt, .device = device}));
   if (!diagnosis) return foundation::printable(diagnosis.error().line);
   if (diagnosis->accepted || diagnosis->problems.empty()) return {};
   const auto& problem = diagnosis->problems.front();

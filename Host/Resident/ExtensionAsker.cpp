@@ -6,7 +6,7 @@
 
 namespace resident {
 
-using session::Extension;
+using session::ExtensionClient;
 using session::SessionError;
 
 namespace {
@@ -47,7 +47,7 @@ struct ExtensionAsker::Child {
     }
   }
 
-  Extension extension;
+  ExtensionClient extension;
   Breaker breaker;
   std::string latestReason;
 };
@@ -78,7 +78,7 @@ void ExtensionAsker::initialize(Then<widgetruntime::InitializeAnswer> then) {
   submit<widgetruntime::InitializeAnswer>(
       Urgency::person,
       {},
-      [](Extension& extension) { return extension.initialize(); },
+      [](ExtensionClient& extension) { return extension.initialize(); },
       std::move(then));
 }
 
@@ -89,7 +89,7 @@ void ExtensionAsker::timeline(Urgency urgency,
   submit<widgetruntime::EntriesAnswer>(
       urgency,
       std::move(key),
-      [parameters = std::move(parameters)](Extension& extension) {
+      [parameters = std::move(parameters)](ExtensionClient& extension) {
         return extension.timeline(parameters);
       },
       std::move(then));
@@ -100,7 +100,7 @@ void ExtensionAsker::options(widgetruntime::OptionsParameters parameters,
   submit<widgetruntime::OptionsAnswer>(
       Urgency::person,
       {},
-      [parameters = std::move(parameters)](Extension& extension) {
+      [parameters = std::move(parameters)](ExtensionClient& extension) {
         return extension.options(parameters);
       },
       std::move(then));
@@ -111,7 +111,7 @@ void ExtensionAsker::perform(widgetruntime::PerformParameters parameters,
   submit<widgetruntime::PerformAnswer>(
       Urgency::person,
       {},
-      [parameters = std::move(parameters)](Extension& extension) {
+      [parameters = std::move(parameters)](ExtensionClient& extension) {
         return extension.perform(parameters);
       },
       std::move(then));

@@ -7,7 +7,7 @@
 
 #include "Resident/Asker.hpp"
 #include "Resident/Worker.hpp"
-#include "Session/Extension.hpp"
+#include "Session/ExtensionClient.hpp"
 
 namespace resident {
 

@@ -58,8 +58,8 @@ Result<void> choices(const Options& options, const Program& program) {
   const auto widget = guest->widget(options.kind);
   if (!widget) return std::unexpected(widget.error());
   if (auto known = checkParameter(**widget, options.parameter); !known) return known;
-  const auto answer = guest->options(
-      {.kind = (*widget)->description.kind, .parameter = options.parameter, .query = {}});
+  const auto answer = said(guest->client().options(
+      {.kind = (*widget)->description.kind, .parameter = options.parameter, .query = {}}));
   if (!answer) return std::unexpected(answer.error());
   return print(options.json ? asJson(*answer) : asText(*answer));
 }

@@ -10,7 +10,7 @@ namespace cli {
 Result<void> perform(const Options& options, const Program& program) {
   auto guest = Guest::open(options.source, program);
   if (!guest) return std::unexpected(guest.error());
-  const auto answer = guest->perform({.intent = options.intent});
+  const auto answer = said(guest->client().perform({.intent = options.intent}));
   if (!answer) return std::unexpected(answer.error());
   if (!answer->openApp) return {};
   std::error_code ignored;

@@ -77,8 +77,8 @@ Result<void> timeline(const Options& options, const Program& program) {
   const auto device = deviceFrom(options.device, program.environment);
   const auto family =
       options.picture.family.value_or(session::defaultFamily((*widget)->description.families));
-  const auto answer = guest->timeline(
-      entriesParameters((*widget)->description.kind, family, options.picture, device));
+  const auto answer = said(guest->client().timeline(
+      entriesParameters((*widget)->description.kind, family, options.picture, device)));
   if (!answer) return std::unexpected(answer.error());
   return print(options.json ? asJson(*answer) : asText(*answer));
 }

@@ -68,8 +68,8 @@ Result<void> validate(const Options& options, const Program& program) {
   const auto device = deviceFrom(options.device, program.environment);
   std::size_t rejected = 0;
   for (const std::string& file : options.files) {
-    const auto answer =
-        guest->diagnose({.path = absolute(file), .text = std::nullopt, .device = device});
+    const auto answer = said(
+        guest->client().diagnose({.path = absolute(file), .text = std::nullopt, .device = device}));
     if (!answer) return std::unexpected(answer.error());
     if (!answer->accepted) ++rejected;
     if (auto done = print(options.json ? asJson(file, *answer) : asText(file, *answer)); !done)

@@ -238,9 +238,11 @@ class RowMaker {
     for (const auto& [name, value] : layout.configuration) {
       picture.configuration.insert_or_assign(name, value);
     }
-    auto entry = reader.guest.entry(
-        entriesParameters(widget_.description.kind, layout.family, picture, reader.device),
-        picture.redaction.placeholder);
+    session::ExtensionClient& client = reader.guest.client();
+    const auto parameters =
+        entriesParameters(widget_.description.kind, layout.family, picture, reader.device);
+    auto entry = said(picture.redaction.placeholder ? client.placeholder(parameters)
+                                                    : client.snapshot(parameters));
     if (!entry) return std::unexpected(entry.error());
     return SheetCell{layout.name,
                      std::move(entry->trees.front().view),

@@ -1,7 +1,7 @@
 // An extension as its host sees it: typed requests, answers decoded from bytes within limits.
 //
-//     Extension extension{std::make_unique<ChildProcess>(std::move(options)),
-//                         {.host = "quorvel-host 1.0"}};
+//     ExtensionClient extension{std::make_unique<ChildProcess>(std::move(options)),
+//                               {.host = "quorvel-host 1.0"}};
 //     const auto bundle = extension.initialize();
 //     const auto timeline = extension.timeline(parameters);
 #pragma once
@@ -27,19 +27,21 @@ struct Deadlines {
 
 /// Every call starts the extension when it is not running, at most once, and tells it `parameters`
 /// first. A call that fails is not repeated.
-class Extension {
+class ExtensionClient {
  public:
-  Extension(std::unique_ptr<Transport> transport,
-            widgetruntime::InitializeParameters parameters,
-            Deadlines deadlines = {});
+  ExtensionClient(std::unique_ptr<Transport> transport,
+                  widgetruntime::InitializeParameters parameters,
+                  Deadlines deadlines = {});
 
   /// What the extension offers; asked for once a start.
   [[nodiscard]] Result<widgetruntime::InitializeAnswer> initialize();
 
-  [[nodiscard]] Result<widgetruntime::EntriesAnswer> placeholder(
+  /// Entries have one tree per environment, in the order asked for.
+  [[nodiscard]] Result<widgetruntime::RenderedEntry> placeholder(
       const widgetruntime::EntriesParameters& parameters);
-  [[nodiscard]] Result<widgetruntime::EntriesAnswer> snapshot(
+  [[nodiscard]] Result<widgetruntime::RenderedEntry> snapshot(
       const widgetruntime::EntriesParameters& parameters);
+  /// With a policy.
   [[nodiscard]] Result<widgetruntime::EntriesAnswer> timeline(
       const widgetruntime::EntriesParameters& parameters);
   [[nodiscard]] Result<widgetruntime::OptionsAnswer> options(
@@ -62,6 +64,8 @@ class Extension {
       std::string_view method,
       const widgetruntime::EntriesParameters& parameters,
       std::chrono::milliseconds deadline);
+  [[nodiscard]] Result<widgetruntime::RenderedEntry> singleEntry(
+      std::string_view method, const widgetruntime::EntriesParameters& parameters);
 
   std::unique_ptr<Transport> transport_;
   widgetruntime::InitializeParameters parameters_;

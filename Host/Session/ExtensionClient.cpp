@@ -1,4 +1,4 @@
-#include "Session/Extension.hpp"
+#include "Session/ExtensionClient.hpp"
 
 #include <fmt/format.h>
 
@@ -16,6 +16,7 @@ using widgetruntime::OptionsAnswer;
 using widgetruntime::OptionsParameters;
 using widgetruntime::PerformAnswer;
 using widgetruntime::PerformParameters;
+using widgetruntime::RenderedEntry;
 namespace method = widgetruntime::method;
 
 namespace {
@@ -34,12 +35,12 @@ Result<Answer> decode(std::string_view name, const foundation::JsonValue& json) 
 
 }  // namespace
 
-Extension::Extension(std::unique_ptr<Transport> transport,
-                     InitializeParameters parameters,
-                     Deadlines deadlines)
+ExtensionClient::ExtensionClient(std::unique_ptr<Transport> transport,
+                                 InitializeParameters parameters,
+                                 Deadlines deadlines)
     : transport_(std::move(transport)), parameters_(std::move(parameters)), deadlines_(deadlines) {}
 
-Result<const InitializeAnswer*> Extension::prepare() {
+Result<const InitializeAnswer*> ExtensionClient::prepare() {
   if (initialized_ && transport_->isRunning()) return &*initialized_;
   initialized_.reset();
   if (auto started = transport_->start(); !started) return std::unexpected(started.error());
@@ -55,24 +56,21 @@ Result<const InitializeAnswer*> Extension::prepare() {
 }
 
 template <class Answer>
-Result<Answer> Extension::ask(std::string_view name,
-                              const std::string& parametersJson,
-                              std::chrono::milliseconds deadline) {
+Result<Answer> ExtensionClient::ask(std::string_view name,
+                                    const std::string& parametersJson,
+                                    std::chrono::milliseconds deadline) {
   if (auto ready = prepare(); !ready) return std::unexpected(std::move(ready.error()));
   auto json = transport_->call(name, parametersJson, deadline);
   if (!json) return std::unexpected(std::move(json.error()));
   return decode<Answer>(name, *json);
 }
 
-Result<EntriesAnswer> Extension::entries(std::string_view name,
-                                         const EntriesParameters& parameters,
-                                         std::chrono::milliseconds deadline) {
+Result<EntriesAnswer> ExtensionClient::entries(std::string_view name,
+                                               const EntriesParameters& parameters,
+                                               std::chrono::milliseconds deadline) {
   auto answer = ask<EntriesAnswer>(name, widgetruntime::encode(parameters), deadline);
   if (!answer) return answer;
-  const bool isTimeline = name == method::kTimeline;
-  if (!isTimeline && answer->entries.size() != 1) return unreadable(name, "/entries: expected one");
-  if (isTimeline && !answer->policy) return unreadable(name, "/policy: missing");
-  for (const widgetruntime::RenderedEntry& entry : answer->entries) {
+  for (const RenderedEntry& entry : answer->entries) {
     if (entry.trees.size() != parameters.environments.size()) {
       return unreadable(name, "/entries: expected one tree per environment");
     }
@@ -80,35 +78,45 @@ Result<EntriesAnswer> Extension::entries(std::string_view name,
   return answer;
 }
 
-Result<InitializeAnswer> Extension::initialize() {
+Result<InitializeAnswer> ExtensionClient::initialize() {
   const auto offer = prepare();
   if (!offer) return std::unexpected(offer.error());
   return **offer;
 }
 
-Result<EntriesAnswer> Extension::placeholder(const EntriesParameters& parameters) {
-  return entries(method::kPlaceholder, parameters, deadlines_.request);
+Result<RenderedEntry> ExtensionClient::singleEntry(std::string_view name,
+                                                   const EntriesParameters& parameters) {
+  auto answer = entries(name, parameters, deadlines_.request);
+  if (!answer) return std::unexpected(std::move(answer.error()));
+  if (answer->entries.size() != 1) return unreadable(name, "/entries: expected one");
+  return std::move(answer->entries.front());
 }
 
-Result<EntriesAnswer> Extension::snapshot(const EntriesParameters& parameters) {
-  return entries(method::kSnapshot, parameters, deadlines_.request);
+Result<RenderedEntry> ExtensionClient::placeholder(const EntriesParameters& parameters) {
+  return singleEntry(method::kPlaceholder, parameters);
 }
 
-Result<EntriesAnswer> Extension::timeline(const EntriesParameters& parameters) {
-  return entries(method::kTimeline, parameters, deadlines_.timeline);
+Result<RenderedEntry> ExtensionClient::snapshot(const EntriesParameters& parameters) {
+  return singleEntry(method::kSnapshot, parameters);
 }
 
-Result<OptionsAnswer> Extension::options(const OptionsParameters& parameters) {
+Result<EntriesAnswer> ExtensionClient::timeline(const EntriesParameters& parameters) {
+  auto answer = entries(method::kTimeline, parameters, deadlines_.timeline);
+  if (answer && !answer->policy) return unreadable(method::kTimeline, "/policy: missing");
+  return answer;
+}
+
+Result<OptionsAnswer> ExtensionClient::options(const OptionsParameters& parameters) {
   return ask<OptionsAnswer>(
       method::kOptions, widgetruntime::encode(parameters), deadlines_.request);
 }
 
-Result<PerformAnswer> Extension::perform(const PerformParameters& parameters) {
+Result<PerformAnswer> ExtensionClient::perform(const PerformParameters& parameters) {
   return ask<PerformAnswer>(
       method::kPerform, widgetruntime::encode(parameters), deadlines_.request);
 }
 
-Result<DiagnoseAnswer> Extension::diagnose(const DiagnoseParameters& parameters) {
+Result<DiagnoseAnswer> ExtensionClient::diagnose(const DiagnoseParameters& parameters) {
   return ask<DiagnoseAnswer>(
       method::kDiagnose, widgetruntime::encode(parameters), deadlines_.request);
 }

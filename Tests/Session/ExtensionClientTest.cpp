@@ -10,7 +10,7 @@
 
 #include "FakeExtension.hpp"
 #include "Session/ChildProcess.hpp"
-#include "Session/Extension.hpp"
+#include "Session/ExtensionClient.hpp"
 #include "Session/InProcess.hpp"
 
 namespace session {
@@ -26,11 +26,11 @@ InProcess::Handler connectFake() {
   return [dispatcher](std::string_view request) { return dispatcher->handle(request); };
 }
 
-Extension inProcess(std::function<InProcess::Handler()> connect = connectFake) {
+ExtensionClient inProcess(std::function<InProcess::Handler()> connect = connectFake) {
   return {std::make_unique<InProcess>(std::move(connect)), {.host = "test", .container = "/c"}};
 }
 
-Extension inChild(Deadlines deadlines = {}) {
+ExtensionClient inChild(Deadlines deadlines = {}) {
   return {std::make_unique<ChildProcess>(ChildProcessOptions{.program = WELLBEHAVED_CHILD}),
           {.host = "test", .container = "/c"},
           deadlines};
@@ -49,7 +49,7 @@ EntriesParameters entriesOf(std::string kind) {
 }
 
 // The same calls, whatever carries them.
-void expectService(Extension& extension) {
+void expectService(ExtensionClient& extension) {
   const auto initialized = extension.initialize();
   ASSERT_TRUE(initialized) << initialized.error().message;
   EXPECT_EQ(initialized->appGroup, "group.fake");
@@ -80,9 +80,9 @@ void expectService(Extension& extension) {
   chosen.configuration = {{"card", "b"}};
   const auto snapshot = extension.snapshot(chosen);
   ASSERT_TRUE(snapshot) << snapshot.error().message;
-  EXPECT_EQ(snapshot->entries[0].trees[0].view,
+  EXPECT_EQ(snapshot->trees[0].view,
             viewkit::View(viewkit::Text{"b"}.widgetURL("fake://open/systemSmall")));
-  EXPECT_EQ(snapshot->entries[0].generatedAt, (foundation::Instant{1'741'944'600 - 60, 0}));
+  EXPECT_EQ(snapshot->generatedAt, (foundation::Instant{1'741'944'600 - 60, 0}));
   ASSERT_TRUE(extension.placeholder(chosen));
 
   const auto options = extension.options({"Card", "card", std::nullopt});
@@ -96,18 +96,18 @@ void expectService(Extension& extension) {
   EXPECT_EQ(diagnosis->problems[0].column, 7U);
 }
 
-TEST(Extension, ServesACallerInItsOwnProcess) {
-  Extension extension = inProcess();
+TEST(ExtensionClient, ServesACallerInItsOwnProcess) {
+  ExtensionClient extension = inProcess();
   expectService(extension);
 }
 
-TEST(Extension, ServesACallerAsAChild) {
-  Extension extension = inChild();
+TEST(ExtensionClient, ServesACallerAsAChild) {
+  ExtensionClient extension = inChild();
   expectService(extension);
 }
 
-TEST(Extension, SaysWhichRequestWasRefused) {
-  Extension extension = inProcess();
+TEST(ExtensionClient, SaysWhichRequestWasRefused) {
+  ExtensionClient extension = inProcess();
   const auto result = extension.timeline(entriesOf("Nothing"));
   ASSERT_FALSE(result);
   EXPECT_EQ(
@@ -115,8 +115,8 @@ TEST(Extension, SaysWhichRequestWasRefused) {
       (SessionError{Kind::refused, "widget/timeline: unknown widget kind \"Nothing\" (-32602)"}));
 }
 
-TEST(Extension, GoesOnAfterACrash) {
-  Extension extension = inChild();
+TEST(ExtensionClient, GoesOnAfterACrash) {
+  ExtensionClient extension = inChild();
   auto& child = static_cast<ChildProcess&>(extension.transport());
   ASSERT_TRUE(extension.timeline(entriesOf("Clock")));
   const pid_t first = child.processId();
@@ -133,8 +133,8 @@ TEST(Extension, GoesOnAfterACrash) {
   EXPECT_NE(child.processId(), 0);
 }
 
-TEST(Extension, GoesOnAfterAHang) {
-  Extension extension = inChild({.request = 200ms, .timeline = 200ms});
+TEST(ExtensionClient, GoesOnAfterAHang) {
+  ExtensionClient extension = inChild({.request = 200ms, .timeline = 200ms});
   const auto begin = std::chrono::steady_clock::now();
   const auto hung = extension.timeline(entriesOf("Hanging"));
   EXPECT_LT(std::chrono::steady_clock::now() - begin, 2s);
@@ -143,10 +143,11 @@ TEST(Extension, GoesOnAfterAHang) {
   EXPECT_TRUE(extension.snapshot(entriesOf("Clock")));
 }
 
-TEST(Extension, KeepsAChildThatAnswersInTheGrace) {
+TEST(ExtensionClient, KeepsAChildThatAnswersInTheGrace) {
   ChildProcessOptions options{.program = WELLBEHAVED_CHILD};
   options.grace = 5s;
-  Extension extension(std::make_unique<ChildProcess>(std::move(options)), {}, {.request = 60ms});
+  ExtensionClient extension(
+      std::make_unique<ChildProcess>(std::move(options)), {}, {.request = 60ms});
   auto& child = static_cast<ChildProcess&>(extension.transport());
   ASSERT_TRUE(extension.initialize());
   const pid_t first = child.processId();
@@ -158,8 +159,8 @@ TEST(Extension, KeepsAChildThatAnswersInTheGrace) {
   EXPECT_EQ(child.processId(), first);
 }
 
-TEST(Extension, StrayPrintsBreakNoFrame) {
-  Extension extension = inChild();
+TEST(ExtensionClient, StrayPrintsBreakNoFrame) {
+  ExtensionClient extension = inChild();
   auto& child = static_cast<ChildProcess&>(extension.transport());
   EXPECT_TRUE(extension.timeline(entriesOf("Printing")));
   const pid_t first = child.processId();
@@ -168,19 +169,19 @@ TEST(Extension, StrayPrintsBreakNoFrame) {
   EXPECT_EQ(child.diagnostics(), "");
 }
 
-TEST(Extension, FailsEachCallOfAProgramThatCannotStart) {
-  Extension extension(std::make_unique<ChildProcess>(ChildProcessOptions{.program = "/nothing"}),
-                      {});
+TEST(ExtensionClient, FailsEachCallOfAProgramThatCannotStart) {
+  ExtensionClient extension(
+      std::make_unique<ChildProcess>(ChildProcessOptions{.program = "/nothing"}), {});
   EXPECT_EQ(extension.timeline(entriesOf("Clock")).error().kind, Kind::notStarted);
-  Extension silent(std::make_unique<ChildProcess>(
-                       ChildProcessOptions{.program = MISBEHAVING_CHILD, .arguments = {"exit"}}),
-                   {});
+  ExtensionClient silent(std::make_unique<ChildProcess>(ChildProcessOptions{
+                             .program = MISBEHAVING_CHILD, .arguments = {"exit"}}),
+                         {});
   EXPECT_EQ(silent.timeline(entriesOf("Clock")).error().kind, Kind::died);
   EXPECT_EQ(silent.timeline(entriesOf("Clock")).error().kind, Kind::died);
 }
 
 // A transport that answers every request with what a test has written.
-Extension answering(std::string result) {
+ExtensionClient answering(std::string result) {
   return inProcess([result]() -> InProcess::Handler {
     auto real = connectFake();
     return [real, result](std::string_view request) {
@@ -191,7 +192,7 @@ Extension answering(std::string result) {
   });
 }
 
-TEST(Extension, RefusesAnswersOfAnotherForm) {
+TEST(ExtensionClient, RefusesAnswersOfAnotherForm) {
   struct Row {
     std::string result;
     std::string message;
@@ -226,23 +227,24 @@ TEST(Extension, RefusesAnswersOfAnotherForm) {
        "/entries/0/trees/1/tree/children: 4001 elements, 4000 are allowed"},
   };
   for (const Row& row : rows) {
-    Extension extension = answering(row.result);
+    ExtensionClient extension = answering(row.result);
     const auto timeline = extension.timeline(entriesOf("Clock"));
     ASSERT_FALSE(timeline) << row.message;
     EXPECT_EQ(timeline.error().kind, Kind::unreadable) << row.message;
     EXPECT_THAT(timeline.error().message, testing::StartsWith("widget/timeline: answer: "));
     EXPECT_THAT(timeline.error().message, testing::HasSubstr(row.message));
   }
-  Extension fine = answering(R"({"entries":[)" + entry(tree + "," + tree) + "]," + policy + "}");
+  ExtensionClient fine =
+      answering(R"({"entries":[)" + entry(tree + "," + tree) + "]," + policy + "}");
   EXPECT_TRUE(fine.timeline(entriesOf("Clock")));
 }
 
 // One bit changed anywhere in a session, in either direction, is an error or another answer that
 // can be read.
-TEST(Extension, SurvivesEveryChangedBit) {
+TEST(ExtensionClient, SurvivesEveryChangedBit) {
   std::vector<std::string> requests;
   std::vector<std::string> answers;
-  Extension recorder = inProcess([&]() -> InProcess::Handler {
+  ExtensionClient recorder = inProcess([&]() -> InProcess::Handler {
     auto real = connectFake();
     return [real, &requests, &answers](std::string_view request) {
       requests.emplace_back(request);
@@ -257,7 +259,7 @@ TEST(Extension, SurvivesEveryChangedBit) {
   for (std::size_t i = 0; i < answers[1].size() * 8; ++i) {
     std::string changed = answers[1];
     changed[i / 8] = static_cast<char>(changed[i / 8] ^ (1 << i % 8));
-    Extension extension = inProcess([&]() -> InProcess::Handler {
+    ExtensionClient extension = inProcess([&]() -> InProcess::Handler {
       return [&](std::string_view request) {
         return request.find("\"initialize\"") != std::string_view::npos ? answers[0] : changed;
       };

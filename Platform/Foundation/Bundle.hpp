@@ -16,7 +16,6 @@ class Bundle {
   /// A missing or malformed Info.plist is an empty dictionary.
   [[nodiscard]] static Bundle withInformationAt(const std::string& path);
 
-  [[nodiscard]] const PropertyList::Dictionary& infoDictionary() const { return information_; }
   /// The key's value with its type; null without one.
   [[nodiscard]] const PropertyList* objectForInfoDictionaryKey(std::string_view key) const;
 

@@ -28,7 +28,7 @@ class NotificationCenter {
   /// The process's own centre, made once.
   [[nodiscard]] static NotificationCenter defaultCenter();
 
-  /// Absent `name`: every name. Null `object`: every sender.
+  /// Absent `name`: every name. Null `object`: every sender. Widgets post and observe nothing yet.
   Token addObserver(std::optional<std::string> name, const void* object, Observer observer) const;
   void removeObserver(Token token) const;
 

@@ -6,6 +6,7 @@
 
 #include "FixedCellMeasurer.hpp"
 #include "Rendering/Layout/Layout.hpp"
+#include "Rendering/Layout/LayoutItems.hpp"
 #include "ViewKit/ViewKit.hpp"
 
 namespace rendering {
@@ -33,6 +34,16 @@ inline LayoutTree placed(const viewkit::View& view,
                          double cell = 0.6) {
   FixedCellMeasurer measurer(cell);
   return layOut(view, {.size = size, .direction = direction}, measurer);
+}
+
+/// What a view answers to a proposal.
+inline Size sizeThatFits(const viewkit::View& view,
+                         const Proposal& proposal,
+                         viewkit::LayoutDirection direction,
+                         TextMeasurer& measurer) {
+  const LayoutOptions options{.size = {}, .direction = direction};
+  LayoutItems items(view, options, measurer);
+  return items.measure(items.root(), proposal).size();
 }
 
 inline Size answered(const viewkit::View& view, Proposal proposal, double cell = 0.6) {

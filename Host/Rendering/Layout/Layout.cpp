@@ -21,15 +21,6 @@ LayoutTree layOut(const View& view, const LayoutOptions& options, TextMeasurer& 
   return tree;
 }
 
-Size sizeThatFits(const View& view,
-                  Proposal proposal,
-                  viewkit::LayoutDirection direction,
-                  TextMeasurer& measurer) {
-  const LayoutOptions options{.size = {}, .direction = direction};
-  LayoutItems items(view, options, measurer);
-  return items.measure(items.root(), proposal).size();
-}
-
 View containerBackground(const View& view) {
   const auto& modifiers = view.node().modifiers;
   for (auto it = modifiers.rbegin(); it != modifiers.rend(); ++it) {

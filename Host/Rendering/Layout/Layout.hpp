@@ -23,19 +23,13 @@ struct LayoutOptions {
   Size size;
   viewkit::LayoutDirection direction = viewkit::LayoutDirection::leftToRight;
   bool placeholderRedaction = false;  ///< texts are at least 2 em wide
-  LayoutTrace trace{};                ///< told every answer when set
+  LayoutTrace trace{};                ///< told every answer when set, as tests do to count them
 };
 
 /// The root is proposed the whole size and centred in it. A view's container background is laid out
 /// by itself, with `containerBackground`.
 [[nodiscard]] LayoutTree layOut(const viewkit::View& view,
                                 const LayoutOptions& options,
-                                TextMeasurer& measurer);
-
-/// What a view answers to a proposal.
-[[nodiscard]] Size sizeThatFits(const viewkit::View& view,
-                                Proposal proposal,
-                                viewkit::LayoutDirection direction,
                                 TextMeasurer& measurer);
 
 /// The first container background found on the view's own modifiers or below it; the empty view

@@ -241,8 +241,7 @@ void LayoutItems::addChildren(ItemId parent, std::span<const View> views, const 
 }
 
 void LayoutItems::addText(ItemId id, const TextElement& text) {
-  const TextStyle style{
-      text.weight, text.design, text.language, text.direction.value_or(items_[id].direction)};
+  const TextStyle style{text.weight, text.language, text.direction.value_or(items_[id].direction)};
   items_[id].text = static_cast<std::uint32_t>(texts_.size());
   items_[id].hasTexts = true;
   auto paragraph = measurer_.shape(text.text, style);

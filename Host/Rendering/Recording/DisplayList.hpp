@@ -68,7 +68,7 @@ struct DrawGlyphs {
   bool joined = false;  ///< neighbouring glyphs overlap
 };
 struct DrawSymbol {
-  const SymbolDrawing* drawing = nullptr;
+  const SymbolDrawing* drawing = nullptr;  ///< the symbol library's, which outlives every list
   Point center;
   double size = 0;
   bool mirrored = false;

@@ -41,9 +41,9 @@ struct FontMetrics {
   [[nodiscard]] double lineHeight() const { return ascent + descent; }
 };
 
+/// One face serves both font designs.
 struct TextStyle {
   viewkit::FontWeight weight = viewkit::FontWeight::regular;
-  viewkit::FontDesign design = viewkit::FontDesign::standard;
   std::string_view language;  ///< BCP 47, may be empty
   viewkit::LayoutDirection direction = viewkit::LayoutDirection::leftToRight;
 };

@@ -86,13 +86,18 @@ char32_t next(std::string_view text, std::size_t& at) {
   const auto byte = [&](std::size_t i) -> std::uint32_t {
     return i < text.size() ? static_cast<unsigned char>(text[i]) : 0;
   };
+  const auto take = [&](std::size_t bytes, std::uint32_t scalar) -> char32_t {
+    at += bytes;
+    return scalar;
+  };
+  const auto continues = [](std::uint32_t unit) { return (unit & 0xC0) == 0x80; };
   const std::uint32_t a = byte(at);
-  if (a < 0x80) return ++at, a;
+  if (a < 0x80) return take(1, a);
   const std::uint32_t b = byte(at + 1);
-  if (a >= 0xC2 && a < 0xE0 && (b & 0xC0) == 0x80) return at += 2, ((a & 0x1F) << 6) | (b & 0x3F);
+  if (a >= 0xC2 && a < 0xE0 && continues(b)) return take(2, (a & 0x1F) << 6 | (b & 0x3F));
   const std::uint32_t c = byte(at + 2);
-  if (a == 0xE2 && (b & 0xC0) == 0x80 && (c & 0xC0) == 0x80) {
-    return at += 3, ((a & 0xF) << 12) | ((b & 0x3F) << 6) | (c & 0x3F);
+  if (a == 0xE2 && continues(b) && continues(c)) {
+    return take(3, (a & 0xF) << 12 | (b & 0x3F) << 6 | (c & 0x3F));
   }
   return 0;
 }

@@ -1,4 +1,4 @@
-// A capsule-like label in one colour.
+// A capsule-like label in one colour. No widget has one yet.
 #pragma once
 
 #include <string>

@@ -1,4 +1,4 @@
-// How much of something is used, as the platform's circular gauge.
+// How much of something is used, as the platform's circular gauge. No widget has one yet.
 #pragma once
 
 #include <string>

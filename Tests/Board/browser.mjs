@@ -23,6 +23,17 @@ export async function until(ask, what, seconds = 10) {
   }
 }
 
+const started = new Set();
+process.on('exit', () => { for (const child of started) child.kill('SIGKILL'); });
+
+/** A program that does not outlive the tests, however they end. */
+export function start(...words) {
+  const child = spawn(...words);
+  started.add(child);
+  child.once('exit', () => started.delete(child));
+  return child;
+}
+
 export class Browser {
   #waiting = new Map();
   #listeners = new Set();
@@ -31,7 +42,7 @@ export class Browser {
   static async start(more = []) {
     const browser = new Browser();
     browser.profile = mkdtempSync(join(tmpdir(), 'board-browser-'));
-    browser.process = spawn('chromium', [...kSwitches, ...more, '--remote-debugging-pipe', `--user-data-dir=${browser.profile}`],
+    browser.process = start('chromium', [...kSwitches, ...more, '--remote-debugging-pipe', `--user-data-dir=${browser.profile}`],
       { stdio: ['ignore', 'ignore', 'ignore', 'pipe', 'pipe'], env: { ...process.env, HOME: browser.profile, DBUS_SESSION_BUS_ADDRESS: 'unix:path=/nonexistent' } });
     browser.ended = new Promise((resolve) => browser.process.once('exit', resolve));
     browser.#read();

@@ -1,11 +1,10 @@
 // Firefox over its own remote protocol, with the same few words as Browser in browser.mjs.
 
-import { spawn } from 'node:child_process';
 import { mkdtempSync, readFileSync, rmSync, writeFileSync } from 'node:fs';
 import { connect } from 'node:net';
 import { tmpdir } from 'node:os';
 import { join } from 'node:path';
-import { until } from './browser.mjs';
+import { start, until } from './browser.mjs';
 
 const kPreferences = { 'marionette.port': 0, 'browser.shell.checkDefaultBrowser': false, 'datareporting.policy.dataSubmissionEnabled': false,
   'toolkit.telemetry.enabled': false, 'app.normandy.enabled': false, 'app.update.enabled': false, 'browser.startup.page': 0, 'network.captive-portal-service.enabled': false,
@@ -20,7 +19,7 @@ export class Firefox {
     const browser = new Firefox();
     browser.profile = mkdtempSync(join(tmpdir(), 'board-firefox-'));
     writeFileSync(join(browser.profile, 'user.js'), Object.entries(kPreferences).map(([name, value]) => `user_pref("${name}", ${value});\n`).join(''));
-    browser.process = spawn('firefox-esr', ['--headless', '--marionette', '--no-remote', '--profile', browser.profile],
+    browser.process = start('firefox-esr', ['--headless', '--marionette', '--no-remote', '--profile', browser.profile],
       { stdio: 'ignore', env: { ...process.env, HOME: browser.profile, MOZ_HEADLESS: '1', DBUS_SESSION_BUS_ADDRESS: 'unix:path=/nonexistent' } });
     browser.ended = new Promise((resolve) => browser.process.once('exit', resolve));
     const port = await until(() => { try { return Number(readFileSync(join(browser.profile, 'MarionetteActivePort'), 'utf8')); } catch { return 0; } }, 'Firefox listens', 30);

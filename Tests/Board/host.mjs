@@ -4,12 +4,12 @@
 //     const page = await browser.open(await host.board());
 //     await host.end();
 
-import { execFileSync, spawn } from 'node:child_process';
+import { execFileSync } from 'node:child_process';
 import { mkdirSync, mkdtempSync, readdirSync, readFileSync, readlinkSync, renameSync, rmSync, writeFileSync } from 'node:fs';
 import { tmpdir } from 'node:os';
 import { dirname, join, resolve } from 'node:path';
 import { fileURLToPath } from 'node:url';
-import { until } from './browser.mjs';
+import { start, until } from './browser.mjs';
 
 const kHere = dirname(fileURLToPath(import.meta.url));
 export const binaries = process.env.QUORVEL_BINARIES ?? resolve(kHere, '../../build/bin');
@@ -49,7 +49,7 @@ export class Host {
   }
 
   async run() {
-    this.process = spawn(join(binaries, 'quorvel-hostd'), this.options, { env: this.environment, stdio: ['ignore', 'ignore', 'pipe'] });
+    this.process = start(join(binaries, 'quorvel-hostd'), this.options, { env: this.environment, stdio: ['ignore', 'ignore', 'pipe'] });
     this.log = '';
     this.process.stderr.on('data', (text) => { this.log += text; });
     this.ended = new Promise((resolve) => this.process.once('exit', (code, signal) => resolve(signal ?? code)));

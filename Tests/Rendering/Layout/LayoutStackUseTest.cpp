@@ -17,7 +17,7 @@ using namespace viewkit;
 #if defined(__SANITIZE_ADDRESS__)
 constexpr std::size_t kStack = 4096 * 1024;  // instrumented frames are many times as large
 #else
-constexpr std::size_t kStack = 256 * 1024;
+constexpr std::size_t kStack = 384 * 1024;
 #endif
 
 /// Runs it on a thread whose stack has that size: more would end the program.

@@ -42,6 +42,7 @@ AccountTraits Accounts::traits(std::string_view account, const Settings& setting
 
 std::vector<AccountTraits> Accounts::traits(const Names& names, const Settings& settings) const {
   std::vector<AccountTraits> all;
+  all.reserve(names.size());
   for (std::uint32_t i = 0; i < names.size(); ++i) all.push_back(traits(names[i], settings));
   return all;
 }

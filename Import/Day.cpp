@@ -13,9 +13,8 @@ namespace {
 /// All of the text as a number without a sign.
 std::optional<int> number(std::string_view text) {
   int value = 0;
-  const char* end = text.data() + text.size();
-  const auto [at, error] = std::from_chars(text.data(), end, value);
-  if (error != std::errc{} || at != end || value < 0) return std::nullopt;
+  const auto [at, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+  if (error != std::errc{} || at != text.end() || value < 0) return std::nullopt;
   return value;
 }
 

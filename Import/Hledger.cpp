@@ -177,6 +177,7 @@ Result<void> JournalReader::readTags() {
     if (!card.last4) wanted.push_back({card.account, "last4", {}});
   }
   std::vector<HledgerRun> runs;
+  runs.reserve(wanted.size());
   for (Wanted& one : wanted) {
     runs.push_back(runner_.list(
         {"tags", "-I", "--values", exactly(one.tag), "acct:" + exactly(one.account)}, one.text));

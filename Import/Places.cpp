@@ -13,7 +13,7 @@ constexpr std::string_view kUrlScheme = "quorvel-widget";
 std::string folder(const foundation::ProcessEnvironment& environment,
                    const std::string& variable,
                    const std::string& belowHome) {
-  const std::string set = valueOf(environment, variable);
+  std::string set = valueOf(environment, variable);
   if (set.starts_with('/')) return set;
   const std::string home = valueOf(environment, "HOME");
   return home.empty() ? std::string{} : home + "/" + belowHome;

@@ -38,7 +38,7 @@ Session makePlaces(const Options& options, const Program& program) {
                          .value_or(foundation::Instant{session.now.seconds + 86400});
   session.request.file = options.file;
   session.request.environment = program.environment;
-  session.request.today = *dayOf(today.year, today.month, today.day);
+  if (const auto day = dayOf(today.year, today.month, today.day)) session.request.today = *day;
   session.language =
       quorvel::preferredLanguageCode(foundation::preferredLanguages(program.environment));
   return session;

@@ -76,7 +76,7 @@ std::string markedDocument(const quorvel::WidgetSnapshot& snapshot, std::string_
 
 bool isOurs(std::string_view document) {
   const auto mark = foundation::decodeJson<Mark>(document);
-  return mark && mark->generatedBy && mark->generatedBy->starts_with(kProgramName);
+  return mark && mark->generatedBy.value_or("").starts_with(kProgramName);
 }
 
 }  // namespace importer

@@ -34,9 +34,11 @@ quorvel::records::Spending spendingRecord(const SpendingFigures& figures,
   if (category.name) record.topCategory = category.name;
   record.topCategoryIcon = category.icon;
   // One colour serves both appearances.
-  const auto& light = category.light ? category.light : category.dark;
-  const auto& dark = category.dark ? category.dark : category.light;
-  if (light) record.topCategoryColor = {.light = *light, .dark = *dark};
+  const auto one = category.light ? category.light : category.dark;
+  if (one) {
+    record.topCategoryColor = {.light = category.light.value_or(*one),
+                               .dark = category.dark.value_or(*one)};
+  }
   return record;
 }
 

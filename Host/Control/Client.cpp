@@ -108,11 +108,11 @@ ClientResult<JsonValue> Client::call(std::string_view method,
   for (;;) {
     auto message = next();
     if (!message) return std::unexpected(std::move(message.error()));
-    if (*message && (*message)->id == *id) {
-      if (!(*message)->error.empty()) return failed((*message)->error);
-      return std::move((*message)->content);
+    if (auto& said = *message) {
+      if (said->id != *id) continue;
+      if (!said->error.empty()) return failed(said->error);
+      return std::move(said->content);
     }
-    if (*message) continue;
     const auto rest = std::chrono::ceil<std::chrono::milliseconds>(until - Clock::now());
     if (rest.count() <= 0) return failed(fmt::format("no answer in {} ms", deadline.count()));
     pollfd polled{socket_.get(), POLLIN, 0};

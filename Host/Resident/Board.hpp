@@ -69,7 +69,7 @@ class Board : public surfaces::BoardHost {
     Then<surfaces::BoardPicture> then;
   };
 
-  void sit(std::string id,
+  void sit(const std::string& id,
            const surfaces::BoardView& view,
            surfaces::Medium medium,
            Then<surfaces::BoardPicture> then);

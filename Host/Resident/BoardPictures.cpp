@@ -43,7 +43,10 @@ void Board::png(const std::string& id, const BoardView& view, Then<std::string> 
   });
 }
 
-void Board::sit(std::string id, const BoardView& view, Medium medium, Then<BoardPicture> then) {
+void Board::sit(const std::string& id,
+                const BoardView& view,
+                Medium medium,
+                Then<BoardPicture> then) {
   Reloader& reloader = parts_.host.reloader();
   const auto* instance = reloader.find(id);
   const Placement* placement = parts_.host.placements().find(id);

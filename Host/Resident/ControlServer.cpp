@@ -112,7 +112,7 @@ void ControlServer::notify(Client client,
   send(client, widgetruntime::writeNotification(method, parametersJson));
 }
 
-void ControlServer::send(Client client, std::string line) {
+void ControlServer::send(Client client, const std::string& line) {
   const auto found = connections_.find(client);
   if (found == connections_.end()) return;
   found->second->outgoing += line + "\n";

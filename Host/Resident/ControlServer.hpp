@@ -57,7 +57,7 @@ class ControlServer {
   void handle(Client client, std::uint32_t events);
   void readLines(Client client);
   void handleLine(Client client, const std::string& line);
-  void send(Client client, std::string line);
+  void send(Client client, const std::string& line);
   bool flush(Connection& connection);
   void drop(Client client);
 

@@ -91,7 +91,7 @@ void Operations::handle(ControlServer::Client client,
   if (method == "board") return reply(board());
   if (method == "watch") return reply(watch(client, parameters));
   if (method == "open") return open(parameters, std::move(reply));
-  if (method == "perform") return perform(parameters, std::move(reply));
+  if (method == "perform") return perform(parameters, reply);
   reply(std::unexpected(RpcError{RpcErrorCode::methodNotFound,
                                  "there is no method \"" + method.substr(0, 40) + "\""}));
 }
@@ -181,7 +181,7 @@ void Operations::open(const Parameters& parameters, ControlServer::Reply reply) 
   openThen(*link, std::move(reply));
 }
 
-void Operations::perform(const Parameters& parameters, ControlServer::Reply reply) {
+void Operations::perform(const Parameters& parameters, const ControlServer::Reply& reply) {
   const auto then = [this, reply](Asked<widgetruntime::PerformAnswer> done) {
     if (!done) return reply(refused("the extension: " + done.error().reason));
     const auto* offer = host_.offer();

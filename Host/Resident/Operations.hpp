@@ -34,7 +34,7 @@ class Operations {
   [[nodiscard]] Answer board();
   [[nodiscard]] Answer watch(ControlServer::Client client, const Parameters& parameters);
   void open(const Parameters& parameters, ControlServer::Reply reply);
-  void perform(const Parameters& parameters, ControlServer::Reply reply);
+  void perform(const Parameters& parameters, const ControlServer::Reply& reply);
   void openThen(const std::string& link, ControlServer::Reply reply);
 
   Resident& host_;

@@ -103,8 +103,9 @@ void Reloader::settle(const Ask& ask,
   }
   if (!answer) {
     if (!scheduler_.failed(ask)) return;
-    instances_.at(ask.instance).timeline.failed(std::move(answer.error().reason), clock_.now());
-    if (answer.error().retryIn) retryAfter(*answer.error().retryIn);
+    AskFailure& failure = answer.error();
+    instances_.at(ask.instance).timeline.failed(std::move(failure.reason), clock_.now());
+    if (failure.retryIn) retryAfter(*failure.retryIn);
   } else {
     if (!scheduler_.answered(ask, InstanceTimeline::planOf(*answer, asked))) return;
     instances_.at(ask.instance).timeline.answered(*std::move(answer), modes, version);

@@ -103,6 +103,7 @@ void Resident::receiveOffer(Asked<InitializeAnswer> offer) {
 
 void Resident::placeOneOfEach() {
   isFirstStart_ = false;
+  if (!offer_) return;
   for (const WidgetListing& widget : offer_->bundle.widgets) {
     placements_.add(
         widget.description.kind, session::defaultFamily(widget.description.families), {});
@@ -136,6 +137,7 @@ void Resident::presentAll(Urgency urgency) {
 
 void Resident::updateModes() {
   std::vector<Subject> subjects;
+  subjects.reserve(placements_.placements.size() + passing_.size());
   for (const Placement& placement : placements_.placements) {
     subjects.push_back(resident::subjectOf(placement));
   }

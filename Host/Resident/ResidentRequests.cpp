@@ -110,7 +110,7 @@ std::expected<std::string, std::string> Resident::add(const std::string& kind,
   if (placement == nullptr) {
     return std::unexpected(fmt::format("there are {} widgets already", Placements::kMaximum));
   }
-  const std::string id = placement->id;
+  std::string id = placement->id;
   save();
   updateModes();
   reloader_.add({id, placement->kind, placement->family, placement->configuration}, Cause::person);

@@ -53,6 +53,7 @@ void Watchers::leave(ControlServer::Client client) {
 
 void Watchers::refresh() {
   std::vector<std::pair<ControlServer::Client, std::string>> targets;
+  targets.reserve(clients_.size());
   for (const auto& [client, watching] : clients_) targets.emplace_back(client, watching.target);
   for (const auto& [client, target] : targets) {
     auto subject = host_.subjectOf(target, WidgetFamily::systemMedium);

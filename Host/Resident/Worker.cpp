@@ -50,10 +50,11 @@ void Worker::run() {
     std::unique_lock lock(mutex_);
     hasWork_.wait(lock, [this] { return isEnding_ || !queue_.isEmpty(); });
     if (isEnding_) return;
-    const Task task = *queue_.pop();
+    const auto task = queue_.pop();
+    if (!task) continue;
     isWorking_ = true;
     lock.unlock();
-    Continuation result = task();
+    Continuation result = (*task)();
     lock.lock();
     isWorking_ = false;
     results_.push_back(std::move(result));

@@ -282,7 +282,7 @@ Dispatcher::Answer Dispatcher::initialize(const Json& json) {
                             parameters->protocolVersion));
   }
   parameters_ = *parameters;
-  bundle_ = definition_.makeBundle(*parameters);
+  bundle_ = std::make_unique<const WidgetBundle>(definition_.makeBundle(*parameters));
   if (definition_.documentPath) document_ = definition_.documentPath(*parameters);
   return encode(InitializeAnswer{kProtocolVersion,
                                  bundle_->appGroup,

@@ -3,6 +3,7 @@
 
 #include <expected>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -66,7 +67,7 @@ class Dispatcher {
 
   ExtensionDefinition definition_;
   InitializeParameters parameters_;
-  std::optional<WidgetBundle> bundle_;
+  std::unique_ptr<const WidgetBundle> bundle_;  ///< null before `initialize`
   std::string document_;
   bool isShutDown_ = false;
   bool hasExited_ = false;

@@ -16,12 +16,11 @@ constexpr double kPileMargin = 14;
 /// What stands below the amount; the count goes first.
 View details(const CardLimitContent& content) {
   const double used = content.totalUsed();
-  const View count =
-      whereItFits(content
-                      .caption(cardCountText(static_cast<std::int64_t>(content.cardCount),
-                                             content.snapshot.lang),
-                               11.5)
-                      .foregroundStyle(content.colors.caption()));
+  View count = whereItFits(content
+                               .caption(cardCountText(static_cast<std::int64_t>(content.cardCount),
+                                                      content.snapshot.lang),
+                                        11.5)
+                               .foregroundStyle(content.colors.caption()));
   if (content.snapshot.isHidden) return count;
   return whereItFits(VStack{
       {.alignment = HorizontalAlignment::leading, .spacing = 0},

@@ -34,11 +34,10 @@ View emptyView(const WidgetScaffold& scaffold, const EmptyState& state) {
           .maxWidth = kInfinity, .maxHeight = kInfinity, .alignment = Alignment::leading});
 }
 
-/// Of an entry with a snapshot.
 DueContent makeContent(const DueWidgetView& view,
+                       const WidgetSnapshot& snapshot,
                        const foundation::Calendar& calendar,
                        std::size_t mostDues) {
-  const WidgetSnapshot& snapshot = *view.entry.snapshot;
   return {.snapshot = withEffectivePrivacy(snapshot, view.environment),
           .upcoming = upcomingDues(snapshot.dues, view.entry.date, calendar, mostDues),
           .urlScheme = view.urlScheme,
@@ -53,7 +52,7 @@ View DueWidgetView::body() const {
   const WidgetFamily family = environment.familyInForce();
   if (!entry.snapshot) return scaffold.root(emptyView(scaffold, kNoSnapshot));
   const foundation::Calendar calendar{environment.locale, environment.timeZone};
-  const DueContent content = makeContent(*this, calendar, kMostDues);
+  const DueContent content = makeContent(*this, *entry.snapshot, calendar, kMostDues);
   if (content.upcoming.empty()) return scaffold.root(emptyView(scaffold, kNothingDue));
   const Color primary = isAccessory(family) ? Color::primary() : content.colors.text();
   if (family == WidgetFamily::systemMedium) {
@@ -68,7 +67,7 @@ widgetruntime::WidgetSummary DueWidgetView::summary() const {
   if (environment.redactionReasons.placeholder) return scaffold.titleSummary(kNoSnapshot);
   if (!entry.snapshot) return scaffold.messageSummary(kNoSnapshot);
   const foundation::Calendar calendar{environment.locale, environment.timeZone};
-  const DueContent content = makeContent(*this, calendar, 1);
+  const DueContent content = makeContent(*this, *entry.snapshot, calendar, 1);
   if (content.upcoming.empty()) return scaffold.messageSummary(kNothingDue);
   return {.text = inlineText(content)};
 }

@@ -86,7 +86,7 @@ View remainderFigure(const SafeToSpendContent& content) {
 
 /// What stands below the remainder; the day phrase goes first.
 View details(const SafeToSpendContent& content) {
-  const View days = whereItFits(
+  View days = whereItFits(
       dayCaption(content, 11.5).foregroundStyle(content.colors.caption()).padding({.top = 3}));
   if (content.isHidden()) return days;
   return whereItFits(VStack{

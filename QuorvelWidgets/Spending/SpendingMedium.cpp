@@ -69,7 +69,7 @@ View figures(const SpendingContent& content) {
                           .padding({.top = kGap});
   const View comparison = content.comparisonLine().padding({.top = kGap});
   const VStack::Options leading{.alignment = HorizontalAlignment::leading, .spacing = 0};
-  const View alone = VStack{leading, header, amount, whereItFits(comparison)}.frame(
+  View alone = VStack{leading, header, amount, whereItFits(comparison)}.frame(
       FlexibleFrame{.maxWidth = kInfinity, .alignment = Alignment::topLeading});
   if (!content.spending.topCategory) return alone;
   return Fitting{withCategory(content, VStack{leading, header, amount, comparison}), alone};

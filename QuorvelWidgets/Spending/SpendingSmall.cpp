@@ -9,7 +9,7 @@ using namespace viewkit;
 namespace {
 
 View comparison(const SpendingContent& content) {
-  const View line = content.comparisonLine();
+  View line = content.comparisonLine();
   if (line.isEmpty() || content.snapshot.isHidden) return line;
   return fittingWidth(line, content.comparisonFigure());
 }

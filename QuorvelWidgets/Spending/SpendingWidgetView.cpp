@@ -36,12 +36,12 @@ SpendingContent makeContent(const SpendingWidgetView& view,
           .daysInMonth = calendar.daysInMonth(today.year, today.month)};
 }
 
-/// The record of the entry's month; null when there is none or it is another month's.
-const WidgetSnapshot::Spending* spendingOfMonth(const SnapshotEntry& entry,
+/// The record of the month of that date; null when there is none or it is another month's.
+const WidgetSnapshot::Spending* spendingOfMonth(const WidgetSnapshot& snapshot,
+                                                foundation::Instant date,
                                                 const foundation::Calendar& calendar) {
-  const auto& spending = entry.snapshot->spending;
-  const bool isCurrent =
-      spending && spending->month == foundation::monthString(entry.date, calendar);
+  const auto& spending = snapshot.spending;
+  const bool isCurrent = spending && spending->month == foundation::monthString(date, calendar);
   return isCurrent ? &*spending : nullptr;
 }
 
@@ -60,7 +60,7 @@ View SpendingWidgetView::body() const {
   const WidgetScaffold scaffold{entry.snapshot, environment, widgetLink(urlScheme, "spending")};
   if (!entry.snapshot) return scaffold.root(scaffold.message(kNoSnapshot));
   const foundation::Calendar calendar{environment.locale, environment.timeZone};
-  const WidgetSnapshot::Spending* spending = spendingOfMonth(entry, calendar);
+  const WidgetSnapshot::Spending* spending = spendingOfMonth(*entry.snapshot, entry.date, calendar);
   if (spending == nullptr) return scaffold.root(scaffold.message(kNoSpending));
   const SpendingContent content = makeContent(*this, *entry.snapshot, *spending, calendar);
   return scaffold.root(
@@ -72,7 +72,7 @@ widgetruntime::WidgetSummary SpendingWidgetView::summary() const {
   if (environment.redactionReasons.placeholder) return scaffold.titleSummary(kNoSnapshot);
   if (!entry.snapshot) return scaffold.messageSummary(kNoSnapshot);
   const foundation::Calendar calendar{environment.locale, environment.timeZone};
-  const WidgetSnapshot::Spending* spending = spendingOfMonth(entry, calendar);
+  const WidgetSnapshot::Spending* spending = spendingOfMonth(*entry.snapshot, entry.date, calendar);
   if (spending == nullptr) return scaffold.messageSummary(kNoSpending);
   const WidgetSnapshot snapshot = withEffectivePrivacy(*entry.snapshot, environment);
   const auto change = snapshot.isHidden ? std::nullopt : shownChange(*spending);

@@ -75,7 +75,7 @@ const ColorGlyph& ColorGlyphs::glyph(std::uint8_t font, std::uint16_t glyph, dou
 /// The face has its strike selected.
 ColorGlyph ColorGlyphs::decode(FT_FaceRec_* face, std::uint16_t glyph, int factor) {
   if (FT_Load_Glyph(face, glyph, FT_LOAD_COLOR) != 0) return {};
-  const FT_GlyphSlot slot = face->glyph;
+  const FT_GlyphSlotRec* slot = face->glyph;
   const FT_Bitmap& bitmap = slot->bitmap;
   if (slot->format != FT_GLYPH_FORMAT_BITMAP || bitmap.pixel_mode != FT_PIXEL_MODE_BGRA ||
       bitmap.width == 0 || bitmap.rows == 0 || bitmap.width > kLargestStrike ||

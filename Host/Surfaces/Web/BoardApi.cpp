@@ -158,12 +158,14 @@ void BoardApi::change(const WebRequest& request, const Respond& respond) {
   if (!wanted) return respond(refusal(wanted.error()));
   const auto then = [respond](const auto& answer) { respond(replyOf(answer)); };
   if (request.path == "/perform") {
-    if (!wanted->intent) return respond(refusal(lacks("intent").error()));
-    return host_.perform(*wanted->intent, then);
+    const auto& intent = wanted->intent;
+    if (!intent) return respond(refusal(lacks("intent").error()));
+    return host_.perform(*intent, then);
   }
   if (request.path == "/open") {
-    if (!wanted->id) return respond(refusal(lacks("id").error()));
-    return host_.open(*wanted->id, wanted->region, then);
+    const auto& id = wanted->id;
+    if (!id) return respond(refusal(lacks("id").error()));
+    return host_.open(*id, wanted->region, then);
   }
   for (const auto& [path, operation] : kChanges) {
     if (request.path != path) continue;

@@ -92,9 +92,8 @@ std::unexpected<std::string> wrong(std::string_view name, std::string_view expec
 std::optional<viewkit::Rgb> tintOf(std::string_view text) {
   if (text.starts_with('#')) text.remove_prefix(1);
   viewkit::Rgb tint = 0;
-  const char* end = text.data() + text.size();
-  if (text.size() != 6 || std::from_chars(text.data(), end, tint, 16).ptr != end)
-    return std::nullopt;
+  const auto [at, error] = std::from_chars(text.data(), text.data() + text.size(), tint, 16);
+  if (text.size() != 6 || error != std::errc{} || at != text.end()) return std::nullopt;
   return tint;
 }
 

@@ -5,7 +5,7 @@
 #include <sys/socket.h>
 #include <systemd/sd-event.h>
 
-#include <cstring>
+#include <algorithm>
 #include <set>
 #include <utility>
 
@@ -325,7 +325,7 @@ ssize_t WebServer::State::onRead(void* self, std::uint64_t, char* to, std::size_
     return 0;
   }
   const std::size_t count = std::min(most, stream.pending.size());
-  std::memcpy(to, stream.pending.data(), count);
+  std::copy_n(stream.pending.data(), count, to);
   stream.pending.erase(0, count);
   return static_cast<ssize_t>(count);
 }

@@ -56,6 +56,17 @@ std::vector<std::pair<std::string, std::int64_t>> upcoming(
   return result;
 }
 
+TEST(UpcomingDues, EarlierMonthsArePastUnlessTheirDaysCarryOver) {
+  using Pair = std::pair<std::string, std::int64_t>;
+  EXPECT_THAT(
+      upcoming({due("last month", "2025-02-28"),
+                due("long ago", "1999-12-01"),
+                due("February 45 is March 17", "2025-02-45"),
+                due("month 15 of 2024 is March", "2024-15-20"),
+                due("February 29 is March 1", "2025-02-29")}),
+      ElementsAre(Pair{"February 45 is March 17", 3}, Pair{"month 15 of 2024 is March", 6}));
+}
+
 TEST(UpcomingDues, YesterdayIsOverTodayIsNot) {
   using Pair = std::pair<std::string, std::int64_t>;
   EXPECT_THAT(upcoming({due("yesterday", "2025-03-13"),

@@ -5,7 +5,8 @@
 #include <algorithm>
 #include <set>
 
-#include "Import/Output.hpp"
+#include "Foundation/Printable.hpp"
+#include "Import/Result.hpp"
 
 namespace importer {
 namespace {
@@ -13,7 +14,7 @@ namespace {
 constexpr std::size_t kNamed = 5;  // of a list that may be long
 
 std::string line(std::string_view name, std::string_view finding) {
-  return fmt::format("{:<14} {}\n", name, oneLine(std::string(finding)));
+  return fmt::format("{:<14} {}\n", name, foundation::printable(finding));
 }
 
 std::string counted(std::size_t count, std::string_view one, std::string_view several) {

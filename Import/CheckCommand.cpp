@@ -2,7 +2,7 @@
 #include "Import/Check.hpp"
 #include "Import/Commands.hpp"
 #include "Import/Explain.hpp"
-#include "Import/Output.hpp"
+#include "Import/Result.hpp"
 #include "Import/Session.hpp"
 
 namespace importer {

@@ -4,7 +4,8 @@
 
 #include <algorithm>
 
-#include "Import/Output.hpp"
+#include "Foundation/Printable.hpp"
+#include "Import/Result.hpp"
 
 namespace importer {
 namespace {
@@ -112,7 +113,7 @@ void explainSpending(const Figures& figures,
   }
   if (tables.wants("category") && figures.spending->top) {
     const TopCategory& top = *figures.spending->top;
-    tables.add("top category " + oneLine(top.account),
+    tables.add("top category " + foundation::printable(top.account),
                rowsOf(figures.postings, journal, firstDay(month), journal.today, top.account),
                "topCategoryAmount",
                top.amount);
@@ -164,7 +165,10 @@ void explainCards(const Figures& figures, const Journal& journal, Tables& tables
                           isAtOrBelow(balance.account, card.account);
       if (counts) rows.push_back({text(journal.today), "balance", balance.account, balance.amount});
     }
-    tables.add("card " + oneLine(card.product), std::move(rows), "remaining", card.remaining());
+    tables.add("card " + foundation::printable(card.product),
+               std::move(rows),
+               "remaining",
+               card.remaining());
   }
 }
 

@@ -1,9 +1,10 @@
 // `hledger`: makes the document, once or on every change.
 #include <fmt/format.h>
 
+#include "Foundation/Printable.hpp"
 #include "Import/Commands.hpp"
 #include "Import/FileWatch.hpp"
-#include "Import/Output.hpp"
+#include "Import/Result.hpp"
 #include "Import/Session.hpp"
 #include "Import/SnapshotFile.hpp"
 
@@ -31,7 +32,7 @@ Result<void> importOnce(const Options& options, const Program& program, Foreign 
   const auto snapshot = makeSnapshot(
       reading->figures, reading->journal, session->settings, {session->now, session->language});
   if (auto written = document.write(snapshot, foreign); !written) return written;
-  return print(oneLine(document.path()) + "\n");
+  return print(foundation::printable(document.path()) + "\n");
 }
 
 /// The journal and all that it includes, and the settings; true when there are new ones among them.
@@ -66,7 +67,7 @@ Result<void> importAlways(const Options& options, const Program& program) {
     if (done) foreign = Foreign::keep;
     const std::string complaint = done ? std::string{} : done.error().line;
     if (!complaint.empty() && complaint != lastComplaint)
-      complain("quorvel-import hledger: " + oneLine(complaint) + "\n");
+      complain("quorvel-import hledger: " + foundation::printable(complaint) + "\n");
     lastComplaint = complaint;
     // Files that were not followed yet may have changed since they were read.
     if (followFiles(session, journals, *watch)) continue;

@@ -7,8 +7,9 @@
 
 #include "Foundation/FileDescriptor.hpp"
 #include "Foundation/FileWriting.hpp"
+#include "Foundation/Printable.hpp"
 #include "Import/Commands.hpp"
-#include "Import/Output.hpp"
+#include "Import/Result.hpp"
 #include "Import/Session.hpp"
 #include "Import/SettingsTemplate.hpp"
 
@@ -56,8 +57,9 @@ Result<void> init(const Options& options, const Program& program) {
           session.settingsFile, settingsTemplate(journal->accounts.types), options.force);
       !written)
     return written;
-  return print(fmt::format(
-      "settings   {}\ncontainer  {}\n", oneLine(session.settingsFile), oneLine(session.container)));
+  return print(fmt::format("settings   {}\ncontainer  {}\n",
+                           foundation::printable(session.settingsFile),
+                           foundation::printable(session.container)));
 }
 
 }  // namespace importer

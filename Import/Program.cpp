@@ -2,9 +2,10 @@
 
 #include <string_view>
 
+#include "Foundation/Printable.hpp"
 #include "Import/Arguments.hpp"
 #include "Import/Commands.hpp"
-#include "Import/Output.hpp"
+#include "Import/Result.hpp"
 
 namespace importer {
 namespace {
@@ -38,7 +39,7 @@ Result<void> interpret(std::span<const char* const> words, const Program& progra
 int run(std::span<const char* const> words, const Program& program) {
   const auto done = interpret(words, program);
   if (done) return static_cast<int>(ExitCode::done);
-  if (!done.error().line.empty()) complain(oneLine(done.error().line) + "\n");
+  if (!done.error().line.empty()) complain(foundation::printable(done.error().line) + "\n");
   return static_cast<int>(done.error().code);
 }
 

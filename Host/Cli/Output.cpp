@@ -5,23 +5,16 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <tuple>
+#include <system_error>
 
 #include "Foundation/FileDescriptor.hpp"
 #include "Foundation/FileWriting.hpp"
-#include "Foundation/Printable.hpp"
 
 namespace cli {
 namespace {
 
 std::error_code lastError() {
   return {errno, std::generic_category()};
-}
-
-Result<void> printBytes(std::string_view bytes) {
-  if (const auto error = foundation::writeAll(STDOUT_FILENO, bytes))
-    return refused("standard output: " + error.message());
-  return {};
 }
 
 /// A pipe, a device or what a link points to is written into; a file that is or will be one of the
@@ -52,14 +45,6 @@ std::error_code replace(const std::string& file, std::string_view bytes) {
 }
 
 }  // namespace
-
-Result<void> print(std::string_view text) {
-  return printBytes(foundation::printableLines(text));
-}
-
-void complain(std::string_view text) {
-  std::ignore = foundation::writeAll(STDERR_FILENO, foundation::printableLines(text));
-}
 
 Result<void> write(const std::string& file, std::string_view bytes) {
   if (file == "-") return printBytes(bytes);

@@ -132,6 +132,13 @@ TEST(ImportProgram, TakesHostileNamesAsTheyAre) {
   }
 }
 
+TEST(ImportProgram, SaysNothingThatATerminalObeys) {
+  const Home home;
+  const auto outcome = home.run({"hledger", "-f", "a\x1B[31m\u202Eb.journal"});
+  EXPECT_NE(outcome.status, 0);
+  EXPECT_THAT(outcome.errors, HasSubstr("\\u001B[31m\\u202Eb.journal"));
+}
+
 TEST(ImportProgram, RefusesAContainerThatIsMissingOrReadOnly) {
   const Home home;
   home.journal(kSmallJournal);

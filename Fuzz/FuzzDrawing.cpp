@@ -18,8 +18,8 @@ void require(bool holds) {
   if (!holds) std::abort();
 }
 
-/// The first bytes choose. Nine of ten pictures have less than 200 points a side at scale 1, since
-/// small ones find as much and sooner.
+/// The first bytes choose. Nine of ten pictures have less than 200 points per side at scale 1,
+/// since small ones find as much and sooner.
 rendering::RenderOptions optionsFrom(const std::uint8_t* data) {
   const auto pair = [&](std::size_t at) { return data[at] * 256 + data[at + 1]; };
   rendering::RenderOptions options;

@@ -104,8 +104,8 @@ EntriesParameters requestFrom(const std::uint8_t* data, const Guest& guest) {
   return request;
 }
 
-/// Nine of ten pictures have less than 200 points a side at scale 1, since small ones find as much
-/// and sooner.
+/// Nine of ten pictures have less than 200 points per side at scale 1, since small ones find as
+/// much and sooner.
 rendering::RenderOptions optionsFrom(const std::uint8_t* data, const EntriesParameters& request) {
   const Environment& environment = request.environments.front();
   rendering::RenderOptions options;

@@ -33,7 +33,7 @@ class HledgerRunner {
   /// "1.25"; to be called before all other runs.
   [[nodiscard]] Result<std::string> readVersion();
 
-  /// A report of one name a line.
+  /// A report of one name per line.
   [[nodiscard]] HledgerRun list(std::vector<std::string> words, std::string& text) const;
 
   /// A table. Readers take row after row, the header first.

@@ -37,10 +37,10 @@ class Renderer {
   [[nodiscard]] Drawn<std::string> plainText(const viewkit::View& view,
                                              const RenderOptions& options,
                                              int columns = 80);
-  /// One placed node a line, with its frame.
+  /// One placed node per line, with its frame.
   [[nodiscard]] Drawn<std::string> placedDump(const viewkit::View& view,
                                               const RenderOptions& options);
-  /// One accessible element a line, in reading order. `name` is the widget's: all that a
+  /// One accessible element per line, in reading order. `name` is the widget's: all that a
   /// placeholder says.
   [[nodiscard]] Drawn<std::string> accessibilityTree(const viewkit::View& view,
                                                      const RenderOptions& options,

@@ -35,7 +35,7 @@ class Board : public surfaces::BoardHost {
   [[nodiscard]] std::expected<std::string, std::string> open();
   [[nodiscard]] bool isOpen() const { return server_ != nullptr; }
 
-  /// Placements or privacy are others now.
+  /// Placements or privacy have changed.
   void tellState();
 
   // surfaces::BoardHost

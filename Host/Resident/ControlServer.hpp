@@ -1,6 +1,6 @@
-// The control socket: one JSON-RPC message a line, for the owner of the session alone.
+// The control socket: one JSON-RPC message per line, for the owner of the session alone.
 //
-// Bounds: 64 KiB a line, 64 clients, one second for half a line, and as many answers as fit into
+// Bounds: 64 KiB per line, 64 clients, one second for half a line, and as many answers as fit into
 // the socket and 256 KiB; a client that breaks one is let go.
 #pragma once
 

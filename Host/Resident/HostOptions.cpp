@@ -9,7 +9,7 @@ namespace resident {
 
 std::expected<HostOptions, OptionsEnd> readOptions(std::span<const char* const> words) {
   HostOptions options;
-  CLI::App app{"keeps widgets right by themselves, for bars and whatever else shows them",
+  CLI::App app{"keeps widgets up to date, for bars, the board and whatever else shows them",
                "quorvel-hostd"};
   app.add_option("--container", options.container, "The application group's own folder")
       ->type_name("DIR");

@@ -43,7 +43,7 @@ class Resident : public surfaces::Host {
 
   /// The extension has said what it offers, for the first time.
   std::function<void(const widgetruntime::InitializeAnswer&)> onOffer;
-  /// Placements or their configurations are others now.
+  /// Placements or their configurations have changed.
   std::function<void()> onPlacements;
   /// Amounts are hidden, or shown, that were not.
   std::function<void()> onPrivacy;

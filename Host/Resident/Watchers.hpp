@@ -19,7 +19,7 @@ class Watchers : public surfaces::Surface {
   /// Tells the client of the target's line now and whenever it changes.
   [[nodiscard]] Done watch(ControlServer::Client client, const std::string& target);
   void leave(ControlServer::Client client);
-  /// Placements are others now; targets may name something else.
+  /// Placements have changed; targets may name something else.
   void refresh();
 
   /// One line for the client, as JSON.

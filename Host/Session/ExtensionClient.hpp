@@ -33,7 +33,7 @@ class ExtensionClient {
                   widgetruntime::InitializeParameters parameters,
                   Deadlines deadlines = {});
 
-  /// What the extension offers; asked for once a start.
+  /// What the extension offers; asked for once per start.
   [[nodiscard]] Result<widgetruntime::InitializeAnswer> initialize();
 
   /// Entries have one tree per environment, in the order asked for.

@@ -98,7 +98,7 @@ class Surface {
 class Host {
  public:
   virtual ~Host() = default;
-  /// The surface's demands are others now (scale, look, outputs).
+  /// The surface's demands have changed (scale, look, outputs).
   virtual void changed(Surface& surface) = 0;
   /// Opens the link of a region of what is shown (an index into Picture::elements), else the
   /// widget's; `then` gets why nothing opens, or an empty text.

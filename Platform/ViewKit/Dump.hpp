@@ -4,7 +4,7 @@
 //       Symbol "calendar" size 13 weight semibold
 //       Text "Due" size 13
 //
-// One node a line: its component, its element, what differs from the defaults, then its modifiers
+// One node per line: its component, its element, what differs from the defaults, then its modifiers
 // from the inside out. Children are indented below it, after the contents of its backgrounds and
 // overlays, which carry a label. Numbers have up to six digits, so that dumps do not depend on the
 // last bit.

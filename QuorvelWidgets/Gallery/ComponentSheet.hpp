@@ -22,8 +22,8 @@ struct ComponentSample {
 
 inline constexpr double kComponentSheetWidth = 900;
 
-/// All samples with their names: a row a component, `kComponentSheetWidth` points wide and as high
-/// as it needs.
+/// All samples with their names: one row per component, `kComponentSheetWidth` points wide and as
+/// high as it needs.
 [[nodiscard]] viewkit::View componentSheet(const widgetruntime::Environment& environment = {});
 
 }  // namespace quorvel

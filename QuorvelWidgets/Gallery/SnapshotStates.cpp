@@ -114,7 +114,7 @@ void forgetHistory(WidgetSnapshot& snapshot) {
   if (snapshot.spending) snapshot.spending->daily.clear();
 }
 
-/// Up to March 2025, from a third of the present value upwards, with some lean months a year.
+/// Up to March 2025, from a third of the present value upwards, with some lean months per year.
 void rememberFiveYears(WidgetSnapshot& snapshot) {
   auto& worth = snapshot.netWorth;
   if (!worth) return;

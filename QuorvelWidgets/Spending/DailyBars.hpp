@@ -1,4 +1,4 @@
-// A month's spending as one bar a day.
+// A month's spending as one bar per day.
 #pragma once
 
 #include <string>

@@ -89,7 +89,7 @@ struct MonthCell {
   int row;     ///< 0...5
   friend bool operator==(const MonthCell&, const MonthCell&) = default;
 };
-/// One cell a day. Weekdays count from 1 = Sunday; `weekdayOfFirst` is that of the month's first
+/// One cell per day. Weekdays count from 1 = Sunday; `weekdayOfFirst` is that of the month's first
 /// day, `firstWeekday` the one in the first column.
 [[nodiscard]] std::vector<MonthCell> monthCells(int daysInMonth,
                                                 int weekdayOfFirst,

@@ -118,7 +118,7 @@ std::vector<Room> makeRooms() {
        {"fmt/"}},
       // What a bar keeps open, so it sees as little as it can.
       {"Host/Watch", {"Watch/", "Control/", "Surfaces/Bar/", "Foundation/"}, true, {}},
-      // The one room with an event loop.
+      // The room that owns the event loop.
       {"Host/Resident",
        {"Resident/",
         "Control/",

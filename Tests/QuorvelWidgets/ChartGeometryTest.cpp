@@ -90,7 +90,7 @@ TEST(ChartLabels, ALongHistoryIsLabelledAtEachJanuary) {
 }
 
 TEST(ChartLabels, YearsThatWouldTouchAreLeftOutInEqualSteps) {
-  // 12.8 points a year on the narrowest chart: 27 and a gap of 7 take every third.
+  // 12.8 points per year on the narrowest chart: 27 and a gap of 7 take every third.
   EXPECT_THAT(labelledYears(monthsFrom(2005, 1, 240)), ElementsAre(12, 48, 84, 120, 156, 192, 228));
 }
 

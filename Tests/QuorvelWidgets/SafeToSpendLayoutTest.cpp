@@ -139,7 +139,7 @@ TEST(SafeToSpendLayout, AnAmountOfAnySizeStaysInTheWidget) {
   }
 }
 
-/// 7391.42 of 9876.54 spent: 75 %; 2485.12 left, 248.51 a day.
+/// 7391.42 of 9876.54 spent: 75 %; 2485.12 left, 248.51 per day.
 TEST(SafeToSpendForms, HiddenOnesHoldNoDigitOfAnAmountOrPercentage) {
   rendering::Renderer renderer;
   WidgetSnapshot snapshot =

@@ -284,7 +284,7 @@ TEST(SpentGauge, DrawsNoProgressOfNothing) {
 
 // ---- privacy
 
-/// 7391.42 of 9876.54 spent: 75 %; 2485.12 left, 248.512 a day.
+/// 7391.42 of 9876.54 spent: 75 %; 2485.12 left, 248.512 per day.
 WidgetSnapshot secretSnapshot(const char* periodEnd) {
   WidgetSnapshot snapshot =
       fixtures::snapshotWith(fixtures::budgetOf(9876.54, 7391.42, periodEnd, kTwentyDaysBefore));

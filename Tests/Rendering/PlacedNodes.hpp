@@ -1,4 +1,4 @@
-// Ways through a placed tree for tests: a view's element below its modifiers, frames that compare
+// Ways through a layout tree for tests: a view's element below its modifiers, frames that compare
 // within rounding.
 #pragma once
 

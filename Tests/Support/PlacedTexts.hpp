@@ -1,4 +1,4 @@
-// Every text of a placed tree with what the views around it say about how it is drawn.
+// Every text of a layout tree with what the views around it say about how it is drawn.
 #pragma once
 
 #include <algorithm>

@@ -173,7 +173,7 @@ TEST(Dispatcher, EndsATimelineOfLargeEntriesWhereTheMessageIsFull) {
   Dispatcher dispatcher(fake::definition());
   EXPECT_THAT(dispatcher.handle(kInitialize), HasSubstr("\"result\""));
   const std::string text = dispatcher.handle(timelineRequest("Wide"));
-  // Two trees of a little over 100,000 bytes an entry: five entries fit into 1,048,576.
+  // Two trees of a little over 100,000 bytes per entry: five entries fit into 1,048,576.
   EXPECT_THAT(text.size(), testing::AllOf(testing::Gt(1'000'000U), testing::Le(kMaximumMessage)));
   EXPECT_THAT(text, testing::EndsWith(R"("policy":{"type":"atEnd"}}})"));
   EXPECT_THAT(text, HasSubstr("2025-03-14T04:00:00Z"));

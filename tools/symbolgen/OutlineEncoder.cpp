@@ -24,7 +24,7 @@ class Writer {
   }
 
  private:
-  /// Sign in the lowest bit, seven bits a byte, the highest set while more follow.
+  /// Sign in the lowest bit, seven bits per byte, the highest set while more follow.
   void number(long value) {
     auto rest = static_cast<unsigned long>(value < 0 ? ~value * 2 + 1 : value * 2);
     for (; rest >= 0x80; rest >>= 7) out_.push_back(static_cast<char>(rest | 0x80));

@@ -125,7 +125,7 @@ long peakKilobytes() {
 
 struct Measured {
   std::vector<Times> images;
-  double cpu = 0;  ///< milliseconds an image
+  double cpu = 0;  ///< milliseconds per image
   std::size_t pngBytes = 0;
 };
 

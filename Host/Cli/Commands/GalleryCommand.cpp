@@ -126,7 +126,7 @@ Result<void> writePictures(const GallerySection& section,
 }
 
 /// As few sheets as the limit of a sheet allows; their names are appended. The first section's is
-/// there to be shown around, the others to be looked over: half the pixels a point will do.
+/// there to be shown around, the others to be looked over: half the pixels per point will do.
 Result<void> writeSheets(const GallerySection& section,
                          const Options& options,
                          std::vector<std::string>& names) {

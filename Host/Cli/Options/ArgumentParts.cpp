@@ -159,7 +159,7 @@ void addSize(CLI::App& app, PictureOptions& picture) {
            "--size",
            "Any other size in points",
            "WxH",
-           "a size such as 170x170, at most 2000 a side",
+           "a size such as 170x170, at most 2000 per side",
            sizeFrom,
            into(picture.size))
       ->group("Widget");
@@ -218,7 +218,7 @@ void addDrawing(CLI::App& app, PictureOptions& picture) {
            redactionFrom,
            into(picture.redaction))
       ->group(group);
-  addScale(app, picture, "Pixels a point, 2 unless given", group);
+  addScale(app, picture, "Pixels per point, 2 unless given", group);
 }
 
 void addOutput(CLI::App& app, OutputOptions& output) {

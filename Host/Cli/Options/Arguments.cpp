@@ -86,7 +86,7 @@ void describeGallery(CLI::App& app, Options& options) {
       ->group("Extension and data");
   addScale(app,
            options.picture,
-           "Pixels a point of the first contact sheet, 2 unless given; the others have half",
+           "Pixels per point of the first contact sheet, 2 unless given; the others have half",
            "Output");
   addPng(app, options.output);
   addNowAndPlace(app, options.device);
@@ -202,7 +202,7 @@ constexpr std::array kCommands{
             describePerform,
             perform},
     Command{"status",
-            "what the resident host shows, and how it is with each widget",
+            "what the resident host shows, and the state of each widget",
             "  quorvel-host status\n",
             describeStatus,
             status},

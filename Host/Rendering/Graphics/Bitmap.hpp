@@ -10,7 +10,7 @@ namespace rendering {
 struct Bitmap {
   int width = 0;
   int height = 0;
-  int stride = 0;  ///< pixels a row
+  int stride = 0;  ///< pixels per row
   std::vector<std::uint32_t> pixels;
 };
 

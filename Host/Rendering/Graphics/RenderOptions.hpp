@@ -12,7 +12,7 @@ namespace rendering {
 
 struct RenderOptions {
   Size size;         ///< points
-  double scale = 2;  ///< pixels a point
+  double scale = 2;  ///< pixels per point
   viewkit::Appearance appearance = viewkit::Appearance::light;
   viewkit::RenderingMode mode = viewkit::RenderingMode::fullColor;
   /// Of the accentable group in accented mode; default: the appearance's label colour.

@@ -40,7 +40,7 @@ inline int equalPixels(const std::uint32_t* pixels, const std::uint32_t* others,
 
 }  // namespace
 
-// Inline, since these few calls a pixel are most of the work.
+// Inline, since these few calls per pixel are most of the work.
 
 inline PngTokens::Copy PngTokens::copyFrom(LastSeen::Place from, int x, int y) const {
   if (from.x < 0) return {};

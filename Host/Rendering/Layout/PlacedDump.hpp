@@ -1,4 +1,4 @@
-// A placed tree as text, for approval files and for a look at what layout did.
+// A layout tree as text, for approval files and for a look at what layout did.
 #pragma once
 
 #include <string>
@@ -7,7 +7,7 @@
 
 namespace rendering {
 
-/// One element a line, indented by depth: its kind, the component that it is the body of, what it
+/// One element per line, indented by depth: its kind, the component that it is the body of, what it
 /// shows, then "x y width height" in points rounded to hundredths. "in x y width height" follows
 /// where the view's modifiers give it another frame. Texts show their lines, their scale if shrunk,
 /// and "cut" if cut.

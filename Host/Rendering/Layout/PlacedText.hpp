@@ -1,4 +1,4 @@
-// What a placed tree says in words: the strings of its lines, and which parts are silent.
+// What a layout tree says in words: the strings of its lines, and which parts are silent.
 #pragma once
 
 #include <string>

@@ -1,4 +1,4 @@
-// What assistive technology is told of a placed tree.
+// What assistive technology is told of a layout tree.
 #pragma once
 
 #include <cstdint>
@@ -34,7 +34,7 @@ struct AccessibleElement {
 [[nodiscard]] std::vector<AccessibleElement> accessibleElements(
     const LayoutTree& tree, const AccessibilityOptions& options);
 
-/// The same, one element a line: role, label, value, link and frame.
+/// The same, one element per line: role, label, value, link and frame.
 [[nodiscard]] std::string accessibilityTree(const LayoutTree& tree,
                                             const AccessibilityOptions& options);
 

@@ -1,4 +1,4 @@
-// A placed tree as rows and columns of characters, for terminals.
+// A layout tree as rows and columns of characters, for terminals.
 #pragma once
 
 #include <string>

@@ -1,4 +1,4 @@
-// A draw list as an SVG document: shapes and glyph outlines, no fonts, no text.
+// A display list as an SVG document: shapes and glyph outlines, no fonts, no text.
 #pragma once
 
 #include <string>

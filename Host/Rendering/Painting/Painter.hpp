@@ -1,4 +1,4 @@
-// Plays a draw list on a bitmap.
+// Plays a display list on a bitmap.
 #pragma once
 
 #include <optional>

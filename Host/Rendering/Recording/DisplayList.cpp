@@ -1,4 +1,4 @@
-// Storage and text form of draw lists.
+// Storage and text form of display lists.
 #include "Rendering/Recording/DisplayList.hpp"
 
 #include <fmt/format.h>

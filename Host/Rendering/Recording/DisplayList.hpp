@@ -1,4 +1,4 @@
-// What is drawn, in order: resolved colours, absolute places in points. Made from a placed tree,
+// What is drawn, in order: resolved colours, absolute places in points. Made from a layout tree,
 // played on pixels or as SVG.
 #pragma once
 
@@ -152,7 +152,7 @@ struct DisplayList {
 /// The part of the points that a command may touch; nothing for those that end something.
 [[nodiscard]] Rect boundsOf(const DrawCommand& command);
 
-/// One command a line, for tests and for people.
+/// One command per line, for tests and for people.
 [[nodiscard]] std::string describe(const DisplayList& list);
 
 }  // namespace rendering

@@ -1,4 +1,4 @@
-// From a placed tree to a draw list: colours resolved, redaction applied, images opened.
+// From a layout tree to a display list: colours resolved, redaction applied, images opened.
 #pragma once
 
 #include "Rendering/Graphics/DrawingLimits.hpp"

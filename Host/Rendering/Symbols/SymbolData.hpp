@@ -3,7 +3,7 @@
 // An outline is a sequence of operations: 0 ends the icon, 1 and 2 begin a path filled by the
 // non-zero or the even-odd rule, 3 moves, 4 draws a line, 5 a cubic curve, 6 closes. Points follow
 // their operation as differences from the point before, in 1/128 of a unit of the 16-unit box, y
-// downwards: sign in the lowest bit, seven bits a byte, low ones first.
+// downwards: sign in the lowest bit, seven bits per byte, low ones first.
 #pragma once
 
 #include <cstdint>

@@ -10,7 +10,7 @@ namespace rendering {
 namespace {
 
 constexpr std::size_t kMostKept = 256;
-constexpr unsigned kLargestStrike = 512;  ///< pixels a side
+constexpr unsigned kLargestStrike = 512;  ///< pixels per side
 
 /// Pixels an em.
 double sizeOf(FT_Face face, int strike) {

@@ -1,11 +1,11 @@
 // An HTTP server on the loopback address for one page and its questions, within a loop of sd-event.
 //
-//     auto server = WebServer::open(loop, handler);          // listens at once
-//     print(server->url());                                  // with the token in its fragment
-//     server->send("state", json);                           // to every open stream of events
+//     auto server = WebServer::open(loop, handler, files, {});  // listens at once
+//     print((*server)->url());                                  // with the token in its fragment
+//     (*server)->send("state", json);                           // to every open stream of events
 //
-// It keeps to bounds of its own: 32 connections, 5 s from the connection (or the answer before) to
-// the end of a head, 1 MiB of body, 256 KiB that a stream's reader has not fetched.
+// Its bounds: 32 connections, 5 s from the connection to the end of the first head, 30 s from an
+// answer to the end of the next one, 1 MiB of body, 256 KiB that a stream's reader has not fetched.
 #pragma once
 
 #include <chrono>

@@ -1,6 +1,6 @@
-// The texts: a block a key, a line a language. "{n}" is a count, "{period}" the name of a month.
-// Texts in lower case follow a number; verdicts on the pace must fit beside a day phrase, titles
-// beside a small icon. A space that must not end a line is written \u00A0.
+// The texts: one block per key, one line per language. "{n}" is a count, "{period}" the name of a
+// month. Texts in lower case follow a number; verdicts on the pace must fit beside a day phrase,
+// titles beside a small icon. A space that must not end a line is written \u00A0.
 #include "QuorvelWidgets/WidgetSupport/Texts/WidgetStringTable.hpp"
 
 #include <algorithm>

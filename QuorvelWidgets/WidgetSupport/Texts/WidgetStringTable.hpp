@@ -1,4 +1,4 @@
-// The table behind WidgetStrings: one row a key, one text a language.
+// The table behind WidgetStrings: one row per key, one text per language.
 #pragma once
 
 #include <cstddef>

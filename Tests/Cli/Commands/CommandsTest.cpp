@@ -183,7 +183,7 @@ TEST_P(Commands, validatePointsAtEveryProblem) {
   const json answer = json::parse(outcome.out.substr(outcome.out.find('\n') + 1), nullptr, false);
   EXPECT_EQ(answer["accepted"], false);
   ASSERT_EQ(answer["problems"].size(), 2u) << answer;
-  // The document has one member a line, behind the brace's own line.
+  // The document has one member per line, behind the brace's own line.
   EXPECT_EQ(answer["problems"][0]["pointer"], "/lang");
   EXPECT_EQ(answer["problems"][0]["line"], 4);
   EXPECT_EQ(answer["problems"][0]["column"], 10);

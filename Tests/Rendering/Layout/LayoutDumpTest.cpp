@@ -1,4 +1,4 @@
-// The placed tree's dump.
+// The layout tree's dump.
 #include <gtest/gtest.h>
 
 #include "PlacedNodes.hpp"

@@ -18,7 +18,7 @@ std::string picture(const View& view,
 }
 
 TEST(PlainText, ARowHasItsTextsAtTheirColumns) {
-  // 360 / 80 = 4.5 a column: the first starts at column 0, the last ends at column 80.
+  // 360 / 80 = 4.5 per column: the first starts at column 0, the last ends at column 80.
   const View row = HStack{{}, Text("Rent").font(10), Spacer{}, Text("$12.00").font(10)};
   EXPECT_EQ(picture(row, {360, 12.1}), "Rent" + std::string(70, ' ') + "$12.00\n");
 }

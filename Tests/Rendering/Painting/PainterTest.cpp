@@ -19,7 +19,7 @@ using namespace viewkit;
 
 class Painting : public testing::Test {
  protected:
-  /// One pixel a point, no background, no corners.
+  /// One pixel per point, no background, no corners.
   static RenderOptions plain(double width, double height) {
     return {.size = {width, height}, .scale = 1, .showsBackground = false};
   }

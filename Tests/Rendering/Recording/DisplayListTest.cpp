@@ -1,4 +1,4 @@
-// Draw lists as text: what is recorded, in which order, in which colours.
+// Display lists as text: what is recorded, in which order, in which colours.
 #include <gtest/gtest.h>
 
 #include "Rendering/Layout/Layout.hpp"

@@ -2,8 +2,8 @@
 // take.
 //
 //     std::string text;
-//     std::vector<Subprocess> runs{{.command = {"hledger", "--version"}, .output =
-//     appendTo(text)}}; runSubprocesses(runs, environment, {}); runs[0].outcome.status  // 0
+//     std::vector<Subprocess> runs{{.command = {"hledger"}, .output = appendTo(text)}};
+//     runSubprocesses(runs, environment, {});  // then runs[0].outcome.status is 0
 #pragma once
 
 #include <chrono>

@@ -1,8 +1,8 @@
 // Which instances are asked for a new timeline, when and why. Pure: the clock is handed in.
 //
 // A reload comes from the policy's date or from an event; of several events before a request the
-// latest is its cause. Whatever comes back is used even when a newer request waits, unless
-// something newer came back before: serial numbers tell. Asking without a pause so never hides an
+// latest is its cause. An answer or a failure counts even when a newer request waits, unless that
+// of a newer request came first; serial numbers tell. So asking without a pause never hides an
 // answer.
 #pragma once
 

@@ -1,7 +1,7 @@
 // Work that waits for a thread: by urgency, then in the order in which it came.
 //
-// Work of a key that is already waiting is replaced where it stands: who asks again and again
-// neither loses a turn nor takes another's. Whatever others have gone before so often is next.
+// Newer work replaces waiting work of the same key and keeps its place, so asking again and again
+// neither loses a turn nor takes another's. Work that others have passed `kPatience` times is next.
 #pragma once
 
 #include <algorithm>
@@ -22,7 +22,7 @@ class WorkQueue {
   /// How often later work may go before one piece.
   static constexpr int kPatience = 8;
 
-  /// An empty key is replaced by nothing. The more urgent of old and new counts.
+  /// Work with an empty key is never replaced. The more urgent of old and new counts.
   void push(Urgency urgency, std::string key, Work work) {
     if (!key.empty()) {
       const auto same = std::ranges::find(items_, key, &Item::key);

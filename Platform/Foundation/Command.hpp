@@ -35,7 +35,7 @@ using Result = std::expected<T, Failure>;
 /// To standard output, with everything escaped that a terminal would obey.
 [[nodiscard]] Result<void> print(std::string_view text);
 
-/// To the error stream, escaped alike; whether that works is nobody's business.
+/// To the error stream, escaped alike; a failure is ignored.
 void complain(std::string_view text);
 
 }  // namespace foundation::command

@@ -1,5 +1,5 @@
-// What `std::visit` is handed to have a case for each alternative: a variant that gets a new one
-// does not compile until somebody has thought of it.
+// What `std::visit` is handed to have a case for each alternative: after a variant gets a new one,
+// the code does not compile until there is a case for it.
 //
 //     std::visit(Overloaded{[](const Circle& circle) { ... },
 //                           [](const OneOf<Square, Triangle> auto& other) { ... }},

@@ -1,6 +1,6 @@
 // Views as JSON: what an extension sends and a host reads.
 //
-//     {"type":"HStack","name":"WidgetHeader","spacing":6,
+//     {"type":"HStack","spacing":6,"name":"WidgetHeader",
 //      "children":[{"type":"Text","text":"Due","size":13,"weight":"semibold"}],
 //      "modifiers":[{"padding":[8,0,0,0]},{"foreground":"#6B1F3A/#B4416A"}]}
 //

@@ -50,7 +50,7 @@ class Rasterizer {
   Rasterizer(const Rasterizer&) = delete;
   Rasterizer& operator=(const Rasterizer&) = delete;
 
-  /// What is filled is taken off these visits; what costs more than there are is left out. The
+  /// Filling spends these visits. A shape that costs more than are left is not filled, and the
   /// visits are then negative. Without them everything is filled.
   void chargeTo(std::int64_t* visits) { visits_ = visits; }
 

@@ -69,7 +69,7 @@ struct BoardPicture {
   std::uint64_t version = 0;  ///< grows with every change of what the placement shows
   rendering::Size size;       ///< points
   Shown shown;                ///< its picture holds an SVG
-  std::string name;           ///< the widget's, for who cannot see it
+  std::string name;           ///< the widget's, for people who cannot see it
   std::optional<foundation::Instant> since;  ///< when it began to be stale or failed
   std::optional<foundation::Instant> nextTry;
 };

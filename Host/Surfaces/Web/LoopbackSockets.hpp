@@ -9,7 +9,7 @@ namespace surfaces {
 
 struct LoopbackSockets {
   foundation::FileDescriptor ipv4;  ///< listens
-  /// Bound and never listened on: browsers try both addresses of "localhost", and nobody else shall
+  /// Bound and never listened on: browsers try both addresses of "localhost", and nobody else may
   /// answer on this one.
   foundation::FileDescriptor ipv6;
   int port = 0;

@@ -82,8 +82,7 @@ TEST(Needed, theCommandLineLoadsNoEventLoopAndNoWebServer) {
 TEST(Needed, theWatchOfABarLoadsNothingThatDraws) {
   const Names needed = neededBy("quorvel-watch");
   ASSERT_THAT(needed, ::testing::Contains("libc"));
-  EXPECT_THAT(without(without(needed, languageRuntime()), {"libsimdjson", "libfmt"}),
-              ::testing::IsEmpty());
+  EXPECT_THAT(without(without(needed, languageRuntime()), {"libfmt"}), ::testing::IsEmpty());
 }
 
 TEST(Needed, theResidentHostLoadsOneEventLoopAndNoDesktop) {

@@ -6,6 +6,7 @@
 
 #include "Foundation/Overloaded.hpp"
 #include "ViewKit/ColorText.hpp"
+#include "ViewKit/DumpLine.hpp"
 #include "ViewKit/DumpText.hpp"
 #include "ViewKit/Members.hpp"
 #include "ViewKit/Names.hpp"
@@ -14,12 +15,22 @@ namespace viewkit {
 
 namespace {
 
+/// Nothing is drawn or laid out differently for it.
+template <class M>
+bool changesNothing(const M& modifier) {
+  if constexpr (foundation::OneOf<M, Padding, Opacity, Offset, ZIndex, LayoutPriority>) {
+    return modifier == M{};
+  }
+  return false;
+}
+
 class TreeDump {
  public:
-  void node(const View& view, std::size_t indent, std::string_view label = {});
+  void node(const View& view, std::size_t indent);
   [[nodiscard]] std::string take() { return std::move(out_); }
 
  private:
+  void endLine(std::size_t indent);
   void name(std::string_view component);
   void element(const StackElement& stack);
   void element(const ShapeElement& shape);
@@ -35,70 +46,69 @@ class TreeDump {
   void member(std::string_view key, bool value);
   void word(std::string_view text);
 
-  void put(int number) { out_ += std::to_string(number); }
-  void put(double number) { appendNumber(out_, number); }
-  void put(const std::string& text) { appendQuoted(out_, text); }
-  void put(const Length& length) { appendLength(out_, length); }
+  void put(int number) { line_.text += std::to_string(number); }
+  void put(double number) { appendNumber(line_.text, number); }
+  void put(const std::string& text) { appendQuoted(line_.text, text); }
+  void put(const Length& length) { appendLength(line_.text, length); }
   void put(const LengthPoint& point);
   void put(const UnitPoint& point);
   void put(const Insets& insets);
-  void put(Alignment alignment) { out_ += nameOf(alignment); }
-  void put(const Color& color) { appendColor(out_, color, &appendNumber); }
+  void put(Alignment alignment) { line_.text += nameOf(alignment); }
+  void put(const Color& color) { appendColor(line_.text, color, &appendNumber); }
   void put(const Gradient& gradient);
   void put(const Paint& paint);
   void put(const std::vector<PathStep>& steps);
   void put(const ShapeGeometry& shape);
   template <NamedEnum Enum>
   void put(Enum value) {
-    out_ += nameOf(value);
+    line_.text += nameOf(value);
   }
   template <class T>
   void put(const std::optional<T>& value) {
     if (value) put(*value);
   }
 
+  DumpLine line_;
   std::string out_;
 };
 
 // ---- lines
 
-void TreeDump::node(const View& view, std::size_t indent, std::string_view label) {
+void TreeDump::node(const View& view, std::size_t indent) {
   constexpr std::size_t kStep = 2;
   const Node& node = view.node();
-  out_.append(indent, ' ');
-  if (!label.empty()) out_.append(label) += ": ";
   name(node.component);
   std::visit([this](const auto& e) { element(e); }, node.element);
-  for (const Modifier& m : node.modifiers) {
-    std::visit([this](const auto& plain) { modifier(plain); }, m);
-  }
-  out_ += '\n';
-  for (const Modifier& m : node.modifiers) {
-    std::visit(
-        [&]<class M>(const M& plain) {
-          if constexpr (requires { plain.content; }) {
-            this->node(plain.content, indent + kStep, MembersOf<M>::kName);
-          }
-        },
-        m);
-  }
+  endLine(indent);
+  const auto write = [&]<class M>(const M& plain) {
+    if (changesNothing(plain)) return;
+    modifier(plain);
+    endLine(indent + kStep);
+    if constexpr (requires { plain.content; }) this->node(plain.content, indent + 2 * kStep);
+  };
+  for (const Modifier& m : node.modifiers) std::visit(write, m);
   for (const View& child : node.children) this->node(child, indent + kStep);
+}
+
+void TreeDump::endLine(std::size_t indent) {
+  line_.appendTo(out_, indent);
+  line_ = {};
 }
 
 // Names may come over the wire; a line stays a line.
 void TreeDump::name(std::string_view component) {
-  for (const char c : component) out_ += c >= 0 && c < ' ' ? '?' : c;
-  if (!component.empty()) out_ += ' ';
+  for (const char c : component) line_.text += c >= 0 && c < ' ' ? '?' : c;
+  if (!component.empty()) line_.text += ' ';
 }
 
 template <class E>
 void TreeDump::element(const E& plain) {
-  out_ += MembersOf<E>::kName;
+  line_.text += MembersOf<E>::kName;
   members(plain);
 }
 
 void TreeDump::element(const StackElement& stack) {
-  out_ += nameOf(stack.axis);
+  line_.text += nameOf(stack.axis);
   members(stack);
 }
 
@@ -108,7 +118,7 @@ void TreeDump::element(const ShapeElement& shape) {
   const bool hasPaint = !std::holds_alternative<std::monostate>(shape.paint);
   if (hasPaint || shape.mode != ShapeElement::Mode::fill) word(nameOf(shape.mode));
   if (hasPaint) {
-    out_ += ' ';
+    line_.text += ' ';
     put(shape.paint);
   }
   ShapeElement rest = shape;
@@ -119,12 +129,13 @@ void TreeDump::element(const ShapeElement& shape) {
 
 template <class M>
 void TreeDump::modifier(const M& modifier) {
-  out_.append(" .").append(MembersOf<M>::kName);
-  const std::size_t start = out_.size();
+  line_.text.append(".").append(MembersOf<M>::kName);
+  const std::size_t start = line_.text.size();
   members(modifier);
-  if (out_.size() == start) return;
-  out_[start] = '(';
-  out_ += ')';
+  if (line_.text.size() == start) return;
+  line_.text[start] = '(';
+  std::erase(line_.spaces, start);
+  line_.text += ')';
 }
 
 // ---- members
@@ -136,7 +147,7 @@ void TreeDump::members(const T& record) {
     const auto& value = record.*pointer;
     if constexpr (!std::same_as<decltype(value), const View&>) {
       if (isLead) {
-        word({});
+        line_.text += ' ';
         put(value);
       } else if (!(value == defaultsOf<T>().*pointer)) {
         member(key, value);
@@ -149,27 +160,28 @@ void TreeDump::members(const T& record) {
 template <class T>
 void TreeDump::member(std::string_view key, const T& value) {
   word(key);
-  out_ += ' ';
+  line_.text += ' ';
   put(value);
 }
 
 void TreeDump::member(std::string_view key, bool value) {
   word(key);
-  if (!value) out_ += " false";
+  if (!value) line_.text += " false";
 }
 
 void TreeDump::word(std::string_view text) {
-  out_.append(" ").append(text);
+  line_.space();
+  line_.text += text;
 }
 
 // ---- values
 
 void TreeDump::put(const LengthPoint& point) {
-  out_ += '(';
+  line_.text += '(';
   put(point.x);
-  out_ += ", ";
+  line_.text += ", ";
   put(point.y);
-  out_ += ')';
+  line_.text += ')';
 }
 
 void TreeDump::put(const UnitPoint& point) {
@@ -185,22 +197,23 @@ void TreeDump::put(const Insets& insets) {
   bool isFirst = true;
   for (const auto& [edge, points] : edges) {
     if (points == 0) continue;
-    if (!isFirst) out_ += ' ';
-    out_.append(edge) += ' ';
+    if (!isFirst) line_.text += ' ';
+    line_.text.append(edge) += ' ';
     put(points);
     isFirst = false;
   }
 }
 
 void TreeDump::put(const Gradient& gradient) {
-  out_ += "gradient ";
+  line_.text += "gradient ";
   put(gradient.start);
-  out_ += " to ";
+  line_.text += " to ";
   put(gradient.end);
   for (const GradientStop& stop : gradient.stops) {
-    out_ += ", ";
+    line_.text += ',';
+    line_.space();
     put(stop.color);
-    out_ += " at ";
+    line_.text += " at ";
     put(stop.location);
   }
 }
@@ -208,13 +221,13 @@ void TreeDump::put(const Gradient& gradient) {
 void TreeDump::put(const Paint& paint) {
   std::visit(
       foundation::Overloaded{[&](const foundation::OneOf<Color, Gradient> auto& own) { put(own); },
-                             [&](std::monostate) { out_ += "inherited"; }},
+                             [&](std::monostate) { line_.text += "inherited"; }},
       paint);
 }
 
 void TreeDump::put(const std::vector<PathStep>& steps) {
   for (const PathStep& step : steps) {
-    if (&step != steps.data()) out_ += ' ';
+    if (&step != steps.data()) line_.space();
     put(step.verb);
     if (step.verb == PathStep::Verb::cubic) {
       put(step.control1);

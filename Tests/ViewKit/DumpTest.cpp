@@ -38,27 +38,92 @@ TEST(Samples, coverEveryElementShapeAndModifier) {
   EXPECT_EQ(modifiers.size(), std::variant_size_v<Modifier>);
 }
 
-TEST(Dump, indentsChildrenAndLabelsContents) {
+TEST(Dump, IndentsModifiersTheirContentsAndChildren) {
   const View icon = Symbol{"cart"}.background(Circle().overlay(Capsule()));
   const View tree =
       VStack{{}, View{HStack{{}, icon, Text{"x"}}}.named("Row"), Spacer{}}.containerBackground(
           Rectangle());
   EXPECT_EQ(dump(tree),
-            "VStack .containerBackground\n"
-            "  containerBackground: Rectangle\n"
+            "VStack\n"
+            "  .containerBackground\n"
+            "    Rectangle\n"
             "  Row HStack\n"
-            "    Symbol \"cart\" .background\n"
-            "      background: Circle .overlay\n"
-            "        overlay: Capsule\n"
+            "    Symbol \"cart\"\n"
+            "      .background\n"
+            "        Circle\n"
+            "          .overlay\n"
+            "            Capsule\n"
             "    Text \"x\"\n"
             "  Spacer\n");
 }
 
-TEST(Dump, contentsFollowTheOrderOfTheModifiers) {
-  EXPECT_EQ(dump(Text{"x"}.overlay(Circle()).background(Capsule())),
-            "Text \"x\" .overlay .background\n"
-            "  overlay: Circle\n"
-            "  background: Capsule\n");
+TEST(Dump, ContentsStandBelowTheirModifier) {
+  EXPECT_EQ(dump(Text{"x"}.overlay(Circle()).padding(3).background(Capsule())),
+            "Text \"x\"\n"
+            "  .overlay\n"
+            "    Circle\n"
+            "  .padding(3)\n"
+            "  .background\n"
+            "    Capsule\n");
+}
+
+TEST(Dump, AModifierThatChangesNothingIsLeftOut) {
+  EXPECT_EQ(dump(Text{"x"}.padding(0).opacity(1).offset(0, 0).zIndex(0).layoutPriority(0)),
+            "Text \"x\"\n");
+  EXPECT_EQ(dump(Text{"x"}.offset(0, kHeight)), "Text \"x\"\n  .offset(y H)\n");
+}
+
+TEST(Dump, WhatAModifierIsAboutIsWrittenThoughItIsTheDefault) {
+  EXPECT_EQ(dump(Text{"x"}.privacySensitive(PrivacyTreatment::masked)),
+            "Text \"x\"\n  .privacy(masked)\n");
+  EXPECT_EQ(dump(Text{"x"}.layoutDirection(LayoutDirection::leftToRight)),
+            "Text \"x\"\n  .layoutDirection(leftToRight)\n");
+}
+
+// ---- long lines
+
+/// `Text "éé..." size 20 lineLimit 1` has so many characters in its text that the first line ends
+/// after `size 20` in column `columns`.
+View textWithSizeEndingAt(std::size_t columns) {
+  constexpr std::size_t kOthers = std::string_view{"Text \"\" size 20"}.size();
+  std::string text;
+  for (std::size_t i = kOthers; i < columns; ++i) text += "\u00E9";
+  return Text{text}.font(20).lineLimit(1);
+}
+
+TEST(Dump, ALineEndsInColumn100AtTheLatest) {
+  const std::string fits = dump(textWithSizeEndingAt(100));
+  EXPECT_TRUE(fits.ends_with("\" size 20\n    lineLimit 1\n")) << fits;
+  const std::string tooLong = dump(textWithSizeEndingAt(101));
+  EXPECT_TRUE(tooLong.ends_with("\"\n    size 20 lineLimit 1\n")) << tooLong;
+}
+
+TEST(Dump, IndentationCountsAndWhatFollowsIsIndentedTwice) {
+  const View row = HStack{{}, textWithSizeEndingAt(99)};
+  EXPECT_TRUE(dump(row).ends_with("\"\n      size 20 lineLimit 1\n")) << dump(row);
+}
+
+TEST(Dump, OneLongTextStaysInOneLine) {
+  const std::string label(200, 'x');
+  EXPECT_EQ(dump(Circle().accessibilityLabel(label)),
+            "Circle\n  .accessibility(label \"" + label + "\")\n");
+}
+
+TEST(Dump, PathsAndGradientsBreakBetweenStepsAndStops) {
+  const std::vector<PathStep> steps(30, {PathStep::Verb::line, {1, 2}});
+  std::string expected = "Path";
+  for (int i = 0; i < 12; ++i) expected += " L(1, 2)";  // 4 + 12 * 8 = 100 columns
+  expected += "\n   ";
+  for (int i = 0; i < 12; ++i) expected += " L(1, 2)";  // 3 + 12 * 8 = 99
+  expected += "\n   ";
+  for (int i = 0; i < 6; ++i) expected += " L(1, 2)";
+  EXPECT_EQ(dump(Path(steps)), expected + "\n");
+
+  const std::vector<Color> colors(5, Color::dynamic(0x6B1F3A, 0xB4416A));
+  EXPECT_EQ(dump(LinearGradient(Gradient::even(colors, {0, 0}, {1, 1}))),
+            "Rectangle fill gradient (0, 0) to (1, 1), #6B1F3A/#B4416A at 0, "
+            "#6B1F3A/#B4416A at 0.25,\n"
+            "    #6B1F3A/#B4416A at 0.5, #6B1F3A/#B4416A at 0.75, #6B1F3A/#B4416A at 1\n");
 }
 
 TEST(Dump, numbersAreShort) {

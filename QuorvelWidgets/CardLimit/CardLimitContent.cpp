@@ -4,7 +4,6 @@
 
 #include "QuorvelWidgets/CardLimit/CardFigures.hpp"
 #include "QuorvelWidgets/WidgetSupport/Colors/Palette.hpp"
-#include "QuorvelWidgets/WidgetSupport/Components/WidgetHeader.hpp"
 #include "QuorvelWidgets/WidgetSupport/Texts/Percent.hpp"
 #include "QuorvelWidgets/WidgetSupport/Texts/SpokenTexts.hpp"
 #include "QuorvelWidgets/WidgetSupport/Texts/WidgetStrings.hpp"
@@ -12,24 +11,6 @@
 namespace quorvel {
 
 using namespace viewkit;
-
-std::string CardLimitContent::text(TextKey key) const {
-  return WidgetStrings::text(key, snapshot.lang);
-}
-
-Text CardLimitContent::caption(std::string words, double size) const {
-  return Text{std::move(words)}.font(size).lineLimit(1).minimumScaleFactor(0.8).language(
-      snapshot.lang);
-}
-
-View CardLimitContent::header(bool compact) const {
-  return WidgetHeader{.symbol = std::string{kCardSymbol},
-                      .text = text("remainingLimit"),
-                      .compact = compact,
-                      .accent = accent,
-                      .lang = snapshot.lang,
-                      .colors = colors};
-}
 
 double CardLimitContent::totalUsed() const {
   return usedFraction(snapshot.totalLimit, snapshot.totalRemaining);

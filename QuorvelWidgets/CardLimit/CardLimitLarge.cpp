@@ -2,6 +2,7 @@
 #include "QuorvelWidgets/CardLimit/CardStack.hpp"
 #include "QuorvelWidgets/WidgetSupport/Colors/Palette.hpp"
 #include "QuorvelWidgets/WidgetSupport/Components/Amount.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/Filling.hpp"
 #include "QuorvelWidgets/WidgetSupport/Components/WidgetScaffold.hpp"
 
 namespace quorvel {
@@ -15,7 +16,7 @@ View hero(const CardLimitContent& content) {
   return HStack{
       {.spacing = 8},
       Amount{.value = content.snapshot.totalRemaining, .snapshot = content.snapshot, .size = 30},
-      when(!content.snapshot.isHidden,
+      when(!content.isHidden(),
            [&] {
              return content.usedText(used, 12)
                  .foregroundStyle(content.usageColor(used))
@@ -52,14 +53,12 @@ View cardLimitLarge(const CardLimitContent& content) {
                        .renderingMode = content.environment.widgetRenderingMode};
   return VStack{
       {.alignment = HorizontalAlignment::leading, .spacing = 0},
-      content.header(false),
+      content.header(HeaderSize::regular),
       hero(content).padding({.top = 8}),
       hairline.padding({.top = 12}),
       row(content, "totalLimit", snapshot.totalLimit).padding({.top = 10}),
       row(content, "usedLabel", snapshot.totalLimit - snapshot.totalRemaining).padding({.top = 5}),
-      pile.padding({.top = 14})
-          .frame(FlexibleFrame{
-              .maxWidth = kInfinity, .maxHeight = kInfinity, .alignment = Alignment::top}),
+      pile.padding({.top = 14}).frame(filling(Alignment::top)),
   };
 }
 

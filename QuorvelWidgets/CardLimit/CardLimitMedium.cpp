@@ -16,12 +16,13 @@ constexpr double kPileMargin = 14;
 /// What stands below the amount; the count goes first.
 View details(const CardLimitContent& content) {
   const double used = content.totalUsed();
-  View count = whereItFits(content
-                               .caption(cardCountText(static_cast<std::int64_t>(content.cardCount),
-                                                      content.snapshot.lang),
-                                        11.5)
-                               .foregroundStyle(content.colors.caption()));
-  if (content.snapshot.isHidden) return count;
+  View count = whereItFits(
+      content
+          .caption(cardCountText(static_cast<std::int64_t>(content.snapshot.cards.size()),
+                                 content.lang()),
+                   11.5)
+          .foregroundStyle(content.colors.caption()));
+  if (content.isHidden()) return count;
   return whereItFits(VStack{
       {.alignment = HorizontalAlignment::leading, .spacing = 0},
       content.usedText(used, 11.5)
@@ -39,7 +40,7 @@ View totals(const CardLimitContent& content) {
       kWidth + content.environment.contentMargins().trailing - kPileWidth - kPileMargin - kGap;
   return VStack{
       {.alignment = HorizontalAlignment::leading, .spacing = 0},
-      content.header(true),
+      content.header(HeaderSize::compact),
       Amount{.value = content.snapshot.totalRemaining, .snapshot = content.snapshot, .size = 24}
           .padding({.top = 8}),
       details(content),

@@ -3,7 +3,6 @@
 #include "QuorvelWidgets/CardLimit/CardLimitContent.hpp"
 #include "QuorvelWidgets/WidgetSupport/Components/Amount.hpp"
 #include "QuorvelWidgets/WidgetSupport/Components/WidgetMeter.hpp"
-#include "QuorvelWidgets/WidgetSupport/Components/WidgetPrivacyNote.hpp"
 #include "QuorvelWidgets/WidgetSupport/Texts/SpokenTexts.hpp"
 
 namespace quorvel {
@@ -30,7 +29,7 @@ View face(const CardLimitContent& content, const WidgetSnapshot::Card& card) {
   View tile = cardFace(card, 9, Alignment::center, weakestText, number.empty() ? 0.45 : 1, mode)
                   .frame(FlexibleFrame{.minHeight = kLeastFace, .maxHeight = kFace});
   if (!card.hasImage) {
-    tile = tile.overlay(cardTitleText(card, 10.5, content.snapshot.lang, mode)
+    tile = tile.overlay(cardTitleText(card, 10.5, content.lang(), mode)
                             .padding({.top = 8, .leading = 10, .trailing = 10}),
                         Alignment::topLeading);
   }
@@ -40,7 +39,7 @@ View face(const CardLimitContent& content, const WidgetSnapshot::Card& card) {
                             .tracking(1)
                             .lineLimit(1)
                             .direction(LayoutDirection::leftToRight)
-                            .accessibilityLabel(spokenEndingIn(number, content.snapshot.lang))
+                            .accessibilityLabel(spokenEndingIn(number, content.lang()))
                             .foregroundStyle(faceTextColor(mode).withOpacity(kNumberOpacity))
                             .padding({.leading = 10, .bottom = 7}),
                         Alignment::bottomLeading);
@@ -72,10 +71,7 @@ View cardLimitSmall(const CardLimitContent& content) {
   const double fraction = usedFraction(card.limit, card.remaining);
   // The amount above it says that it is hidden.
   const View footer =
-      content.snapshot.isHidden
-          ? WidgetPrivacyNote{.lang = content.snapshot.lang, .color = content.colors.caption()}
-                .accessibilityHidden()
-          : usageRow(content, fraction);
+      content.isHidden() ? content.silentPrivacyNote() : usageRow(content, fraction);
   const View remaining =
       VStack{
           {.alignment = HorizontalAlignment::leading, .spacing = 0},

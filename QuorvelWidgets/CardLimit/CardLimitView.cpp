@@ -4,10 +4,6 @@
 
 #include "QuorvelWidgets/CardLimit/CardFigures.hpp"
 #include "QuorvelWidgets/CardLimit/CardLimitContent.hpp"
-#include "QuorvelWidgets/WidgetSupport/Colors/Palette.hpp"
-#include "QuorvelWidgets/WidgetSupport/Components/WidgetLink.hpp"
-#include "QuorvelWidgets/WidgetSupport/Components/WidgetScaffold.hpp"
-#include "QuorvelWidgets/WidgetSupport/Snapshot/WidgetEnvironment.hpp"
 #include "QuorvelWidgets/WidgetSupport/Texts/AmountText.hpp"
 #include "QuorvelWidgets/WidgetSupport/Texts/WidgetStrings.hpp"
 
@@ -18,8 +14,7 @@ using widgetruntime::WidgetFamily;
 
 namespace {
 
-constexpr EmptyState kNoSnapshot{kCardSymbol, "remainingLimit", "signIn", "openQuorvel"};
-constexpr EmptyState kNoCards{kCardSymbol, "remainingLimit", "noCards", "addCard"};
+constexpr EmptyState kNoCards{"noCards", "addCard"};
 
 std::size_t mostCards(WidgetFamily family) {
   if (family == WidgetFamily::systemLarge) return 5;
@@ -42,46 +37,39 @@ widgetruntime::WidgetSummary::State stateOf(Usage usage) {
 }  // namespace
 
 View CardLimitView::body() const {
-  WidgetScaffold scaffold{entry.snapshot, environment, widgetLink(urlScheme, "cards")};
-  if (!entry.snapshot) return scaffold.root(scaffold.message(kNoSnapshot));
-  const WidgetSnapshot& snapshot = *entry.snapshot;
-  if (snapshot.cards.empty()) return scaffold.root(scaffold.message(kNoCards));
+  WidgetScaffold scaffold = this->scaffold();
+  if (!snapshot) return scaffold.root(scaffold.message(kNoSnapshot));
+  if (snapshot->cards.empty()) return scaffold.root(scaffold.message(kNoCards));
   const WidgetFamily family = environment.familyInForce();
-  const CardLimitContent content{
-      .snapshot = withEffectivePrivacy(snapshot, environment),
-      .cards = orderedCards(snapshot.cards, entry.cardId, mostCards(family)),
-      .cardCount = snapshot.cards.size(),
-      .accent = ModeColors{environment.widgetRenderingMode}.accent(snapshot.accent),
-      .environment = environment};
+  const CardLimitContent content{{context()},
+                                 orderedCards(snapshot->cards, entry.cardId, mostCards(family))};
   const Color primary = content.colors.text();
   if (family == WidgetFamily::systemLarge) {
     return scaffold.root(cardLimitLarge(content).foregroundStyle(primary));
   }
   // The pile of the medium layout reaches beyond the margins, which its column applies itself.
   if (family == WidgetFamily::systemMedium) {
-    return scaffold.root(cardLimitMedium(content).foregroundStyle(primary), false);
+    return scaffold.rootWithoutMargins(cardLimitMedium(content).foregroundStyle(primary));
   }
   scaffold.link = cardLink(urlScheme, content.cards.front()->id);
   return scaffold.root(cardLimitSmall(content).foregroundStyle(primary));
 }
 
 widgetruntime::WidgetSummary CardLimitView::summary() const {
-  const WidgetScaffold scaffold{entry.snapshot, environment, {}};
-  if (environment.redactionReasons.placeholder) return scaffold.titleSummary(kNoSnapshot);
-  if (!entry.snapshot) return scaffold.messageSummary(kNoSnapshot);
-  const auto& cards = entry.snapshot->cards;
+  const WidgetScaffold scaffold = this->scaffold();
+  if (const auto summary = scaffold.summaryWithoutData()) return *summary;
+  const auto& cards = snapshot->cards;
   if (cards.empty()) return scaffold.messageSummary(kNoCards);
-  const WidgetSnapshot snapshot = withEffectivePrivacy(*entry.snapshot, environment);
   const auto chosen = entry.cardId
                           ? std::ranges::find(cards, *entry.cardId, &WidgetSnapshot::Card::id)
                           : cards.end();
   const bool isAll = chosen == cards.end();
-  const double remaining = isAll ? snapshot.totalRemaining : chosen->remaining;
-  const double used = usedFraction(isAll ? snapshot.totalLimit : chosen->limit, remaining);
+  const double remaining = isAll ? snapshot->totalRemaining : chosen->remaining;
+  const double used = usedFraction(isAll ? snapshot->totalLimit : chosen->limit, remaining);
   // How much is used is a proportion, which goes with the amounts.
   using State = widgetruntime::WidgetSummary::State;
-  return {.text = isolatedAmount(amountText(remaining, snapshot)),
-          .state = snapshot.isHidden ? State::none : stateOf(usageOf(used))};
+  return {.text = isolatedAmount(amountText(remaining, *snapshot)),
+          .state = snapshot->isHidden ? State::none : stateOf(usageOf(used))};
 }
 
 }  // namespace quorvel

@@ -6,8 +6,6 @@
 
 namespace quorvel {
 
-using widgetruntime::Environment;
-using widgetruntime::WidgetContent;
 using widgetruntime::WidgetFamily;
 
 widgetruntime::Widget CardLimitWidget::configuration(const SnapshotStore& store,
@@ -21,11 +19,7 @@ widgetruntime::Widget CardLimitWidget::configuration(const SnapshotStore& store,
                     WidgetFamily::systemLarge}},
       SelectCardIntent::description(store),
       CardProvider{store},
-      [store](const CardEntry& entry, const Environment& environment) {
-        const CardLimitView view{
-            .entry = entry, .environment = environment, .urlScheme = store.urlScheme()};
-        return WidgetContent{view.body(), view.summary()};
-      });
+      contentOf<CardLimitView>(store));
 }
 
 }  // namespace quorvel

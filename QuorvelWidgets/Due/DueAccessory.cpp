@@ -1,8 +1,8 @@
 #include <utility>
 
 #include "QuorvelWidgets/Due/DueContent.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/Filling.hpp"
 #include "QuorvelWidgets/WidgetSupport/Components/FittingWidth.hpp"
-#include "QuorvelWidgets/WidgetSupport/Snapshot/WidgetEnvironment.hpp"
 #include "QuorvelWidgets/WidgetSupport/Texts/AmountText.hpp"
 #include "QuorvelWidgets/WidgetSupport/Texts/WidgetStrings.hpp"
 
@@ -20,8 +20,8 @@ View calendarSymbol(double size) {
 // What a person would say of the next payment in one breath.
 Accessibility spoken(const DueContent& content) {
   const UpcomingDue& next = content.upcoming.front();
-  return {.label = spokenRelativeLabel(next.days, content.snapshot.lang) + ", " + next.due->name +
-                   ", " + amountAccessibilityLabel(next.due->amount, content.snapshot),
+  return {.label = spokenRelativeLabel(next.days, content.lang()) + ", " + next.due->name + ", " +
+                   amountAccessibilityLabel(next.due->amount, content.snapshot),
           .children = Accessibility::Children::ignore};
 }
 
@@ -35,7 +35,7 @@ View inlineLine(const DueContent& content) {
             .font(13, FontWeight::medium)
             .lineLimit(1)
             .minimumScaleFactor(0.8)
-            .language(content.snapshot.lang)
+            .language(content.lang())
             .privacySensitive(PrivacyTreatment::masked),
     };
   };
@@ -48,7 +48,7 @@ View circular(const DueContent& content) {
   return VStack{
       {.spacing = 1},
       calendarSymbol(16),
-      content.caption(relativeLabel(next.days, content.snapshot.lang), 11).minimumScaleFactor(0.6),
+      content.caption(relativeLabel(next.days, content.lang()), 11).minimumScaleFactor(0.6),
   }
       .accessibility(spoken(content));
 }
@@ -60,7 +60,7 @@ View rectangular(const DueContent& content) {
       HStack{
           {.spacing = 4},
           calendarSymbol(11.5),
-          content.caption(relativeLabel(next.days, content.snapshot.lang), 11.5)
+          content.caption(relativeLabel(next.days, content.lang()), 11.5)
               .font(11.5, FontWeight::semibold),
       }
           .foregroundStyle(secondary);
@@ -71,8 +71,7 @@ View rectangular(const DueContent& content) {
       content.name(*next.due, 11).font(11).foregroundStyle(secondary),
   }
       .padding({.top = 6, .leading = 10, .bottom = 6, .trailing = 10})
-      .frame(FlexibleFrame{
-          .maxWidth = kInfinity, .maxHeight = kInfinity, .alignment = Alignment::leading})
+      .frame(filling(Alignment::leading))
       .accessibility(spoken(content));
 }
 

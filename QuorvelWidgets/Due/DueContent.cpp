@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "Foundation/DayString.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/Amount.hpp"
 #include "QuorvelWidgets/WidgetSupport/Texts/AmountText.hpp"
 #include "QuorvelWidgets/WidgetSupport/Texts/SpokenTexts.hpp"
 #include "QuorvelWidgets/WidgetSupport/Texts/WidgetDates.hpp"
@@ -12,11 +13,6 @@ namespace quorvel {
 
 using namespace viewkit;
 using widgetruntime::RenderingMode;
-
-Text DueContent::caption(std::string words, double size) const {
-  return Text{std::move(words)}.font(size).lineLimit(1).minimumScaleFactor(0.8).language(
-      snapshot.lang);
-}
 
 Text DueContent::name(const WidgetSnapshot::Due& due, double size) const {
   return Text{due.name}.font(size, FontWeight::semibold).lineLimit(1).language(snapshot.lang);
@@ -33,17 +29,11 @@ View DueContent::subtitle(const WidgetSnapshot::Due& due) const {
 }
 
 std::string DueContent::amountText(const WidgetSnapshot::Due& due) const {
-  return snapshot.isHidden ? "••••" : snapshot.money.format(due.amount);
+  return quorvel::amountText(due.amount, snapshot, AmountForm::full);
 }
 
 View DueContent::amount(const WidgetSnapshot::Due& due, double size) const {
-  return Text{amountText(due)}
-      .font(size, FontWeight::bold)
-      .tracking(size * -0.02)
-      .lineLimit(1)
-      .minimumScaleFactor(0.55)
-      .direction(LayoutDirection::leftToRight)
-      .numericTransition()
+  return amountFigure(amountText(due), size, FontWeight::bold)
       .privacySensitive(PrivacyTreatment::masked)
       .accessibilityLabel(amountAccessibilityLabel(due.amount, snapshot));
 }
@@ -67,20 +57,20 @@ View DueContent::dueDate(const WidgetSnapshot::Due& due, double size) const {
   const auto day = foundation::parseDayString(due.dueDate);
   const auto instant = day ? calendar.date(day->year, day->month, day->day) : std::nullopt;
   if (!instant) return {};
-  const std::string words = WidgetStrings::text("due", snapshot.lang) + " ";
+  const std::string words = text("due") + " ";
   return caption(words + dueDateText(*instant, snapshot.lang, environment.timeZone), size)
       .accessibilityLabel(words + spokenDueDateText(*instant, snapshot.lang, environment.timeZone));
 }
 
 std::string inlineText(const DueContent& content) {
   const UpcomingDue& next = content.upcoming.front();
-  return relativeLabel(next.days, content.snapshot.lang) + " · " + isolatedName(next.due->name) +
-         " · " + isolatedAmount(content.amountText(*next.due));
+  return relativeLabel(next.days, content.lang()) + " · " + isolatedName(next.due->name) + " · " +
+         isolatedAmount(content.amountText(*next.due));
 }
 
 std::string bareInlineText(const DueContent& content) {
   const UpcomingDue& next = content.upcoming.front();
-  return relativeLabel(next.days, content.snapshot.lang) + " · " +
+  return relativeLabel(next.days, content.lang()) + " · " +
          isolatedAmount(content.amountText(*next.due));
 }
 

@@ -6,29 +6,21 @@
 #include <vector>
 
 #include "QuorvelWidgets/Due/UpcomingDues.hpp"
-#include "QuorvelWidgets/WidgetSupport/Colors/ModeColors.hpp"
-#include "QuorvelWidgets/WidgetSupport/Snapshot/WidgetSnapshot.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/WidgetContext.hpp"
 #include "QuorvelWidgets/WidgetSupport/Texts/AmountText.hpp"
 #include "ViewKit/ViewKit.hpp"
-#include "WidgetRuntime/Environment.hpp"
 
 namespace quorvel {
 
-inline constexpr std::string_view kDueSymbol = "calendar.badge.clock";
 inline constexpr double kSubtitleOpacity = 0.85;
 /// As many as the tallest layout shows.
 inline constexpr std::size_t kMostDues = 3;
 
-struct DueContent {
-  WidgetSnapshot snapshot;            ///< its `isHidden` is the effective privacy
+struct DueContent : WidgetContext {
   std::vector<UpcomingDue> upcoming;  ///< at least one
   std::string urlScheme;
-  widgetruntime::Environment environment;
-  ModeColors colors{environment.widgetRenderingMode};
   const foundation::Calendar& calendar;
 
-  /// A caption: one line in the snapshot's language.
-  [[nodiscard]] viewkit::Text caption(std::string text, double size) const;
   /// The user's own name of a payment; may be cut.
   [[nodiscard]] viewkit::Text name(const WidgetSnapshot::Due& due, double size) const;
   /// What stands below the name; nothing when there is no such text.

@@ -2,6 +2,7 @@
 #include "QuorvelWidgets/Due/DueTile.hpp"
 #include "QuorvelWidgets/WidgetSupport/Colors/Palette.hpp"
 #include "QuorvelWidgets/WidgetSupport/Components/FaceStyle.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/Filling.hpp"
 #include "QuorvelWidgets/WidgetSupport/Components/FittingWidth.hpp"
 #include "QuorvelWidgets/WidgetSupport/Components/WidgetLink.hpp"
 
@@ -109,7 +110,7 @@ View dueMedium(const DueContent& content) {
   // Where the last card's figures have no room, one card less is shown.
   const View cards = count < 2 ? pile(content, count)
                                : Fitting{pile(content, count), pile(content, count - 1)}.view();
-  return cards.frame(FlexibleFrame{.maxWidth = kInfinity, .maxHeight = kInfinity}).padding(10);
+  return cards.frame(filling()).padding(10);
 }
 
 }  // namespace quorvel

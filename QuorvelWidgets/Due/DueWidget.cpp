@@ -6,8 +6,6 @@
 
 namespace quorvel {
 
-using widgetruntime::Environment;
-using widgetruntime::WidgetContent;
 using widgetruntime::WidgetFamily;
 
 widgetruntime::Widget DueWidget::configuration(const SnapshotStore& store, std::string_view lang) {
@@ -17,11 +15,7 @@ widgetruntime::Widget DueWidget::configuration(const SnapshotStore& store, std::
        .description = "Card bills, bills and loans due next.",
        .families = {WidgetFamily::systemSmall, WidgetFamily::systemMedium}},
       SnapshotProvider{store},
-      [store](const SnapshotEntry& entry, const Environment& environment) {
-        const DueWidgetView view{
-            .entry = entry, .environment = environment, .urlScheme = store.urlScheme()};
-        return WidgetContent{view.body(), view.summary()};
-      });
+      contentOf<DueWidgetView>(store));
 }
 
 }  // namespace quorvel

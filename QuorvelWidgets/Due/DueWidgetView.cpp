@@ -1,10 +1,7 @@
 #include "QuorvelWidgets/Due/DueWidgetView.hpp"
 
 #include "QuorvelWidgets/Due/DueContent.hpp"
-#include "QuorvelWidgets/WidgetSupport/Colors/Palette.hpp"
-#include "QuorvelWidgets/WidgetSupport/Components/WidgetLink.hpp"
-#include "QuorvelWidgets/WidgetSupport/Components/WidgetScaffold.hpp"
-#include "QuorvelWidgets/WidgetSupport/Snapshot/WidgetEnvironment.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/Filling.hpp"
 #include "QuorvelWidgets/WidgetSupport/Texts/WidgetStrings.hpp"
 
 namespace quorvel {
@@ -14,8 +11,7 @@ using widgetruntime::WidgetFamily;
 
 namespace {
 
-constexpr EmptyState kNoSnapshot{kDueSymbol, "nextDue", "signIn", "openQuorvel"};
-constexpr EmptyState kNothingDue{kDueSymbol, "nextDue", "nothingDue", "allClear", true};
+constexpr EmptyState kNothingDue{.text = "nothingDue", .label = "allClear", .labelIsStatus = true};
 
 // The flat accessories have room for the message's words alone.
 View emptyView(const WidgetScaffold& scaffold, const EmptyState& state) {
@@ -28,46 +24,40 @@ View emptyView(const WidgetScaffold& scaffold, const EmptyState& state) {
                          .minimumScaleFactor(0.8)
                          .language(scaffold.lang());
   if (family == WidgetFamily::accessoryInline) return words.lineLimit(1);
-  return words.lineLimit(2)
-      .padding(Insets::horizontal(10))
-      .frame(FlexibleFrame{
-          .maxWidth = kInfinity, .maxHeight = kInfinity, .alignment = Alignment::leading});
+  return words.lineLimit(2).padding(Insets::horizontal(10)).frame(filling(Alignment::leading));
 }
 
 DueContent makeContent(const DueWidgetView& view,
-                       const WidgetSnapshot& snapshot,
                        const foundation::Calendar& calendar,
                        std::size_t mostDues) {
-  return {.snapshot = withEffectivePrivacy(snapshot, view.environment),
-          .upcoming = upcomingDues(snapshot.dues, view.entry.date, calendar, mostDues),
-          .urlScheme = view.urlScheme,
-          .environment = view.environment,
-          .calendar = calendar};
+  return {view.context(),
+          upcomingDues(view.snapshot->dues, view.entry.date, calendar, mostDues),
+          view.urlScheme,
+          calendar};
 }
 
 }  // namespace
 
 View DueWidgetView::body() const {
-  const WidgetScaffold scaffold{entry.snapshot, environment, widgetLink(urlScheme, "bills")};
+  const WidgetScaffold scaffold = this->scaffold();
   const WidgetFamily family = environment.familyInForce();
-  if (!entry.snapshot) return scaffold.root(emptyView(scaffold, kNoSnapshot));
+  if (!snapshot) return scaffold.root(emptyView(scaffold, kNoSnapshot));
   const foundation::Calendar calendar{environment.locale, environment.timeZone};
-  const DueContent content = makeContent(*this, *entry.snapshot, calendar, kMostDues);
+  const DueContent content = makeContent(*this, calendar, kMostDues);
   if (content.upcoming.empty()) return scaffold.root(emptyView(scaffold, kNothingDue));
   const Color primary = isAccessory(family) ? Color::primary() : content.colors.text();
   if (family == WidgetFamily::systemMedium) {
-    return scaffold.root(dueMedium(content).foregroundStyle(primary), false);
+    return scaffold.rootWithoutMargins(dueMedium(content).foregroundStyle(primary));
   }
   const View layout = isAccessory(family) ? dueAccessory(content) : dueSmall(content);
   return scaffold.root(layout.foregroundStyle(primary));
 }
 
 widgetruntime::WidgetSummary DueWidgetView::summary() const {
-  const WidgetScaffold scaffold{entry.snapshot, environment, {}};
-  if (environment.redactionReasons.placeholder) return scaffold.titleSummary(kNoSnapshot);
-  if (!entry.snapshot) return scaffold.messageSummary(kNoSnapshot);
+  const WidgetScaffold scaffold = this->scaffold();
+  if (const auto summary = scaffold.summaryWithoutData()) return *summary;
   const foundation::Calendar calendar{environment.locale, environment.timeZone};
-  const DueContent content = makeContent(*this, *entry.snapshot, calendar, 1);
+  const DueContent content = makeContent(*this, calendar, 1);
   if (content.upcoming.empty()) return scaffold.messageSummary(kNothingDue);
   return {.text = inlineText(content)};
 }

@@ -1,23 +1,17 @@
 // The due widget's view: a pure function of one entry and the host's environment.
 #pragma once
 
-#include <string>
 #include <string_view>
 
+#include "QuorvelWidgets/WidgetSupport/Components/WidgetView.hpp"
 #include "QuorvelWidgets/WidgetSupport/Snapshot/SnapshotTimeline.hpp"
-#include "ViewKit/ViewKit.hpp"
-#include "WidgetRuntime/Environment.hpp"
-#include "WidgetRuntime/WidgetSummary.hpp"
 
 namespace quorvel {
 
-/// Keeps a reference to the entry: use it while the entry lives.
-struct DueWidgetView : viewkit::Modifiers<DueWidgetView> {
+struct DueWidgetView : WidgetView<DueWidgetView, SnapshotEntry> {
   static constexpr std::string_view kName = "DueWidgetView";
-
-  const SnapshotEntry& entry;
-  widgetruntime::Environment environment;
-  std::string urlScheme;
+  static constexpr WidgetTitle kTitle{"calendar.badge.clock", "nextDue"};
+  static constexpr std::string_view kDestination = "bills";
 
   [[nodiscard]] viewkit::View body() const;
   /// The next payment as the inline family shows it.

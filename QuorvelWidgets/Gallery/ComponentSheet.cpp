@@ -18,7 +18,6 @@
 #include "QuorvelWidgets/WidgetSupport/Components/WidgetPrivacyNote.hpp"
 #include "QuorvelWidgets/WidgetSupport/Components/WidgetScaffold.hpp"
 #include "QuorvelWidgets/WidgetSupport/Components/WidgetUsageGauge.hpp"
-#include "QuorvelWidgets/WidgetSupport/Snapshot/WidgetEnvironment.hpp"
 
 namespace quorvel {
 

@@ -2,16 +2,11 @@
 
 #include <algorithm>
 #include <cmath>
-#include <span>
 #include <utility>
 
 #include "QuorvelWidgets/NetWorth/AreaChart.hpp"
 #include "QuorvelWidgets/WidgetSupport/Components/WidgetChange.hpp"
-#include "QuorvelWidgets/WidgetSupport/Components/WidgetHeader.hpp"
-#include "QuorvelWidgets/WidgetSupport/Components/WidgetMeter.hpp"
-#include "QuorvelWidgets/WidgetSupport/Components/WidgetPrivacyNote.hpp"
 #include "QuorvelWidgets/WidgetSupport/Texts/ChangeDescription.hpp"
-#include "QuorvelWidgets/WidgetSupport/Texts/WidgetStrings.hpp"
 
 namespace quorvel {
 
@@ -25,31 +20,14 @@ constexpr int kChangePrecision = 1;
 
 }  // namespace
 
-std::string NetWorthContent::text(TextKey key) const {
-  return WidgetStrings::text(key, snapshot.lang);
-}
-
-Text NetWorthContent::caption(std::string words, double size) const {
-  return Text{std::move(words)}.font(size).lineLimit(1).minimumScaleFactor(0.85).language(
-      snapshot.lang);
-}
-
-View NetWorthContent::header(bool compact) const {
-  return WidgetHeader{.symbol = std::string{kNetWorthSymbol},
-                      .text = text("netWorth"),
-                      .compact = compact,
-                      .accent = accent,
-                      .lang = snapshot.lang,
-                      .colors = colors};
-}
-
 std::span<const WidgetSnapshot::NetWorth::Point> NetWorthContent::history() const {
   const std::span all{netWorth.history};
   return all.last(std::min(all.size(), kMostPoints));
 }
 
-View NetWorthContent::chart(bool showsGrid) const {
-  if (snapshot.isHidden) {
+View NetWorthContent::chart(ChartGrid grid) const {
+  const bool showsGrid = grid == ChartGrid::shown;
+  if (isHidden()) {
     return HiddenChart{.color = colors.track(),
                        .showsGrid = showsGrid,
                        .renderingMode = environment.widgetRenderingMode};
@@ -63,10 +41,7 @@ View NetWorthContent::chart(bool showsGrid) const {
 }
 
 View NetWorthContent::change() const {
-  if (snapshot.isHidden) {
-    return WidgetPrivacyNote{.lang = snapshot.lang, .color = colors.caption()}
-        .accessibilityHidden();  // the amount beside it says it
-  }
+  if (isHidden()) return silentPrivacyNote();
   if (!netWorth.changePercent) return {};
   return WidgetChange{.value = *netWorth.changePercent,
                       .precision = kChangePrecision,

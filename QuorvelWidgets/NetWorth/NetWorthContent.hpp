@@ -2,34 +2,26 @@
 #pragma once
 
 #include <optional>
+#include <span>
 #include <string>
-#include <string_view>
 
-#include "QuorvelWidgets/WidgetSupport/Colors/ModeColors.hpp"
-#include "QuorvelWidgets/WidgetSupport/Snapshot/WidgetSnapshot.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/WidgetContext.hpp"
 #include "QuorvelWidgets/WidgetSupport/Texts/ChangeDescription.hpp"
-#include "QuorvelWidgets/WidgetSupport/Texts/TextKey.hpp"
 #include "ViewKit/ViewKit.hpp"
-#include "WidgetRuntime/Environment.hpp"
 
 namespace quorvel {
 
-inline constexpr std::string_view kNetWorthSymbol = "chart.line.uptrend.xyaxis";
+/// Captions of this widget shrink less than others.
+inline constexpr double kLeastCaption = 0.85;
 
-struct NetWorthContent {
-  WidgetSnapshot snapshot;  ///< its `isHidden` is the effective privacy
+enum class ChartGrid { none, shown };
+
+struct NetWorthContent : AccentedContext {
   const WidgetSnapshot::NetWorth& netWorth;
-  WAccent accent;
-  widgetruntime::Environment environment;
-  ModeColors colors{environment.widgetRenderingMode};
 
-  [[nodiscard]] std::string text(TextKey key) const;
-  /// A caption: one line in the snapshot's language.
-  [[nodiscard]] viewkit::Text caption(std::string text, double size) const;
-  [[nodiscard]] viewkit::View header(bool compact) const;
   /// The months that are drawn: the latest ones, oldest first.
   [[nodiscard]] std::span<const WidgetSnapshot::NetWorth::Point> history() const;
-  [[nodiscard]] viewkit::View chart(bool showsGrid) const;
+  [[nodiscard]] viewkit::View chart(ChartGrid grid) const;
   /// The change, or that amounts are hidden; empty without either.
   [[nodiscard]] viewkit::View change() const;
 };

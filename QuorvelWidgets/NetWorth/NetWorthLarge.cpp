@@ -7,7 +7,7 @@
 #include "QuorvelWidgets/NetWorth/NetWorthContent.hpp"
 #include "QuorvelWidgets/WidgetSupport/Colors/Palette.hpp"
 #include "QuorvelWidgets/WidgetSupport/Components/Amount.hpp"
-#include "QuorvelWidgets/WidgetSupport/Components/WidgetScaffold.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/Filling.hpp"
 #include "QuorvelWidgets/WidgetSupport/Texts/WidgetDates.hpp"
 
 namespace quorvel {
@@ -19,7 +19,7 @@ namespace {
 View hero(const NetWorthContent& content) {
   // The privacy note has no figure to share a baseline with.
   const VerticalAlignment alignment =
-      content.snapshot.isHidden ? VerticalAlignment::center : VerticalAlignment::firstTextBaseline;
+      content.isHidden() ? VerticalAlignment::center : VerticalAlignment::firstTextBaseline;
   return HStack{
       {.alignment = alignment, .spacing = 8},
       Amount{.value = content.netWorth.value, .snapshot = content.snapshot, .size = 32},
@@ -31,7 +31,7 @@ View hero(const NetWorthContent& content) {
 std::optional<std::string> labelText(const NetWorthContent& content, std::size_t index) {
   const std::string& month = content.history()[index].month;
   if (content.history().size() > kMostNamedMonths) return month.substr(0, month.find('-'));
-  return standaloneMonth(month, content.snapshot.lang);
+  return standaloneMonth(month, content.lang());
 }
 
 std::vector<std::size_t> labelledIndices(const NetWorthContent& content) {
@@ -47,19 +47,11 @@ std::vector<std::size_t> labelledIndices(const NetWorthContent& content) {
 View monthLabel(const NetWorthContent& content, std::size_t index, std::size_t count) {
   const auto name = labelText(content, index);
   if (!name) return {};
-  const View label =
-      content.caption(*name, 11).foregroundStyle(content.colors.caption()).fixedSize();
-  const FlexibleFrame row{.maxWidth = kInfinity, .maxHeight = kInfinity};
-  if (index + 1 == count) {
-    FlexibleFrame last = row;
-    last.alignment = Alignment::trailing;
-    return label.frame(last);
-  }
-  if (index == 0) {
-    FlexibleFrame first = row;
-    first.alignment = Alignment::leading;
-    return label.frame(first);
-  }
+  const View label = content.caption(*name, 11, kLeastCaption)
+                         .foregroundStyle(content.colors.caption())
+                         .fixedSize();
+  if (index + 1 == count) return label.frame(filling(Alignment::trailing));
+  if (index == 0) return label.frame(filling(Alignment::leading));
   const double along = static_cast<double>(index) / static_cast<double>(count - 1);
   return label.position((kWidth - kChartEndInset) * along, kHeight / 2);
 }
@@ -105,7 +97,8 @@ View breakdownRow(const NetWorthContent& content, const BreakdownRow& row) {
   return HStack{
       {.spacing = 10},
       tile,
-      content.caption(content.text(row.key), 13.5).foregroundStyle(content.colors.text()),
+      content.caption(content.text(row.key), 13.5, kLeastCaption)
+          .foregroundStyle(content.colors.text()),
       Spacer{},
       Amount{.value = row.amount,
              .snapshot = content.snapshot,
@@ -128,9 +121,9 @@ View netWorthLarge(const NetWorthContent& content) {
       Rectangle().fill(content.colors.ground(palette::surfaceAlt)).frame(FixedFrame{.height = 1});
   return VStack{
       {.alignment = HorizontalAlignment::leading, .spacing = 6},
-      content.header(false),
+      content.header(HeaderSize::regular),
       hero(content).padding({.top = 8}),
-      content.chart(true).padding({.top = 10}),
+      content.chart(ChartGrid::shown).padding({.top = 10}),
       monthLabels(content),
       hairline.padding({.top = 10}),
       rows.padding({.top = 10}),

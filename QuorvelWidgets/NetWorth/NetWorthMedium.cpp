@@ -17,7 +17,8 @@ View row(const NetWorthContent& content, TextKey key, double amount, const Color
           .fill(content.colors.mark(color))
           .frame(FixedFrame{.width = 7, .height = 7})
           .accessibilityHidden(),
-      content.caption(content.text(key), 11.5).foregroundStyle(content.colors.caption()),
+      content.caption(content.text(key), 11.5, kLeastCaption)
+          .foregroundStyle(content.colors.caption()),
       Spacer{4},
       Amount{.value = amount,
              .snapshot = content.snapshot,
@@ -38,7 +39,7 @@ View netWorthMedium(const NetWorthContent& content) {
   };
   const View figures = VStack{
       {.alignment = HorizontalAlignment::leading, .spacing = 0},
-      content.header(false),
+      content.header(HeaderSize::regular),
       Amount{.value = content.netWorth.value, .snapshot = content.snapshot, .size = 24}.padding(
           {.top = 8}),
       changeRow(content).padding({.top = 6}),
@@ -48,7 +49,7 @@ View netWorthMedium(const NetWorthContent& content) {
   return HStack{
       {.alignment = VerticalAlignment::top, .spacing = 14},
       figures.frame(FixedFrame{.width = 150, .alignment = Alignment::topLeading}),
-      content.chart(true),
+      content.chart(ChartGrid::shown),
   };
 }
 

@@ -20,8 +20,8 @@ struct Comparison {
 };
 
 std::optional<Comparison> comparison(const NetWorthContent& content) {
-  if (content.snapshot.isHidden) return std::nullopt;
-  const std::string& lang = content.snapshot.lang;
+  if (content.isHidden()) return std::nullopt;
+  const std::string& lang = content.lang();
   const auto change = shownChange(content.netWorth);
   const auto month = comparedMonth(content.netWorth);
   if (!change || !month) return std::nullopt;
@@ -41,7 +41,8 @@ View changeRow(const NetWorthContent& content) {
   const View row = HStack{
       {.spacing = 5},
       change.layoutPriority(1),
-      content.caption(compared->words, 11.5).foregroundStyle(content.colors.caption()),
+      content.caption(compared->words, 11.5, kLeastCaption)
+          .foregroundStyle(content.colors.caption()),
   };
   return fittingWidth(row, change)
       .accessibility({.label = compared->spoken, .children = Accessibility::Children::ignore});

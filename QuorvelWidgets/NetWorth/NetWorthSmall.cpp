@@ -9,12 +9,12 @@ using namespace viewkit;
 View netWorthSmall(const NetWorthContent& content) {
   return VStack{
       {.alignment = HorizontalAlignment::leading, .spacing = 0},
-      content.header(true),
+      content.header(HeaderSize::compact),
       Amount{.value = content.netWorth.value, .snapshot = content.snapshot, .size = 21}.padding(
           {.top = 9}),
       changeRow(content).padding({.top = 6}),
       Spacer{0},
-      content.chart(false).frame(FlexibleFrame{.maxHeight = 54}),
+      content.chart(ChartGrid::none).frame(FlexibleFrame{.maxHeight = 54}),
   };
 }
 

@@ -1,23 +1,17 @@
 // The net worth widget's view: a pure function of one entry and the host's environment.
 #pragma once
 
-#include <string>
 #include <string_view>
 
+#include "QuorvelWidgets/WidgetSupport/Components/WidgetView.hpp"
 #include "QuorvelWidgets/WidgetSupport/Snapshot/SnapshotTimeline.hpp"
-#include "ViewKit/ViewKit.hpp"
-#include "WidgetRuntime/Environment.hpp"
-#include "WidgetRuntime/WidgetSummary.hpp"
 
 namespace quorvel {
 
-/// Keeps a reference to the entry: use it while the entry lives.
-struct NetWorthWidgetView : viewkit::Modifiers<NetWorthWidgetView> {
+struct NetWorthWidgetView : WidgetView<NetWorthWidgetView, SnapshotEntry> {
   static constexpr std::string_view kName = "NetWorthWidgetView";
-
-  const SnapshotEntry& entry;
-  widgetruntime::Environment environment;
-  std::string urlScheme;
+  static constexpr WidgetTitle kTitle{"chart.line.uptrend.xyaxis", "netWorth"};
+  static constexpr std::string_view kDestination = "dashboard";
 
   [[nodiscard]] viewkit::View body() const;
   /// The net worth and its change.

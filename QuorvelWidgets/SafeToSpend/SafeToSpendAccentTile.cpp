@@ -1,4 +1,5 @@
 #include "QuorvelWidgets/SafeToSpend/SafeToSpendLayouts.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/Filling.hpp"
 #include "QuorvelWidgets/WidgetSupport/Components/FittingWidth.hpp"
 #include "QuorvelWidgets/WidgetSupport/Components/WidgetMeter.hpp"
 #include "QuorvelWidgets/WidgetSupport/Components/WidgetPrivacyNote.hpp"
@@ -18,8 +19,7 @@ View dayLine(const SafeToSpendContent& content, Color ink) {
 
 View headline(const SafeToSpendContent& content, Color ink) {
   if (content.isHidden()) {
-    return WidgetPrivacyNote{.lang = content.snapshot.lang,
-                             .color = ink.withOpacity(kSecondaryOpacity)}
+    return WidgetPrivacyNote{.lang = content.lang(), .color = ink.withOpacity(kSecondaryOpacity)}
         .padding({.top = 2});
   }
   std::optional<std::string> unit;
@@ -78,8 +78,7 @@ View safeToSpendAccentTile(const SafeToSpendContent& content) {
       Spacer{0},
       foot(content, ink),
   }
-      .frame(FlexibleFrame{
-          .maxWidth = kInfinity, .maxHeight = kInfinity, .alignment = Alignment::topLeading})
+      .frame(filling(Alignment::topLeading))
       .foregroundStyle(ink);
 }
 

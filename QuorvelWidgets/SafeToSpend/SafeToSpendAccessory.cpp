@@ -1,6 +1,6 @@
 #include "QuorvelWidgets/SafeToSpend/SafeToSpendLayouts.hpp"
 #include "QuorvelWidgets/WidgetSupport/Components/Amount.hpp"
-#include "QuorvelWidgets/WidgetSupport/Snapshot/WidgetEnvironment.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/Filling.hpp"
 
 namespace quorvel {
 
@@ -34,15 +34,14 @@ View rectangular(const SafeToSpendContent& content) {
       amountWithUnit(content, 21, unit(content), 11, secondary),
       dayCaption(content, 11).foregroundStyle(secondary),
   }
-      .frame(FlexibleFrame{
-          .maxWidth = kInfinity, .maxHeight = kInfinity, .alignment = Alignment::leading})
+      .frame(filling(Alignment::leading))
       .padding({.top = 6, .leading = 10, .bottom = 6, .trailing = 10});
 }
 
 View inlineRow(const SafeToSpendContent& content) {
   return HStack{
       {.spacing = 5},
-      Symbol{std::string{kSafeToSpendSymbol}}.font(13, FontWeight::medium).accessibilityHidden(),
+      Symbol{std::string{content.title.symbol}}.font(13, FontWeight::medium).accessibilityHidden(),
       amountWithUnit(content, 13, unit(content), 13),
   };
 }

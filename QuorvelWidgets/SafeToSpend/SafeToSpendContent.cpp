@@ -18,18 +18,6 @@ constexpr auto kIgnored = Accessibility::Children::ignore;
 
 }  // namespace
 
-std::string SafeToSpendContent::text(TextKey key) const {
-  return WidgetStrings::text(key, snapshot.lang);
-}
-
-Text SafeToSpendContent::caption(std::string text, double size, double leastScale) const {
-  return Text{std::move(text)}
-      .font(size)
-      .lineLimit(1)
-      .minimumScaleFactor(leastScale)
-      .language(snapshot.lang);
-}
-
 View SafeToSpendContent::percentage(double size, double leastScale) const {
   return Text{std::to_string(wholePercent(metrics.spentFraction)) + "%"}
       .font(size, kFigureWeight)
@@ -58,7 +46,7 @@ std::string summaryText(const SafeToSpendContent& content) {
     return written(content.budget.spent - content.budget.total) + " " + content.text("overBudget");
   }
   if (content.isLastDay()) return written(content.mainAmount()) + " " + content.text("left");
-  const std::string unit = perDayUnit(content.snapshot.lang);
+  const std::string unit = perDayUnit(content.lang());
   const bool isAttached = unit.starts_with("/") && !unit.starts_with("/ ");
   return written(content.mainAmount()) + (isAttached ? "" : " ") + unit;
 }
@@ -79,9 +67,9 @@ std::string dayPhrase(std::int64_t daysLeft, std::string_view lang) {
 
 View dayCaption(const SafeToSpendContent& content, double size) {
   const std::int64_t days = content.metrics.daysLeft;
-  const std::string phrase = dayPhrase(days, content.snapshot.lang);
-  return content.caption(phrase, size, 0.8)
-      .accessibilityLabel(days < 1 ? phrase : spokenDaysLeft(days, content.snapshot.lang));
+  const std::string phrase = dayPhrase(days, content.lang());
+  return content.caption(phrase, size)
+      .accessibilityLabel(days < 1 ? phrase : spokenDaysLeft(days, content.lang()));
 }
 
 View safeToSpendHeader(const SafeToSpendContent& content, Color symbol, Color title, int lines) {
@@ -89,7 +77,7 @@ View safeToSpendHeader(const SafeToSpendContent& content, Color symbol, Color ti
   const View row = HStack{
       {.alignment = lines > 1 ? VerticalAlignment::firstTextBaseline : VerticalAlignment::center,
        .spacing = 4},
-      Symbol{std::string{kSafeToSpendSymbol}}
+      Symbol{std::string{content.title.symbol}}
           .font(12, FontWeight::medium)
           .foregroundStyle(symbol)
           .accessibilityHidden(),
@@ -126,7 +114,7 @@ View amountWithUnit(const SafeToSpendContent& content,
 }
 
 std::string perDayLabel(const SafeToSpendContent& content) {
-  std::string unit = perDayUnit(content.snapshot.lang);
+  std::string unit = perDayUnit(content.lang());
   unit.erase(0, unit.find_first_not_of(' '));
   return unit;
 }
@@ -136,8 +124,7 @@ namespace {
 std::string spokenRemainder(const SafeToSpendContent& content, double amount, bool exceeded) {
   std::string words = amountAccessibilityLabel(amount, content.snapshot);
   if (content.isHidden()) return words;
-  return exceeded ? spokenOverBudget(words, content.snapshot.lang)
-                  : spokenLeft(words, content.snapshot.lang);
+  return exceeded ? spokenOverBudget(words, content.lang()) : spokenLeft(words, content.lang());
 }
 
 }  // namespace

@@ -8,39 +8,27 @@
 
 #include "QuorvelWidgets/SafeToSpend/BudgetPace.hpp"
 #include "QuorvelWidgets/SafeToSpend/SafeToSpendMetrics.hpp"
-#include "QuorvelWidgets/WidgetSupport/Colors/ModeColors.hpp"
-#include "QuorvelWidgets/WidgetSupport/Snapshot/WidgetSnapshot.hpp"
-#include "QuorvelWidgets/WidgetSupport/Texts/TextKey.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/WidgetContext.hpp"
 #include "ViewKit/ViewKit.hpp"
-#include "WidgetRuntime/Environment.hpp"
 
 namespace quorvel {
 
-inline constexpr std::string_view kSafeToSpendSymbol = "gauge.with.needle";
 inline constexpr viewkit::FontWeight kFigureWeight = viewkit::FontWeight::semibold;
 
-struct SafeToSpendContent {
-  WidgetSnapshot snapshot;  ///< its `isHidden` is the effective privacy
-  WidgetSnapshot::Budget budget;
+struct SafeToSpendContent : AccentedContext {
+  const WidgetSnapshot::Budget& budget;
   SafeToSpendMetrics metrics;
   BudgetPace pace;
-  WAccent accent;
-  widgetruntime::Environment environment;
-  ModeColors colors{environment.widgetRenderingMode};
   bool showsBackground = true;
 
   /// Of the verdict and of what is spent.
   [[nodiscard]] viewkit::Color paceColor() const { return colors.mark(pace.color); }
-  [[nodiscard]] bool isHidden() const { return snapshot.isHidden; }
   [[nodiscard]] bool isLastDay() const { return !metrics.perDay.has_value(); }
   /// The share that meters and gauges show: none while amounts are hidden.
   [[nodiscard]] double visibleFraction() const { return isHidden() ? 0 : metrics.spentFraction; }
   /// The amount per day; on the last day the whole remainder.
   [[nodiscard]] double mainAmount() const { return metrics.perDay.value_or(metrics.remaining); }
 
-  [[nodiscard]] std::string text(TextKey key) const;
-  /// A caption: one line in the snapshot's language.
-  [[nodiscard]] viewkit::Text caption(std::string text, double size, double leastScale) const;
   /// The whole percentage with its sign, as one figure.
   [[nodiscard]] viewkit::View percentage(double size, double leastScale = 0.8) const;
   /// "61% used".

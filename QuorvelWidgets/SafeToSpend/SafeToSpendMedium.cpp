@@ -3,6 +3,7 @@
 #include "QuorvelWidgets/WidgetSupport/Colors/Palette.hpp"
 #include "QuorvelWidgets/WidgetSupport/Components/AccessoryBackdrop.hpp"
 #include "QuorvelWidgets/WidgetSupport/Components/Amount.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/Filling.hpp"
 #include "QuorvelWidgets/WidgetSupport/Components/FittingWidth.hpp"
 #include "QuorvelWidgets/WidgetSupport/Components/WidgetMeter.hpp"
 #include "QuorvelWidgets/WidgetSupport/Components/WidgetScaffold.hpp"
@@ -111,7 +112,7 @@ Accessibility spokenTileAmount(const SafeToSpendContent& content) {
 }
 
 View tileLabel(const SafeToSpendContent& content, TextKey key) {
-  return content.caption(content.text(key), 11, 0.8)
+  return content.caption(content.text(key), 11)
       .lineLimit(2)
       .foregroundStyle(content.colors.text().withOpacity(0.9));
 }
@@ -176,7 +177,7 @@ View safeToSpendMedium(const SafeToSpendContent& content) {
       HStack{{.spacing = 12}, pace, column(remainder, details(content)), tile(content, perDay)},
       HStack{{.spacing = 12}, pace, column(remainder, perDay)},
   }
-      .frame(FlexibleFrame{.maxWidth = kInfinity, .maxHeight = kInfinity})
+      .frame(filling())
       .foregroundStyle(content.colors.text());
 }
 

@@ -1,5 +1,6 @@
 #include "QuorvelWidgets/SafeToSpend/SafeToSpendLayouts.hpp"
 #include "QuorvelWidgets/SafeToSpend/SpentGauge.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/Filling.hpp"
 #include "QuorvelWidgets/WidgetSupport/Components/FittingWidth.hpp"
 #include "QuorvelWidgets/WidgetSupport/Components/WidgetMeter.hpp"
 
@@ -32,7 +33,7 @@ View gauge(const SafeToSpendContent& content) {
 
 View column(const SafeToSpendContent& content) {
   const std::string unit = content.isLastDay() ? content.text("left") : perDayLabel(content);
-  const View pace = content.caption(content.text(content.pace.key), 11.5, 0.8)
+  const View pace = content.caption(content.text(content.pace.key), 11.5)
                         .font(11.5, FontWeight::semibold)
                         .foregroundStyle(content.paceColor());
   const View days = dayCaption(content, 11.5).foregroundStyle(content.colors.caption());
@@ -54,8 +55,7 @@ View safeToSpendRing(const SafeToSpendContent& content) {
       gauge(content).padding({.top = 7}),
       column(content).padding({.top = 6}),
   }
-      .frame(FlexibleFrame{
-          .maxWidth = kInfinity, .maxHeight = kInfinity, .alignment = Alignment::topLeading})
+      .frame(filling(Alignment::topLeading))
       .foregroundStyle(content.colors.text());
 }
 

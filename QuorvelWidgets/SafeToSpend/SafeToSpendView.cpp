@@ -5,9 +5,6 @@
 #include "Foundation/Calendar.hpp"
 #include "QuorvelWidgets/SafeToSpend/SafeToSpendLayouts.hpp"
 #include "QuorvelWidgets/WidgetSupport/Components/AccessoryBackdrop.hpp"
-#include "QuorvelWidgets/WidgetSupport/Components/WidgetLink.hpp"
-#include "QuorvelWidgets/WidgetSupport/Components/WidgetScaffold.hpp"
-#include "QuorvelWidgets/WidgetSupport/Snapshot/WidgetEnvironment.hpp"
 
 namespace quorvel {
 
@@ -16,25 +13,20 @@ using widgetruntime::WidgetFamily;
 
 namespace {
 
-constexpr EmptyState kNoSnapshot{kSafeToSpendSymbol, "safeToSpend", "signIn", "openQuorvel"};
-constexpr EmptyState kNoBudget{kSafeToSpendSymbol, "safeToSpend", "noBudget", "setBudget"};
+constexpr EmptyState kNoBudget{"noBudget", "setBudget"};
 
 std::optional<SafeToSpendContent> makeContent(const SafeToSpendView& view) {
-  if (!view.entry.snapshot || !view.entry.snapshot->budget) return std::nullopt;
-  const WidgetSnapshot& snapshot = *view.entry.snapshot;
-  const WidgetSnapshot::Budget& budget = *snapshot.budget;
+  const auto& budget = view.snapshot->budget;
+  if (!budget) return std::nullopt;
   const foundation::Calendar calendar{view.environment.locale, view.environment.timeZone};
   const auto metrics = makeSafeToSpendMetrics(
-      budget.total, budget.spent, budget.periodEnd, view.entry.date, calendar);
+      budget->total, budget->spent, budget->periodEnd, view.entry.date, calendar);
   if (!metrics) return std::nullopt;
-  return SafeToSpendContent{
-      .snapshot = withEffectivePrivacy(snapshot, view.environment),
-      .budget = budget,
-      .metrics = *metrics,
-      .pace = budgetPace(budget, view.entry.date, calendar),
-      .accent = ModeColors{view.environment.widgetRenderingMode}.accent(snapshot.accent),
-      .environment = view.environment,
-      .showsBackground = view.showsBackground};
+  return SafeToSpendContent{{view.context()},
+                            *budget,
+                            *metrics,
+                            budgetPace(*budget, view.entry.date, calendar),
+                            view.showsBackground};
 }
 
 /// The accent tile is for the small family; wider ones have room for everything.
@@ -66,8 +58,8 @@ widgetruntime::WidgetSummary::State stateOf(PaceVerdict verdict) {
 }  // namespace
 
 View SafeToSpendView::body() const {
-  const WidgetScaffold scaffold{entry.snapshot, environment, widgetLink(urlScheme, "budget")};
-  if (!entry.snapshot) return scaffold.root(scaffold.message(kNoSnapshot));
+  const WidgetScaffold scaffold = this->scaffold();
+  if (!snapshot) return scaffold.root(scaffold.message(kNoSnapshot));
   const auto content = makeContent(*this);
   if (!content) return scaffold.root(scaffold.message(kNoBudget));
 
@@ -80,9 +72,8 @@ View SafeToSpendView::body() const {
 }
 
 widgetruntime::WidgetSummary SafeToSpendView::summary() const {
-  const WidgetScaffold scaffold{entry.snapshot, environment, {}};
-  if (environment.redactionReasons.placeholder) return scaffold.titleSummary(kNoSnapshot);
-  if (!entry.snapshot) return scaffold.messageSummary(kNoSnapshot);
+  const WidgetScaffold scaffold = this->scaffold();
+  if (const auto summary = scaffold.summaryWithoutData()) return *summary;
   const auto content = makeContent(*this);
   if (!content) return scaffold.messageSummary(kNoBudget);
   return {.text = summaryText(*content), .state = stateOf(content->pace.verdict)};

@@ -1,23 +1,18 @@
 // The safe-to-spend widget's view: a pure function of one entry and the host's environment.
 #pragma once
 
-#include <string>
 #include <string_view>
 
 #include "QuorvelWidgets/SafeToSpend/SafeToSpendProvider.hpp"
-#include "ViewKit/ViewKit.hpp"
-#include "WidgetRuntime/Environment.hpp"
-#include "WidgetRuntime/WidgetSummary.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/WidgetView.hpp"
 
 namespace quorvel {
 
-/// Keeps a reference to the entry: use it while the entry lives.
-struct SafeToSpendView : viewkit::Modifiers<SafeToSpendView> {
+struct SafeToSpendView : WidgetView<SafeToSpendView, SafeToSpendEntry> {
   static constexpr std::string_view kName = "SafeToSpendView";
+  static constexpr WidgetTitle kTitle{"gauge.with.needle", "safeToSpend"};
+  static constexpr std::string_view kDestination = "budget";
 
-  const SafeToSpendEntry& entry;
-  widgetruntime::Environment environment;
-  std::string urlScheme;
   bool showsBackground = environment.showsWidgetContainerBackground;
 
   [[nodiscard]] viewkit::View body() const;

@@ -6,8 +6,6 @@
 
 namespace quorvel {
 
-using widgetruntime::Environment;
-using widgetruntime::WidgetContent;
 using widgetruntime::WidgetFamily;
 
 widgetruntime::Widget SafeToSpendWidget::configuration(const SnapshotStore& store,
@@ -19,11 +17,7 @@ widgetruntime::Widget SafeToSpendWidget::configuration(const SnapshotStore& stor
        .families = {WidgetFamily::systemSmall, WidgetFamily::systemMedium}},
       SafeToSpendIntent::description(),
       SafeToSpendProvider{store},
-      [store](const SafeToSpendEntry& entry, const Environment& environment) {
-        const SafeToSpendView view{
-            .entry = entry, .environment = environment, .urlScheme = store.urlScheme()};
-        return WidgetContent{view.body(), view.summary()};
-      });
+      contentOf<SafeToSpendView>(store));
 }
 
 }  // namespace quorvel

@@ -6,8 +6,6 @@
 #include "QuorvelWidgets/WidgetSupport/Colors/Palette.hpp"
 #include "QuorvelWidgets/WidgetSupport/Colors/WidgetColors.hpp"
 #include "QuorvelWidgets/WidgetSupport/Components/WidgetChange.hpp"
-#include "QuorvelWidgets/WidgetSupport/Components/WidgetHeader.hpp"
-#include "QuorvelWidgets/WidgetSupport/Components/WidgetPrivacyNote.hpp"
 #include "QuorvelWidgets/WidgetSupport/Texts/AmountText.hpp"
 #include "QuorvelWidgets/WidgetSupport/Texts/SpokenTexts.hpp"
 #include "QuorvelWidgets/WidgetSupport/Texts/WidgetStrings.hpp"
@@ -22,27 +20,6 @@ constexpr double kComparisonSize = 11.5;
 
 }  // namespace
 
-std::string SpendingContent::text(TextKey key) const {
-  return WidgetStrings::text(key, snapshot.lang);
-}
-
-Text SpendingContent::caption(std::string words, double size, double leastScale) const {
-  return Text{std::move(words)}
-      .font(size)
-      .lineLimit(1)
-      .minimumScaleFactor(leastScale)
-      .language(snapshot.lang);
-}
-
-View SpendingContent::header(bool compact) const {
-  return WidgetHeader{.symbol = std::string{kSpendingSymbol},
-                      .text = text("spentThisMonth"),
-                      .compact = compact,
-                      .accent = accent,
-                      .lang = snapshot.lang,
-                      .colors = colors};
-}
-
 DailyBars SpendingContent::bars() const {
   return {.daily = spending.daily,
           .today = today.day,
@@ -56,10 +33,7 @@ Color SpendingContent::categoryColor() const {
 }
 
 View SpendingContent::comparison(View words) const {
-  if (snapshot.isHidden) {
-    return WidgetPrivacyNote{.lang = snapshot.lang, .color = colors.caption()}
-        .accessibilityHidden();  // the amount above says it
-  }
+  if (isHidden()) return silentPrivacyNote();
   const auto change = shownChange(spending);
   if (!change) return {};
   return HStack{
@@ -75,7 +49,7 @@ View SpendingContent::comparison(View words) const {
 }
 
 View SpendingContent::comparisonLine() const {
-  return comparison(caption(text("vsLastMonth"), kComparisonSize, 0.8));
+  return comparison(caption(text("vsLastMonth"), kComparisonSize));
 }
 
 View SpendingContent::comparisonFigure() const {
@@ -89,7 +63,7 @@ Accessibility SpendingContent::spokenCategory() const {
 }
 
 Text SpendingContent::categoryName(double size) const {
-  return caption(spending.topCategory.value_or(""), size, 0.8).font(size, FontWeight::medium);
+  return caption(spending.topCategory.value_or(""), size).font(size, FontWeight::medium);
 }
 
 }  // namespace quorvel

@@ -7,30 +7,17 @@
 
 #include "Foundation/Calendar.hpp"
 #include "QuorvelWidgets/Spending/DailyBars.hpp"
-#include "QuorvelWidgets/WidgetSupport/Colors/ModeColors.hpp"
-#include "QuorvelWidgets/WidgetSupport/Snapshot/WidgetSnapshot.hpp"
-#include "QuorvelWidgets/WidgetSupport/Texts/TextKey.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/WidgetContext.hpp"
 #include "ViewKit/ViewKit.hpp"
-#include "WidgetRuntime/Environment.hpp"
 
 namespace quorvel {
 
-inline constexpr std::string_view kSpendingSymbol = "cart.fill";
-
-struct SpendingContent {
-  WidgetSnapshot snapshot;  ///< its `isHidden` is the effective privacy
+struct SpendingContent : AccentedContext {
   const WidgetSnapshot::Spending& spending;
-  WAccent accent;
-  widgetruntime::Environment environment;
-  ModeColors colors{environment.widgetRenderingMode};
   foundation::DateComponents today;
   int weekdayOfFirst = 1;  ///< of the month, 1 = Sunday
   int daysInMonth = 31;
 
-  [[nodiscard]] std::string text(TextKey key) const;
-  /// A caption: one line in the snapshot's language.
-  [[nodiscard]] viewkit::Text caption(std::string text, double size, double leastScale) const;
-  [[nodiscard]] viewkit::View header(bool compact) const;
   [[nodiscard]] DailyBars bars() const;
   /// The colour of the top category's mark.
   [[nodiscard]] viewkit::Color categoryColor() const;

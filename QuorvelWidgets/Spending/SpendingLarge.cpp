@@ -4,10 +4,10 @@
 #include "QuorvelWidgets/Spending/SpendingFigures.hpp"
 #include "QuorvelWidgets/WidgetSupport/Colors/Palette.hpp"
 #include "QuorvelWidgets/WidgetSupport/Components/Amount.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/Filling.hpp"
 #include "QuorvelWidgets/WidgetSupport/Components/FittingWidth.hpp"
 #include "QuorvelWidgets/WidgetSupport/Components/WidgetChange.hpp"
 #include "QuorvelWidgets/WidgetSupport/Components/WidgetIconTile.hpp"
-#include "QuorvelWidgets/WidgetSupport/Components/WidgetPrivacyNote.hpp"
 #include "QuorvelWidgets/WidgetSupport/Components/WidgetScaffold.hpp"
 #include "QuorvelWidgets/WidgetSupport/Snapshot/WidgetLanguage.hpp"
 
@@ -22,12 +22,11 @@ constexpr auto kCombined = Accessibility::Children::combine;
 View hero(const SpendingContent& content) {
   const View amount =
       Amount{.value = content.spending.spent, .snapshot = content.snapshot, .size = 32};
-  if (content.snapshot.isHidden) {
+  if (content.isHidden()) {
     return HStack{
         {.spacing = 8},
         amount,
-        WidgetPrivacyNote{.lang = content.snapshot.lang, .color = content.colors.caption()}
-            .accessibilityHidden(),  // the amount beside it says it
+        content.silentPrivacyNote(),
     };
   }
   const auto percent = changeAgainstLastMonth(content.spending);
@@ -40,7 +39,7 @@ View hero(const SpendingContent& content) {
                                  .precision = 1,
                                  .favorableWhenPositive = false,
                                  .size = 12,
-                                 .lang = content.snapshot.lang,
+                                 .lang = content.lang(),
                                  .colors = content.colors}
                  .layoutPriority(1);
            }),
@@ -50,7 +49,7 @@ View hero(const SpendingContent& content) {
 View statistic(const SpendingContent& content, TextKey key, double amount) {
   return VStack{
       {.alignment = HorizontalAlignment::leading, .spacing = 2},
-      content.caption(content.text(key), 11, 0.8).foregroundStyle(content.colors.caption()),
+      content.caption(content.text(key), 11).foregroundStyle(content.colors.caption()),
       Amount{.value = amount,
              .snapshot = content.snapshot,
              .size = 13.5,
@@ -89,31 +88,29 @@ View categoryBlock(const SpendingContent& content) {
                      .size = 28,
                      .fallback = "tag.fill"},
       Spacer{0},
-      content.caption(content.text("topCategory"), 11, 0.8)
+      content.caption(content.text("topCategory"), 11)
           .lineLimit(2)
           .foregroundStyle(content.colors.caption()),
       Fitting{amount(28), amount(20)},
       content.categoryName(13),
   }
       .padding(10)
-      .frame(FlexibleFrame{
-          .maxWidth = kInfinity, .maxHeight = kInfinity, .alignment = Alignment::leading})
+      .frame(filling(Alignment::leading))
       .background(RoundedRectangle(14, CornerStyle::continuous)
                       .fill(content.colors.ground(palette::surface)))
       .accessibility(content.spokenCategory());
 }
 
 View monthRow(const SpendingContent& content) {
-  const MonthHeatmap map{
-      .daily = content.spending.daily,
-      .today = content.today.day,
-      .daysInMonth = content.daysInMonth,
-      .weekdayOfFirst = content.weekdayOfFirst,
-      .firstWeekday = foundation::firstWeekday(content.environment.locale),
-      .weekdayNames = foundation::narrowWeekdayNames(localeFor(content.snapshot.lang)),
-      .lang = content.snapshot.lang,
-      .heat = content.accent.heat,
-      .renderingMode = content.environment.widgetRenderingMode};
+  const MonthHeatmap map{.daily = content.spending.daily,
+                         .today = content.today.day,
+                         .daysInMonth = content.daysInMonth,
+                         .weekdayOfFirst = content.weekdayOfFirst,
+                         .firstWeekday = foundation::firstWeekday(content.environment.locale),
+                         .weekdayNames = foundation::narrowWeekdayNames(localeFor(content.lang())),
+                         .lang = content.lang(),
+                         .heat = content.accent.heat,
+                         .renderingMode = content.environment.widgetRenderingMode};
   const bool hasCategory = content.spending.topCategory.has_value();
   return HStack{
       {.spacing = 12},
@@ -129,7 +126,7 @@ View monthRow(const SpendingContent& content) {
 View spendingLarge(const SpendingContent& content) {
   return VStack{
       {.alignment = HorizontalAlignment::leading, .spacing = 0},
-      content.header(false),
+      content.header(HeaderSize::regular),
       Spacer{0},
       hero(content).padding({.top = 10}),
       Spacer{0},

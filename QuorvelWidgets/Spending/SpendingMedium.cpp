@@ -22,8 +22,7 @@ View categoryTile(const SpendingContent& content) {
                      .color = color,
                      .background = content.colors.ground(color.withOpacity(0.16)),
                      .size = 18},
-      content.caption(content.text("topCategory"), 11, 0.8)
-          .foregroundStyle(content.colors.caption()),
+      content.caption(content.text("topCategory"), 11).foregroundStyle(content.colors.caption()),
   };
   const View figures = VStack{
       {.alignment = HorizontalAlignment::leading, .spacing = 2},
@@ -61,7 +60,7 @@ View withCategory(const SpendingContent& content, const View& figures) {
 
 /// Where there is too little room, the category goes first, then the comparison.
 View figures(const SpendingContent& content) {
-  const View header = content.header(false);
+  const View header = content.header(HeaderSize::regular);
   const View amount = Amount{.value = content.spending.spent,
                              .snapshot = content.snapshot,
                              .size = 24,

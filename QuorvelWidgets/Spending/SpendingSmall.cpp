@@ -10,7 +10,7 @@ namespace {
 
 View comparison(const SpendingContent& content) {
   View line = content.comparisonLine();
-  if (line.isEmpty() || content.snapshot.isHidden) return line;
+  if (line.isEmpty() || content.isHidden()) return line;
   return fittingWidth(line, content.comparisonFigure());
 }
 
@@ -29,7 +29,7 @@ View spendingSmall(const SpendingContent& content) {
   };
   return VStack{
       {.alignment = HorizontalAlignment::leading, .spacing = 6},
-      content.header(true),
+      content.header(HeaderSize::compact),
       Amount{.value = content.spending.spent,
              .snapshot = content.snapshot,
              .size = 21,

@@ -6,8 +6,6 @@
 
 namespace quorvel {
 
-using widgetruntime::Environment;
-using widgetruntime::WidgetContent;
 using widgetruntime::WidgetFamily;
 
 widgetruntime::Widget SpendingWidget::configuration(const SnapshotStore& store,
@@ -20,11 +18,7 @@ widgetruntime::Widget SpendingWidget::configuration(const SnapshotStore& store,
                     WidgetFamily::systemMedium,
                     WidgetFamily::systemLarge}},
       SnapshotProvider{store},
-      [store](const SnapshotEntry& entry, const Environment& environment) {
-        const SpendingWidgetView view{
-            .entry = entry, .environment = environment, .urlScheme = store.urlScheme()};
-        return WidgetContent{view.body(), view.summary()};
-      });
+      contentOf<SpendingWidgetView>(store));
 }
 
 }  // namespace quorvel

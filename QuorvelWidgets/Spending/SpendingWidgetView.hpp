@@ -1,23 +1,17 @@
 // The spending widget's view: a pure function of one entry and the host's environment.
 #pragma once
 
-#include <string>
 #include <string_view>
 
+#include "QuorvelWidgets/WidgetSupport/Components/WidgetView.hpp"
 #include "QuorvelWidgets/WidgetSupport/Snapshot/SnapshotTimeline.hpp"
-#include "ViewKit/ViewKit.hpp"
-#include "WidgetRuntime/Environment.hpp"
-#include "WidgetRuntime/WidgetSummary.hpp"
 
 namespace quorvel {
 
-/// Keeps a reference to the entry: use it while the entry lives.
-struct SpendingWidgetView : viewkit::Modifiers<SpendingWidgetView> {
+struct SpendingWidgetView : WidgetView<SpendingWidgetView, SnapshotEntry> {
   static constexpr std::string_view kName = "SpendingWidgetView";
-
-  const SnapshotEntry& entry;
-  widgetruntime::Environment environment;
-  std::string urlScheme;
+  static constexpr WidgetTitle kTitle{"cart.fill", "spentThisMonth"};
+  static constexpr std::string_view kDestination = "spending";
 
   [[nodiscard]] viewkit::View body() const;
   /// The month's spending and its change.

@@ -47,7 +47,7 @@ WidgetSnapshot fiveCards() {
 
 viewkit::View view(const CardEntry& entry, WidgetFamily family, Environment environment = {}) {
   environment.widgetFamily = family;
-  return CardLimitView{.entry = entry, .environment = environment, .urlScheme = "quorvel-widget"};
+  return CardLimitView{{.entry = entry, .environment = environment, .urlScheme = "quorvel-widget"}};
 }
 
 std::vector<std::string> drawnIds(const std::vector<const WidgetSnapshot::Card*>& cards) {

@@ -43,7 +43,7 @@ SnapshotEntry entryOf(std::vector<WidgetSnapshot::Due> dues, std::string lang = 
 
 viewkit::View view(const SnapshotEntry& entry, WidgetFamily family, Environment environment = {}) {
   environment.widgetFamily = family;
-  return DueWidgetView{.entry = entry, .environment = environment, .urlScheme = "quorvel-widget"};
+  return DueWidgetView{{.entry = entry, .environment = environment, .urlScheme = "quorvel-widget"}};
 }
 
 std::vector<std::pair<std::string, std::int64_t>> upcoming(

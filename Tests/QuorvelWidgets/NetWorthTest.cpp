@@ -37,7 +37,7 @@ SnapshotEntry fullEntry() {
 viewkit::View view(const SnapshotEntry& entry, WidgetFamily family, Environment environment = {}) {
   environment.widgetFamily = family;
   return NetWorthWidgetView{
-      .entry = entry, .environment = environment, .urlScheme = "quorvel-widget"};
+      {.entry = entry, .environment = environment, .urlScheme = "quorvel-widget"}};
 }
 
 std::vector<std::string> texts(const SnapshotEntry& entry, WidgetFamily family) {

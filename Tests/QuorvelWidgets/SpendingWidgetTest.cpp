@@ -36,7 +36,7 @@ SnapshotEntry entryAt(std::string_view instant, std::string month) {
 viewkit::View view(const SnapshotEntry& entry, WidgetFamily family, Environment environment = {}) {
   environment.widgetFamily = family;
   return SpendingWidgetView{
-      .entry = entry, .environment = environment, .urlScheme = "quorvel-widget"};
+      {.entry = entry, .environment = environment, .urlScheme = "quorvel-widget"}};
 }
 
 std::vector<std::string> texts(const SnapshotEntry& entry,

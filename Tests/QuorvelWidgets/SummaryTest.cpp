@@ -39,7 +39,7 @@ std::string withoutIsolates(std::string text) {
 template <class View, class Entry>
 WidgetSummary summaryOf(const Entry& entry, const Environment& environment) {
   WidgetSummary summary =
-      View{.entry = entry, .environment = environment, .urlScheme = "quorvel"}.summary();
+      View{{.entry = entry, .environment = environment, .urlScheme = "quorvel"}}.summary();
   summary.text = withoutIsolates(summary.text);
   return summary;
 }
@@ -191,9 +191,9 @@ TEST(Summary, APlaceholderSaysItsTitleAlone) {
 
 TEST(Summary, AmountsAndNamesKeepTheirOwnDirection) {
   const SnapshotEntry entry{februaryTenth(), smallSnapshot("ar")};
-  const NetWorthWidgetView worth{.entry = entry, .environment = {}, .urlScheme = ""};
+  const NetWorthWidgetView worth{{.entry = entry, .environment = {}, .urlScheme = ""}};
   EXPECT_EQ(worth.summary().text, "\u2066$1,100\u2069 ↖ \u206610.0%\u2069");
-  const DueWidgetView next{.entry = entry, .environment = {}, .urlScheme = ""};
+  const DueWidgetView next{{.entry = entry, .environment = {}, .urlScheme = ""}};
   EXPECT_EQ(next.summary().text, "اليوم · \u2068Everyday\u2069 · \u2066$125\u2069");
 }
 

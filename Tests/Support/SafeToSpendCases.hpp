@@ -40,7 +40,7 @@ inline quorvel::WidgetSnapshot snapshotWith(quorvel::WidgetSnapshot::Budget budg
 inline viewkit::View safeToSpendView(const quorvel::SafeToSpendEntry& entry,
                                      const widgetruntime::Environment& environment = {}) {
   return quorvel::SafeToSpendView{
-      .entry = entry, .environment = environment, .urlScheme = "quorvel-widget"};
+      {.entry = entry, .environment = environment, .urlScheme = "quorvel-widget"}};
 }
 
 }  // namespace fixtures

@@ -70,25 +70,28 @@ inline viewkit::View viewOf(const WidgetLayout& layout, const WidgetState& state
   const std::string scheme = "quorvel-widget";
   const auto safeToSpend = [&](SafeToSpendStyle style) {
     const SafeToSpendEntry entry{state.date, state.snapshot, style};
-    return SafeToSpendView{.entry = entry, .environment = environment, .urlScheme = scheme}.body();
+    return SafeToSpendView{{.entry = entry, .environment = environment, .urlScheme = scheme}}
+        .body();
   };
   const SnapshotEntry entry{state.date, state.snapshot};
   switch (layout.kind) {
     case WidgetKind::cardLimit: {
       const CardEntry cards{state.date, state.snapshot, std::nullopt};
-      return CardLimitView{.entry = cards, .environment = environment, .urlScheme = scheme}.body();
+      return CardLimitView{{.entry = cards, .environment = environment, .urlScheme = scheme}}
+          .body();
     }
     case WidgetKind::due:
-      return DueWidgetView{.entry = entry, .environment = environment, .urlScheme = scheme}.body();
+      return DueWidgetView{{.entry = entry, .environment = environment, .urlScheme = scheme}}
+          .body();
     case WidgetKind::netWorth:
-      return NetWorthWidgetView{.entry = entry, .environment = environment, .urlScheme = scheme}
+      return NetWorthWidgetView{{.entry = entry, .environment = environment, .urlScheme = scheme}}
           .body();
     case WidgetKind::accentTile:
       return safeToSpend(SafeToSpendStyle::accent);
     case WidgetKind::ring:
       return safeToSpend(SafeToSpendStyle::ring);
     case WidgetKind::spending:
-      return SpendingWidgetView{.entry = entry, .environment = environment, .urlScheme = scheme}
+      return SpendingWidgetView{{.entry = entry, .environment = environment, .urlScheme = scheme}}
           .body();
   }
   return {};

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "QuorvelWidgets/WidgetSupport/Components/Amount.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/Filling.hpp"
 
 namespace quorvel {
 
@@ -29,8 +30,7 @@ View accessoryFigure(std::string_view symbol,
   }
   const View both = HStack{{.spacing = 8}, mark(19), figure(21)};
   return Fitting{both, mark(24)}
-      .frame(FlexibleFrame{
-          .maxWidth = kInfinity, .maxHeight = kInfinity, .alignment = Alignment::leading})
+      .frame(filling(Alignment::leading))
       .padding({.top = 6, .leading = 10, .bottom = 6, .trailing = 10})
       .foregroundStyle(Color::primary());
 }

@@ -1,6 +1,7 @@
 // An amount of money as one line of text.
 #pragma once
 
+#include <string>
 #include <string_view>
 
 #include "QuorvelWidgets/WidgetSupport/Snapshot/WidgetSnapshot.hpp"
@@ -8,9 +9,15 @@
 
 namespace quorvel {
 
-/// Masked before layout, so that no width betrays a digit; shrinks to `leastScale` of `size` before
-/// it is cut. Read out in full even where the short form is shown. Keeps a reference to the
-/// snapshot: use it while the snapshot lives.
+/// How every amount is set: one line from left to right, which shrinks to `leastScale` of `size`
+/// before it is cut.
+[[nodiscard]] viewkit::Text amountFigure(std::string text,
+                                         double size,
+                                         viewkit::FontWeight weight,
+                                         double leastScale = 0.55);
+
+/// Masked before layout, so that no width betrays a digit. Read out in full even where the short
+/// form is shown. Keeps a reference to the snapshot: use it while the snapshot lives.
 struct Amount : viewkit::Modifiers<Amount> {
   static constexpr std::string_view kName = "Amount";
 

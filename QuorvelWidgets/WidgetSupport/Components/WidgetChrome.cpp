@@ -1,5 +1,7 @@
 #include "QuorvelWidgets/WidgetSupport/Components/WidgetChrome.hpp"
 
+#include "QuorvelWidgets/WidgetSupport/Components/Filling.hpp"
+
 namespace quorvel {
 
 using namespace viewkit;
@@ -7,8 +9,7 @@ using namespace viewkit;
 View WidgetChrome::body() const {
   View root = content;
   if (padded) root = root.padding(preview ? Insets::all(16) : environment.contentMargins());
-  root =
-      root.frame(FlexibleFrame{.maxWidth = kInfinity, .maxHeight = kInfinity}).background(backdrop);
+  root = root.frame(filling()).background(backdrop);
   if (!background.isEmpty()) {
     root = preview ? root.background(background) : root.containerBackground(background);
   }

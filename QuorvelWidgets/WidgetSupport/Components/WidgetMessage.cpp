@@ -3,9 +3,9 @@
 #include <utility>
 
 #include "QuorvelWidgets/WidgetSupport/Colors/Palette.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/Filling.hpp"
 #include "QuorvelWidgets/WidgetSupport/Components/FittingWidth.hpp"
 #include "QuorvelWidgets/WidgetSupport/Components/WidgetIconTile.hpp"
-#include "QuorvelWidgets/WidgetSupport/Snapshot/WidgetEnvironment.hpp"
 
 namespace quorvel {
 
@@ -71,8 +71,7 @@ View WidgetMessage::body() const {
     };
   };
   // What there is to do matters more than where it is said.
-  return Fitting{column(top), column(Spacer{0})}.frame(FlexibleFrame{
-      .maxWidth = kInfinity, .maxHeight = kInfinity, .alignment = Alignment::topLeading});
+  return Fitting{column(top), column(Spacer{0})}.frame(filling(Alignment::topLeading));
 }
 
 View accessoryMessage(const WidgetMessage& message, const widgetruntime::Environment& environment) {
@@ -97,8 +96,7 @@ View accessoryMessage(const WidgetMessage& message, const widgetruntime::Environ
           .language(message.lang),
       words.font(12).lineLimit(2).balanced().foregroundStyle(message.colors.caption()),
   }
-      .frame(FlexibleFrame{
-          .maxWidth = kInfinity, .maxHeight = kInfinity, .alignment = Alignment::leading})
+      .frame(filling(Alignment::leading))
       .padding({.top = 6, .leading = 10, .bottom = 6, .trailing = 10})
       .foregroundStyle(Color::primary());
 }

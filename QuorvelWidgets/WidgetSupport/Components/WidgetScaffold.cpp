@@ -19,10 +19,10 @@ std::string WidgetScaffold::lang() const {
 View WidgetScaffold::message(const EmptyState& state) const {
   const std::string language = lang();
   const ModeColors colors{environment.widgetRenderingMode};
-  WidgetMessage view{.symbol = std::string{state.symbol},
+  WidgetMessage view{.symbol = std::string{title.symbol},
                      .text = WidgetStrings::text(state.text, language),
                      .label = WidgetStrings::text(state.label, language),
-                     .title = WidgetStrings::text(state.title, language),
+                     .title = WidgetStrings::text(title.text, language),
                      .titleIsStatus = state.labelIsStatus,
                      .accent = colors.accent(snapshot ? snapshot->accent : std::nullopt),
                      .lang = language,
@@ -36,15 +36,19 @@ widgetruntime::WidgetSummary WidgetScaffold::messageSummary(const EmptyState& st
   return {.text = WidgetStrings::text(state.text, lang())};
 }
 
-widgetruntime::WidgetSummary WidgetScaffold::titleSummary(const EmptyState& state) const {
-  return {.text = WidgetStrings::text(state.title, lang())};
+std::optional<widgetruntime::WidgetSummary> WidgetScaffold::summaryWithoutData() const {
+  if (environment.redactionReasons.placeholder) {
+    return widgetruntime::WidgetSummary{.text = WidgetStrings::text(title.text, lang())};
+  }
+  if (!snapshot) return messageSummary(kNoSnapshot);
+  return std::nullopt;
 }
 
-WidgetChrome WidgetScaffold::chrome(View content, bool padded) const {
+WidgetChrome WidgetScaffold::chrome(View content) const {
   const bool accessory = isAccessory(environment.familyInForce());
   WidgetChrome root{
       .preview = environment.previewFamily.has_value(),
-      .padded = padded && !accessory,
+      .padded = !accessory,
       .content = std::move(content),
       .environment = environment,
       .direction = snapshot ? layoutDirection(snapshot->lang) : environment.layoutDirection,
@@ -54,8 +58,14 @@ WidgetChrome WidgetScaffold::chrome(View content, bool padded) const {
   return root;
 }
 
-View WidgetScaffold::root(View content, bool padded) const {
-  return chrome(std::move(content), padded);
+View WidgetScaffold::root(View content) const {
+  return chrome(std::move(content));
+}
+
+View WidgetScaffold::rootWithoutMargins(View content) const {
+  WidgetChrome root = chrome(std::move(content));
+  root.padded = false;
+  return root;
 }
 
 }  // namespace quorvel

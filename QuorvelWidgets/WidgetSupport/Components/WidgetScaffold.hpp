@@ -4,10 +4,10 @@
 
 #include <optional>
 #include <string>
-#include <string_view>
 
 #include "QuorvelWidgets/WidgetSupport/Components/WidgetChrome.hpp"
-#include "QuorvelWidgets/WidgetSupport/Snapshot/WidgetSnapshot.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/WidgetTitle.hpp"
+#include "QuorvelWidgets/WidgetSupport/Snapshot/EffectiveSnapshot.hpp"
 #include "QuorvelWidgets/WidgetSupport/Texts/TextKey.hpp"
 #include "ViewKit/ViewKit.hpp"
 #include "WidgetRuntime/Environment.hpp"
@@ -15,18 +15,20 @@
 
 namespace quorvel {
 
-/// An empty state: a symbol and keys of the string table.
+/// Why a widget has nothing to show, and what to do about it: keys of the string table.
 struct EmptyState {
-  std::string_view symbol;
-  TextKey title;
   TextKey text;
   TextKey label;
-  bool labelIsStatus = false;
+  bool labelIsStatus = false;  ///< the label says how things are, not what to do
 };
+
+/// Without a document.
+inline constexpr EmptyState kNoSnapshot{"signIn", "openQuorvel"};
 
 /// Keeps references: use it while the snapshot and the environment live.
 struct WidgetScaffold {
-  const std::optional<WidgetSnapshot>& snapshot;
+  WidgetTitle title;
+  const EffectiveSnapshot& snapshot;
   const widgetruntime::Environment& environment;
   std::string link;
 
@@ -36,12 +38,15 @@ struct WidgetScaffold {
   [[nodiscard]] viewkit::View message(const EmptyState& state) const;
   /// The message in one line.
   [[nodiscard]] widgetruntime::WidgetSummary messageSummary(const EmptyState& state) const;
-  /// The widget's title: all that a placeholder says.
-  [[nodiscard]] widgetruntime::WidgetSummary titleSummary(const EmptyState& state) const;
+  /// What can be said before the document is asked: of a placeholder the title alone, without a
+  /// document the message.
+  [[nodiscard]] std::optional<widgetruntime::WidgetSummary> summaryWithoutData() const;
   /// The chrome of the widget's root, on the canvas; for widgets that change something about it.
-  [[nodiscard]] WidgetChrome chrome(viewkit::View content, bool padded = true) const;
-  /// The widget's root on the canvas. Content that is not padded reaches the widget's edges.
-  [[nodiscard]] viewkit::View root(viewkit::View content, bool padded = true) const;
+  [[nodiscard]] WidgetChrome chrome(viewkit::View content) const;
+  /// The widget's root on the canvas.
+  [[nodiscard]] viewkit::View root(viewkit::View content) const;
+  /// The same for content that reaches the widget's edges.
+  [[nodiscard]] viewkit::View rootWithoutMargins(viewkit::View content) const;
 };
 
 }  // namespace quorvel

@@ -14,11 +14,12 @@ constexpr std::size_t kLongText = 13;
 
 }  // namespace
 
-std::string amountText(double value, const WidgetSnapshot& snapshot, bool compact) {
+std::string amountText(double value, const WidgetSnapshot& snapshot, AmountForm form) {
   if (snapshot.isHidden) return std::string(kBullets);
-  if (compact) return snapshot.money.formatCompact(value);
+  if (form == AmountForm::compact) return snapshot.money.formatCompact(value);
   std::string full = snapshot.money.format(value);
-  return foundation::graphemeCount(full) < kLongText ? full : snapshot.money.formatCompact(value);
+  if (form == AmountForm::full || foundation::graphemeCount(full) < kLongText) return full;
+  return snapshot.money.formatCompact(value);
 }
 
 std::string amountAccessibilityLabel(double value, const WidgetSnapshot& snapshot) {

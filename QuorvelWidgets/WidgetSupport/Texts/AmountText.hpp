@@ -7,11 +7,16 @@
 
 namespace quorvel {
 
-/// What an amount shows: "••••" when the snapshot hides amounts, else the full format, or the
-/// compact one when that is asked for or the full one has 13 characters or more.
+enum class AmountForm {
+  fitting,  ///< full, but compact where the full form has 13 characters or more
+  compact,
+  full
+};
+
+/// What an amount shows: "••••" when the snapshot hides amounts.
 [[nodiscard]] std::string amountText(double value,
                                      const WidgetSnapshot& snapshot,
-                                     bool compact = false);
+                                     AmountForm form = AmountForm::fitting);
 
 /// What is read out for an amount: the text of `hidden`, else always the full format.
 [[nodiscard]] std::string amountAccessibilityLabel(double value, const WidgetSnapshot& snapshot);

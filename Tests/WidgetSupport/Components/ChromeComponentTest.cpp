@@ -3,7 +3,6 @@
 #include "QuorvelWidgets/WidgetSupport/Colors/Palette.hpp"
 #include "QuorvelWidgets/WidgetSupport/Components/WidgetChrome.hpp"
 #include "QuorvelWidgets/WidgetSupport/Components/WidgetLink.hpp"
-#include "QuorvelWidgets/WidgetSupport/Snapshot/WidgetEnvironment.hpp"
 #include "Tests/Support/Snapshots.hpp"
 #include "Tests/Support/ViewInspection.hpp"
 
@@ -57,24 +56,6 @@ TEST(ChromeComponent, CarriesLinkAndDirection) {
   const View view = widget;
   EXPECT_EQ(inspection::modifier<WidgetURL>(view)->url, "quorvel-widget://open/budget");
   EXPECT_EQ(inspection::modifier<Direction>(view)->direction, LayoutDirection::rightToLeft);
-}
-
-TEST(EffectivePrivacy, IsTheApplicationsOrTheHosts) {
-  for (const bool application : {false, true}) {
-    for (const bool host : {false, true}) {
-      WidgetSnapshot snapshot = fixtures::emptySnapshot();
-      snapshot.isHidden = application;
-      Environment environment;
-      environment.redactionReasons.privacy = host;
-      EXPECT_EQ(withEffectivePrivacy(snapshot, environment).isHidden, application || host);
-    }
-  }
-}
-
-TEST(EffectivePrivacy, IsNotAPlaceholdersMatter) {
-  Environment environment;
-  environment.redactionReasons.placeholder = true;
-  EXPECT_FALSE(withEffectivePrivacy(fixtures::emptySnapshot(), environment).isHidden);
 }
 
 TEST(WidgetLink, IsSchemeAndDestination) {

@@ -154,8 +154,12 @@ TEST(AmountText, CharactersAreCountedAsAReaderSeesThem) {
 }
 
 TEST(AmountText, CompactOnDemand) {
-  EXPECT_EQ(amountText(1500, snapshotWith(kWhole), true), "$1.5K");
+  EXPECT_EQ(amountText(1500, snapshotWith(kWhole), AmountForm::compact), "$1.5K");
   EXPECT_EQ(amountAccessibilityLabel(1500, snapshotWith(kWhole)), "$1,500");
+}
+
+TEST(AmountText, InFullHoweverLong) {
+  EXPECT_EQ(amountText(12345678.9, snapshotWith(kDecimals), AmountForm::full), "$12,345,678.90");
 }
 
 TEST(AmountText, HiddenIsFourBulletsWhateverTheValue) {
@@ -163,7 +167,8 @@ TEST(AmountText, HiddenIsFourBulletsWhateverTheValue) {
   snapshot.isHidden = true;
   for (const double value : {0.0, 7391.42, kNaN, 1e19}) {
     EXPECT_EQ(amountText(value, snapshot), "\u2022\u2022\u2022\u2022");
-    EXPECT_EQ(amountText(value, snapshot, true), "\u2022\u2022\u2022\u2022");
+    EXPECT_EQ(amountText(value, snapshot, AmountForm::compact), "\u2022\u2022\u2022\u2022");
+    EXPECT_EQ(amountText(value, snapshot, AmountForm::full), "\u2022\u2022\u2022\u2022");
     EXPECT_EQ(amountAccessibilityLabel(value, snapshot), "Amounts hidden");
   }
 }

@@ -5,10 +5,12 @@
 #include <algorithm>
 
 #include "Cli/Sheet/SheetLayout.hpp"
+#include "Foundation/Markup.hpp"
 
 namespace cli {
 namespace {
 
+using foundation::escapedMarkup;
 using viewkit::Appearance;
 
 constexpr std::string_view kHead = R"(<!doctype html>
@@ -84,29 +86,13 @@ constexpr std::string_view kShow = R"(<div class="show" role="radiogroup" aria-l
 </div>
 )";
 
-std::string escaped(std::string_view text) {
-  std::string result;
-  for (const char c : text) {
-    if (c == '&') {
-      result += "&amp;";
-    } else if (c == '<') {
-      result += "&lt;";
-    } else if (c == '"') {
-      result += "&quot;";
-    } else {
-      result += c;
-    }
-  }
-  return result;
-}
-
 /// The widget's name, and behind it what is special about this row.
 std::string heading(const std::string& caption) {
   constexpr std::string_view kDot = " · ";
   const auto dot = caption.find(kDot);
-  if (dot == std::string::npos) return escaped(caption);
-  return escaped(caption.substr(0, dot)) + " <span>" + escaped(caption.substr(dot + kDot.size())) +
-         "</span>";
+  if (dot == std::string::npos) return escapedMarkup(caption);
+  return escapedMarkup(caption.substr(0, dot)) + " <span>" +
+         escapedMarkup(caption.substr(dot + kDot.size())) + "</span>";
 }
 
 std::string picture(const GallerySection& section,
@@ -123,8 +109,8 @@ std::string picture(const GallerySection& section,
       shown.how.size.width,
       shown.how.size.height,
       pictureFile(section, row, cell, appearance),
-      escaped(section.rows[row].caption),
-      escaped(shown.name));
+      escapedMarkup(section.rows[row].caption),
+      escapedMarkup(shown.name));
 }
 
 /// Whether something is drawn without a ground of its own: it is made to stand on a picture.
@@ -158,8 +144,8 @@ std::string sectionText(const GallerySection& section) {
 <p>{2}</p>
 )",
                                  section.id,
-                                 escaped(section.title),
-                                 escaped(section.note));
+                                 escapedMarkup(section.title),
+                                 escapedMarkup(section.note));
   for (std::size_t row = 0; row < section.rows.size(); ++row) {
     text += fmt::format(R"(<article>
 <h3>{}</h3>
@@ -196,12 +182,12 @@ std::string galleryPage(const std::vector<GallerySection>& sections,
 <div class="bar">
 <nav aria-label="Sections">
 )",
-                      escaped(introduction));
+                      escapedMarkup(introduction));
   for (const GallerySection& section : sections) {
     page += fmt::format(R"(<a href="#{}">{}</a>
 )",
                         section.id,
-                        escaped(section.title));
+                        escapedMarkup(section.title));
   }
   page += R"(</nav>
 )";

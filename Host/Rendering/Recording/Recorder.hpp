@@ -3,22 +3,11 @@
 
 #include "Rendering/Graphics/DrawingLimits.hpp"
 #include "Rendering/Graphics/RenderOptions.hpp"
-#include "Rendering/Images/ImageDecoder.hpp"
 #include "Rendering/Layout/LayoutTree.hpp"
 #include "Rendering/Recording/DisplayList.hpp"
-#include "Rendering/Symbols/SymbolLibrary.hpp"
-#include "Rendering/Text/ColorGlyphs.hpp"
-#include "Rendering/Text/FontMeasurer.hpp"
+#include "Rendering/Recording/RecorderTools.hpp"
 
 namespace rendering {
-
-/// What drawing needs besides the tree.
-struct RecorderTools {
-  FontMeasurer& measurer;
-  SymbolLibrary& symbols;
-  ImageCache& images;
-  ColorGlyphs& colorGlyphs;
-};
 
 /// Appends the tree's commands. The list refers to the symbol library's drawings. Refused when they
 /// are more than the limits allow.

@@ -5,6 +5,7 @@
 #include <variant>
 
 #include "Foundation/Overloaded.hpp"
+#include "Rendering/Graphics/Rectangles.hpp"
 
 namespace rendering {
 
@@ -126,27 +127,6 @@ bool fillOnly(const DisplayList& list, std::size_t from, const PathSlice& path) 
 }
 
 }  // namespace
-
-bool contains(const Rect& outer, const Rect& inner) {
-  constexpr double kSlack = 1e-6;
-  return inner.x >= outer.x - kSlack && inner.y >= outer.y - kSlack &&
-         inner.right() <= outer.right() + kSlack && inner.bottom() <= outer.bottom() + kSlack;
-}
-
-Rect unite(const Rect& a, const Rect& b) {
-  const double x = std::min(a.x, b.x);
-  const double y = std::min(a.y, b.y);
-  return {x, y, std::max(a.right(), b.right()) - x, std::max(a.bottom(), b.bottom()) - y};
-}
-
-Rect intersect(const Rect& a, const Rect& b) {
-  const double x = std::max(a.x, b.x);
-  const double y = std::max(a.y, b.y);
-  return {x,
-          y,
-          std::max(0.0, std::min(a.right(), b.right()) - x),
-          std::max(0.0, std::min(a.bottom(), b.bottom()) - y)};
-}
 
 Rect boundsFrom(const DisplayList& list, std::size_t first) {
   std::optional<Rect> result;

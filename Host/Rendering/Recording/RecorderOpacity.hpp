@@ -19,8 +19,4 @@ void endOpacity(DisplayList& list, std::size_t begin);
 /// it.
 [[nodiscard]] std::optional<FillPath> silhouetteFrom(DisplayList& list, std::size_t first);
 
-[[nodiscard]] bool contains(const Rect& outer, const Rect& inner);
-[[nodiscard]] Rect unite(const Rect& a, const Rect& b);
-[[nodiscard]] Rect intersect(const Rect& a, const Rect& b);
-
 }  // namespace rendering

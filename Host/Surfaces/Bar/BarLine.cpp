@@ -4,10 +4,12 @@
 #include <array>
 
 #include "Foundation/JsonWriter.hpp"
+#include "Foundation/Markup.hpp"
 
 namespace surfaces {
 namespace {
 
+using foundation::escapedMarkup;  // Waybar reads its texts as Pango markup
 using foundation::JsonWriter;
 
 constexpr std::array<std::string_view, 6> kNames{
@@ -32,33 +34,6 @@ std::string fullTooltip(const BarLine& line) {
   if (line.reason.empty()) return line.tooltip;
   const bool needsBreak = !line.tooltip.empty() && !line.tooltip.ends_with('\n');
   return line.tooltip + (needsBreak ? "\n" : "") + line.status + ": " + line.reason;
-}
-
-/// Waybar reads its texts as Pango markup.
-std::string escapedMarkup(std::string_view text) {
-  std::string out;
-  for (const char c : text) {
-    switch (c) {
-      case '&':
-        out += "&amp;";
-        break;
-      case '<':
-        out += "&lt;";
-        break;
-      case '>':
-        out += "&gt;";
-        break;
-      case '\'':
-        out += "&#39;";
-        break;
-      case '"':
-        out += "&quot;";
-        break;
-      default:
-        out += c;
-    }
-  }
-  return out;
 }
 
 /// No text may begin a tag of polybar's: a zero-width space parts the two characters. It has no

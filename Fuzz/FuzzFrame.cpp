@@ -44,7 +44,7 @@ void asHost(std::string_view message) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const std::string_view stream(reinterpret_cast<const char*>(data), size);
-  widgetruntime::Dispatcher dispatcher(fake::definition());
+  widgetruntime::Dispatcher dispatcher(testsupport::fake::definition());
   require(!dispatcher.handle(kInitialize).empty());
   widgetruntime::FrameDecoder decoder(widgetruntime::kMaximumMessage);
   // The first byte says where the stream is cut.

@@ -10,8 +10,8 @@
 namespace quorvel {
 namespace {
 
-using fixtures::WidgetLayout;
-using fixtures::WidgetState;
+using testsupport::WidgetLayout;
+using testsupport::WidgetState;
 
 /// A host gives accessory families little room; the elements do not depend on it.
 constexpr rendering::Size kSize{364, 382};
@@ -19,7 +19,7 @@ constexpr rendering::Size kSize{364, 382};
 std::string spoken(rendering::Renderer& renderer,
                    const WidgetLayout& layout,
                    const WidgetState& state) {
-  const auto tree = renderer.place(fixtures::viewOf(layout, state), {.size = kSize}).value();
+  const auto tree = renderer.place(testsupport::viewOf(layout, state), {.size = kSize}).value();
   std::string lines;
   for (const auto& element : rendering::accessibleElements(
            tree, {.redaction = state.environment.redactionReasons, .name = "The widget"})) {
@@ -32,10 +32,10 @@ std::string spoken(rendering::Renderer& renderer,
 }
 
 std::vector<WidgetState> englishStates() {
-  const auto now = fixtures::februaryTenth();
+  const auto now = testsupport::februaryTenth();
   std::vector<WidgetState> states;
   const auto add = [&](std::string_view name, const auto& change) {
-    states.push_back({name, now, fixtures::smallSnapshot(), {}});
+    states.push_back({name, now, testsupport::smallSnapshot(), {}});
     change(states.back());
   };
   add("fallen, overspent, with art", [](WidgetState& s) {
@@ -75,10 +75,11 @@ std::vector<WidgetState> englishStates() {
 TEST(AccessibilityApproval, EveryLayoutReadsLikeASentence) {
   rendering::Renderer renderer;
   std::set<std::string> names;
-  for (const WidgetLayout& layout : fixtures::kLayouts) {
+  for (const WidgetLayout& layout : testsupport::kLayouts) {
     std::string text;
     for (const std::string_view lang : kLanguageCodes) {
-      const WidgetState full{lang, fixtures::februaryTenth(), fixtures::smallSnapshot(lang), {}};
+      const WidgetState full{
+          lang, testsupport::februaryTenth(), testsupport::smallSnapshot(lang), {}};
       text += "== " + std::string{lang} + "\n" + spoken(renderer, layout, full);
     }
     for (const WidgetState& state : englishStates()) {
@@ -86,9 +87,9 @@ TEST(AccessibilityApproval, EveryLayoutReadsLikeASentence) {
     }
     const std::string name = "Accessibility/" + std::string{layout.name};
     names.insert(name);
-    EXPECT_TRUE(approval::matchesExpected(name, text));
+    EXPECT_TRUE(testsupport::matchesExpected(name, text));
   }
-  EXPECT_EQ(approval::expectedNames("Accessibility"), names);
+  EXPECT_EQ(testsupport::expectedNames("Accessibility"), names);
 }
 
 }  // namespace

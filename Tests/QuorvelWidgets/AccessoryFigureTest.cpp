@@ -10,8 +10,8 @@
 namespace quorvel {
 namespace {
 
-using fixtures::WidgetKind;
-using fixtures::WidgetState;
+using testsupport::WidgetKind;
+using testsupport::WidgetState;
 using widgetruntime::WidgetFamily;
 
 constexpr std::array kFamilies{WidgetFamily::accessoryCircular,
@@ -19,25 +19,25 @@ constexpr std::array kFamilies{WidgetFamily::accessoryCircular,
                                WidgetFamily::accessoryInline};
 
 viewkit::View shown(WidgetKind kind, WidgetFamily family, const WidgetSnapshot& snapshot) {
-  const WidgetState state{"full", fixtures::februaryTenth(), snapshot, {}};
-  return fixtures::viewOf({"accessory", kind, family}, state);
+  const WidgetState state{"full", testsupport::februaryTenth(), snapshot, {}};
+  return testsupport::viewOf({"accessory", kind, family}, state);
 }
 
 TEST(AccessoryFigure, UndeclaredFamiliesShowSymbolAndAmount) {
   for (const WidgetFamily family : kFamilies) {
-    const auto spending = shown(WidgetKind::spending, family, fixtures::smallSnapshot());
-    EXPECT_THAT(inspection::texts(spending), ::testing::ElementsAre("$600"));
-    EXPECT_THAT(inspection::symbols(spending), ::testing::ElementsAre("cart.fill"));
-    const auto worth = shown(WidgetKind::netWorth, family, fixtures::smallSnapshot());
-    EXPECT_THAT(inspection::texts(worth), ::testing::ElementsAre("$1,100"));
+    const auto spending = shown(WidgetKind::spending, family, testsupport::smallSnapshot());
+    EXPECT_THAT(testsupport::texts(spending), ::testing::ElementsAre("$600"));
+    EXPECT_THAT(testsupport::symbols(spending), ::testing::ElementsAre("cart.fill"));
+    const auto worth = shown(WidgetKind::netWorth, family, testsupport::smallSnapshot());
+    EXPECT_THAT(testsupport::texts(worth), ::testing::ElementsAre("$1,100"));
   }
 }
 
 TEST(AccessoryFigure, HiddenAmountsStayHidden) {
-  WidgetSnapshot snapshot = fixtures::smallSnapshot();
+  WidgetSnapshot snapshot = testsupport::smallSnapshot();
   snapshot.isHidden = true;
   for (const WidgetFamily family : kFamilies) {
-    EXPECT_THAT(inspection::texts(shown(WidgetKind::netWorth, family, snapshot)),
+    EXPECT_THAT(testsupport::texts(shown(WidgetKind::netWorth, family, snapshot)),
                 ::testing::ElementsAre("••••"));
   }
 }
@@ -45,9 +45,9 @@ TEST(AccessoryFigure, HiddenAmountsStayHidden) {
 TEST(AccessoryFigure, TheSymbolStandsAloneWhereTheAmountHasNoRoom) {
   rendering::Renderer renderer;
   const auto view =
-      shown(WidgetKind::netWorth, WidgetFamily::accessoryCircular, fixtures::smallSnapshot());
+      shown(WidgetKind::netWorth, WidgetFamily::accessoryCircular, testsupport::smallSnapshot());
   const auto textsIn = [&](double side) {
-    return inspection::find(renderer.place(view, {.size = {side, side}}).value()).texts.size();
+    return testsupport::find(renderer.place(view, {.size = {side, side}}).value()).texts.size();
   };
   EXPECT_EQ(textsIn(76), 1U);
   EXPECT_EQ(textsIn(30), 0U);

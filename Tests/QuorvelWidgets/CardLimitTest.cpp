@@ -32,7 +32,7 @@ WidgetSnapshot::Card card(std::string id, double limit = 1000, double remaining 
 }
 
 WidgetSnapshot snapshotOf(std::vector<WidgetSnapshot::Card> cards, std::string lang = "en") {
-  WidgetSnapshot snapshot = fixtures::emptySnapshot(std::move(lang));
+  WidgetSnapshot snapshot = testsupport::emptySnapshot(std::move(lang));
   for (const auto& each : cards) {
     snapshot.totalLimit += each.limit;
     snapshot.totalRemaining += each.remaining;
@@ -57,7 +57,7 @@ std::vector<std::string> drawnIds(const std::vector<const WidgetSnapshot::Card*>
 }
 
 std::string link(const viewkit::View& view) {
-  return inspection::modifier<viewkit::WidgetURL>(view)->url;
+  return testsupport::modifier<viewkit::WidgetURL>(view)->url;
 }
 
 TEST(CardUsage, FollowsTheRemainingPartOfTheLimit) {
@@ -84,7 +84,7 @@ TEST(CardUsage, BothBoundsBelongToTheHeavierSide) {
 
 TEST(CardUsage, APercentageRoundsHalvesAwayFromZero) {
   const CardEntry entry{{}, snapshotOf({card("1", 1000, 875)}), {}};
-  EXPECT_THAT(inspection::texts(view(entry, WidgetFamily::systemSmall)),
+  EXPECT_THAT(testsupport::texts(view(entry, WidgetFamily::systemSmall)),
               Contains(AllOf(HasSubstr("13%"), HasSubstr("used"))));
 }
 
@@ -111,7 +111,7 @@ TEST(CardOrder, TwoCardsOfTheChosenIdBothComeFirst) {
 
 TEST(CardLimitView, WithoutASnapshotAsksForTheApplication) {
   const auto shown = view({}, WidgetFamily::systemMedium);
-  EXPECT_THAT(inspection::texts(shown),
+  EXPECT_THAT(testsupport::texts(shown),
               ElementsAre("Remaining limit", "Open Quorvel to get started", "Open Quorvel"));
   EXPECT_EQ(link(shown), "quorvel-widget://open/cards");
 }
@@ -119,7 +119,7 @@ TEST(CardLimitView, WithoutASnapshotAsksForTheApplication) {
 TEST(CardLimitView, WithoutCardsAsksForOneInTheSnapshotsLanguage) {
   const CardEntry entry{{}, snapshotOf({}, "id"), {}};
   const auto shown = view(entry, WidgetFamily::systemSmall);
-  EXPECT_THAT(inspection::texts(shown),
+  EXPECT_THAT(testsupport::texts(shown),
               ElementsAre("Sisa limit", "Tambah kartu di Quorvel", "Tambah kartu"));
   EXPECT_EQ(link(shown), "quorvel-widget://open/cards");
 }
@@ -127,14 +127,14 @@ TEST(CardLimitView, WithoutCardsAsksForOneInTheSnapshotsLanguage) {
 TEST(CardLimitView, AStaleChoiceShowsTheFirstCard) {
   const CardEntry entry{{}, fiveCards(), "gone"};
   const auto shown = view(entry, WidgetFamily::systemSmall);
-  EXPECT_THAT(inspection::texts(shown), Contains("Card 1"));
+  EXPECT_THAT(testsupport::texts(shown), Contains("Card 1"));
   EXPECT_EQ(link(shown), "quorvel-widget://open/card/1");
 }
 
 TEST(CardLimitView, TheThirdCardChosen) {
   const CardEntry entry{{}, fiveCards(), "3"};
-  EXPECT_THAT(inspection::texts(view(entry, WidgetFamily::systemSmall)), Contains("Card 3"));
-  const auto medium = inspection::texts(view(entry, WidgetFamily::systemMedium));
+  EXPECT_THAT(testsupport::texts(view(entry, WidgetFamily::systemSmall)), Contains("Card 3"));
+  const auto medium = testsupport::texts(view(entry, WidgetFamily::systemMedium));
   EXPECT_THAT(medium, AllOf(Contains("Card 3"), Contains("Card 1"), Contains("Card 2")));
   EXPECT_THAT(medium, Not(Contains("Card 4")));
   EXPECT_EQ(link(view(entry, WidgetFamily::systemSmall)), "quorvel-widget://open/card/3");
@@ -147,7 +147,7 @@ TEST(CardLimitView, SevenCardsShowThreeFacesAndCountSeven) {
   snapshot.cards.push_back(card("6"));
   snapshot.cards.push_back(card("7"));
   const CardEntry entry{{}, snapshot, {}};
-  const auto texts = inspection::texts(view(entry, WidgetFamily::systemMedium));
+  const auto texts = testsupport::texts(view(entry, WidgetFamily::systemMedium));
   EXPECT_THAT(texts, Contains("7 cards"));
   EXPECT_THAT(texts, Not(Contains("Card 4")));
 }
@@ -173,10 +173,10 @@ TEST(CardLimitView, BothCausesOfPrivacyLookTheSame) {
        {WidgetFamily::systemSmall, WidgetFamily::systemMedium, WidgetFamily::systemLarge}) {
     const auto shown = view(hidden, family);
     EXPECT_EQ(shown, view(open, family, redacted));
-    EXPECT_THAT(inspection::texts(shown), Not(Contains(HasSubstr("%"))));
-    EXPECT_THAT(inspection::texts(shown), Contains("••••"));
+    EXPECT_THAT(testsupport::texts(shown), Not(Contains(HasSubstr("%"))));
+    EXPECT_THAT(testsupport::texts(shown), Contains("••••"));
   }
-  EXPECT_THAT(inspection::texts(view(hidden, WidgetFamily::systemSmall)),
+  EXPECT_THAT(testsupport::texts(view(hidden, WidgetFamily::systemSmall)),
               Contains("Amounts hidden"));
 }
 
@@ -184,7 +184,7 @@ TEST(CardLimitView, ArtCarriesItsOwnPrinting) {
   WidgetSnapshot snapshot = snapshotOf({card("1")});
   snapshot.cards[0].hasImage = true;
   const CardEntry entry{{}, snapshot, {}};
-  const auto texts = inspection::texts(view(entry, WidgetFamily::systemSmall));
+  const auto texts = testsupport::texts(view(entry, WidgetFamily::systemSmall));
   EXPECT_THAT(texts, Not(Contains("Card 1")));
   EXPECT_THAT(texts, Not(Contains(HasSubstr("8478"))));
 }
@@ -194,16 +194,16 @@ TEST(CardLimitView, AnEmptyProductNameLeavesTheBanks) {
   snapshot.cards[0].productName.clear();
   snapshot.cards[0].last4 = "";
   const CardEntry entry{{}, snapshot, {}};
-  const auto texts = inspection::texts(view(entry, WidgetFamily::systemSmall));
+  const auto texts = testsupport::texts(view(entry, WidgetFamily::systemSmall));
   EXPECT_THAT(texts, Contains("Northbank"));
   EXPECT_THAT(texts, Not(Contains(HasSubstr("••"))));
 }
 
 TEST(CardLimitView, TenThousandCardsDrawNoMoreThanThree) {
   WidgetSnapshot snapshot = fiveCards();
-  const auto few = inspection::nodes(view({{}, snapshot, {}}, WidgetFamily::systemLarge)).size();
+  const auto few = testsupport::nodes(view({{}, snapshot, {}}, WidgetFamily::systemLarge)).size();
   snapshot.cards.resize(10000, card("more"));
-  const auto many = inspection::nodes(view({{}, snapshot, {}}, WidgetFamily::systemLarge)).size();
+  const auto many = testsupport::nodes(view({{}, snapshot, {}}, WidgetFamily::systemLarge)).size();
   EXPECT_EQ(many, few);
 }
 

@@ -32,7 +32,7 @@ TEST(ComponentSheet, ShowsEveryComponent) {
 
 TEST(ComponentSheet, NamesEverySampleOnTheSheet) {
   const viewkit::View sheet = componentSheet();
-  const auto texts = inspection::texts(sheet);
+  const auto texts = testsupport::texts(sheet);
   for (const ComponentSample& sample : componentSamples()) {
     EXPECT_THAT(texts, ::testing::Contains(std::string{sample.variant}));
   }
@@ -47,9 +47,9 @@ TEST(ComponentSheet, EveryVariantIsTheApprovedTree) {
   std::set<std::string> names;
   for (const auto& [component, text] : dumps) {
     names.insert("Components/" + component);
-    EXPECT_TRUE(approval::matchesExpected("Components/" + component, text));
+    EXPECT_TRUE(testsupport::matchesExpected("Components/" + component, text));
   }
-  EXPECT_EQ(approval::expectedNames("Components"), names);
+  EXPECT_EQ(testsupport::expectedNames("Components"), names);
 }
 
 }  // namespace

@@ -36,7 +36,7 @@ WidgetSnapshot::Due due(std::string name, std::string date, double amount = 125)
 }
 
 SnapshotEntry entryOf(std::vector<WidgetSnapshot::Due> dues, std::string lang = "en") {
-  WidgetSnapshot snapshot = fixtures::emptySnapshot(std::move(lang));
+  WidgetSnapshot snapshot = testsupport::emptySnapshot(std::move(lang));
   snapshot.dues = std::move(dues);
   return {now(), std::move(snapshot)};
 }
@@ -111,11 +111,11 @@ TEST(UpcomingDues, OnlyAsManyAsAskedFor) {
 
 TEST(DueWidgetView, AllOverdueSaysThatNothingIsDue) {
   const auto entry = entryOf({due("a", "2025-03-01"), due("b", "2025-02-01")});
-  EXPECT_THAT(inspection::texts(view(entry, WidgetFamily::systemSmall)),
+  EXPECT_THAT(testsupport::texts(view(entry, WidgetFamily::systemSmall)),
               ElementsAre("Next due", "Nothing due soon", "All clear"));
-  EXPECT_THAT(inspection::texts(view(entry, WidgetFamily::accessoryInline)),
+  EXPECT_THAT(testsupport::texts(view(entry, WidgetFamily::accessoryInline)),
               ElementsAre("Nothing due soon"));
-  EXPECT_THAT(inspection::texts(view(entry, WidgetFamily::accessoryRectangular)),
+  EXPECT_THAT(testsupport::texts(view(entry, WidgetFamily::accessoryRectangular)),
               ElementsAre("Nothing due soon"));
 }
 
@@ -125,7 +125,7 @@ TEST(DueWidgetView, FiveUpcomingGiveThreeRowsInOrder) {
                               due("C", "2025-03-19"),
                               due("D", "2025-03-16"),
                               due("E", "2025-03-17")});
-  const auto texts = inspection::texts(view(entry, WidgetFamily::systemMedium));
+  const auto texts = testsupport::texts(view(entry, WidgetFamily::systemMedium));
   EXPECT_THAT(texts, AllOf(Contains("A"), Contains("B"), Contains("C")));
   EXPECT_THAT(texts, AllOf(Not(Contains("D")), Not(Contains("E"))));
 }
@@ -133,7 +133,7 @@ TEST(DueWidgetView, FiveUpcomingGiveThreeRowsInOrder) {
 TEST(DueWidgetView, InlineUnderPrivacyKeepsLabelAndName) {
   auto entry = entryOf({due("Netflix", "2025-03-17", 15.99)});
   entry.snapshot->isHidden = true;
-  const auto texts = inspection::texts(view(entry, WidgetFamily::accessoryInline));
+  const auto texts = testsupport::texts(view(entry, WidgetFamily::accessoryInline));
   ASSERT_THAT(texts, SizeIs(1));
   // The name and the amount each keep their own direction.
   EXPECT_EQ(texts[0], "in 3 days · \u2068Netflix\u2069 · \u2066••••\u2069");
@@ -141,10 +141,10 @@ TEST(DueWidgetView, InlineUnderPrivacyKeepsLabelAndName) {
 
 TEST(DueWidgetView, WithoutASnapshot) {
   const SnapshotEntry none{now(), std::nullopt};
-  EXPECT_THAT(inspection::texts(view(none, WidgetFamily::systemMedium)),
+  EXPECT_THAT(testsupport::texts(view(none, WidgetFamily::systemMedium)),
               ElementsAre("Next due", "Open Quorvel to get started", "Open Quorvel"));
   for (const auto family : {WidgetFamily::accessoryRectangular, WidgetFamily::accessoryInline}) {
-    EXPECT_THAT(inspection::texts(view(none, family)), ElementsAre("Open Quorvel to get started"));
+    EXPECT_THAT(testsupport::texts(view(none, family)), ElementsAre("Open Quorvel to get started"));
   }
 }
 
@@ -152,26 +152,26 @@ TEST(DueWidgetView, OpensBillsAndACardsRowOpensItsCard) {
   auto dues = std::vector{due("Card", "2025-03-17"), due("Bill", "2025-03-18")};
   dues[0].cardId = "a b";
   const auto shown = view(entryOf(dues), WidgetFamily::systemMedium);
-  EXPECT_EQ(inspection::modifier<viewkit::WidgetURL>(shown)->url, "quorvel-widget://open/bills");
+  EXPECT_EQ(testsupport::modifier<viewkit::WidgetURL>(shown)->url, "quorvel-widget://open/bills");
   std::vector<std::string> links;
-  for (const auto* node : inspection::nodes(shown)) {
-    if (const auto* link = inspection::modifier<viewkit::Link>(*node)) links.push_back(link->url);
+  for (const auto* node : testsupport::nodes(shown)) {
+    if (const auto* link = testsupport::modifier<viewkit::Link>(*node)) links.push_back(link->url);
   }
   EXPECT_THAT(links, ElementsAre("quorvel-widget://open/card/a b"));
 }
 
 TEST(DueWidgetView, AmountsAreNeverShortened) {
   const auto entry = entryOf({due("Loan", "2025-03-17", 12345678901234)});
-  EXPECT_THAT(inspection::texts(view(entry, WidgetFamily::systemSmall)),
+  EXPECT_THAT(testsupport::texts(view(entry, WidgetFamily::systemSmall)),
               Contains("$12,345,678,901,234"));
 }
 
 TEST(DueWidgetView, TheSmallLayoutNamesTheDay) {
   auto entry = entryOf({due("Netflix", "2025-03-17")});
-  EXPECT_THAT(inspection::texts(view(entry, WidgetFamily::systemSmall)),
+  EXPECT_THAT(testsupport::texts(view(entry, WidgetFamily::systemSmall)),
               ElementsAre("N", "3d left", "Netflix", "$125", "Due Mar 17"));
   entry.snapshot->dues[0].subtitle = "Monthly";
-  EXPECT_THAT(inspection::texts(view(entry, WidgetFamily::systemLarge)),
+  EXPECT_THAT(testsupport::texts(view(entry, WidgetFamily::systemLarge)),
               Contains("\u2068Monthly\u2069"));
 }
 
@@ -181,29 +181,29 @@ DueTile tile(const WidgetSnapshot::Due& due, RenderingMode mode = RenderingMode:
 
 TEST(DueTile, ABrandComesBeforeASymbolBeforeALetter) {
   auto payment = due("straße", "2025-03-17");
-  EXPECT_THAT(inspection::texts(tile(payment).body()), ElementsAre("S"));
+  EXPECT_THAT(testsupport::texts(tile(payment).body()), ElementsAre("S"));
   payment.symbol = "wifi";
-  EXPECT_THAT(inspection::symbols(tile(payment).body()), ElementsAre("wifi"));
+  EXPECT_THAT(testsupport::symbols(tile(payment).body()), ElementsAre("wifi"));
   payment.brandId = "netflix";
   const viewkit::View branded = tile(payment);
-  ASSERT_THAT(inspection::nodesWith<viewkit::ImageElement>(branded), SizeIs(1));
-  const auto* image = inspection::nodesWith<viewkit::ImageElement>(branded)[0];
+  ASSERT_THAT(testsupport::nodesWith<viewkit::ImageElement>(branded), SizeIs(1));
+  const auto* image = testsupport::nodesWith<viewkit::ImageElement>(branded)[0];
   EXPECT_EQ(std::get<viewkit::ImageElement>(image->element).path, "widget-brands/netflix.png");
   // What stands in for a file that cannot be read.
-  EXPECT_THAT(inspection::symbols(branded), ElementsAre("wifi"));
+  EXPECT_THAT(testsupport::symbols(branded), ElementsAre("wifi"));
 }
 
 TEST(DueTile, AnAccentedHostGetsNoBrandImage) {
   auto payment = due("Netflix", "2025-03-17");
   payment.brandId = "netflix";
   const viewkit::View accented = tile(payment, RenderingMode::accented);
-  EXPECT_THAT(inspection::nodesWith<viewkit::ImageElement>(accented), IsEmpty());
+  EXPECT_THAT(testsupport::nodesWith<viewkit::ImageElement>(accented), IsEmpty());
 }
 
 TEST(DueTile, AHostWithoutPicturesDrawsTheFirstPlainCharacter) {
   const auto initial = [](const char* name) {
     const viewkit::View body = tile(due(name, "2025-03-17")).body();
-    const auto* node = inspection::nodesWith<viewkit::TextElement>(body).front();
+    const auto* node = testsupport::nodesWith<viewkit::TextElement>(body).front();
     const auto& text = std::get<viewkit::TextElement>(node->element);
     return std::pair{text.text, text.fallback};
   };
@@ -227,7 +227,7 @@ TEST(DueTile, APaleFaceGivesWayToTheDefaultOne) {
 }
 
 TEST(DueTile, OneLetterMayBecomeTwo) {
-  EXPECT_THAT(inspection::texts(tile(due("ßtraße", "2025-03-17")).body()), ElementsAre("SS"));
+  EXPECT_THAT(testsupport::texts(tile(due("ßtraße", "2025-03-17")).body()), ElementsAre("SS"));
 }
 
 }  // namespace

@@ -89,16 +89,16 @@ const Scene kScenes[] = {
 };
 
 std::string drawn(const Scene& scene) {
-  auto snapshot = fixtures::snapshotWith(
-      fixtures::budgetOf(3000, scene.spent, "2025-03-25", "2025-03-01"), scene.lang);
+  auto snapshot = testsupport::snapshotWith(
+      testsupport::budgetOf(3000, scene.spent, "2025-03-25", "2025-03-01"), scene.lang);
   snapshot.isHidden = scene.isHidden;
   const bool isFullColor = scene.mode == RenderingMode::fullColor;
   Environment environment;
   environment.widgetFamily = scene.family;
   environment.widgetRenderingMode = scene.mode;
   environment.showsWidgetContainerBackground = isFullColor;
-  const auto entry = fixtures::entryWith(snapshot, scene.style);
-  const viewkit::View view = fixtures::safeToSpendView(entry, environment);
+  const auto entry = testsupport::entryWith(snapshot, scene.style);
+  const viewkit::View view = testsupport::safeToSpendView(entry, environment);
   RenderOptions options;
   options.size = {scene.family == WidgetFamily::systemMedium ? 364.0 : 170.0, 170};
   options.appearance = scene.appearance;
@@ -130,27 +130,27 @@ TEST_P(GoldenPicture, LooksAsApproved) {
 
 struct WidgetScene {
   const char* name;
-  fixtures::WidgetLayout layout;
+  testsupport::WidgetLayout layout;
   rendering::Size size;
 };
 
 // One picture of each of the other widgets, from the sample of a day.
 TEST(WidgetGoldenPicture, EveryOtherWidgetLooksAsApproved) {
-  using fixtures::WidgetKind;
+  using testsupport::WidgetKind;
   const WidgetScene scenes[] = {
       {"card-limit-medium", {"", WidgetKind::cardLimit, WidgetFamily::systemMedium}, {364, 170}},
       {"due-medium", {"", WidgetKind::due, WidgetFamily::systemMedium}, {364, 170}},
       {"net-worth-medium", {"", WidgetKind::netWorth, WidgetFamily::systemMedium}, {364, 170}},
       {"spending-large", {"", WidgetKind::spending, WidgetFamily::systemLarge}, {364, 382}},
   };
-  const auto now = fixtures::morningOf("2025-03-14");
-  const fixtures::WidgetState state{"full", now, fixtures::richSnapshot("en", now), {}};
+  const auto now = testsupport::morningOf("2025-03-14");
+  const testsupport::WidgetState state{"full", now, testsupport::richSnapshot("en", now), {}};
   rendering::Renderer renderer;
   for (const WidgetScene& scene : scenes) {
     SCOPED_TRACE(scene.name);
     RenderOptions options;
     options.size = scene.size;
-    const viewkit::View view = fixtures::viewOf(scene.layout, state);
+    const viewkit::View view = testsupport::viewOf(scene.layout, state);
     expectApproved(scene.name, rendering::encodePng(renderer.bitmap(view, options).value()));
   }
 }

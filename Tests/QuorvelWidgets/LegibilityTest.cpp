@@ -15,15 +15,15 @@
 namespace quorvel {
 namespace {
 
-using fixtures::WidgetLayout;
-using fixtures::WidgetState;
-using inspection::FoundText;
-using inspection::inkBox;
-using inspection::intersection;
 using rendering::LayoutTree;
 using rendering::PlacedLine;
 using rendering::Rect;
 using rendering::Size;
+using testsupport::FoundText;
+using testsupport::inkBox;
+using testsupport::intersection;
+using testsupport::WidgetLayout;
+using testsupport::WidgetState;
 using viewkit::Appearance;
 using viewkit::Rgb;
 using widgetruntime::WidgetFamily;
@@ -123,11 +123,11 @@ void checkText(const FoundText& text,
   const auto& placed = *text.node->text;
   const auto& element = text.element();
   const std::string quoted = "\"" + element.text.substr(0, 60) + "\" ";
-  if (placed.isCut() && !isUsersOwn(element.text, fixtures::userTexts(state.snapshot))) {
+  if (placed.isCut() && !isUsersOwn(element.text, testsupport::userTexts(state.snapshot))) {
     fail(quoted + "is cut: its least width is " + std::to_string(std::lround(leastWidth(text))) +
          " of " + std::to_string(std::lround(text.node->frame.width)));
   }
-  if (partsAWord(placed) && !isUsersOwn(element.text, fixtures::userTexts(state.snapshot))) {
+  if (partsAWord(placed) && !isUsersOwn(element.text, testsupport::userTexts(state.snapshot))) {
     fail(quoted + "is parted inside a word");
   }
   if (placed.scale < element.minimumScaleFactor - 1e-9) fail(quoted + "is smaller than allowed");
@@ -137,7 +137,7 @@ void checkText(const FoundText& text,
   }
 }
 
-void checkOverlaps(const inspection::FoundNodes& found,
+void checkOverlaps(const testsupport::FoundNodes& found,
                    const std::function<void(const std::string&)>& fail) {
   std::vector<std::pair<Rect, const FoundText*>> lines;
   for (const FoundText& text : found.texts) {
@@ -158,7 +158,7 @@ void checkOverlaps(const inspection::FoundNodes& found,
   }
 }
 
-void checkLinks(const inspection::FoundNodes& found,
+void checkLinks(const testsupport::FoundNodes& found,
                 const std::function<void(const std::string&)>& fail) {
   for (const Rect& link : found.links) {
     if (link.height < 24) fail("a link is " + std::to_string(link.height) + " high");
@@ -174,12 +174,12 @@ TEST_F(Legibility, NoTextIsCutLeavesTheWidgetOrOverlapsAnother) {
   Faults faults;
   std::size_t trees = 0;
   for (const std::string_view lang : kLanguageCodes) {
-    for (const WidgetState& state : fixtures::widgetStates(lang)) {
-      for (const WidgetLayout& layout : fixtures::kLayouts) {
-        const viewkit::View view = fixtures::viewOf(layout, state);
+    for (const WidgetState& state : testsupport::widgetStates(lang)) {
+      for (const WidgetLayout& layout : testsupport::kLayouts) {
+        const viewkit::View view = testsupport::viewOf(layout, state);
         for (const Device& device : kDevices) {
           const LayoutTree tree = renderer_.place(view, optionsFor(layout, state, device)).value();
-          const auto found = inspection::find(tree);
+          const auto found = testsupport::find(tree);
           const auto fail = [&](const std::string& what) {
             faults.add(std::string{layout.name} + " " + std::string{lang} + ": " + what,
                        std::string{state.name} + " on " + std::string{device.name});
@@ -199,12 +199,12 @@ TEST_F(Legibility, NoTextIsCutLeavesTheWidgetOrOverlapsAnother) {
 // March 2025 takes six rows of the heat map.
 TEST_F(Legibility, ALongMonthStaysInsideTheMarginsOfTheSmallestScreen) {
   const WidgetLayout layout{
-      "spending-large", fixtures::WidgetKind::spending, WidgetFamily::systemLarge};
-  const WidgetState state = fixtures::widgetStates("en").front();
-  const viewkit::View view = fixtures::viewOf(layout, state);
+      "spending-large", testsupport::WidgetKind::spending, WidgetFamily::systemLarge};
+  const WidgetState state = testsupport::widgetStates("en").front();
+  const viewkit::View view = testsupport::viewOf(layout, state);
   for (const Size& size : {Size{364, 382}, Size{338, 354}, Size{292, 311}}) {
     const LayoutTree tree = renderer_.place(view, {.size = size}).value();
-    const auto found = inspection::find(tree);
+    const auto found = testsupport::find(tree);
     ASSERT_FALSE(found.texts.empty());
     const Rect margins{16, 16, size.width - 32, size.height - 32};
     for (const FoundText& text : found.texts) {
@@ -230,7 +230,7 @@ TEST_F(Legibility, TheChecksSeeWhatIsWrong) {
       }
           .frame(FixedFrame{.width = 170, .height = 170, .alignment = Alignment::topLeading});
   const LayoutTree tree = renderer_.place(wrong, {.size = {170, 170}}).value();
-  const auto found = inspection::find(tree);
+  const auto found = testsupport::find(tree);
   std::set<std::string> seen;
   const auto fail = [&](const std::string& what) { seen.insert(what.substr(0, what.find(':'))); };
   for (const FoundText& text : found.texts) checkText(text, {}, fail);
@@ -366,12 +366,12 @@ TEST_F(Legibility, EveryTextStandsOutFromWhatLiesUnderIt) {
   std::size_t pictures = 0;
   const auto check = [&](const WidgetLayout& layout, const WidgetState& state) {
     if (state.environment.redactionReasons.placeholder) return;
-    const viewkit::View view = fixtures::viewOf(layout, state);
+    const viewkit::View view = testsupport::viewOf(layout, state);
     const viewkit::View ground = withoutTexts(view);
     for (const Device& device : kDevices) {
       auto options = optionsFor(layout, state, device);
       const LayoutTree tree = renderer_.place(view, options).value();
-      const auto found = inspection::find(tree);
+      const auto found = testsupport::find(tree);
       for (const Appearance appearance : {Appearance::light, Appearance::dark}) {
         options.appearance = appearance;
         const rendering::Bitmap bitmap = renderer_.bitmap(ground, options).value();
@@ -391,8 +391,8 @@ TEST_F(Legibility, EveryTextStandsOutFromWhatLiesUnderIt) {
       }
     }
   };
-  for (const WidgetState& state : fixtures::widgetStates("en")) {
-    for (const WidgetLayout& layout : fixtures::kLayouts) check(layout, state);
+  for (const WidgetState& state : testsupport::widgetStates("en")) {
+    for (const WidgetLayout& layout : testsupport::kLayouts) check(layout, state);
   }
   RecordProperty("pictures", static_cast<int>(pictures));
   EXPECT_EQ(joined(faults.lines()), "");
@@ -407,11 +407,11 @@ TEST_F(Legibility, TintedTextsStandOutFromAPlateOverAnyWallpaper) {
   std::size_t texts = 0;
   std::size_t onGrounds = 0;
   std::set<viewkit::RenderingMode> modes;
-  for (const WidgetState& state : fixtures::widgetStates("en")) {
+  for (const WidgetState& state : testsupport::widgetStates("en")) {
     if (state.environment.widgetRenderingMode == viewkit::RenderingMode::fullColor) continue;
     modes.insert(state.environment.widgetRenderingMode);
-    for (const WidgetLayout& layout : fixtures::kLayouts) {
-      const viewkit::View view = fixtures::viewOf(layout, state);
+    for (const WidgetLayout& layout : testsupport::kLayouts) {
+      const viewkit::View view = testsupport::viewOf(layout, state);
       const viewkit::View ground = withoutTexts(view);
       auto options = optionsFor(layout, state, kDevices[0]);
       const LayoutTree tree = renderer_.place(view, options).value();
@@ -420,7 +420,7 @@ TEST_F(Legibility, TintedTextsStandOutFromAPlateOverAnyWallpaper) {
         const rendering::Bitmap bitmap = renderer_.bitmap(ground, options).value();
         for (const Rgb wallpaper : {Rgb{0xFFFFFF}, Rgb{0x000000}}) {
           const Rgb plate = blended(wallpaper, canvasIn(appearance), kPlate);
-          for (const FoundText& text : inspection::find(tree).texts) {
+          for (const FoundText& text : testsupport::find(tree).texts) {
             for (const PlacedLine& line : text.node->text->lines) {
               const Drawn drawn = drawnLine(text, line, bitmap, plate, options);
               const double needed = neededContrast(*text.node->text, text.element().weight);
@@ -451,7 +451,7 @@ TEST_F(Legibility, TintedTextsStandOutFromAPlateOverAnyWallpaper) {
 /// In full colour and tinted.
 std::vector<WidgetState> placeholderStates() {
   std::vector<WidgetState> states;
-  for (const WidgetState& state : fixtures::widgetStates("en")) {
+  for (const WidgetState& state : testsupport::widgetStates("en")) {
     if (!state.environment.redactionReasons.placeholder) continue;
     for (const auto mode : {viewkit::RenderingMode::fullColor,
                             viewkit::RenderingMode::accented,
@@ -470,16 +470,16 @@ TEST_F(Legibility, PlaceholderBarsStandOutFromWhatLiesUnderThem) {
   constexpr double kLeastContrast = 1.25;
   std::size_t bars = 0;
   for (const WidgetState& state : placeholderStates()) {
-    for (const WidgetLayout& layout : fixtures::kLayouts) {
+    for (const WidgetLayout& layout : testsupport::kLayouts) {
       const std::size_t before = bars;
-      const viewkit::View view = fixtures::viewOf(layout, state);
+      const viewkit::View view = testsupport::viewOf(layout, state);
       auto options = optionsFor(layout, state, kDevices[0]);
       const LayoutTree tree = renderer_.place(view, options).value();
       for (const Appearance appearance : {Appearance::light, Appearance::dark}) {
         options.appearance = appearance;
         const rendering::Bitmap drawn = renderer_.bitmap(view, options).value();
         const rendering::Bitmap ground = renderer_.bitmap(withoutTexts(view), options).value();
-        for (const FoundText& text : inspection::find(tree).texts) {
+        for (const FoundText& text : testsupport::find(tree).texts) {
           if (text.around.isInImage) continue;  // the picture has a bar of its own
           for (const PlacedLine& line : text.node->text->lines) {
             const Rect middle{line.x + line.width / 2 - 1, line.baseline - 5, 2, 2};

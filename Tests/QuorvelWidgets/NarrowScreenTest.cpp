@@ -15,13 +15,13 @@
 namespace quorvel {
 namespace {
 
-using fixtures::WidgetKind;
-using fixtures::WidgetLayout;
-using fixtures::WidgetState;
-using inspection::FoundText;
 using rendering::LayoutTree;
 using rendering::PlacedNode;
 using rendering::Size;
+using testsupport::FoundText;
+using testsupport::WidgetKind;
+using testsupport::WidgetLayout;
+using testsupport::WidgetState;
 using widgetruntime::WidgetFamily;
 
 /// Standard, compact and stress, in the order of the families.
@@ -41,7 +41,7 @@ class NarrowScreen : public ::testing::Test {
     rendering::RenderOptions options;
     options.size = size;
     options.redaction = state.environment.redactionReasons;
-    return renderer_.place(fixtures::viewOf(layout, state), options).value();
+    return renderer_.place(testsupport::viewOf(layout, state), options).value();
   }
 
   rendering::Renderer renderer_;
@@ -56,10 +56,10 @@ bool isFigure(const FoundText& text) {
 }
 
 std::vector<WidgetState> heavyStates(std::string_view lang) {
-  const auto now = fixtures::morningOf("2025-03-14");
+  const auto now = testsupport::morningOf("2025-03-14");
   std::vector<WidgetState> states;
   const auto add = [&](std::string_view name, const auto& change) {
-    states.push_back({name, now, fixtures::richSnapshot(lang, now), {}});
+    states.push_back({name, now, testsupport::richSnapshot(lang, now), {}});
     change(*states.back().snapshot);
   };
   const auto heavy = [](WidgetSnapshot& s, double factor) { s = quorvel::scaled(s, factor); };
@@ -97,11 +97,11 @@ TEST_F(NarrowScreen, NoFigureIsEverCut) {
   std::map<std::string, int> cut;
   for (const std::string_view lang : kLanguageCodes) {
     for (const WidgetState& state : heavyStates(lang)) {
-      for (const WidgetLayout& layout : fixtures::kLayouts) {
+      for (const WidgetLayout& layout : testsupport::kLayouts) {
         for (const auto& screen : kScreens) {
           const Size size = sizeOn(screen, layout.family);
           const LayoutTree tree = place(layout, state, size);
-          for (const FoundText& text : inspection::find(tree).texts) {
+          for (const FoundText& text : testsupport::find(tree).texts) {
             if (!isFigure(text) || !text.node->text->isCut()) continue;
             ++cut[std::string{layout.name} + " " + std::string{state.name} + " at " +
                   std::to_string(std::lround(size.width)) + ": " + text.element().text];
@@ -128,9 +128,9 @@ void collectLeftOut(const PlacedNode& node, const std::string& place, std::strin
 
 TEST_F(NarrowScreen, NothingIsLeftOutOfTheSampleOnScreensThatExist) {
   std::string leftOut;
-  const auto now = fixtures::morningOf("2025-03-14");
-  const WidgetState state{"full", now, fixtures::richSnapshot("en", now), {}};
-  for (const WidgetLayout& layout : fixtures::kLayouts) {
+  const auto now = testsupport::morningOf("2025-03-14");
+  const WidgetState state{"full", now, testsupport::richSnapshot("en", now), {}};
+  for (const WidgetLayout& layout : testsupport::kLayouts) {
     for (std::size_t screen = 0; screen < 2; ++screen) {
       const Size size = sizeOn(kScreens[screen], layout.family);
       const LayoutTree tree = place(layout, state, size);
@@ -157,8 +157,8 @@ void collect(const PlacedNode& node,
 TEST_F(NarrowScreen, HeatCellsAreSquareAtEverySize) {
   const WidgetLayout layout{"spending-large", WidgetKind::spending, WidgetFamily::systemLarge};
   // March 2025 has six rows.
-  const auto now = fixtures::morningOf("2025-03-14");
-  const WidgetState state{"full", now, fixtures::richSnapshot("en", now), {}};
+  const auto now = testsupport::morningOf("2025-03-14");
+  const WidgetState state{"full", now, testsupport::richSnapshot("en", now), {}};
   for (const auto& screen : kScreens) {
     const LayoutTree tree = place(layout, state, sizeOn(screen, layout.family));
     std::vector<const PlacedNode*> cells;
@@ -180,7 +180,7 @@ TEST_F(NarrowScreen, TheCardLimitsAmountEndsBeforeThePile) {
         const LayoutTree tree = place(layout, state, size);
         // The pile is 152 wide and 14 from the trailing edge.
         const double edge = size.width - 152 - 14;
-        for (const FoundText& text : inspection::find(tree).texts) {
+        for (const FoundText& text : testsupport::find(tree).texts) {
           const auto& frame = text.node->frame;
           const bool isTotal = isFigure(text) && text.element().size == 24;
           if (!isTotal) continue;
@@ -197,15 +197,15 @@ TEST_F(NarrowScreen, TheCardLimitsAmountEndsBeforeThePile) {
 
 TEST_F(NarrowScreen, ADueLinksOverAllOfItsCardThatIsVisible) {
   const WidgetLayout layout{"due-medium", WidgetKind::due, WidgetFamily::systemMedium};
-  WidgetSnapshot snapshot = fixtures::smallSnapshot();
+  WidgetSnapshot snapshot = testsupport::smallSnapshot();
   for (auto& due : snapshot.dues) due.cardId = "a";
   const auto heights = [&](std::size_t dues) {
-    WidgetState state{"full", fixtures::februaryTenth(), snapshot, {}};
+    WidgetState state{"full", testsupport::februaryTenth(), snapshot, {}};
     // The first one is over.
     state.snapshot->dues.resize(dues + 1);
     std::vector<double> result;
     const LayoutTree tree = place(layout, state, {364, 170});
-    for (const auto& link : inspection::find(tree).links) result.push_back(link.height);
+    for (const auto& link : testsupport::find(tree).links) result.push_back(link.height);
     return result;
   };
   EXPECT_THAT(heights(1), ::testing::ElementsAre(66));
@@ -215,12 +215,12 @@ TEST_F(NarrowScreen, ADueLinksOverAllOfItsCardThatIsVisible) {
 }
 
 WidgetState withNames(const std::string& name) {
-  const auto now = fixtures::morningOf("2025-03-14");
-  return {"names", now, quorvel::renamed(fixtures::richSnapshot("en", now), name), {}};
+  const auto now = testsupport::morningOf("2025-03-14");
+  return {"names", now, quorvel::renamed(testsupport::richSnapshot("en", now), name), {}};
 }
 
 std::size_t amountsIn(const LayoutTree& tree, double size) {
-  const auto texts = inspection::find(tree).texts;
+  const auto texts = testsupport::find(tree).texts;
   return static_cast<std::size_t>(std::ranges::count_if(
       texts, [&](const FoundText& t) { return isFigure(t) && t.element().size == size; }));
 }
@@ -242,7 +242,7 @@ TEST_F(NarrowScreen, ANameThatIsALittleTooLongShrinksBeforeItsSubtitleLeaves) {
   for (auto& due : state.snapshot->dues) due.subtitle = "Card";
   const LayoutTree tree = place(layout, state, {158, 158});
   std::vector<std::string> words;
-  for (const FoundText& text : inspection::find(tree).texts) {
+  for (const FoundText& text : testsupport::find(tree).texts) {
     EXPECT_FALSE(text.node->text->isCut()) << text.element().text;
     words.push_back(text.element().text);
   }
@@ -254,7 +254,7 @@ TEST_F(NarrowScreen, TheSmallCardStaysInsideItsMargins) {
   for (const auto& screen : kScreens) {
     const Size size = sizeOn(screen, layout.family);
     const LayoutTree tree = place(layout, withNames("Everyday"), size);
-    const auto found = inspection::find(tree);
+    const auto found = testsupport::find(tree);
     ASSERT_FALSE(found.texts.empty());
     const auto isFace = [](const PlacedNode* node) {
       return node->source && node->source->component == "CardArtTile";
@@ -277,7 +277,7 @@ TEST_F(NarrowScreen, APlaceholderStaysWhereItsTextStands) {
   const WidgetLayout due{"due-medium", WidgetKind::due, WidgetFamily::systemMedium};
   const LayoutTree dues = place(due, state, {364, 170});
   std::size_t letters = 0;
-  for (const FoundText& text : inspection::find(dues).texts) {
+  for (const FoundText& text : testsupport::find(dues).texts) {
     if (!text.around.isInDueTile) continue;
     ++letters;
     EXPECT_LE(text.node->frame.width, 0.6 * 28 + 1e-6);
@@ -286,7 +286,7 @@ TEST_F(NarrowScreen, APlaceholderStaysWhereItsTextStands) {
   const WidgetLayout spending{"spending-medium", WidgetKind::spending, WidgetFamily::systemMedium};
   const LayoutTree month = place(spending, state, {364, 170});
   std::size_t labels = 0;
-  for (const FoundText& text : inspection::find(month).texts) {
+  for (const FoundText& text : testsupport::find(month).texts) {
     if (text.element().size != 9.5) continue;
     ++labels;
     EXPECT_LE(text.node->frame.width, 14 + 1e-6);

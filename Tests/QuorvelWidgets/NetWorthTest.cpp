@@ -21,7 +21,7 @@ constexpr std::array kLayouts{
     WidgetFamily::systemSmall, WidgetFamily::systemMedium, WidgetFamily::systemLarge};
 
 SnapshotEntry fullEntry() {
-  WidgetSnapshot snapshot = fixtures::emptySnapshot();
+  WidgetSnapshot snapshot = testsupport::emptySnapshot();
   WidgetSnapshot::NetWorth netWorth;
   netWorth.value = 110;
   netWorth.changePercent = 10;
@@ -41,11 +41,11 @@ viewkit::View view(const SnapshotEntry& entry, WidgetFamily family, Environment 
 }
 
 std::vector<std::string> texts(const SnapshotEntry& entry, WidgetFamily family) {
-  return inspection::texts(view(entry, family));
+  return testsupport::texts(view(entry, family));
 }
 
 std::size_t shapes(const viewkit::View& view) {
-  return inspection::nodesWith<viewkit::ShapeElement>(view).size();
+  return testsupport::nodesWith<viewkit::ShapeElement>(view).size();
 }
 
 TEST(NetWorth, WithoutASnapshotOrARecord) {
@@ -62,7 +62,7 @@ TEST(NetWorth, EveryStateOpensTheDashboard) {
   auto entry = fullEntry();
   for (int state = 0; state < 3; ++state) {
     EXPECT_EQ(
-        inspection::modifier<viewkit::WidgetURL>(view(entry, WidgetFamily::systemMedium))->url,
+        testsupport::modifier<viewkit::WidgetURL>(view(entry, WidgetFamily::systemMedium))->url,
         "quorvel-widget://open/dashboard");
     if (state == 0) entry.snapshot->netWorth.reset();
     if (state == 1) entry.snapshot.reset();
@@ -112,7 +112,7 @@ TEST(NetWorth, AnAbsentChangeTakesItsRowWithIt) {
   auto entry = fullEntry();
   entry.snapshot->netWorth->changePercent.reset();
   for (const auto family : kLayouts) {
-    EXPECT_EQ(inspection::component(view(entry, family), "WidgetChange"), nullptr);
+    EXPECT_EQ(testsupport::component(view(entry, family), "WidgetChange"), nullptr);
     EXPECT_THAT(texts(entry, family), Not(Contains(HasSubstr("%"))));
   }
 }
@@ -122,11 +122,11 @@ TEST(NetWorth, PrivacyHidesAmountsChangeAndTrend) {
   entry.snapshot->isHidden = true;
   for (const auto family : kLayouts) {
     const auto shown = view(entry, family);
-    EXPECT_THAT(inspection::texts(shown), Contains("Amounts hidden"));
-    EXPECT_THAT(inspection::texts(shown), Not(Contains(HasSubstr("$"))));
-    EXPECT_THAT(inspection::texts(shown), Not(Contains(HasSubstr("%"))));
-    EXPECT_EQ(inspection::component(shown, "AreaChart"), nullptr);
-    EXPECT_NE(inspection::component(shown, "HiddenChart"), nullptr);
+    EXPECT_THAT(testsupport::texts(shown), Contains("Amounts hidden"));
+    EXPECT_THAT(testsupport::texts(shown), Not(Contains(HasSubstr("$"))));
+    EXPECT_THAT(testsupport::texts(shown), Not(Contains(HasSubstr("%"))));
+    EXPECT_EQ(testsupport::component(shown, "AreaChart"), nullptr);
+    EXPECT_NE(testsupport::component(shown, "HiddenChart"), nullptr);
   }
   // Another history leaves the same tree.
   auto other = entry;
@@ -146,9 +146,9 @@ TEST(AreaChart, OneMonthIsALoneDotAndNoneIsNothing) {
 TEST(NetWorth, ManyYearsAreDrawnByTheirLatestMonths) {
   auto entry = fullEntry();
   entry.snapshot->netWorth->history.assign(10000, {"2025-03", 1});
-  const auto many = inspection::nodes(view(entry, WidgetFamily::systemLarge)).size();
+  const auto many = testsupport::nodes(view(entry, WidgetFamily::systemLarge)).size();
   entry.snapshot->netWorth->history.assign(240, {"2025-03", 1});
-  EXPECT_EQ(many, inspection::nodes(view(entry, WidgetFamily::systemLarge)).size());
+  EXPECT_EQ(many, testsupport::nodes(view(entry, WidgetFamily::systemLarge)).size());
 }
 
 }  // namespace

@@ -10,16 +10,16 @@
 namespace quorvel {
 namespace {
 
-using fixtures::WidgetLayout;
-using fixtures::WidgetState;
+using testsupport::WidgetLayout;
+using testsupport::WidgetState;
 
 enum class Cause { applicationsFlag, hostsRedaction };
 
 /// Every amount is `amount` times something whole, so that the same digits return everywhere.
 /// `share` is what has been used of limits and budget: 58 % or 63 %, both the same pace.
 WidgetState stateWith(double amount, double share, Cause cause) {
-  const auto now = fixtures::morningOf("2025-03-14");
-  WidgetSnapshot snapshot = fixtures::richSnapshot("en", now);
+  const auto now = testsupport::morningOf("2025-03-14");
+  WidgetSnapshot snapshot = testsupport::richSnapshot("en", now);
   snapshot.money.showDecimals = true;
   snapshot.totalLimit = amount;
   snapshot.totalRemaining = amount * (1 - share);
@@ -66,7 +66,7 @@ struct Form {
 std::vector<Form> forms(rendering::Renderer& renderer,
                         const WidgetLayout& layout,
                         const WidgetState& state) {
-  const viewkit::View view = fixtures::viewOf(layout, state);
+  const viewkit::View view = testsupport::viewOf(layout, state);
   const rendering::RenderOptions options{.size = {364, 382},
                                          .redaction = state.environment.redactionReasons};
   foundation::JsonWriter wire;
@@ -83,8 +83,8 @@ TEST(Privacy, TheDigitsAreThereWhileNothingIsHidden) {
   rendering::Renderer renderer;
   WidgetState open = stateWith(7391.42, 0.58, Cause::applicationsFlag);
   open.snapshot->isHidden = false;
-  for (const WidgetLayout& layout : fixtures::kLayouts) {
-    if (layout.kind == fixtures::WidgetKind::accentTile || layout.name == "ring" ||
+  for (const WidgetLayout& layout : testsupport::kLayouts) {
+    if (layout.kind == testsupport::WidgetKind::accentTile || layout.name == "ring" ||
         layout.name == "due-circular" || layout.name.starts_with("card-limit")) {
       continue;  // they show what is left, or no amount
     }
@@ -99,7 +99,7 @@ TEST(Privacy, NoFormHoldsADigitOfAnAmountOrPercentage) {
   rendering::Renderer renderer;
   for (const Cause cause : {Cause::applicationsFlag, Cause::hostsRedaction}) {
     const WidgetState state = stateWith(7391.42, 0.58, cause);
-    for (const WidgetLayout& layout : fixtures::kLayouts) {
+    for (const WidgetLayout& layout : testsupport::kLayouts) {
       for (const Form& form : forms(renderer, layout, state)) {
         for (const char* digits : {"7391",
                                    "7,391",
@@ -129,7 +129,7 @@ TEST(Privacy, OtherAmountsGiveTheSameForms) {
   for (const Cause cause : {Cause::applicationsFlag, Cause::hostsRedaction}) {
     const WidgetState one = stateWith(7391.42, 0.58, cause);
     const WidgetState other = stateWith(186, 0.63, cause);
-    for (const WidgetLayout& layout : fixtures::kLayouts) {
+    for (const WidgetLayout& layout : testsupport::kLayouts) {
       const auto first = forms(renderer, layout, one);
       const auto second = forms(renderer, layout, other);
       for (std::size_t i = 0; i < first.size(); ++i) {
@@ -145,9 +145,9 @@ TEST(Privacy, OtherDaysLookTheSameUnderTheHostsRedaction) {
   const WidgetState one = stateWith(7391.42, 0.58, Cause::hostsRedaction);
   WidgetState other = one;
   for (double& day : other.snapshot->spending->daily) day = 391.42 - day;
-  for (const WidgetLayout& layout : fixtures::kLayouts) {
-    const viewkit::View first = fixtures::viewOf(layout, one);
-    const viewkit::View second = fixtures::viewOf(layout, other);
+  for (const WidgetLayout& layout : testsupport::kLayouts) {
+    const viewkit::View first = testsupport::viewOf(layout, one);
+    const viewkit::View second = testsupport::viewOf(layout, other);
     rendering::RenderOptions options{.size = {364, 382}};
     options.redaction.privacy = true;
     EXPECT_EQ(renderer.bitmap(first, options).value().pixels,

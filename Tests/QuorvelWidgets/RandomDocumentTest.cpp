@@ -15,10 +15,10 @@
 namespace quorvel {
 namespace {
 
-using fixtures::WidgetLayout;
-using fixtures::WidgetState;
-using inspection::inkBox;
 using rendering::Rect;
+using testsupport::inkBox;
+using testsupport::WidgetLayout;
+using testsupport::WidgetState;
 using widgetruntime::WidgetFamily;
 
 /// Chooses within the format, with a liking for its edges.
@@ -87,7 +87,7 @@ WidgetSnapshot randomSnapshot(Chooser& choose) {
   const auto colors = [&] { return choose.list(4, [&] { return choose.color(); }); };
   const auto days = [&] { return choose.list(40, amount); };
   WidgetSnapshot snapshot;
-  snapshot.generatedAt = fixtures::morningOf("2025-03-14");
+  snapshot.generatedAt = testsupport::morningOf("2025-03-14");
   snapshot.isHidden = choose.below(4) == 0;
   snapshot.lang = std::string{kLanguageCodes[choose.below(kLanguageCount)]};
   snapshot.money = {.symbol = choose.coin() ? "$" : text(),
@@ -165,13 +165,13 @@ bool isSound(const Rect& frame) {
 }
 
 bool overlap(const Rect& a, const Rect& b) {
-  const Rect both = inspection::intersection(a, b);
+  const Rect both = testsupport::intersection(a, b);
   return both.width > 0.5 && both.height > 0.5;
 }
 
 /// What is wrong with a laid-out tree; empty when nothing is.
 std::string faultOf(const rendering::LayoutTree& tree) {
-  const auto found = inspection::find(tree);
+  const auto found = testsupport::find(tree);
   for (const auto* node : found.all) {
     if (!isSound(node->frame)) return "a frame is not sound";
   }
@@ -202,10 +202,11 @@ TEST(RandomDocuments, EveryWidgetLaysThemOutSoundly) {
     const auto decoded = decodeWidgetSnapshot(encodeWidgetSnapshot(snapshot));
     ASSERT_TRUE(decoded) << "seed " << seed;
     ASSERT_EQ(*decoded, snapshot) << "seed " << seed;
-    const WidgetState state{"random", fixtures::morningOf("2025-03-14"), *decoded, {}};
-    for (const WidgetLayout& layout : fixtures::kLayouts) {
+    const WidgetState state{"random", testsupport::morningOf("2025-03-14"), *decoded, {}};
+    for (const WidgetLayout& layout : testsupport::kLayouts) {
       const auto tree =
-          renderer.place(fixtures::viewOf(layout, state), {.size = sizeOf(layout.family)}).value();
+          renderer.place(testsupport::viewOf(layout, state), {.size = sizeOf(layout.family)})
+              .value();
       EXPECT_EQ(faultOf(tree), "") << layout.name << ", seed " << seed;
     }
   }
@@ -232,13 +233,13 @@ TEST(RandomDocuments, EveryWidgetDrawsThemInEveryForm) {
   constexpr unsigned kDocuments = 30;
   for (unsigned seed = 1; seed <= kDocuments; ++seed) {
     Chooser choose{seed};
-    WidgetState state{"random", fixtures::morningOf("2025-03-14"), randomSnapshot(choose), {}};
-    for (const WidgetLayout& layout : fixtures::kLayouts) {
+    WidgetState state{"random", testsupport::morningOf("2025-03-14"), randomSnapshot(choose), {}};
+    for (const WidgetLayout& layout : testsupport::kLayouts) {
       SCOPED_TRACE(std::string{layout.name} + ", seed " + std::to_string(seed));
       const rendering::RenderOptions options = randomOptions(choose);
       state.environment.widgetRenderingMode = options.mode;
       state.environment.redactionReasons = options.redaction;
-      const viewkit::View view = fixtures::viewOf(layout, state);
+      const viewkit::View view = testsupport::viewOf(layout, state);
       const auto bitmap = renderer.bitmap(view, options);
       ASSERT_TRUE(bitmap) << bitmap.error();
       EXPECT_TRUE(rendering::encodePng(*bitmap).starts_with("\x89PNG"));
@@ -254,19 +255,19 @@ TEST(RandomDocuments, EveryWidgetDrawsThemInEveryForm) {
 
 std::string wireOf(const WidgetLayout& layout, const WidgetState& state) {
   foundation::JsonWriter writer;
-  viewkit::writeView(writer, fixtures::viewOf(layout, state));
+  viewkit::writeView(writer, testsupport::viewOf(layout, state));
   return writer.take();
 }
 
 WidgetState decodedState(const WidgetSnapshot& snapshot) {
   return {"decoded",
-          fixtures::morningOf("2025-03-14"),
+          testsupport::morningOf("2025-03-14"),
           decodeWidgetSnapshot(encodeWidgetSnapshot(snapshot)).value(),
           {}};
 }
 
 TEST(LargeDocuments, GiveTreesOfTheSameSize) {
-  WidgetSnapshot few = fixtures::richSnapshot("en", fixtures::morningOf("2025-03-14"));
+  WidgetSnapshot few = testsupport::richSnapshot("en", testsupport::morningOf("2025-03-14"));
   WidgetSnapshot many = few;
   many.dues.resize(100000, few.dues.front());
   while (few.cards.size() < 10) few.cards.push_back(few.cards.back());
@@ -274,21 +275,21 @@ TEST(LargeDocuments, GiveTreesOfTheSameSize) {
   many.cards.resize(10000, few.cards.back());
   const WidgetState small = decodedState(few);
   const WidgetState large = decodedState(many);
-  for (const WidgetLayout& layout : fixtures::kLayouts) {
+  for (const WidgetLayout& layout : testsupport::kLayouts) {
     const std::size_t grown = layout.name == "card-limit-medium" ? 3 : 0;
     EXPECT_EQ(wireOf(layout, large).size(), wireOf(layout, small).size() + grown) << layout.name;
   }
 }
 
 TEST(LargeDocuments, LongHistoriesAreCutToWhatCanBeSeen) {
-  WidgetSnapshot snapshot = fixtures::richSnapshot("en", fixtures::morningOf("2025-03-14"));
+  WidgetSnapshot snapshot = testsupport::richSnapshot("en", testsupport::morningOf("2025-03-14"));
   snapshot.netWorth->history.assign(240, {"2025-01", 1});
   snapshot.spending->daily.assign(31, 5);
   const WidgetState small = decodedState(snapshot);
   snapshot.netWorth->history.resize(100000, {"2025-01", 1});
   snapshot.spending->daily.resize(100000, 5);
   const WidgetState large = decodedState(snapshot);
-  for (const WidgetLayout& layout : fixtures::kLayouts) {
+  for (const WidgetLayout& layout : testsupport::kLayouts) {
     EXPECT_EQ(wireOf(layout, large).size(), wireOf(layout, small).size()) << layout.name;
   }
 }
@@ -296,7 +297,7 @@ TEST(LargeDocuments, LongHistoriesAreCutToWhatCanBeSeen) {
 TEST(LargeDocuments, ANameOfAMegabyteStillGivesAReadableTree) {
   const std::string name(1 << 20, 'n');
   WidgetSnapshot snapshot =
-      quorvel::renamed(fixtures::richSnapshot("en", fixtures::morningOf("2025-03-14")), name);
+      quorvel::renamed(testsupport::richSnapshot("en", testsupport::morningOf("2025-03-14")), name);
   snapshot.money.symbol = name;
   for (auto& card : snapshot.cards) card.id = card.bankName = card.last4.emplace(name);
   for (auto& due : snapshot.dues) {
@@ -305,7 +306,7 @@ TEST(LargeDocuments, ANameOfAMegabyteStillGivesAReadableTree) {
   }
   snapshot.spending->topCategoryIcon = name;
   const WidgetState state = decodedState(snapshot);
-  for (const WidgetLayout& layout : fixtures::kLayouts) {
+  for (const WidgetLayout& layout : testsupport::kLayouts) {
     const std::string wire = wireOf(layout, state);
     EXPECT_LT(wire.size(), std::size_t{1} << 20) << layout.name;
     const auto json = foundation::parseJson(wire);

@@ -20,14 +20,14 @@ constexpr const char* kToday = "2025-03-14";
 
 /// 61 % of 3000 is spent, 1166 is left; 19 of 30 days have passed, 63 %.
 WidgetSnapshot normal(std::string lang = "en") {
-  return fixtures::snapshotWith(fixtures::budgetOf(3000, 1834, kElevenDaysAfter, kFirst),
-                                std::move(lang));
+  return testsupport::snapshotWith(testsupport::budgetOf(3000, 1834, kElevenDaysAfter, kFirst),
+                                   std::move(lang));
 }
 WidgetSnapshot exceeded() {
-  return fixtures::snapshotWith(fixtures::budgetOf(3000, 3210, kElevenDaysAfter, kFirst));
+  return testsupport::snapshotWith(testsupport::budgetOf(3000, 3210, kElevenDaysAfter, kFirst));
 }
 WidgetSnapshot lastDay() {
-  return fixtures::snapshotWith(fixtures::budgetOf(3000, 1834, kToday, kFirst));
+  return testsupport::snapshotWith(testsupport::budgetOf(3000, 1834, kToday, kFirst));
 }
 WidgetSnapshot hidden() {
   WidgetSnapshot snapshot = normal();
@@ -36,7 +36,7 @@ WidgetSnapshot hidden() {
 }
 
 WidgetSnapshot aBitFast() {
-  return fixtures::snapshotWith(fixtures::budgetOf(3000, 2100, kElevenDaysAfter, kFirst));
+  return testsupport::snapshotWith(testsupport::budgetOf(3000, 2100, kElevenDaysAfter, kFirst));
 }
 
 struct State {
@@ -74,8 +74,8 @@ struct Layout {
 std::string dumpOf(const State& state, const Layout& layout) {
   Environment environment = state.environment;
   environment.widgetFamily = layout.family;
-  return viewkit::dump(
-      fixtures::safeToSpendView(fixtures::entryWith(state.snapshot, layout.style), environment));
+  return viewkit::dump(testsupport::safeToSpendView(
+      testsupport::entryWith(state.snapshot, layout.style), environment));
 }
 
 TEST(SafeToSpendApproval, EveryLayoutInEveryState) {
@@ -88,12 +88,12 @@ TEST(SafeToSpendApproval, EveryLayoutInEveryState) {
   const auto approve = [&](const Layout& layout, const State& state) {
     const std::string name = "SafeToSpend/" + layout.name + "-" + state.name;
     names.insert(name);
-    EXPECT_TRUE(approval::matchesExpected(name, dumpOf(state, layout)));
+    EXPECT_TRUE(testsupport::matchesExpected(name, dumpOf(state, layout)));
   };
   for (const Layout& layout : layouts) {
     for (const State& state : states()) approve(layout, state);
   }
-  approve(layouts[0], {"no-budget", fixtures::emptySnapshot(), {}});
+  approve(layouts[0], {"no-budget", testsupport::emptySnapshot(), {}});
   approve(layouts[0], {"no-snapshot", std::nullopt, {}});
   for (const auto& [name, family] : {std::pair{"circular", WidgetFamily::accessoryCircular},
                                      {"rectangular", WidgetFamily::accessoryRectangular},
@@ -102,7 +102,7 @@ TEST(SafeToSpendApproval, EveryLayoutInEveryState) {
     vibrant.environment.widgetRenderingMode = RenderingMode::vibrant;
     approve({name, family, SafeToSpendStyle::accent}, vibrant);
   }
-  EXPECT_EQ(approval::expectedNames("SafeToSpend"), names);
+  EXPECT_EQ(testsupport::expectedNames("SafeToSpend"), names);
 }
 
 }  // namespace

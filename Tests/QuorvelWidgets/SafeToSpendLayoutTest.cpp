@@ -35,7 +35,7 @@ class HalfEmMeasurer : public rendering::TextMeasurer {
 };
 
 WidgetSnapshot usual() {
-  return fixtures::snapshotWith(fixtures::budgetOf(3000, 1834, "2025-03-25", "2025-02-24"));
+  return testsupport::snapshotWith(testsupport::budgetOf(3000, 1834, "2025-03-25", "2025-02-24"));
 }
 
 rendering::LayoutTree placed(const WidgetSnapshot& snapshot,
@@ -46,7 +46,7 @@ rendering::LayoutTree placed(const WidgetSnapshot& snapshot,
   environment.widgetFamily = family;
   HalfEmMeasurer measurer;
   return rendering::layOut(
-      fixtures::safeToSpendView(fixtures::entryWith(snapshot, style), environment),
+      testsupport::safeToSpendView(testsupport::entryWith(snapshot, style), environment),
       {.size = size},
       measurer);
 }
@@ -98,8 +98,8 @@ TEST(SafeToSpendLayout, TheMeterStaysInItsPlaceInEveryState) {
   hidden.isHidden = true;
   for (const WidgetSnapshot& snapshot :
        {usual(),
-        fixtures::snapshotWith(fixtures::budgetOf(3000, 3210, "2025-03-25")),
-        fixtures::snapshotWith(fixtures::budgetOf(3000, 1834, "2025-03-14")),
+        testsupport::snapshotWith(testsupport::budgetOf(3000, 3210, "2025-03-25")),
+        testsupport::snapshotWith(testsupport::budgetOf(3000, 1834, "2025-03-14")),
         hidden}) {
     const auto tree = placed(snapshot, SafeToSpendStyle::accent, WidgetFamily::systemSmall, kSmall);
     const Rect meter = frameOfComponent(tree, "WidgetMeter");
@@ -129,7 +129,7 @@ TEST(SafeToSpendLayout, TheNarrowMediumSharesWhatTheTileLeaves) {
 }
 
 TEST(SafeToSpendLayout, AnAmountOfAnySizeStaysInTheWidget) {
-  WidgetSnapshot snapshot = fixtures::snapshotWith(fixtures::budgetOf(9e14, 1, "2025-03-15"));
+  WidgetSnapshot snapshot = testsupport::snapshotWith(testsupport::budgetOf(9e14, 1, "2025-03-15"));
   snapshot.money.symbol = "CHF ";
   for (const SafeToSpendStyle style : kSafeToSpendStyles) {
     const auto tree = placed(snapshot, style, WidgetFamily::systemSmall, kSmall);
@@ -142,8 +142,8 @@ TEST(SafeToSpendLayout, AnAmountOfAnySizeStaysInTheWidget) {
 /// 7391.42 of 9876.54 spent: 75 %; 2485.12 left, 248.51 per day.
 TEST(SafeToSpendForms, HiddenOnesHoldNoDigitOfAnAmountOrPercentage) {
   rendering::Renderer renderer;
-  WidgetSnapshot snapshot =
-      fixtures::snapshotWith(fixtures::budgetOf(9876.54, 7391.42, "2025-03-24", "2025-02-22"));
+  WidgetSnapshot snapshot = testsupport::snapshotWith(
+      testsupport::budgetOf(9876.54, 7391.42, "2025-03-24", "2025-02-22"));
   snapshot.money.showDecimals = true;
   for (const WidgetFamily family : {WidgetFamily::systemSmall, WidgetFamily::systemMedium}) {
     for (const SafeToSpendStyle style : kSafeToSpendStyles) {
@@ -153,7 +153,7 @@ TEST(SafeToSpendForms, HiddenOnesHoldNoDigitOfAnAmountOrPercentage) {
         environment.redactionReasons.privacy = byHost;
         snapshot.isHidden = !byHost;
         const auto view =
-            fixtures::safeToSpendView(fixtures::entryWith(snapshot, style), environment);
+            testsupport::safeToSpendView(testsupport::entryWith(snapshot, style), environment);
         const rendering::RenderOptions options{
             .size = family == WidgetFamily::systemSmall ? kSmall : kMedium,
             .redaction = environment.redactionReasons};

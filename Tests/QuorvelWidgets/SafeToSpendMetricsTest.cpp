@@ -20,16 +20,18 @@ constexpr const char* kTenDaysAfter = "2025-03-24";
 constexpr const char* kTwentyDaysBefore = "2025-02-22";
 
 auto metrics(double total, double spent, std::string_view periodEnd) {
-  return makeSafeToSpendMetrics(total, spent, periodEnd, fixtures::marchFourteenth(), calendar());
+  return makeSafeToSpendMetrics(
+      total, spent, periodEnd, testsupport::marchFourteenth(), calendar());
 }
 
 PaceVerdict verdict(double total,
                     double spent,
                     std::string periodEnd,
                     std::optional<std::string> periodStart = std::nullopt) {
-  return budgetPace(fixtures::budgetOf(total, spent, std::move(periodEnd), std::move(periodStart)),
-                    fixtures::marchFourteenth(),
-                    calendar())
+  return budgetPace(
+             testsupport::budgetOf(total, spent, std::move(periodEnd), std::move(periodStart)),
+             testsupport::marchFourteenth(),
+             calendar())
       .verdict;
 }
 
@@ -110,10 +112,10 @@ TEST(BudgetPace, NinetyFivePercentOnTheLastDayIsOnPace) {
 
 TEST(BudgetPace, SpendingItAllIsCriticalButNotExceeded) {
   EXPECT_EQ(verdict(100, 100, "2025-03-14", "2025-03-01"), PaceVerdict::critical);
-  EXPECT_FALSE(isExceeded(fixtures::budgetOf(100, 100, kTenDaysAfter)));
-  EXPECT_TRUE(isExceeded(fixtures::budgetOf(100, 100.01, kTenDaysAfter)));
-  EXPECT_TRUE(isExceeded(fixtures::budgetOf(0, 1, kTenDaysAfter)));
-  EXPECT_FALSE(isExceeded(fixtures::budgetOf(0, 0, kTenDaysAfter)));
+  EXPECT_FALSE(isExceeded(testsupport::budgetOf(100, 100, kTenDaysAfter)));
+  EXPECT_TRUE(isExceeded(testsupport::budgetOf(100, 100.01, kTenDaysAfter)));
+  EXPECT_TRUE(isExceeded(testsupport::budgetOf(0, 1, kTenDaysAfter)));
+  EXPECT_FALSE(isExceeded(testsupport::budgetOf(0, 0, kTenDaysAfter)));
 }
 
 TEST(BudgetPace, AnUnreadableStartCountsFromToday) {

@@ -56,7 +56,7 @@ class SafeToSpendProviderTest : public ::testing::Test {
   static ProviderContext context(bool isPreview) {
     ProviderContext context;
     context.isPreview = isPreview;
-    context.device.now = fixtures::marchFourteenth();
+    context.device.now = testsupport::marchFourteenth();
     return context;
   }
 
@@ -74,18 +74,18 @@ TEST_F(SafeToSpendProviderTest, TheGalleryShowsTheSampleWithoutADocument) {
 TEST_F(SafeToSpendProviderTest, OutsideTheGalleryAMissingDocumentIsNoSnapshot) {
   const SafeToSpendEntry entry = provider().snapshot({}, context(false));
   EXPECT_EQ(entry.snapshot, std::nullopt);
-  EXPECT_EQ(entry.date, fixtures::marchFourteenth());
+  EXPECT_EQ(entry.date, testsupport::marchFourteenth());
 }
 
 TEST_F(SafeToSpendProviderTest, TheGalleryPrefersTheDocument) {
   const WidgetSnapshot snapshot =
-      fixtures::snapshotWith(fixtures::budgetOf(1000, 400, "2025-03-24"), "es");
+      testsupport::snapshotWith(testsupport::budgetOf(1000, 400, "2025-03-24"), "es");
   writeDocument(snapshot);
   EXPECT_EQ(provider().snapshot({}, context(true)).snapshot->lang, "es");
 }
 
 TEST_F(SafeToSpendProviderTest, ThePlaceholderIsTheSampleInAccentAndReadsNoFile) {
-  writeDocument(fixtures::snapshotWith(fixtures::budgetOf(1000, 400, "2025-03-24"), "es"));
+  writeDocument(testsupport::snapshotWith(testsupport::budgetOf(1000, 400, "2025-03-24"), "es"));
   const SafeToSpendEntry entry = provider().placeholder(context(false));
   EXPECT_EQ(entry.style, SafeToSpendStyle::accent);
   EXPECT_EQ(*entry.snapshot, sampleSnapshot(context(false).device));
@@ -94,7 +94,7 @@ TEST_F(SafeToSpendProviderTest, ThePlaceholderIsTheSampleInAccentAndReadsNoFile)
 TEST_F(SafeToSpendProviderTest, TheTimelineIsTheSharedOneInTheChosenStyle) {
   const auto timeline = provider().timeline({.style = SafeToSpendStyle::ring}, context(false));
   ASSERT_EQ(timeline.entries.size(), 1U);
-  EXPECT_EQ(timeline.entries[0].date, fixtures::marchFourteenth());
+  EXPECT_EQ(timeline.entries[0].date, testsupport::marchFourteenth());
   EXPECT_EQ(timeline.entries[0].snapshot, std::nullopt);
   EXPECT_EQ(timeline.entries[0].style, SafeToSpendStyle::ring);
   EXPECT_EQ(timeline.policy,

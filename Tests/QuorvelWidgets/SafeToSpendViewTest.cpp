@@ -38,80 +38,81 @@ Environment in(WidgetFamily family) {
 View draw(WidgetSnapshot::Budget budget,
           SafeToSpendStyle style = SafeToSpendStyle::accent,
           const Environment& environment = {}) {
-  return fixtures::safeToSpendView(
-      fixtures::entryWith(fixtures::snapshotWith(std::move(budget)), style), environment);
+  return testsupport::safeToSpendView(
+      testsupport::entryWith(testsupport::snapshotWith(std::move(budget)), style), environment);
 }
 
 WidgetSnapshot::Budget usual() {
-  return fixtures::budgetOf(1000, 400, kTenDaysAfter, kTwentyDaysBefore);
+  return testsupport::budgetOf(1000, 400, kTenDaysAfter, kTwentyDaysBefore);
 }
 
 std::string linkOf(const View& view) {
-  return inspection::modifier<WidgetURL>(view)->url;
+  return testsupport::modifier<WidgetURL>(view)->url;
 }
 
 // ---- which layout, and what it says
 
 TEST(SafeToSpendView, TheAccentTileSaysWhatADayAllows) {
-  EXPECT_THAT(inspection::texts(draw(usual())),
+  EXPECT_THAT(testsupport::texts(draw(usual())),
               ElementsAre("Safe to spend", "$60", "/ day", "10d left", "$600", "left"));
 }
 
 TEST(SafeToSpendView, OnTheLastDayTheAmountIsTheWholeRemainder) {
-  EXPECT_THAT(inspection::texts(draw(fixtures::budgetOf(1000, 400, kToday))),
+  EXPECT_THAT(testsupport::texts(draw(testsupport::budgetOf(1000, 400, kToday))),
               ElementsAre("Safe to spend", "$600", "Last day", "Left for today"));
 }
 
 TEST(SafeToSpendView, AnOverspentBudgetEndsInOverBudget) {
-  const View view = draw(fixtures::budgetOf(1000, 1210, kTenDaysAfter));
-  EXPECT_THAT(inspection::texts(view),
+  const View view = draw(testsupport::budgetOf(1000, 1210, kTenDaysAfter));
+  EXPECT_THAT(testsupport::texts(view),
               ElementsAre("Safe to spend", "$0", "/ day", "10d left", "$210", "over budget"));
-  EXPECT_THAT(inspection::symbols(view), Contains("exclamationmark.circle.fill"));
+  EXPECT_THAT(testsupport::symbols(view), Contains("exclamationmark.circle.fill"));
 }
 
 TEST(SafeToSpendView, OverspentOnTheLastDayHasNoUnit) {
-  EXPECT_THAT(inspection::texts(draw(fixtures::budgetOf(1000, 1210, kToday))),
+  EXPECT_THAT(testsupport::texts(draw(testsupport::budgetOf(1000, 1210, kToday))),
               ElementsAre("Safe to spend", "$0", "Last day", "$210", "over budget"));
 }
 
 TEST(SafeToSpendView, SpendingExactlyTheBudgetIsNotExceeded) {
-  const View view = draw(fixtures::budgetOf(1000, 1000, kTenDaysAfter));
-  EXPECT_THAT(inspection::texts(view),
+  const View view = draw(testsupport::budgetOf(1000, 1000, kTenDaysAfter));
+  EXPECT_THAT(testsupport::texts(view),
               ElementsAre("Safe to spend", "$0", "/ day", "10d left", "$0", "left"));
 }
 
 TEST(SafeToSpendView, APeriodThatIsOverAsksForABudget) {
   for (const char* end : {"2025-03-13", "soon"}) {
-    const View view = draw(fixtures::budgetOf(1000, 400, end));
-    EXPECT_THAT(inspection::texts(view),
+    const View view = draw(testsupport::budgetOf(1000, 400, end));
+    EXPECT_THAT(testsupport::texts(view),
                 ElementsAre("Safe to spend", "Set a monthly budget in Quorvel", "Set a budget"));
   }
 }
 
 TEST(SafeToSpendView, ASnapshotWithoutABudgetAsksForOne) {
-  const View view = fixtures::safeToSpendView(fixtures::entryWith(fixtures::emptySnapshot("id")));
-  EXPECT_THAT(inspection::texts(view),
+  const View view =
+      testsupport::safeToSpendView(testsupport::entryWith(testsupport::emptySnapshot("id")));
+  EXPECT_THAT(testsupport::texts(view),
               ElementsAre("Aman dibelanjakan", "Atur budget bulanan di Quorvel", "Atur budget"));
 }
 
 TEST(SafeToSpendView, WithoutASnapshotItSpeaksTheUsersLanguage) {
   Environment environment;
   environment.preferredLanguages = {"nl-NL", "in-ID"};
-  const View view = fixtures::safeToSpendView(fixtures::entryWith(std::nullopt), environment);
-  EXPECT_THAT(inspection::texts(view),
+  const View view = testsupport::safeToSpendView(testsupport::entryWith(std::nullopt), environment);
+  EXPECT_THAT(testsupport::texts(view),
               ElementsAre("Aman dibelanjakan", "Buka Quorvel untuk mulai", "Buka Quorvel"));
-  EXPECT_THAT(inspection::symbols(view), ElementsAre("gauge.with.needle"));
+  EXPECT_THAT(testsupport::symbols(view), ElementsAre("gauge.with.needle"));
 }
 
 TEST(SafeToSpendView, TheRingShowsPercentageAndVerdict) {
-  EXPECT_THAT(inspection::texts(draw(usual(), SafeToSpendStyle::ring)),
+  EXPECT_THAT(testsupport::texts(draw(usual(), SafeToSpendStyle::ring)),
               ElementsAre("Safe to spend", "40%", "$60", "/ day", "10d left", "On pace"));
 }
 
 TEST(SafeToSpendView, TheRingOnTheLastDaySaysLeft) {
   const View view =
-      draw(fixtures::budgetOf(1000, 400, kToday, "2025-03-01"), SafeToSpendStyle::ring);
-  EXPECT_THAT(inspection::texts(view),
+      draw(testsupport::budgetOf(1000, 400, kToday, "2025-03-01"), SafeToSpendStyle::ring);
+  EXPECT_THAT(testsupport::texts(view),
               ElementsAre("Safe to spend", "40%", "$600", "left", "Last day", "On pace"));
 }
 
@@ -119,7 +120,7 @@ TEST(SafeToSpendView, TheMediumFamilyIsTheSameInEitherStyle) {
   const Environment medium = in(WidgetFamily::systemMedium);
   const View accent = draw(usual(), SafeToSpendStyle::accent, medium);
   EXPECT_EQ(accent, draw(usual(), SafeToSpendStyle::ring, medium));
-  EXPECT_THAT(inspection::texts(accent),
+  EXPECT_THAT(testsupport::texts(accent),
               ElementsAre("Safe to spend",
                           "On pace",
                           "Left to spend",
@@ -135,33 +136,33 @@ TEST(SafeToSpendView, TheMediumFamilyIsTheSameInEitherStyle) {
 }
 
 TEST(SafeToSpendView, TheMediumTileOnTheLastDayHoldsWhatIsLeftForToday) {
-  const View view = draw(fixtures::budgetOf(1000, 400, kToday),
+  const View view = draw(testsupport::budgetOf(1000, 400, kToday),
                          SafeToSpendStyle::accent,
                          in(WidgetFamily::systemMedium));
-  EXPECT_THAT(inspection::texts(view), Contains("Left for today"));
-  EXPECT_THAT(inspection::texts(view), Not(Contains("per day")));
-  EXPECT_THAT(inspection::texts(view), Contains("Last day"));
+  EXPECT_THAT(testsupport::texts(view), Contains("Left for today"));
+  EXPECT_THAT(testsupport::texts(view), Not(Contains("per day")));
+  EXPECT_THAT(testsupport::texts(view), Contains("Last day"));
 }
 
 TEST(SafeToSpendView, TheMediumFamilySaysByHowMuchTheBudgetIsExceeded) {
-  const View view = draw(fixtures::budgetOf(1000, 1210, kTenDaysAfter),
+  const View view = draw(testsupport::budgetOf(1000, 1210, kTenDaysAfter),
                          SafeToSpendStyle::accent,
                          in(WidgetFamily::systemMedium));
-  EXPECT_THAT(inspection::texts(view), Contains("$210"));
-  EXPECT_THAT(inspection::texts(view), Contains("over budget"));
-  EXPECT_THAT(inspection::texts(view), Contains("100%"));
+  EXPECT_THAT(testsupport::texts(view), Contains("$210"));
+  EXPECT_THAT(testsupport::texts(view), Contains("over budget"));
+  EXPECT_THAT(testsupport::texts(view), Contains("100%"));
 }
 
 TEST(SafeToSpendView, APreviewFamilyWinsOverTheHosts) {
   Environment environment = in(WidgetFamily::systemSmall);
   environment.previewFamily = WidgetFamily::systemMedium;
-  EXPECT_THAT(inspection::texts(draw(usual(), SafeToSpendStyle::accent, environment)),
+  EXPECT_THAT(testsupport::texts(draw(usual(), SafeToSpendStyle::accent, environment)),
               Contains("Days left"));
 }
 
 TEST(SafeToSpendView, UndeclaredFamiliesTakeTheLayoutThatFits) {
   const auto textsIn = [](WidgetFamily family) {
-    return inspection::texts(draw(usual(), SafeToSpendStyle::accent, in(family)));
+    return testsupport::texts(draw(usual(), SafeToSpendStyle::accent, in(family)));
   };
   EXPECT_EQ(textsIn(WidgetFamily::systemLarge), textsIn(WidgetFamily::systemMedium));
   EXPECT_THAT(textsIn(WidgetFamily::accessoryCircular), ElementsAre("$60", "per day"));
@@ -176,20 +177,21 @@ TEST(SafeToSpendView, EveryStateOpensTheBudget) {
   for (const WidgetFamily family : widgetruntime::kAllFamilies) {
     EXPECT_EQ(linkOf(draw(usual(), SafeToSpendStyle::ring, in(family))),
               "quorvel-widget://open/budget");
-    EXPECT_EQ(linkOf(fixtures::safeToSpendView(fixtures::entryWith(fixtures::emptySnapshot()),
-                                               in(family))),
+    EXPECT_EQ(linkOf(testsupport::safeToSpendView(
+                  testsupport::entryWith(testsupport::emptySnapshot()), in(family))),
               "quorvel-widget://open/budget");
-    EXPECT_EQ(linkOf(fixtures::safeToSpendView(fixtures::entryWith(std::nullopt), in(family))),
-              "quorvel-widget://open/budget");
+    EXPECT_EQ(
+        linkOf(testsupport::safeToSpendView(testsupport::entryWith(std::nullopt), in(family))),
+        "quorvel-widget://open/budget");
   }
 }
 
 TEST(SafeToSpendView, ArabicRunsFromRightToLeftAndNumbersDoNot) {
-  const View view = fixtures::safeToSpendView(
-      fixtures::entryWith(fixtures::snapshotWith(usual(), "ar"), SafeToSpendStyle::ring));
-  EXPECT_EQ(inspection::modifier<Direction>(view)->direction, LayoutDirection::rightToLeft);
+  const View view = testsupport::safeToSpendView(
+      testsupport::entryWith(testsupport::snapshotWith(usual(), "ar"), SafeToSpendStyle::ring));
+  EXPECT_EQ(testsupport::modifier<Direction>(view)->direction, LayoutDirection::rightToLeft);
   for (const char* number : {"$60", "40%"}) {
-    const auto* node = inspection::textNode(view, number);
+    const auto* node = testsupport::textNode(view, number);
     ASSERT_NE(node, nullptr);
     EXPECT_EQ(std::get<TextElement>(node->element).direction, LayoutDirection::leftToRight);
   }
@@ -198,19 +200,19 @@ TEST(SafeToSpendView, ArabicRunsFromRightToLeftAndNumbersDoNot) {
 TEST(SafeToSpendView, WithoutASnapshotTheHostsDirectionHolds) {
   Environment environment;
   environment.layoutDirection = LayoutDirection::rightToLeft;
-  const View view = fixtures::safeToSpendView(fixtures::entryWith(std::nullopt), environment);
-  EXPECT_EQ(inspection::modifier<Direction>(view)->direction, LayoutDirection::rightToLeft);
+  const View view = testsupport::safeToSpendView(testsupport::entryWith(std::nullopt), environment);
+  EXPECT_EQ(testsupport::modifier<Direction>(view)->direction, LayoutDirection::rightToLeft);
 }
 
 Color groundOf(const View& view) {
-  const View ground = inspection::modifier<ContainerBackground>(view)->content;
+  const View ground = testsupport::modifier<ContainerBackground>(view)->content;
   return std::get<Color>(std::get<ShapeElement>(ground.node().element).paint);
 }
 
 TEST(SafeToSpendView, OnlyTheAccentTileStandsOnTheAccent) {
   EXPECT_EQ(groundOf(draw(usual())), WAccent{}.fill);
   EXPECT_EQ(groundOf(draw(usual(), SafeToSpendStyle::ring)), palette::canvas);
-  EXPECT_EQ(groundOf(fixtures::safeToSpendView(fixtures::entryWith(std::nullopt))),
+  EXPECT_EQ(groundOf(testsupport::safeToSpendView(testsupport::entryWith(std::nullopt))),
             palette::canvas);
 }
 
@@ -218,23 +220,23 @@ TEST(SafeToSpendView, WithoutTheHostsBackgroundTheTileIsPlainPrimaryOnABackdrop)
   Environment environment;
   environment.showsWidgetContainerBackground = false;
   const View bare = draw(usual(), SafeToSpendStyle::accent, environment);
-  EXPECT_NE(inspection::component(bare, "AccessoryBackdrop"), nullptr);
+  EXPECT_NE(testsupport::component(bare, "AccessoryBackdrop"), nullptr);
   const std::string text = dump(bare);
   EXPECT_EQ(text.find(dump(WAccent{}.glyph)), std::string::npos);
 
   const View full = draw(usual());
-  EXPECT_EQ(inspection::component(full, "AccessoryBackdrop"), nullptr);
-  EXPECT_EQ(inspection::texts(bare), inspection::texts(full));
+  EXPECT_EQ(testsupport::component(full, "AccessoryBackdrop"), nullptr);
+  EXPECT_EQ(testsupport::texts(bare), testsupport::texts(full));
 }
 
 TEST(SafeToSpendView, TheMediumSurfaceGivesWayToTheBackdrop) {
   Environment environment = in(WidgetFamily::systemMedium);
-  EXPECT_EQ(inspection::component(draw(usual(), SafeToSpendStyle::ring, environment),
-                                  "AccessoryBackdrop"),
+  EXPECT_EQ(testsupport::component(draw(usual(), SafeToSpendStyle::ring, environment),
+                                   "AccessoryBackdrop"),
             nullptr);
   environment.showsWidgetContainerBackground = false;
-  EXPECT_NE(inspection::component(draw(usual(), SafeToSpendStyle::ring, environment),
-                                  "AccessoryBackdrop"),
+  EXPECT_NE(testsupport::component(draw(usual(), SafeToSpendStyle::ring, environment),
+                                   "AccessoryBackdrop"),
             nullptr);
 }
 
@@ -252,7 +254,7 @@ TEST(SafeToSpendView, TextsOnTheAccentTileAreLegible) {
 // ---- gauge
 
 const ShapeElement* progressOf(const View& view) {
-  const auto* gauge = inspection::component(view, "SpentGauge");
+  const auto* gauge = testsupport::component(view, "SpentGauge");
   return gauge->children.size() < 2 ? nullptr
                                     : &std::get<ShapeElement>(gauge->children[1].node().element);
 }
@@ -266,10 +268,10 @@ TEST(SpentGauge, CoversItsFractionInTheVerdictsColour) {
 
 TEST(SpentGauge, ProgressAloneIsAccentableAndNothingIsReadOut) {
   const View gauge = SpentGauge{.spentFraction = 0.4};
-  EXPECT_EQ(inspection::modifier<Accentable>(gauge.node().children[0]), nullptr);
-  EXPECT_NE(inspection::modifier<Accentable>(gauge.node().children[1]), nullptr);
-  EXPECT_TRUE(inspection::modifier<Accessibility>(gauge)->hidden);
-  EXPECT_NE(inspection::modifier<PrivacySensitive>(gauge), nullptr);
+  EXPECT_EQ(testsupport::modifier<Accentable>(gauge.node().children[0]), nullptr);
+  EXPECT_NE(testsupport::modifier<Accentable>(gauge.node().children[1]), nullptr);
+  EXPECT_TRUE(testsupport::modifier<Accessibility>(gauge)->hidden);
+  EXPECT_NE(testsupport::modifier<PrivacySensitive>(gauge), nullptr);
 }
 
 TEST(SpentGauge, NeverCoversMoreThanTheArc) {
@@ -286,8 +288,8 @@ TEST(SpentGauge, DrawsNoProgressOfNothing) {
 
 /// 7391.42 of 9876.54 spent: 75 %; 2485.12 left, 248.512 per day.
 WidgetSnapshot secretSnapshot(const char* periodEnd) {
-  WidgetSnapshot snapshot =
-      fixtures::snapshotWith(fixtures::budgetOf(9876.54, 7391.42, periodEnd, kTwentyDaysBefore));
+  WidgetSnapshot snapshot = testsupport::snapshotWith(
+      testsupport::budgetOf(9876.54, 7391.42, periodEnd, kTwentyDaysBefore));
   snapshot.money.showDecimals = true;
   return snapshot;
 }
@@ -306,11 +308,11 @@ TEST_P(SafeToSpendPrivacy, LeavesNoDigitOfAnAmountOrPercentage) {
   WidgetSnapshot snapshot = secretSnapshot(periodEnd);
   Environment environment = in(family);
   environment.redactionReasons.privacy = byHost;
-  const std::string open =
-      everythingIn(fixtures::safeToSpendView(fixtures::entryWith(snapshot, style), in(family)));
+  const std::string open = everythingIn(
+      testsupport::safeToSpendView(testsupport::entryWith(snapshot, style), in(family)));
   snapshot.isHidden = !byHost;
-  const std::string hidden =
-      everythingIn(fixtures::safeToSpendView(fixtures::entryWith(snapshot, style), environment));
+  const std::string hidden = everythingIn(
+      testsupport::safeToSpendView(testsupport::entryWith(snapshot, style), environment));
 
   EXPECT_NE(open, hidden);
   for (const char* secret :
@@ -333,29 +335,30 @@ TEST(SafeToSpendView, TheApplicationsFlagAndTheHostsRedactionLookTheSame) {
       WidgetSnapshot snapshot = secretSnapshot(kTenDaysAfter);
       Environment redacted = in(family);
       redacted.redactionReasons.privacy = true;
-      const View byHost = fixtures::safeToSpendView(fixtures::entryWith(snapshot, style), redacted);
+      const View byHost =
+          testsupport::safeToSpendView(testsupport::entryWith(snapshot, style), redacted);
       snapshot.isHidden = true;
       EXPECT_EQ(byHost,
-                fixtures::safeToSpendView(fixtures::entryWith(snapshot, style), in(family)));
+                testsupport::safeToSpendView(testsupport::entryWith(snapshot, style), in(family)));
     }
   }
 }
 
 TEST(SafeToSpendView, TheHiddenAccentTileHasANoteAndOnlyTheTrack) {
-  WidgetSnapshot snapshot = fixtures::snapshotWith(usual());
+  WidgetSnapshot snapshot = testsupport::snapshotWith(usual());
   snapshot.isHidden = true;
-  const View view = fixtures::safeToSpendView(fixtures::entryWith(snapshot));
-  EXPECT_THAT(inspection::texts(view), ElementsAre("Safe to spend", "Amounts hidden", "10d left"));
-  const auto* meter = inspection::component(view, "WidgetMeter");
-  EXPECT_EQ(inspection::modifier<Overlay>(*meter), nullptr);
+  const View view = testsupport::safeToSpendView(testsupport::entryWith(snapshot));
+  EXPECT_THAT(testsupport::texts(view), ElementsAre("Safe to spend", "Amounts hidden", "10d left"));
+  const auto* meter = testsupport::component(view, "WidgetMeter");
+  EXPECT_EQ(testsupport::modifier<Overlay>(*meter), nullptr);
 }
 
 TEST(SafeToSpendView, TheHiddenRingKeepsTrackDaysAndVerdict) {
-  WidgetSnapshot snapshot = fixtures::snapshotWith(usual());
+  WidgetSnapshot snapshot = testsupport::snapshotWith(usual());
   snapshot.isHidden = true;
   const View view =
-      fixtures::safeToSpendView(fixtures::entryWith(snapshot, SafeToSpendStyle::ring));
-  EXPECT_THAT(inspection::texts(view),
+      testsupport::safeToSpendView(testsupport::entryWith(snapshot, SafeToSpendStyle::ring));
+  EXPECT_THAT(testsupport::texts(view),
               ElementsAre("Safe to spend", "••••", "/ day", "10d left", "On pace"));
   EXPECT_EQ(progressOf(view), nullptr);
 }

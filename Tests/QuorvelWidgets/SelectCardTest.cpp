@@ -21,7 +21,7 @@ class SelectCardTest : public ::testing::Test {
   }
 
   void writeCards(const std::vector<std::pair<std::string, std::string>>& idsAndProducts) {
-    WidgetSnapshot snapshot = fixtures::emptySnapshot();
+    WidgetSnapshot snapshot = testsupport::emptySnapshot();
     for (const auto& [id, product] : idsAndProducts) {
       WidgetSnapshot::Card card;
       card.id = id;

@@ -15,7 +15,7 @@ using widgetruntime::DiagnoseParameters;
 DiagnoseAnswer diagnose(const WidgetSnapshot& snapshot) {
   DiagnoseParameters parameters;
   parameters.text = encodeWidgetSnapshot(snapshot);
-  parameters.device.now = fixtures::marchFourteenth();
+  parameters.device.now = testsupport::marchFourteenth();
   return diagnoseSnapshot(parameters);
 }
 
@@ -28,7 +28,7 @@ std::string outlook(const DiagnoseAnswer& answer, std::string_view kind) {
 
 TEST(SnapshotDiagnosis, TellsWhatEachWidgetWillShow) {
   foundation::Device device;
-  device.now = fixtures::marchFourteenth();
+  device.now = testsupport::marchFourteenth();
   const DiagnoseAnswer answer = diagnose(sampleSnapshot(device));
   EXPECT_TRUE(answer.accepted);
   EXPECT_TRUE(answer.problems.empty());
@@ -41,7 +41,8 @@ TEST(SnapshotDiagnosis, TellsWhatEachWidgetWillShow) {
 }
 
 TEST(SnapshotDiagnosis, SaysWhyAWidgetHasNothingToShow) {
-  WidgetSnapshot snapshot = fixtures::snapshotWith(fixtures::budgetOf(1000, 400, "2025-03-13"));
+  WidgetSnapshot snapshot =
+      testsupport::snapshotWith(testsupport::budgetOf(1000, 400, "2025-03-13"));
   snapshot.spending = WidgetSnapshot::Spending{.month = "2025-02"};
   snapshot.dues = {{.id = "d1", .name = "Rent", .dueDate = "2025-03-13", .kind = "bill"}};
   const DiagnoseAnswer answer = diagnose(snapshot);
@@ -54,7 +55,7 @@ TEST(SnapshotDiagnosis, SaysWhyAWidgetHasNothingToShow) {
 
 TEST(SnapshotDiagnosis, NamesNoAmount) {
   const DiagnoseAnswer answer =
-      diagnose(fixtures::snapshotWith(fixtures::budgetOf(9876.54, 7391.42, "2025-03-24")));
+      diagnose(testsupport::snapshotWith(testsupport::budgetOf(9876.54, 7391.42, "2025-03-24")));
   for (const auto& widget : answer.widgets) {
     for (const char* secret : {"9876", "9,876", "7391", "7,391", "2485", "2,485", "248", "%"}) {
       EXPECT_EQ(widget.shows.find(secret), std::string::npos) << widget.shows;
@@ -63,7 +64,7 @@ TEST(SnapshotDiagnosis, NamesNoAmount) {
 }
 
 TEST(SnapshotDiagnosis, SaysThatAmountsAreHidden) {
-  WidgetSnapshot snapshot = fixtures::emptySnapshot();
+  WidgetSnapshot snapshot = testsupport::emptySnapshot();
   snapshot.isHidden = true;
   for (const auto& widget : diagnose(snapshot).widgets) {
     EXPECT_THAT(widget.shows, HasSubstr("Amounts are hidden."));

@@ -21,7 +21,7 @@ constexpr std::array kLayouts{
     WidgetFamily::systemSmall, WidgetFamily::systemMedium, WidgetFamily::systemLarge};
 
 SnapshotEntry entryAt(std::string_view instant, std::string month) {
-  WidgetSnapshot snapshot = fixtures::emptySnapshot();
+  WidgetSnapshot snapshot = testsupport::emptySnapshot();
   WidgetSnapshot::Spending spending;
   spending.month = std::move(month);
   spending.spent = 1834;
@@ -42,7 +42,7 @@ viewkit::View view(const SnapshotEntry& entry, WidgetFamily family, Environment 
 std::vector<std::string> texts(const SnapshotEntry& entry,
                                WidgetFamily family,
                                const Environment& environment = {}) {
-  return inspection::texts(view(entry, family, environment));
+  return testsupport::texts(view(entry, family, environment));
 }
 
 TEST(SpendingWidget, ARecordOfMayReadInJuneIsAFreshMonth) {
@@ -69,7 +69,7 @@ TEST(SpendingWidget, WithoutASnapshotOrARecord) {
   entry.snapshot.reset();
   EXPECT_THAT(texts(entry, WidgetFamily::systemLarge),
               ElementsAre("Spent this month", "Open Quorvel to get started", "Open Quorvel"));
-  EXPECT_EQ(inspection::modifier<viewkit::WidgetURL>(view(entry, WidgetFamily::systemLarge))->url,
+  EXPECT_EQ(testsupport::modifier<viewkit::WidgetURL>(view(entry, WidgetFamily::systemLarge))->url,
             "quorvel-widget://open/spending");
 }
 
@@ -78,7 +78,7 @@ TEST(SpendingWidget, ComparesWithLastMonth) {
   const auto entry = entryAt("2025-03-03T09:30:00Z", "2025-03");
   EXPECT_THAT(texts(entry, WidgetFamily::systemSmall),
               AllOf(Contains("5.9%"), Contains("vs last month")));
-  EXPECT_THAT(inspection::symbols(view(entry, WidgetFamily::systemMedium)),
+  EXPECT_THAT(testsupport::symbols(view(entry, WidgetFamily::systemMedium)),
               Contains("arrow.down.right"));
   EXPECT_THAT(texts(entry, WidgetFamily::systemLarge), Contains("5.9%"));
 }
@@ -121,23 +121,23 @@ TEST(SpendingWidget, WithoutATopCategoryItsBlockIsAbsent) {
 TEST(SpendingWidget, TheCategoryKeepsItsIconInLargeOnly) {
   auto entry = entryAt("2025-03-03T09:30:00Z", "2025-03");
   entry.snapshot->spending->topCategoryIcon = "fork.knife";
-  EXPECT_THAT(inspection::symbols(view(entry, WidgetFamily::systemMedium)), Contains("tag.fill"));
-  EXPECT_THAT(inspection::symbols(view(entry, WidgetFamily::systemLarge)), Contains("fork.knife"));
+  EXPECT_THAT(testsupport::symbols(view(entry, WidgetFamily::systemMedium)), Contains("tag.fill"));
+  EXPECT_THAT(testsupport::symbols(view(entry, WidgetFamily::systemLarge)), Contains("fork.knife"));
 }
 
 TEST(SpendingWidget, AnEmptySeriesDrawsNoBars) {
   auto entry = entryAt("2025-03-03T09:30:00Z", "2025-03");
   entry.snapshot->spending->daily.clear();
   const auto shown = view(entry, WidgetFamily::systemSmall);
-  ASSERT_NE(inspection::component(shown, "DailyBars"), nullptr);
-  EXPECT_THAT(inspection::component(shown, "DailyBars")->children, IsEmpty());
+  ASSERT_NE(testsupport::component(shown, "DailyBars"), nullptr);
+  EXPECT_THAT(testsupport::component(shown, "DailyBars")->children, IsEmpty());
 }
 
 TEST(SpendingWidget, ALongSeriesDrawsAMonth) {
   auto entry = entryAt("2025-03-03T09:30:00Z", "2025-03");
   entry.snapshot->spending->daily.assign(100000, 1.5);
   const auto shown = view(entry, WidgetFamily::systemMedium);
-  EXPECT_EQ(inspection::component(shown, "DailyBars")->children.size(), 31U);
+  EXPECT_EQ(testsupport::component(shown, "DailyBars")->children.size(), 31U);
 }
 
 TEST(MonthHeatmap, HasACellForEveryDayOfTheMonthAndLettersInTheUsersOrder) {
@@ -147,7 +147,7 @@ TEST(MonthHeatmap, HasACellForEveryDayOfTheMonthAndLettersInTheUsersOrder) {
                    .weekdayOfFirst = 1,
                    .firstWeekday = 2,
                    .weekdayNames = {"S", "M", "T", "W", "T", "F", "S"}};
-  EXPECT_THAT(inspection::texts(map.body()), ElementsAre("M", "T", "W", "T", "F", "S", "S"));
+  EXPECT_THAT(testsupport::texts(map.body()), ElementsAre("M", "T", "W", "T", "F", "S", "S"));
   // Sunday the 1st ends the first of five weeks: 13 + 5 + 5 * 26 + 4 * 3.
   EXPECT_EQ(map.height(), 160);
   map.firstWeekday = 1;

@@ -14,9 +14,9 @@
 namespace quorvel {
 namespace {
 
-using fixtures::Environment;
-using fixtures::februaryTenth;
-using fixtures::smallSnapshot;
+using testsupport::Environment;
+using testsupport::februaryTenth;
+using testsupport::smallSnapshot;
 using widgetruntime::WidgetSummary;
 using State = WidgetSummary::State;
 
@@ -258,7 +258,7 @@ TEST(SummaryApproval, EveryWidgetInEveryStateAndLanguage) {
       }
     }
   }
-  EXPECT_TRUE(approval::matchesExpected("Summaries/summaries", text));
+  EXPECT_TRUE(testsupport::matchesExpected("Summaries/summaries", text));
 }
 
 }  // namespace

@@ -12,9 +12,9 @@
 namespace quorvel {
 namespace {
 
-using fixtures::WidgetKind;
-using fixtures::WidgetLayout;
-using fixtures::WidgetState;
+using testsupport::WidgetKind;
+using testsupport::WidgetLayout;
+using testsupport::WidgetState;
 
 struct Folder {
   std::string name;
@@ -27,12 +27,12 @@ const Folder kFolders[] = {{"CardLimit", WidgetKind::cardLimit},
                            {"Spending", WidgetKind::spending}};
 
 std::vector<WidgetState> approvedStates() {
-  const auto now = fixtures::februaryTenth();
-  std::vector<WidgetState> states{{"full", now, fixtures::smallSnapshot(), {}},
-                                  {"hidden", now, fixtures::smallSnapshot(), {}},
-                                  {"empty", now, fixtures::smallSnapshot(), {}},
-                                  {"arabic", now, fixtures::smallSnapshot("ar"), {}},
-                                  {"accented", now, fixtures::smallSnapshot(), {}}};
+  const auto now = testsupport::februaryTenth();
+  std::vector<WidgetState> states{{"full", now, testsupport::smallSnapshot(), {}},
+                                  {"hidden", now, testsupport::smallSnapshot(), {}},
+                                  {"empty", now, testsupport::smallSnapshot(), {}},
+                                  {"arabic", now, testsupport::smallSnapshot("ar"), {}},
+                                  {"accented", now, testsupport::smallSnapshot(), {}}};
   states[1].snapshot->isHidden = true;
   states[2].snapshot->cards.clear();
   states[2].snapshot->dues.resize(1);
@@ -46,7 +46,7 @@ std::vector<WidgetState> approvedStates() {
 TEST(WidgetApproval, EveryLayoutInEveryState) {
   for (const Folder& folder : kFolders) {
     std::set<std::string> names;
-    for (const WidgetLayout& layout : fixtures::kLayouts) {
+    for (const WidgetLayout& layout : testsupport::kLayouts) {
       if (layout.kind != folder.kind) continue;
       const auto family = layout.name.substr(layout.name.rfind('-') + 1);
       for (const WidgetState& state : approvedStates()) {
@@ -54,10 +54,10 @@ TEST(WidgetApproval, EveryLayoutInEveryState) {
             folder.name + "/" + std::string{family} + "-" + std::string{state.name};
         names.insert(name);
         EXPECT_TRUE(
-            approval::matchesExpected(name, viewkit::dump(fixtures::viewOf(layout, state))));
+            testsupport::matchesExpected(name, viewkit::dump(testsupport::viewOf(layout, state))));
       }
     }
-    EXPECT_EQ(approval::expectedNames(folder.name), names);
+    EXPECT_EQ(testsupport::expectedNames(folder.name), names);
   }
 }
 

@@ -22,7 +22,7 @@ using widgetruntime::EntriesParameters;
 using widgetruntime::Environment;
 
 InProcess::Handler connectFake() {
-  auto dispatcher = std::make_shared<widgetruntime::Dispatcher>(fake::definition());
+  auto dispatcher = std::make_shared<widgetruntime::Dispatcher>(testsupport::fake::definition());
   return [dispatcher](std::string_view request) { return dispatcher->handle(request); };
 }
 

@@ -12,7 +12,7 @@
 #include <string>
 #include <string_view>
 
-namespace approval {
+namespace testsupport {
 
 inline std::filesystem::path expectedFile(std::string_view name) {
   return std::filesystem::path{QUORVEL_SOURCE_DIR} / "Tests" / "Expected" /
@@ -71,4 +71,4 @@ inline std::set<std::string> expectedNames(std::string_view folder) {
   return names;
 }
 
-}  // namespace approval
+}  // namespace testsupport

@@ -9,7 +9,7 @@
 
 #include "Rendering/Layout/LayoutTree.hpp"
 
-namespace inspection {
+namespace testsupport {
 
 using rendering::PlacedLine;
 using rendering::PlacedNode;
@@ -93,4 +93,4 @@ inline Rect inkBox(const rendering::PlacedText& text, const PlacedLine& line) {
   return {line.x, line.baseline - 0.78 * text.size, line.width, text.size};
 }
 
-}  // namespace inspection
+}  // namespace testsupport

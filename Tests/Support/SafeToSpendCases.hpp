@@ -9,7 +9,7 @@
 #include "QuorvelWidgets/SafeToSpend/SafeToSpendView.hpp"
 #include "Tests/Support/Snapshots.hpp"
 
-namespace fixtures {
+namespace testsupport {
 
 /// 14 March 2025, 09:30 in UTC, the zone of every environment here.
 inline foundation::Instant marchFourteenth() {
@@ -43,4 +43,4 @@ inline viewkit::View safeToSpendView(const quorvel::SafeToSpendEntry& entry,
       {.entry = entry, .environment = environment, .urlScheme = "quorvel-widget"}};
 }
 
-}  // namespace fixtures
+}  // namespace testsupport

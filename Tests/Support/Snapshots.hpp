@@ -6,7 +6,7 @@
 
 #include "QuorvelWidgets/WidgetSupport/Snapshot/WidgetSnapshot.hpp"
 
-namespace fixtures {
+namespace testsupport {
 
 /// A snapshot with nothing but a language and a currency in it.
 inline quorvel::WidgetSnapshot emptySnapshot(std::string lang = "en") {
@@ -16,4 +16,4 @@ inline quorvel::WidgetSnapshot emptySnapshot(std::string lang = "en") {
   return snapshot;
 }
 
-}  // namespace fixtures
+}  // namespace testsupport

@@ -8,7 +8,7 @@
 
 #include "ViewKit/View.hpp"
 
-namespace inspection {
+namespace testsupport {
 
 inline void collect(const viewkit::View& view, std::vector<const viewkit::Node*>& out) {
   const viewkit::Node& node = view.node();
@@ -90,4 +90,4 @@ inline const viewkit::Node* textNode(const viewkit::View& view, std::string_view
   return nullptr;
 }
 
-}  // namespace inspection
+}  // namespace testsupport

@@ -7,7 +7,7 @@
 #include "Foundation/Instant.hpp"
 #include "QuorvelWidgets/WidgetSupport/Snapshot/WidgetSnapshot.hpp"
 
-namespace fixtures {
+namespace testsupport {
 
 /// 10 February 2025, a Monday in a month of 28 days that begins on a Saturday.
 inline foundation::Instant februaryTenth() {
@@ -69,4 +69,4 @@ inline quorvel::WidgetSnapshot smallSnapshot(std::string_view lang = "en") {
   return snapshot;
 }
 
-}  // namespace fixtures
+}  // namespace testsupport

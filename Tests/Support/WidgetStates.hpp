@@ -20,7 +20,7 @@
 #include "QuorvelWidgets/WidgetSupport/Snapshot/SnapshotSample.hpp"
 #include "QuorvelWidgets/WidgetSupport/Snapshot/WidgetLanguage.hpp"
 
-namespace fixtures {
+namespace testsupport {
 
 using quorvel::WidgetSnapshot;
 using widgetruntime::Environment;
@@ -206,4 +206,4 @@ inline std::set<std::string> userTexts(const std::optional<WidgetSnapshot>& snap
   return texts;
 }
 
-}  // namespace fixtures
+}  // namespace testsupport

@@ -22,7 +22,7 @@ constexpr std::string_view kInitialize =
     R"({"jsonrpc":"2.0","id":0,"method":"initialize","params":{"protocolVersion":1}})";
 
 void expectTranscript(std::string_view transcript, bool isInitialized = true) {
-  Dispatcher dispatcher(fake::definition());
+  Dispatcher dispatcher(testsupport::fake::definition());
   if (isInitialized) {
     ASSERT_THAT(dispatcher.handle(kInitialize), HasSubstr("\"result\""));
   }
@@ -32,11 +32,11 @@ void expectTranscript(std::string_view transcript, bool isInitialized = true) {
 
 TEST(Dispatcher, DescribesItsBundle) {
   Dispatcher dispatcher({[](const InitializeParameters& parameters) {
-                           WidgetBundle bundle = fake::makeBundle(parameters);
+                           WidgetBundle bundle = testsupport::fake::makeBundle(parameters);
                            bundle.widgets.resize(2);
                            return bundle;
                          },
-                         fake::diagnose});
+                         testsupport::fake::diagnose});
   const std::string_view transcript = R"(
 > {"jsonrpc":"2.0","id":"first","method":"initialize","params":{"protocolVersion":1,
     "host":"test 1","container":"/data/group.fake"}}
@@ -151,7 +151,7 @@ std::string timelineRequest(std::string_view kind) {
 }
 
 Read<EntriesAnswer> timelineOf(std::string_view kind) {
-  Dispatcher dispatcher(fake::definition());
+  Dispatcher dispatcher(testsupport::fake::definition());
   EXPECT_THAT(dispatcher.handle(kInitialize), HasSubstr("\"result\""));
   const std::string text = dispatcher.handle(timelineRequest(kind));
   EXPECT_LE(text.size(), kMaximumMessage);
@@ -170,7 +170,7 @@ TEST(Dispatcher, EndsALongTimelineEarlyAndIsAskedAgainThen) {
 }
 
 TEST(Dispatcher, EndsATimelineOfLargeEntriesWhereTheMessageIsFull) {
-  Dispatcher dispatcher(fake::definition());
+  Dispatcher dispatcher(testsupport::fake::definition());
   EXPECT_THAT(dispatcher.handle(kInitialize), HasSubstr("\"result\""));
   const std::string text = dispatcher.handle(timelineRequest("Wide"));
   // Two trees of a little over 100,000 bytes per entry: five entries fit into 1,048,576.
@@ -195,7 +195,7 @@ TEST(Dispatcher, SaysNothingOfWhatABundleThrew) {
 /// Its document fills the memory, wherever that is noticed: while entries are made, while one is
 /// shown, while cards are listed.
 WidgetBundle exhaustingBundle(const InitializeParameters& parameters) {
-  WidgetBundle bundle = fake::makeBundle(parameters);
+  WidgetBundle bundle = testsupport::fake::makeBundle(parameters);
   if (parameters.snapshotFile == "") return bundle;
   const auto exhaust = []<class... Given>(const Given&...) { throw std::bad_alloc{}; };
   Widget& making = bundle.widgets[0];
@@ -216,7 +216,7 @@ WidgetBundle exhaustingBundle(const InitializeParameters& parameters) {
 }
 
 TEST(Dispatcher, AnswersWithoutADocumentThatMemoryCannotHold) {
-  Dispatcher dispatcher({exhaustingBundle, fake::diagnose});
+  Dispatcher dispatcher({exhaustingBundle, testsupport::fake::diagnose});
   EXPECT_THAT(dispatcher.handle(kInitialize), HasSubstr("\"result\""));
   const auto snapshot = [&](const std::string& kind) {
     return dispatcher.handle(
@@ -293,7 +293,7 @@ TEST(Dispatcher, PerformsIntentsAndDiagnosesDocuments) {
 // A bundle of one widget whose parameter offers these.
 Read<OptionsAnswer> offered(std::vector<IntentOption> options, const std::string& query = "") {
   Dispatcher dispatcher({[&](const InitializeParameters& parameters) {
-                           WidgetBundle bundle = fake::makeBundle(parameters);
+                           WidgetBundle bundle = testsupport::fake::makeBundle(parameters);
                            EntityQuery& cards =
                                bundle.widgets[1].configuration->parameters[0].query;
                            cards.suggestedEntities = [&] { return options; };
@@ -310,7 +310,7 @@ Read<OptionsAnswer> offered(std::vector<IntentOption> options, const std::string
                            };
                            return bundle;
                          },
-                         fake::diagnose});
+                         testsupport::fake::diagnose});
   EXPECT_THAT(dispatcher.handle(kInitialize), HasSubstr("\"result\""));
   const std::string text = dispatcher.handle(
       R"({"jsonrpc":"2.0","id":1,"method":"configuration/options","params":{"kind":"Card",)"
@@ -380,7 +380,7 @@ TEST(Dispatcher, OffersWhatAMessageHolds) {
 
 TEST(Dispatcher, DiagnosesTheDocumentOfItsBundleWhenNoneIsNamed) {
   std::vector<DiagnoseParameters> asked;
-  Dispatcher dispatcher({fake::makeBundle,
+  Dispatcher dispatcher({testsupport::fake::makeBundle,
                          [&](const DiagnoseParameters& parameters) {
                            asked.push_back(parameters);
                            DiagnoseAnswer answer;
@@ -404,7 +404,7 @@ TEST(Dispatcher, DiagnosesTheDocumentOfItsBundleWhenNoneIsNamed) {
 }
 
 TEST(Dispatcher, NobodyWaitsForADateThatCannotBeWritten) {
-  Dispatcher dispatcher(fake::definition());
+  Dispatcher dispatcher(testsupport::fake::definition());
   EXPECT_THAT(dispatcher.handle(kInitialize), HasSubstr("\"result\""));
   const auto timeline = [&](const std::string& now) {
     return dispatcher.handle(
@@ -443,7 +443,7 @@ TEST(Dispatcher, RefusesEnvelopesThatAreNoRequests) {
 }
 
 TEST(Dispatcher, RefusesTextsThatAreNoJson) {
-  Dispatcher dispatcher(fake::definition());
+  Dispatcher dispatcher(testsupport::fake::definition());
   const std::string deep = std::string(17, '[') + std::string(17, ']');
   for (const std::string& text : {std::string(),
                                   std::string("{"),
@@ -493,7 +493,7 @@ TEST(Dispatcher, NamesTheParameterThatIsWrong) {
        R"(unknown widget kind \"Nothing\")"},
       {R"("kind":")" + std::string(20000, 'k') + "\"", "/kind: 20000 bytes, 16384 are allowed"},
   };
-  Dispatcher dispatcher(fake::definition());
+  Dispatcher dispatcher(testsupport::fake::definition());
   ASSERT_THAT(dispatcher.handle(kInitialize), HasSubstr("\"result\""));
   for (const Row& row : rows) {
     const std::string request =
@@ -505,7 +505,7 @@ TEST(Dispatcher, NamesTheParameterThatIsWrong) {
 }
 
 TEST(Dispatcher, KeepsNothingBetweenRequests) {
-  Dispatcher dispatcher(fake::definition());
+  Dispatcher dispatcher(testsupport::fake::definition());
   ASSERT_THAT(dispatcher.handle(kInitialize), HasSubstr("\"result\""));
   const std::string first = dispatcher.handle(timelineRequest("Clock"));
   for (const char* other : {"Card", "Throwing", "Huge", "Long"}) {

@@ -11,7 +11,7 @@
 #include "ViewKit/ViewKit.hpp"
 #include "WidgetRuntime/Dispatcher.hpp"
 
-namespace fake {
+namespace testsupport::fake {
 
 using widgetruntime::Environment;
 using widgetruntime::IntentValues;
@@ -36,7 +36,7 @@ inline Document documentOf(const ProviderContext& context) {
 /// Its timeline has as many entries as it is told, an hour apart, and is to be renewed after an
 /// hour.
 struct ClockProvider {
-  using Entry = fake::Entry;
+  using Entry = testsupport::fake::Entry;
   int count = 2;
   std::size_t padding = 0;  ///< bytes that each entry's text is made longer by
 
@@ -66,7 +66,7 @@ struct CardIntent {
 };
 
 struct CardProvider {
-  using Entry = fake::Entry;
+  using Entry = testsupport::fake::Entry;
   using Intent = CardIntent;
   Entry placeholder(const ProviderContext& context) const {
     return {context.device.now, documentOf(context), "placeholder"};
@@ -81,7 +81,7 @@ struct CardProvider {
 };
 
 struct ThrowingProvider {
-  using Entry = fake::Entry;
+  using Entry = testsupport::fake::Entry;
   [[noreturn]] Entry placeholder(const ProviderContext&) const {
     throw std::runtime_error("1234.56");
   }
@@ -170,4 +170,4 @@ inline widgetruntime::ExtensionDefinition definition() {
   return {makeBundle, diagnose};
 }
 
-}  // namespace fake
+}  // namespace testsupport::fake

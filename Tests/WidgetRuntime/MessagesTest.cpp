@@ -153,8 +153,10 @@ TEST(Messages, SmallMessagesComeBack) {
 }
 
 TEST(Messages, BundlesComeBackWithoutTheirQueries) {
-  const InitializeAnswer answer{
-      .appGroup = "g", .urlScheme = "s", .container = "", .bundle = describe(fake::makeBundle({}))};
+  const InitializeAnswer answer{.appGroup = "g",
+                                .urlScheme = "s",
+                                .container = "",
+                                .bundle = describe(testsupport::fake::makeBundle({}))};
   EXPECT_EQ(encode(throughJson(answer)), encode(answer));
 }
 

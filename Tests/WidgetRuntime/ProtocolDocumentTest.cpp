@@ -35,7 +35,7 @@ std::string fencedBlocks(const std::string& path) {
 
 // The document shows the first two widgets.
 WidgetBundle documentedBundle(const InitializeParameters& parameters) {
-  WidgetBundle bundle = fake::makeBundle(parameters);
+  WidgetBundle bundle = testsupport::fake::makeBundle(parameters);
   bundle.widgets.resize(2);
   return bundle;
 }
@@ -101,7 +101,7 @@ TEST(ProtocolDocument, ExamplesAreReplayed) {
                                         method::kCancelRequest}) {
     EXPECT_NE(conversation.find("\"" + std::string(method) + "\""), std::string::npos) << method;
   }
-  Dispatcher dispatcher({documentedBundle, fake::diagnose});
+  Dispatcher dispatcher({documentedBundle, testsupport::fake::diagnose});
   const auto handle = [&](std::string_view request) { return dispatcher.handle(request); };
   EXPECT_EQ(replay(conversation, handle), joined(conversation));
   EXPECT_TRUE(dispatcher.hasExited());

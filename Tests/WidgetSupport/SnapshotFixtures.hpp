@@ -8,7 +8,7 @@
 #include "Foundation/Device.hpp"
 #include "Tests/Support/TemporaryFolder.hpp"
 
-namespace quorvel::test {
+namespace testsupport {
 
 /// Only what a document must hold.
 inline nlohmann::json minimalDocument() {
@@ -52,6 +52,4 @@ inline foundation::Device device(std::int64_t now,
   return {{now, 0}, {std::move(zone)}, {"en_US"}, std::move(languages)};
 }
 
-using testsupport::TemporaryFolder;
-
-}  // namespace quorvel::test
+}  // namespace testsupport

@@ -11,14 +11,17 @@
 namespace {
 
 struct Provider {
-  using Entry = fake::Entry;
+  using Entry = testsupport::fake::Entry;
   void (*act)() = nullptr;
-  Entry placeholder(const fake::ProviderContext& context) const {
+  Entry placeholder(const testsupport::fake::ProviderContext& context) const {
     act();
-    return {context.device.now, fake::documentOf(context), "after all"};
+    return {context.device.now, testsupport::fake::documentOf(context), "after all"};
   }
-  Entry getSnapshot(const fake::ProviderContext& context) const { return placeholder(context); }
-  widgetruntime::Timeline<Entry> getTimeline(const fake::ProviderContext& context) const {
+  Entry getSnapshot(const testsupport::fake::ProviderContext& context) const {
+    return placeholder(context);
+  }
+  widgetruntime::Timeline<Entry> getTimeline(
+      const testsupport::fake::ProviderContext& context) const {
     return {{placeholder(context)}, {}};
   }
 };
@@ -38,10 +41,10 @@ void print() {
 }
 
 widgetruntime::WidgetBundle makeBundle(const widgetruntime::InitializeParameters& parameters) {
-  widgetruntime::WidgetBundle bundle = fake::makeBundle(parameters);
+  widgetruntime::WidgetBundle bundle = testsupport::fake::makeBundle(parameters);
   const auto add = [&](std::string kind, void (*act)()) {
     bundle.widgets.push_back(widgetruntime::makeStaticConfiguration(
-        {.kind = std::move(kind)}, Provider{act}, fake::body));
+        {.kind = std::move(kind)}, Provider{act}, testsupport::fake::body));
   };
   add("Crashing", crash);
   add("Hanging", hang);
@@ -53,5 +56,5 @@ widgetruntime::WidgetBundle makeBundle(const widgetruntime::InitializeParameters
 }  // namespace
 
 int main(int argc, char** argv) {
-  return widgetruntime::NSExtensionMain(argc, argv, {makeBundle, fake::diagnose});
+  return widgetruntime::NSExtensionMain(argc, argv, {makeBundle, testsupport::fake::diagnose});
 }

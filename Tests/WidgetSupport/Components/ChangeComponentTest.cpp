@@ -13,13 +13,13 @@ using namespace viewkit;
 using ::testing::ElementsAre;
 
 Color styleOf(const View& view) {
-  return std::get<Color>(inspection::modifier<ForegroundStyle>(view)->paint);
+  return std::get<Color>(testsupport::modifier<ForegroundStyle>(view)->paint);
 }
 
 TEST(ChangeComponent, ZeroShowsALevelArrowInTheSecondaryColour) {
   const View view = WidgetChange{.value = 0, .precision = 1};
-  EXPECT_THAT(inspection::symbols(view), ElementsAre("arrow.right"));
-  EXPECT_THAT(inspection::texts(view), ElementsAre("0.0%"));
+  EXPECT_THAT(testsupport::symbols(view), ElementsAre("arrow.right"));
+  EXPECT_THAT(testsupport::texts(view), ElementsAre("0.0%"));
   EXPECT_EQ(styleOf(view), palette::textSecondary);
 }
 
@@ -34,7 +34,7 @@ TEST(ChangeComponent, WhatIsNotFiniteTakesNoSpace) {
 }
 
 TEST(ChangeComponent, WithoutAPrecisionThePercentageIsWhole) {
-  EXPECT_THAT(inspection::texts(WidgetChange{.value = 3.4}), ElementsAre("3%"));
+  EXPECT_THAT(testsupport::texts(WidgetChange{.value = 3.4}), ElementsAre("3%"));
 }
 
 TEST(ChangeComponent, UnlessSaidOtherwiseARiseIsGood) {
@@ -43,7 +43,7 @@ TEST(ChangeComponent, UnlessSaidOtherwiseARiseIsGood) {
 
 TEST(ChangeComponent, ARiseIsGoodOrBadByWhatRises) {
   const View worth = WidgetChange{.value = 5.5, .precision = 1, .favorableWhenPositive = true};
-  EXPECT_THAT(inspection::symbols(worth), ElementsAre("arrow.up.right"));
+  EXPECT_THAT(testsupport::symbols(worth), ElementsAre("arrow.up.right"));
   EXPECT_EQ(styleOf(worth), palette::changeFavorable);
   const View spending = WidgetChange{.value = 8.1, .precision = 1, .favorableWhenPositive = false};
   EXPECT_EQ(styleOf(spending), palette::statusCritical);
@@ -51,8 +51,8 @@ TEST(ChangeComponent, ARiseIsGoodOrBadByWhatRises) {
 
 TEST(ChangeComponent, AFallPrintsNoSign) {
   const View view = WidgetChange{.value = -3.26, .precision = 1, .favorableWhenPositive = true};
-  EXPECT_THAT(inspection::symbols(view), ElementsAre("arrow.down.right"));
-  EXPECT_THAT(inspection::texts(view), ElementsAre("3.3%"));
+  EXPECT_THAT(testsupport::symbols(view), ElementsAre("arrow.down.right"));
+  EXPECT_THAT(testsupport::texts(view), ElementsAre("3.3%"));
   EXPECT_EQ(styleOf(view), palette::statusCritical);
 }
 
@@ -62,8 +62,8 @@ TEST(ChangeComponent, IsARowOnTheFirstBaselineWithAGapOfFive) {
   EXPECT_EQ(row.axis, StackElement::Axis::horizontal);
   EXPECT_EQ(row.alignment.vertical, VerticalAlignment::firstTextBaseline);
   EXPECT_EQ(row.spacing, 5);
-  EXPECT_EQ(std::get<TextElement>(inspection::textNode(view, "1%")->element).lineLimit, 1);
-  EXPECT_NE(inspection::modifier<PrivacySensitive>(view), nullptr);
+  EXPECT_EQ(std::get<TextElement>(testsupport::textNode(view, "1%")->element).lineLimit, 1);
+  EXPECT_NE(testsupport::modifier<PrivacySensitive>(view), nullptr);
 }
 
 }  // namespace

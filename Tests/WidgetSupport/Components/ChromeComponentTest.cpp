@@ -24,9 +24,9 @@ TEST(ChromeComponent, PadsByTheHostsMarginsAndLeavesTheBackgroundToTheHost) {
   WidgetChrome widget = chrome();
   widget.environment.systemMargins = {.top = 11, .leading = 12, .bottom = 13, .trailing = 14};
   const View view = widget;
-  EXPECT_EQ(inspection::modifier<Padding>(view)->insets, widget.environment.systemMargins);
-  EXPECT_NE(inspection::modifier<ContainerBackground>(view), nullptr);
-  EXPECT_EQ(inspection::modifier<Background>(view), nullptr);
+  EXPECT_EQ(testsupport::modifier<Padding>(view)->insets, widget.environment.systemMargins);
+  EXPECT_NE(testsupport::modifier<ContainerBackground>(view), nullptr);
+  EXPECT_EQ(testsupport::modifier<Background>(view), nullptr);
 }
 
 TEST(ChromeComponent, DrawsItsOwnBackgroundInAPreview) {
@@ -34,11 +34,11 @@ TEST(ChromeComponent, DrawsItsOwnBackgroundInAPreview) {
   widget.preview = true;
   widget.environment.systemMargins = Insets::all(9);
   const View view = widget;
-  EXPECT_EQ(inspection::modifier<Padding>(view)->insets, Insets::all(16));
-  EXPECT_EQ(inspection::modifier<FlexibleFrame>(view)->maxWidth, kInfinity);
-  EXPECT_EQ(inspection::modifier<FlexibleFrame>(view)->maxHeight, kInfinity);
-  EXPECT_EQ(inspection::modifier<ContainerBackground>(view), nullptr);
-  EXPECT_NE(inspection::modifier<Background>(view), nullptr);
+  EXPECT_EQ(testsupport::modifier<Padding>(view)->insets, Insets::all(16));
+  EXPECT_EQ(testsupport::modifier<FlexibleFrame>(view)->maxWidth, kInfinity);
+  EXPECT_EQ(testsupport::modifier<FlexibleFrame>(view)->maxHeight, kInfinity);
+  EXPECT_EQ(testsupport::modifier<ContainerBackground>(view), nullptr);
+  EXPECT_NE(testsupport::modifier<Background>(view), nullptr);
 }
 
 TEST(ChromeComponent, PadsNothingWhenNotAsked) {
@@ -46,7 +46,7 @@ TEST(ChromeComponent, PadsNothingWhenNotAsked) {
     WidgetChrome widget = chrome();
     widget.padded = false;
     widget.preview = preview;
-    EXPECT_EQ(inspection::modifier<Padding>(widget), nullptr);
+    EXPECT_EQ(testsupport::modifier<Padding>(widget), nullptr);
   }
 }
 
@@ -54,8 +54,8 @@ TEST(ChromeComponent, CarriesLinkAndDirection) {
   WidgetChrome widget = chrome();
   widget.direction = LayoutDirection::rightToLeft;
   const View view = widget;
-  EXPECT_EQ(inspection::modifier<WidgetURL>(view)->url, "quorvel-widget://open/budget");
-  EXPECT_EQ(inspection::modifier<Direction>(view)->direction, LayoutDirection::rightToLeft);
+  EXPECT_EQ(testsupport::modifier<WidgetURL>(view)->url, "quorvel-widget://open/budget");
+  EXPECT_EQ(testsupport::modifier<Direction>(view)->direction, LayoutDirection::rightToLeft);
 }
 
 TEST(WidgetLink, IsSchemeAndDestination) {

@@ -21,17 +21,17 @@ WidgetMessage noBudget() {
 }
 
 Color colorOf(const viewkit::Node& node) {
-  return std::get<Color>(inspection::modifier<ForegroundStyle>(node)->paint);
+  return std::get<Color>(testsupport::modifier<ForegroundStyle>(node)->paint);
 }
 
 TEST(MessageComponent, ReadsTitleMessageLabel) {
-  EXPECT_THAT(inspection::texts(noBudget()),
+  EXPECT_THAT(testsupport::texts(noBudget()),
               ElementsAre("Safe to spend", "Set a monthly budget in Quorvel", "Set a budget"));
 }
 
 TEST(MessageComponent, TheMessageIsBalancedInAtMostThreeLines) {
   const View view = noBudget();
-  const auto* node = inspection::textNode(view, "Set a monthly budget in Quorvel");
+  const auto* node = testsupport::textNode(view, "Set a monthly budget in Quorvel");
   const auto& text = std::get<TextElement>(node->element);
   EXPECT_DOUBLE_EQ(text.size, 13);
   EXPECT_EQ(text.weight, FontWeight::regular);
@@ -43,26 +43,26 @@ TEST(MessageComponent, TheMessageIsBalancedInAtMostThreeLines) {
 
 TEST(MessageComponent, AnActionIsAnAccentablePillInTheAccentColour) {
   const View view = noBudget();
-  const auto* node = inspection::textNode(view, "Set a budget");
+  const auto* node = testsupport::textNode(view, "Set a budget");
   EXPECT_EQ(colorOf(*node), WAccent{}.ink);
-  EXPECT_DOUBLE_EQ(inspection::modifier<FixedFrame>(*node)->height->points(), 26);
-  const View ground = inspection::modifier<Background>(*node)->content;
-  EXPECT_NE(inspection::modifier<Accentable>(ground), nullptr);
+  EXPECT_DOUBLE_EQ(testsupport::modifier<FixedFrame>(*node)->height->points(), 26);
+  const View ground = testsupport::modifier<Background>(*node)->content;
+  EXPECT_NE(testsupport::modifier<Accentable>(ground), nullptr);
   const auto& shape = std::get<ShapeElement>(ground.node().element);
   EXPECT_EQ(std::get<Color>(shape.paint), WAccent{}.soft);
   EXPECT_EQ(std::get<RoundedRectangleShape>(shape.geometry).style, CornerStyle::continuous);
-  EXPECT_DOUBLE_EQ(inspection::modifier<Padding>(*node)->insets.top, 10);
+  EXPECT_DOUBLE_EQ(testsupport::modifier<Padding>(*node)->insets.top, 10);
 }
 
 TEST(MessageComponent, AnActionLeadsWhereItsLinkDoes) {
   WidgetMessage message = noBudget();
   message.link = "quorvel://open/budget";
   const View view = message;
-  const auto* node = inspection::textNode(view, "Set a budget");
-  ASSERT_NE(inspection::modifier<Link>(*node), nullptr);
-  EXPECT_EQ(inspection::modifier<Link>(*node)->url, "quorvel://open/budget");
+  const auto* node = testsupport::textNode(view, "Set a budget");
+  ASSERT_NE(testsupport::modifier<Link>(*node), nullptr);
+  EXPECT_EQ(testsupport::modifier<Link>(*node)->url, "quorvel://open/budget");
   const View without = noBudget();
-  EXPECT_EQ(inspection::modifier<Link>(*inspection::textNode(without, "Set a budget")), nullptr);
+  EXPECT_EQ(testsupport::modifier<Link>(*testsupport::textNode(without, "Set a budget")), nullptr);
 }
 
 TEST(MessageComponent, AStatusHasNoGround) {
@@ -70,30 +70,30 @@ TEST(MessageComponent, AStatusHasNoGround) {
   message.label = "All clear";
   message.titleIsStatus = true;
   const View view = message;
-  const auto* node = inspection::textNode(view, "All clear");
+  const auto* node = testsupport::textNode(view, "All clear");
   EXPECT_EQ(colorOf(*node), palette::statusGood);
   EXPECT_DOUBLE_EQ(std::get<TextElement>(node->element).size, 12);
-  EXPECT_EQ(inspection::modifier<Background>(*node), nullptr);
-  EXPECT_DOUBLE_EQ(inspection::modifier<Padding>(*node)->insets.top, 10);
+  EXPECT_EQ(testsupport::modifier<Background>(*node), nullptr);
+  EXPECT_DOUBLE_EQ(testsupport::modifier<Padding>(*node)->insets.top, 10);
 }
 
 TEST(MessageComponent, MayHaveNoLabel) {
   WidgetMessage message = noBudget();
   message.label.reset();
-  EXPECT_THAT(inspection::texts(message),
+  EXPECT_THAT(testsupport::texts(message),
               ElementsAre("Safe to spend", "Set a monthly budget in Quorvel"));
 }
 
 TEST(MessageComponent, FitsItsAccessory) {
   Environment environment;
   environment.widgetFamily = WidgetFamily::accessoryCircular;
-  EXPECT_THAT(inspection::symbols(accessoryMessage(noBudget(), environment)),
+  EXPECT_THAT(testsupport::symbols(accessoryMessage(noBudget(), environment)),
               ElementsAre("gauge.with.needle"));
   environment.widgetFamily = WidgetFamily::accessoryInline;
-  EXPECT_THAT(inspection::texts(accessoryMessage(noBudget(), environment)),
+  EXPECT_THAT(testsupport::texts(accessoryMessage(noBudget(), environment)),
               ElementsAre("Set a monthly budget in Quorvel"));
   environment.widgetFamily = WidgetFamily::accessoryRectangular;
-  EXPECT_THAT(inspection::texts(accessoryMessage(noBudget(), environment)),
+  EXPECT_THAT(testsupport::texts(accessoryMessage(noBudget(), environment)),
               ElementsAre("Safe to spend", "Set a monthly budget in Quorvel"));
 }
 

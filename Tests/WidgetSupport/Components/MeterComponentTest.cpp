@@ -22,9 +22,9 @@ double filled(double fraction) {
                                  .color = palette::statusGood,
                                  .track = palette::meterTrack,
                                  .height = 5};
-  const auto shapes = inspection::nodesWith<ShapeElement>(meter);
+  const auto shapes = testsupport::nodesWith<ShapeElement>(meter);
   if (shapes.size() < 2) return 0;
-  return inspection::modifier<FixedFrame>(*shapes[1])->width->resolve(100, 5);
+  return testsupport::modifier<FixedFrame>(*shapes[1])->width->resolve(100, 5);
 }
 
 TEST(MeterComponent, AFractionAboveOneFillsTheWholeTrack) {
@@ -44,10 +44,10 @@ TEST(MeterComponent, FillsItsShareOfTheAvailableWidth) {
 }
 
 std::string gaugeText(double fraction) {
-  const WidgetSnapshot snapshot = fixtures::emptySnapshot();
+  const WidgetSnapshot snapshot = testsupport::emptySnapshot();
   const View gauge =
       WidgetUsageGauge{.fraction = fraction, .symbol = "creditcard.fill", .snapshot = snapshot};
-  const auto texts = inspection::texts(gauge);
+  const auto texts = testsupport::texts(gauge);
   return texts.empty() ? "" : texts.front();
 }
 
@@ -65,21 +65,21 @@ TEST(UsageGaugeComponent, LimitsTheFraction) {
 }
 
 TEST(UsageGaugeComponent, SaysHowMuchIsUsed) {
-  const WidgetSnapshot snapshot = fixtures::emptySnapshot();
+  const WidgetSnapshot snapshot = testsupport::emptySnapshot();
   const View gauge =
       WidgetUsageGauge{.fraction = 0.62, .symbol = "creditcard.fill", .snapshot = snapshot};
-  EXPECT_EQ(inspection::modifier<Accessibility>(gauge)->label, "62% used");
+  EXPECT_EQ(testsupport::modifier<Accessibility>(gauge)->label, "62% used");
   EXPECT_DOUBLE_EQ(std::get<GaugeElement>(gauge.node().element).fraction, 0.62);
 }
 
 TEST(UsageGaugeComponent, HidesFractionAndPercentageWithTheAmounts) {
-  WidgetSnapshot snapshot = fixtures::emptySnapshot();
+  WidgetSnapshot snapshot = testsupport::emptySnapshot();
   snapshot.isHidden = true;
   const View gauge =
       WidgetUsageGauge{.fraction = 0.62, .symbol = "creditcard.fill", .snapshot = snapshot};
-  EXPECT_TRUE(inspection::texts(gauge).empty());
+  EXPECT_TRUE(testsupport::texts(gauge).empty());
   EXPECT_EQ(std::get<GaugeElement>(gauge.node().element).fraction, 0);
-  EXPECT_EQ(inspection::modifier<Accessibility>(gauge)->label, "Amounts hidden");
+  EXPECT_EQ(testsupport::modifier<Accessibility>(gauge)->label, "Amounts hidden");
 }
 
 }  // namespace

@@ -23,22 +23,22 @@ TEST(IconTileComponent, Of22HasAnElevenPointSymbolAndACornerOfSixPointSix) {
   const auto& symbol = std::get<SymbolElement>(tile.node().element);
   EXPECT_DOUBLE_EQ(symbol.size, 11);
   EXPECT_EQ(symbol.weight, FontWeight::semibold);
-  const auto* frame = inspection::modifier<FixedFrame>(tile);
+  const auto* frame = testsupport::modifier<FixedFrame>(tile);
   EXPECT_DOUBLE_EQ(frame->width->points(), 22);
   EXPECT_DOUBLE_EQ(frame->height->points(), 22);
   const auto& ground =
-      std::get<ShapeElement>(inspection::nodesWith<ShapeElement>(tile)[0]->element);
+      std::get<ShapeElement>(testsupport::nodesWith<ShapeElement>(tile)[0]->element);
   EXPECT_DOUBLE_EQ(std::get<RoundedRectangleShape>(ground.geometry).radius.points(), 6.6);
-  EXPECT_TRUE(inspection::modifier<Accessibility>(tile)->hidden);
+  EXPECT_TRUE(testsupport::modifier<Accessibility>(tile)->hidden);
 }
 
 TEST(HeaderComponent, IsSmallerWhenCompact) {
   const View regular = WidgetHeader{.symbol = "calendar", .text = "Next due"};
   const View compact = WidgetHeader{.symbol = "calendar", .text = "Next due", .compact = true};
   const auto measures = [](const View& view) {
-    const auto* text = inspection::textNode(view, "Next due");
+    const auto* text = testsupport::textNode(view, "Next due");
     const auto& symbol =
-        std::get<SymbolElement>(inspection::component(view, "WidgetIconTile")->element);
+        std::get<SymbolElement>(testsupport::component(view, "WidgetIconTile")->element);
     return std::vector<double>{
         *std::get<StackElement>(view.node().children.front().node().element).spacing,
         symbol.size * 2,
@@ -51,20 +51,20 @@ TEST(HeaderComponent, IsSmallerWhenCompact) {
 TEST(PillComponent, TakesItsMeasuresFromItsSize) {
   const View pill = WidgetPill{
       .text = "On pace", .symbol = "checkmark", .color = palette::statusGood, .size = 13.5};
-  EXPECT_DOUBLE_EQ(inspection::modifier<FixedFrame>(pill)->height->points(), 22);
-  EXPECT_DOUBLE_EQ(inspection::modifier<Padding>(pill)->insets.leading, 8.37);
-  const auto& text = std::get<TextElement>(inspection::textNode(pill, "On pace")->element);
+  EXPECT_DOUBLE_EQ(testsupport::modifier<FixedFrame>(pill)->height->points(), 22);
+  EXPECT_DOUBLE_EQ(testsupport::modifier<Padding>(pill)->insets.leading, 8.37);
+  const auto& text = std::get<TextElement>(testsupport::textNode(pill, "On pace")->element);
   EXPECT_DOUBLE_EQ(text.size, 11.5);
   EXPECT_EQ(text.weight, FontWeight::semibold);
   const auto& ground =
-      std::get<ShapeElement>(inspection::nodesWith<ShapeElement>(pill)[0]->element);
+      std::get<ShapeElement>(testsupport::nodesWith<ShapeElement>(pill)[0]->element);
   EXPECT_EQ(std::get<Color>(ground.paint), palette::statusGood.withOpacity(0.16));
 }
 
 TEST(PrivacyNoteComponent, SpeaksTheGivenLanguageOrEnglish) {
-  EXPECT_THAT(inspection::texts(WidgetPrivacyNote{.lang = "es"}), ElementsAre("Importes ocultos"));
-  EXPECT_THAT(inspection::texts(WidgetPrivacyNote{}), ElementsAre("Amounts hidden"));
-  EXPECT_THAT(inspection::symbols(WidgetPrivacyNote{}), ElementsAre("lock.fill"));
+  EXPECT_THAT(testsupport::texts(WidgetPrivacyNote{.lang = "es"}), ElementsAre("Importes ocultos"));
+  EXPECT_THAT(testsupport::texts(WidgetPrivacyNote{}), ElementsAre("Amounts hidden"));
+  EXPECT_THAT(testsupport::symbols(WidgetPrivacyNote{}), ElementsAre("lock.fill"));
 }
 
 TEST(BackdropComponent, IsClearWhileTheHostDrawsTheBackground) {
@@ -115,10 +115,10 @@ TEST(CardArtComponent, IsAFaintPrimaryInTheAccentedMode) {
 
 TEST(CardArtComponent, LaysThePictureOverTheFaceOnlyWhereThereIsOne) {
   WidgetSnapshot::Card card = cardWith({"#315792"});
-  EXPECT_TRUE(inspection::nodesWith<ImageElement>(CardArtTile{.card = card}).empty());
+  EXPECT_TRUE(testsupport::nodesWith<ImageElement>(CardArtTile{.card = card}).empty());
   card.hasImage = true;
   const View tile = CardArtTile{.card = card, .alignment = Alignment::top};
-  const auto images = inspection::nodesWith<ImageElement>(tile);
+  const auto images = testsupport::nodesWith<ImageElement>(tile);
   ASSERT_EQ(images.size(), 1U);
   const auto& image = std::get<ImageElement>(images[0]->element);
   EXPECT_EQ(image.path, "widget-cards/AB_12_x_y.jpg");
@@ -128,7 +128,7 @@ TEST(CardArtComponent, LaysThePictureOverTheFaceOnlyWhereThereIsOne) {
 
 TEST(CardArtComponent, IsClippedToContinuousCorners) {
   const View tile = CardArtTile{.card = cardWith({}), .cornerRadius = 9};
-  const auto& shape = std::get<RoundedRectangleShape>(inspection::modifier<Clip>(tile)->shape);
+  const auto& shape = std::get<RoundedRectangleShape>(testsupport::modifier<Clip>(tile)->shape);
   EXPECT_DOUBLE_EQ(shape.radius.points(), 9);
   EXPECT_EQ(shape.style, CornerStyle::continuous);
 }

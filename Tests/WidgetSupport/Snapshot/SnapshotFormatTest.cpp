@@ -8,8 +8,8 @@ namespace quorvel {
 namespace {
 
 using nlohmann::json;
-using test::fullDocument;
-using test::minimalDocument;
+using testsupport::fullDocument;
+using testsupport::minimalDocument;
 
 bool accepts(const json& document) {
   return decodeWidgetSnapshot(document.dump()).has_value();

@@ -21,7 +21,7 @@ std::int64_t noon(year_month_day date) {
 }
 
 WidgetSnapshot sampleOn(year_month_day date) {
-  return sampleSnapshot(test::device(noon(date)));
+  return sampleSnapshot(testsupport::device(noon(date)));
 }
 
 TEST(SnapshotSample, FixedValues) {
@@ -142,8 +142,9 @@ TEST(SnapshotSample, NetWorthAgreesWithItself) {
 TEST(SnapshotSample, TodayIsTheDevicesToday) {
   // 2025-03-31T23:30:00Z is already April in Tokyo and still March in New York.
   const std::int64_t now = noon(2025y / March / 31) + (11 * 60 + 30) * 60;
-  EXPECT_EQ(sampleSnapshot(test::device(now, "Asia/Tokyo")).spending->month, "2025-04");
-  EXPECT_EQ(sampleSnapshot(test::device(now, "America/New_York")).spending->month, "2025-03");
+  EXPECT_EQ(sampleSnapshot(testsupport::device(now, "Asia/Tokyo")).spending->month, "2025-04");
+  EXPECT_EQ(sampleSnapshot(testsupport::device(now, "America/New_York")).spending->month,
+            "2025-03");
 }
 
 TEST(SnapshotSample, SpeaksEachLanguage) {
@@ -151,7 +152,7 @@ TEST(SnapshotSample, SpeaksEachLanguage) {
   std::set<std::string> bills;
   for (const std::string_view code : kLanguageCodes) {
     const WidgetSnapshot sample =
-        sampleSnapshot(test::device(noon(2025y / March / 14), "UTC", {std::string(code)}));
+        sampleSnapshot(testsupport::device(noon(2025y / March / 14), "UTC", {std::string(code)}));
     EXPECT_EQ(sample.lang, code);
     categories.insert(*sample.spending->topCategory);
     bills.insert(sample.dues[2].name);

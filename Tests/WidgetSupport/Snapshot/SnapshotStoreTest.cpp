@@ -15,7 +15,7 @@ namespace {
 using foundation::Bundle;
 using foundation::FileManager;
 using foundation::PropertyList;
-using test::minimalDocument;
+using testsupport::minimalDocument;
 
 SnapshotStore storeWith(PropertyList::Dictionary information) {
   return {Bundle(std::move(information)), FileManager("/nowhere")};
@@ -67,7 +67,7 @@ TEST(SnapshotStoreSettings, ManyCallersGetOneValue) {
 /// A container root with the fallback group's folder.
 class SnapshotStoreFiles : public testing::Test {
  protected:
-  test::TemporaryFolder root;
+  testsupport::TemporaryFolder root;
   const std::string group = "group.app.quorvel.widgets";
   const std::string container = (root.path() / group).string();
   const SnapshotStore store{Bundle(), FileManager(root.path().string())};
@@ -149,7 +149,7 @@ TEST_F(SnapshotStoreFiles, EveryLoadReadsTheFileAnew) {
 }
 
 TEST_F(SnapshotStoreFiles, ConcurrentLoadsAgree) {
-  writeDocument(test::fullDocument().dump());
+  writeDocument(testsupport::fullDocument().dump());
   const auto expected = store.load();
   ASSERT_TRUE(expected);
   std::vector<std::jthread> callers;
@@ -222,11 +222,11 @@ TEST(SnapshotImageNames, CharacterByCharacter) {
 
 TEST(SnapshotStoreSample, IsBuiltOnceAndKept) {
   const SnapshotStore store = storeWith({});
-  const WidgetSnapshot& first = store.sample(test::device(1741944600, "UTC", {"de-DE"}));
+  const WidgetSnapshot& first = store.sample(testsupport::device(1741944600, "UTC", {"de-DE"}));
   EXPECT_EQ(first.lang, "de");
-  EXPECT_EQ(&store.sample(test::device(0)), &first);
+  EXPECT_EQ(&store.sample(testsupport::device(0)), &first);
   const SnapshotStore copy = store;
-  EXPECT_EQ(&copy.sample(test::device(0)), &first);
+  EXPECT_EQ(&copy.sample(testsupport::device(0)), &first);
 }
 
 }  // namespace

@@ -25,9 +25,9 @@ class SnapshotTimelineRefresh : public testing::TestWithParam<Refresh> {};
 TEST_P(SnapshotTimelineRefresh, IsFiveSecondsPastTheNextMidnight) {
   const auto now = parseInternetDateTime(GetParam().now);
   ASSERT_TRUE(now);
-  EXPECT_EQ(
-      formatInternetDateTime(SnapshotTimeline::nextRefresh(*now, test::device(0, GetParam().zone))),
-      GetParam().expected);
+  EXPECT_EQ(formatInternetDateTime(
+                SnapshotTimeline::nextRefresh(*now, testsupport::device(0, GetParam().zone))),
+            GetParam().expected);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -52,13 +52,13 @@ INSTANTIATE_TEST_SUITE_P(
 TEST(SnapshotTimeline, FractionOfASecondStillReachesTheFifth) {
   const auto midnight = *parseInternetDateTime("2025-03-14T00:00:04Z");
   const Instant next =
-      SnapshotTimeline::nextRefresh({midnight.seconds, 750'000'000}, test::device(0));
+      SnapshotTimeline::nextRefresh({midnight.seconds, 750'000'000}, testsupport::device(0));
   EXPECT_EQ(next, (Instant{midnight.seconds + 1, 0}));
 }
 
 TEST(SnapshotTimeline, BeyondTheCalendarItIsADayLater) {
   const Instant late{std::int64_t{1} << 60, 7};
-  EXPECT_EQ(SnapshotTimeline::nextRefresh(late, test::device(0)),
+  EXPECT_EQ(SnapshotTimeline::nextRefresh(late, testsupport::device(0)),
             (Instant{late.seconds + 86400, 7}));
 }
 
@@ -74,19 +74,19 @@ TEST(SnapshotTimeline, MapKeepsThePolicyAndTurnsEachEntry) {
 
 class SnapshotProviderAnswers : public testing::Test {
  protected:
-  test::TemporaryFolder folder;
+  testsupport::TemporaryFolder folder;
   const SnapshotProvider provider{
       SnapshotStore({}, foundation::FileManager::withContainer(folder.path().string()))};
   widgetruntime::ProviderContext context = [] {
     widgetruntime::ProviderContext made;
-    made.device = test::device(1741944600, "Asia/Jakarta");
+    made.device = testsupport::device(1741944600, "Asia/Jakarta");
     return made;
   }();
   const Instant now{1741944600, 0};
   const Instant refresh = *parseInternetDateTime("2025-03-14T17:00:05Z");
 
   void writeDocument() const {
-    folder.write("widget-snapshot.json", test::minimalDocument().dump());
+    folder.write("widget-snapshot.json", testsupport::minimalDocument().dump());
   }
 };
 

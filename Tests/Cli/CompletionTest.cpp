@@ -70,7 +70,7 @@ Offers widgetKinds() {
   return kinds;
 }
 
-TEST(Completion, offersEveryCommand) {
+TEST(Completion, OffersEveryCommand) {
   Offers expected{"--help"};
   for (const std::string& command : commandNames()) expected.insert(command);
   ASSERT_THAT(expected, SizeIs(::testing::Gt(1U)));
@@ -79,7 +79,7 @@ TEST(Completion, offersEveryCommand) {
   EXPECT_THAT(offered({"draw", ""}), IsEmpty());
 }
 
-TEST(Completion, offersEveryOptionOfACommandAndNoOther) {
+TEST(Completion, OffersEveryOptionOfACommandAndNoOther) {
   for (const std::string& command : commandNames()) {
     Offers expected;
     for (const auto& [names, value] : helpOf(command).options) {
@@ -90,7 +90,7 @@ TEST(Completion, offersEveryOptionOfACommandAndNoOther) {
   EXPECT_THAT(offered({"render", "--pre"}), ElementsAre("--preset", "--preview"));
 }
 
-TEST(Completion, knowsWhichOptionsTakeAValue) {
+TEST(Completion, KnowsWhichOptionsTakeAValue) {
   for (const auto& [command, spelling, value] : everyOption()) {
     if (value.empty()) {
       EXPECT_THAT(offered({command, spelling, "--h"}), ElementsAre("--help")) << spelling;
@@ -101,7 +101,7 @@ TEST(Completion, knowsWhichOptionsTakeAValue) {
   }
 }
 
-TEST(Completion, offersTheWordsThatAnOptionTakes) {
+TEST(Completion, OffersTheWordsThatAnOptionTakes) {
   const auto values = enumeratedValues();
   ASSERT_THAT(values, SizeIs(7));
   for (const auto& [option, words] : values) {
@@ -114,7 +114,7 @@ TEST(Completion, offersTheWordsThatAnOptionTakes) {
   EXPECT_THAT(offered({"timeline", "--time-zone", "Europe/Berl"}), ElementsAre("Europe/Berlin"));
 }
 
-TEST(Completion, asksBashForFileNames) {
+TEST(Completion, AsksBashForFileNames) {
   for (const auto& [command, spelling, value] : everyOption()) {
     if (value == "FILE" || value == "PATH") {
       EXPECT_THAT(offered({command, spelling, ""}), ElementsAre("<default>")) << spelling;
@@ -127,7 +127,7 @@ TEST(Completion, asksBashForFileNames) {
   EXPECT_THAT(offered({"validate", "one.json", "--json", "t"}), ElementsAre("<default>"));
 }
 
-TEST(Completion, offersKindsWhereOneIsMissing) {
+TEST(Completion, OffersKindsWhereOneIsMissing) {
   const Offers kinds = widgetKinds();
   ASSERT_THAT(kinds, Not(IsEmpty()));
   const std::string any = *kinds.begin();
@@ -143,7 +143,7 @@ TEST(Completion, offersKindsWhereOneIsMissing) {
   EXPECT_THAT(offered({"doctor", ""}), IsEmpty());
 }
 
-TEST(Completion, offersParametersTheirCasesAndIntents) {
+TEST(Completion, OffersParametersTheirCasesAndIntents) {
   Offers intents;
   const json offers = offeredByTheExtension();
   for (const json& control : offers["controls"]) intents.insert(control["intent"]);
@@ -173,7 +173,7 @@ TEST(Completion, offersParametersTheirCasesAndIntents) {
   }
 }
 
-TEST(Completion, offersTheCardsOfTheDocument) {
+TEST(Completion, OffersTheCardsOfTheDocument) {
   EXPECT_THAT(offered({"render",
                        "QuorvelCardLimitWidget",
                        "--snapshot",
@@ -184,7 +184,7 @@ TEST(Completion, offersTheCardsOfTheDocument) {
 }
 
 // An identifier is whatever the application made up: it is quoted, and nothing in it is run.
-TEST(Completion, runsNothingThatADocumentSays) {
+TEST(Completion, RunsNothingThatADocumentSays) {
   const TemporaryFolder folder;
   json document = json::parse(contentsOf(example("household.json")));
   document["cards"][0]["id"] = "$(touch${IFS}" + folder.at("ran") + ")";

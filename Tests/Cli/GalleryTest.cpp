@@ -45,7 +45,7 @@ class Gallery : public ::testing::Test {
   static inline std::string page_;
 };
 
-TEST_F(Gallery, writesEveryPictureThatItsPageShowsAndNoOther) {
+TEST_F(Gallery, WritesEveryPictureThatItsPageShowsAndNoOther) {
   ASSERT_EQ(outcome_.status, 0) << outcome_.errors;
   const auto pictures = picturesOf(page_);
   EXPECT_GT(pictures.size(), 1000u);
@@ -59,7 +59,7 @@ TEST_F(Gallery, writesEveryPictureThatItsPageShowsAndNoOther) {
   EXPECT_EQ(files, pictures);
 }
 
-TEST_F(Gallery, hasASectionForEachThingToLookAt) {
+TEST_F(Gallery, HasASectionForEachThingToLookAt) {
   std::vector<std::string> missing;
   const auto look = [&](const std::string& text) {
     if (page_.find(text) == std::string::npos) missing.push_back(text);
@@ -96,7 +96,7 @@ std::size_t countOf(const std::string& text, const std::string& what) {
   return count;
 }
 
-TEST_F(Gallery, everythingStandsInALandmark) {
+TEST_F(Gallery, EverythingStandsInALandmark) {
   EXPECT_EQ(countOf(page_, "<main>"), 1u);
   const std::size_t main = page_.find("<main>");
   const std::size_t end = page_.find("</main>");
@@ -107,17 +107,17 @@ TEST_F(Gallery, everythingStandsInALandmark) {
 }
 
 // What is skipped while it is out of sight has a guessed height: links would land beside it.
-TEST_F(Gallery, laysOutWhatIsOutOfSight) {
+TEST_F(Gallery, LaysOutWhatIsOutOfSight) {
   EXPECT_EQ(page_.find("content-visibility"), std::string::npos);
   EXPECT_EQ(page_.find("scroll-behavior"), std::string::npos);
 }
 
-TEST_F(Gallery, eachPictureHasAVisibleCaption) {
+TEST_F(Gallery, EachPictureHasAVisibleCaption) {
   EXPECT_EQ(countOf(page_, "<figcaption>"), countOf(page_, "<img "));
   EXPECT_GT(countOf(page_, "<figcaption>Small</figcaption>"), 10u);
 }
 
-TEST_F(Gallery, picturesWithoutAGroundStandOnAWallpaper) {
+TEST_F(Gallery, PicturesWithoutAGroundStandOnAWallpaper) {
   const auto classOf = [&](const std::string& caption) {
     const std::size_t at = page_.find(caption);
     const std::size_t from = page_.find("<div class=\"ground ", at);
@@ -128,7 +128,7 @@ TEST_F(Gallery, picturesWithoutAGroundStandOnAWallpaper) {
   EXPECT_THAT(classOf("<h3>Net Worth</h3>"), ::testing::Not(HasSubstr("wallpaper")));
 }
 
-TEST_F(Gallery, saysWhereThingsAreAndTheyAreThere) {
+TEST_F(Gallery, SaysWhereThingsAreAndTheyAreThere) {
   std::istringstream lines{outcome_.out};
   std::size_t count = 0;
   for (std::string line; std::getline(lines, line); ++count) {
@@ -138,7 +138,7 @@ TEST_F(Gallery, saysWhereThingsAreAndTheyAreThere) {
   EXPECT_EQ(count, 8u);  // a sheet for each of seven sections, and the page
 }
 
-TEST_F(Gallery, showsADocumentThatIsNamed) {
+TEST_F(Gallery, ShowsADocumentThatIsNamed) {
   const TemporaryFolder folder;
   const std::string document = folder.write("d.json", "{}");
   const Outcome outcome = runGallery(folder.at("g"), {"--snapshot", document});
@@ -149,7 +149,7 @@ TEST_F(Gallery, showsADocumentThatIsNamed) {
             std::string::npos);
 }
 
-TEST_F(Gallery, drawsASecondDocumentBesideTheFirst) {
+TEST_F(Gallery, DrawsASecondDocumentBesideTheFirst) {
   const auto first = page_.find("<section aria-labelledby=\"widgets\"");
   const auto second = page_.find("<section aria-labelledby=\"states\"");
   const auto beside = page_.find("Net Worth, Examples, ");
@@ -159,7 +159,7 @@ TEST_F(Gallery, drawsASecondDocumentBesideTheFirst) {
   EXPECT_EQ(page_.find("Net Worth, Examples, ", second), std::string::npos);
 }
 
-TEST_F(Gallery, isRefusedWhereNoFolderCanBe) {
+TEST_F(Gallery, IsRefusedWhereNoFolderCanBe) {
   const std::string file = folder_->write("f", "");
   const Outcome outcome = runHost({"gallery", file + "/below"});
   EXPECT_EQ(outcome.status, 1);

@@ -59,7 +59,7 @@ class Installation : public ::testing::Test {
   fs::path prefix_;
 };
 
-TEST_F(Installation, putsEverythingWhereDebianLooksForIt) {
+TEST_F(Installation, PutsEverythingWhereDebianLooksForIt) {
   EXPECT_THAT(files(),
               ::testing::ElementsAre("bin/quorvel-host",
                                      "bin/quorvel-hostd",
@@ -97,7 +97,7 @@ TEST_F(Installation, putsEverythingWhereDebianLooksForIt) {
                                      "share/quorvel-widgets/Info.plist"));
 }
 
-TEST_F(Installation, findsItselfThereAndAfterAMove) {
+TEST_F(Installation, FindsItselfThereAndAfterAMove) {
   expectItFindsItself();
   const fs::path moved = folder_.path() / "elsewhere";
   fs::rename(prefix_, moved);
@@ -105,7 +105,7 @@ TEST_F(Installation, findsItselfThereAndAfterAMove) {
   expectItFindsItself();
 }
 
-TEST_F(Installation, drawsAsFromTheBuild) {
+TEST_F(Installation, DrawsAsFromTheBuild) {
   const Words words{"render",
                     "QuorvelSpendingWidget",
                     "--isolated",
@@ -120,7 +120,7 @@ TEST_F(Installation, drawsAsFromTheBuild) {
   EXPECT_EQ(installed.out, runHost(words).out);
 }
 
-TEST_F(Installation, findsTheProgramOfABarsWatch) {
+TEST_F(Installation, FindsTheProgramOfABarsWatch) {
   const Outcome outcome = runProgram(
       "/bin/sh",
       {"-c", "\"$0\" watch due </dev/null | head -n 1", (prefix_ / "bin/quorvel-host").string()},
@@ -129,7 +129,7 @@ TEST_F(Installation, findsTheProgramOfABarsWatch) {
   EXPECT_EQ(outcome.out, "due\n");
 }
 
-TEST_F(Installation, saysThatTheProgramOfABarsWatchIsMissing) {
+TEST_F(Installation, SaysThatTheProgramOfABarsWatchIsMissing) {
   fs::remove(prefix_ / "libexec/quorvel-watch");
   const Outcome outcome = runProgram(prefix_ / "bin/quorvel-host",
                                      {"watch", "due"},
@@ -140,7 +140,7 @@ TEST_F(Installation, saysThatTheProgramOfABarsWatchIsMissing) {
                 (prefix_ / "bin/quorvel-host").string() + "\n");
 }
 
-TEST_F(Installation, hasUnitsThatSystemdUnderstands) {
+TEST_F(Installation, HasUnitsThatSystemdUnderstands) {
   const std::string start = "ExecStart=/usr/";
   std::string service = contentsOf(prefix_ / "lib/systemd/user/quorvel-hostd.service");
   const auto at = service.find(start);
@@ -158,7 +158,7 @@ TEST_F(Installation, hasUnitsThatSystemdUnderstands) {
 }
 
 // A property list in the working directory is not the extension's.
-TEST_F(Installation, withoutTheExtensionsProgramItsPropertyListIsStillFound) {
+TEST_F(Installation, WithoutTheExtensionsProgramItsPropertyListIsStillFound) {
   fs::remove(prefix_ / "libexec/quorvel-widgets");
   const fs::path stray = folder_.path() / "stray";
   fs::create_directories(stray);
@@ -177,7 +177,7 @@ TEST_F(Installation, withoutTheExtensionsProgramItsPropertyListIsStillFound) {
   ADD_FAILURE() << outcome.out;
 }
 
-TEST_F(Installation, theManualAndTheCopyrightAreWhole) {
+TEST_F(Installation, TheManualAndTheCopyrightAreWhole) {
   const Outcome manual =
       runProgram("/bin/gzip", {"-dc", prefix_ / "share/man/man1/quorvel-host.1.gz"});
   EXPECT_EQ(manual.out, contentsOf(QUORVEL_SOURCE_DIR "/Install/quorvel-host.1"));

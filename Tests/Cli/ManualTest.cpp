@@ -126,7 +126,7 @@ CommandHelp helpFrom(const Manual& manual, const Synopsis& synopsis) {
   return help;
 }
 
-TEST(ManualPage, hasEveryCommandWithItsArgumentsAndOptions) {
+TEST(ManualPage, HasEveryCommandWithItsArgumentsAndOptions) {
   const Manual manual = readManual();
   std::vector<std::string> names;
   for (const Synopsis& synopsis : manual.commands) {
@@ -140,7 +140,7 @@ TEST(ManualPage, hasEveryCommandWithItsArgumentsAndOptions) {
   EXPECT_THAT(names, ElementsAreArray(commandNames()));
 }
 
-TEST(ManualPage, describesNothingThatNoCommandHas) {
+TEST(ManualPage, DescribesNothingThatNoCommandHas) {
   std::set<std::string> existing;
   for (const std::string& command : commandNames()) {
     for (const auto& [names, value] : helpOf(command).options) existing.insert(names);
@@ -152,7 +152,7 @@ TEST(ManualPage, describesNothingThatNoCommandHas) {
   }
 }
 
-TEST(ManualPage, namesEveryWordThatAnOptionTakes) {
+TEST(ManualPage, NamesEveryWordThatAnOptionTakes) {
   const std::string page = contentsOf(kManual);
   const auto values = enumeratedValues();
   ASSERT_THAT(values, SizeIs(7));
@@ -168,7 +168,7 @@ TEST(ManualPage, namesEveryWordThatAnOptionTakes) {
   }
 }
 
-TEST(ManualPage, isWellFormed) {
+TEST(ManualPage, IsWellFormed) {
   const Outcome outcome = runProgram("/usr/bin/mandoc", {"-Tlint", "-Wwarning", kManual});
   EXPECT_EQ(outcome.status, 0) << "(Debian package mandoc)";
   EXPECT_THAT(outcome.out + outcome.errors, IsEmpty());

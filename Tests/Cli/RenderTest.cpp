@@ -48,7 +48,7 @@ std::pair<unsigned, unsigned> pngSize(const std::string& png) {
   return {number(16), number(20)};
 }
 
-TEST(Render, pngHasTheFamilysSizeTimesTheScale) {
+TEST(Render, PngHasTheFamilysSizeTimesTheScale) {
   const Words document{"--snapshot", kHousehold};
   const std::string small = drawn(Words{"QuorvelSpendingWidget"} + document);
   EXPECT_THAT(small, StartsWith(kPngSignature));
@@ -67,12 +67,12 @@ TEST(Render, pngHasTheFamilysSizeTimesTheScale) {
       (std::pair{200u, 100u}));
 }
 
-TEST(Render, bothPngSizesHoldTheSamePictureAndSmallIsSmaller) {
+TEST(Render, BothPngSizesHoldTheSamePictureAndSmallIsSmaller) {
   const Words words{"QuorvelNetWorthWidget", "--family", "systemMedium", "--snapshot", kHousehold};
   EXPECT_LT(drawn(words + Words{"--png", "small"}).size(), drawn(words).size());
 }
 
-TEST(Render, textFormsSayWhatTheWidgetSays) {
+TEST(Render, TextFormsSayWhatTheWidgetSays) {
   const Words words{
       "QuorvelSpendingWidget", "--family", "systemLarge", "--snapshot", kHousehold, "--format"};
   for (const char* form : {"text", "tree", "placed", "accessibility"}) {
@@ -82,7 +82,7 @@ TEST(Render, textFormsSayWhatTheWidgetSays) {
   }
 }
 
-TEST(Render, redactionLeavesNoAmountInAnyForm) {
+TEST(Render, RedactionLeavesNoAmountInAnyForm) {
   for (const char* form : {"text", "tree", "placed", "accessibility", "svg"}) {
     const std::string text = drawn({"QuorvelSpendingWidget",
                                     "--family",
@@ -119,7 +119,7 @@ TEST(Render, PrefixBelongsToSvg) {
   EXPECT_THAT(digit.errors, HasSubstr("\"1\" is not a prefix"));
 }
 
-TEST(Render, aMalformedDocumentDrawsTheMessageAndWarns) {
+TEST(Render, AMalformedDocumentDrawsTheMessageAndWarns) {
   const TemporaryFolder folder;
   const std::string file = folder.write("broken.json", "{\n \"isHidden\": maybe\n}");
   const Outcome outcome =
@@ -132,7 +132,7 @@ TEST(Render, aMalformedDocumentDrawsTheMessageAndWarns) {
   EXPECT_THAT(outcome.out, HasSubstr("Quorvel"));
 }
 
-TEST(Render, documentsThatAreNoFilesDrawTheMessage) {
+TEST(Render, DocumentsThatAreNoFilesDrawTheMessage) {
   const TemporaryFolder folder;
   const auto document = folder.path() / "widget-snapshot.json";
   const auto expectMessage = [&](const char* what) {
@@ -157,21 +157,21 @@ TEST(Render, documentsThatAreNoFilesDrawTheMessage) {
   expectMessage("deep nesting");
 }
 
-TEST(Render, aPreviewWithoutADocumentShowsTheSample) {
+TEST(Render, APreviewWithoutADocumentShowsTheSample) {
   const TemporaryFolder folder;
   const std::string text = drawn(
       {"QuorvelNetWorthWidget", "--container", folder.path(), "--preview", "--format", "text"});
   EXPECT_THAT(text, HasSubstr("97,260"));
 }
 
-TEST(Render, configurationChoosesTheStyle) {
+TEST(Render, ConfigurationChoosesTheStyle) {
   const Words words{"QuorvelSafeToSpendWidget", "--snapshot", kHousehold, "--format", "tree"};
   const std::string accent = drawn(words);
   EXPECT_EQ(drawn(words + Words{"--configure", "style=accent"}), accent);
   EXPECT_NE(drawn(words + Words{"--configure", "style=ring"}), accent);
 }
 
-TEST(Isolated, theChildsPictureIsTheSameByteForByte) {
+TEST(Isolated, TheChildsPictureIsTheSameByteForByte) {
   for (const char* kind : {"QuorvelCardLimitWidget",
                            "QuorvelDueWidget",
                            "QuorvelNetWorthWidget",
@@ -208,20 +208,20 @@ class Damaged : public ::testing::Test {
   TemporaryFolder folder_;
 };
 
-TEST_F(Damaged, aRelayThatFlipsNothingChangesNothing) {
+TEST_F(Damaged, ARelayThatFlipsNothingChangesNothing) {
   const Outcome outcome = runThrough("flip-nothing", "png");
   ASSERT_EQ(outcome.status, 0) << outcome.errors;
   EXPECT_EQ(outcome.out, drawn(direct("png")));
 }
 
-TEST_F(Damaged, aFlippedBitOfTheFrameIsRefused) {
+TEST_F(Damaged, AFlippedBitOfTheFrameIsRefused) {
   const Outcome outcome = runThrough("flip-structure", "png");
   EXPECT_EQ(outcome.status, 1);
   EXPECT_THAT(outcome.out, IsEmpty());
   EXPECT_THAT(outcome.errors, HasSubstr("the extension: "));
 }
 
-TEST_F(Damaged, whatTheChildSentIsWhatIsDrawn) {
+TEST_F(Damaged, WhatTheChildSentIsWhatIsDrawn) {
   const Outcome outcome = runThrough("flip-text", "tree");
   ASSERT_EQ(outcome.status, 0) << outcome.errors;
   const std::string own = drawn(direct("tree"));
@@ -234,7 +234,7 @@ TEST_F(Damaged, whatTheChildSentIsWhatIsDrawn) {
   EXPECT_EQ(own[differences[0]] ^ outcome.out[differences[0]], 1);
 }
 
-TEST(SheetCommand, showsKindsInTheirFamiliesInBothAppearances) {
+TEST(SheetCommand, ShowsKindsInTheirFamiliesInBothAppearances) {
   const Outcome outcome =
       runHost({"sheet", "--snapshot", kHousehold, "--now", "2025-03-14T09:30:00Z", "--scale", "1"});
   ASSERT_EQ(outcome.status, 0) << outcome.errors;
@@ -245,7 +245,7 @@ TEST(SheetCommand, showsKindsInTheirFamiliesInBothAppearances) {
   EXPECT_EQ(pngSize(outcome.out), (std::pair{width, height}));
 }
 
-TEST(SheetCommand, axesMultiplyTheRows) {
+TEST(SheetCommand, AxesMultiplyTheRows) {
   const Outcome outcome = runHost({"sheet",
                                    "QuorvelDueWidget",
                                    "--family",
@@ -266,7 +266,7 @@ TEST(SheetCommand, axesMultiplyTheRows) {
   EXPECT_EQ(pngSize(outcome.out), (std::pair{2592u, 2174u}));
 }
 
-TEST(SheetCommand, extremesShowWhatTheyChangeAlone) {
+TEST(SheetCommand, ExtremesShowWhatTheyChangeAlone) {
   const Words words{"sheet",
                     "QuorvelNetWorthWidget",
                     "--family",
@@ -286,7 +286,7 @@ TEST(SheetCommand, extremesShowWhatTheyChangeAlone) {
             (std::pair{2u * (3 * 170 + 2 * 44 + 56), 4u * 192 + 3 * 22 + 56}));
 }
 
-TEST(SheetCommand, componentsStandBelowTheWidgets) {
+TEST(SheetCommand, ComponentsStandBelowTheWidgets) {
   const Words words{"sheet", "QuorvelDueWidget", "--snapshot", kHousehold, "--scale", "0.5"};
   const auto without = pngSize(runHost(words).out);
   const Outcome outcome = runHost(words + Words{"--components"});
@@ -295,7 +295,7 @@ TEST(SheetCommand, componentsStandBelowTheWidgets) {
   EXPECT_GT(pngSize(outcome.out).second, without.second);
 }
 
-TEST(SheetCommand, isolatedIsTheSamePicture) {
+TEST(SheetCommand, IsolatedIsTheSamePicture) {
   const Words words{"sheet",
                     "QuorvelSafeToSpendWidget",
                     "--states",

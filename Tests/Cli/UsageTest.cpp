@@ -22,7 +22,7 @@ void expectOneLine(const Outcome& outcome, int status, const std::string& part) 
   EXPECT_THAT(outcome.out, IsEmpty());
 }
 
-TEST(Usage, withoutACommandShowsAllOfThem) {
+TEST(Usage, WithoutACommandShowsAllOfThem) {
   const Outcome nothing = runHost({});
   EXPECT_EQ(nothing.status, 2);
   EXPECT_THAT(nothing.out, IsEmpty());
@@ -48,7 +48,7 @@ TEST(Usage, withoutACommandShowsAllOfThem) {
   }
 }
 
-TEST(Usage, unknownCommandsAndOptions) {
+TEST(Usage, UnknownCommandsAndOptions) {
   expectOneLine(runHost({"draw"}), 2, "there is no command \"draw\"");
   expectOneLine(runHost({"list", "--jsn"}), 2, "--jsn");
   expectOneLine(runHost({"render"}), 2, "KIND is required");
@@ -60,7 +60,7 @@ struct BadValue {
   const char* value;
 };
 
-TEST(Usage, malformedValuesNameTheOptionAndTheForm) {
+TEST(Usage, MalformedValuesNameTheOptionAndTheForm) {
   const BadValue values[] = {
       {"--family", "systemHuge"},
       {"--family", "systemsmall"},
@@ -87,17 +87,17 @@ TEST(Usage, malformedValuesNameTheOptionAndTheForm) {
   }
 }
 
-TEST(Usage, countsAreWholeAndBounded) {
+TEST(Usage, CountsAreWholeAndBounded) {
   expectOneLine(runHost({"bench", "--images", "0"}), 2, "--images: \"0\"");
   expectOneLine(runHost({"bench", "--images", "1.5"}), 2, "--images: \"1.5\"");
   expectOneLine(runHost({"bench", "--warmup", "-1"}), 2, "--warmup");
 }
 
-TEST(Usage, containerAndSnapshotExcludeEachOther) {
+TEST(Usage, ContainerAndSnapshotExcludeEachOther) {
   expectOneLine(runHost({"list", "--container", "/tmp", "--snapshot", "x.json"}), 2, "excludes");
 }
 
-TEST(Refusal, unknownKindsAndChoices) {
+TEST(Refusal, UnknownKindsAndChoices) {
   const std::string file = example("household.json").string();
   expectOneLine(runHost({"render", "QuorvelWidget", "--snapshot", file, "-o", "/dev/null"}),
                 1,
@@ -118,7 +118,7 @@ TEST(Refusal, unknownKindsAndChoices) {
   expectOneLine(runHost({"perform", "NoSuchIntent", "--no-open"}), 1, "NoSuchIntent");
 }
 
-TEST(Refusal, outputThatCannotBeWritten) {
+TEST(Refusal, OutputThatCannotBeWritten) {
   const std::string file = example("household.json").string();
   expectOneLine(runHost({"render", kKind, "--snapshot", file, "-o", "/nonexistent/picture.png"}),
                 1,
@@ -129,7 +129,7 @@ TEST(Refusal, outputThatCannotBeWritten) {
   expectOneLine(runHost({"sample", "-o", "/"}), 1, "cannot write /: Is a directory");
 }
 
-TEST(Refusal, snapshotsThatAreNoFiles) {
+TEST(Refusal, SnapshotsThatAreNoFiles) {
   expectOneLine(runHost({"render", kKind, "--snapshot", "/nonexistent.json", "-o", "/dev/null"}),
                 1,
                 "cannot read /nonexistent.json: No such file or directory");
@@ -141,7 +141,7 @@ TEST(Refusal, snapshotsThatAreNoFiles) {
                 "not a regular file");
 }
 
-TEST(Refusal, anExtensionThatIsNone) {
+TEST(Refusal, AnExtensionThatIsNone) {
   const Outcome outcome =
       runHost({"list", "--isolated", "--extension", "/nonexistent/quorvel-widgets"});
   expectOneLine(outcome, 1, "/nonexistent/quorvel-widgets");

@@ -31,7 +31,7 @@ std::vector<fs::path> sources() {
   return found;
 }
 
-TEST(Includes, everySourceStandsInARoom) {
+TEST(Includes, EverySourceStandsInARoom) {
   const auto all = sources();
   ASSERT_GT(all.size(), 20u);
   for (const fs::path& path : all) {
@@ -39,14 +39,14 @@ TEST(Includes, everySourceStandsInARoom) {
   }
 }
 
-TEST(Includes, everyRoomIncludesOnlyWhatItSees) {
+TEST(Includes, EveryRoomIncludesOnlyWhatItSees) {
   for (const fs::path& path : sources()) {
     EXPECT_THAT(forbiddenIncludes(fs::relative(path, QUORVEL_SOURCE_DIR).string(), contents(path)),
                 IsEmpty());
   }
 }
 
-TEST(Includes, anArrowBackwardsIsFound) {
+TEST(Includes, AnArrowBackwardsIsFound) {
   EXPECT_THAT(forbiddenIncludes("Platform/ViewKit/View.cpp",
                                 "#include <vector>\n#include \"Rendering/Renderer.hpp\"\n"),
               ElementsAre("Platform/ViewKit/View.cpp:2: Rendering/Renderer.hpp"));
@@ -61,7 +61,7 @@ TEST(Includes, anArrowBackwardsIsFound) {
       ElementsAre("QuorvelWidgets/Spending/DailyBars.cpp:1: QuorvelWidgets/Due/DueTile.hpp"));
 }
 
-TEST(Includes, foldersOfARoomHaveArrowsToo) {
+TEST(Includes, FoldersOfARoomHaveArrowsToo) {
   const std::string text = "#include \"Rendering/Layout/LayoutTree.hpp\"\n";
   EXPECT_THAT(forbiddenIncludes("Host/Rendering/Recording/Recorder.hpp", text), IsEmpty());
   EXPECT_THAT(forbiddenIncludes("Host/Rendering/Text/Font.hpp", text),
@@ -76,14 +76,14 @@ TEST(Includes, foldersOfARoomHaveArrowsToo) {
                   "QuorvelWidgets/WidgetSupport/Texts/WidgetStrings.hpp"));
 }
 
-TEST(Includes, onlyTheProgramComposesExtensionAndHost) {
+TEST(Includes, OnlyTheProgramComposesExtensionAndHost) {
   const std::string text = "#include \"QuorvelWidgets/Due/DueWidget.hpp\"\n";
   EXPECT_THAT(forbiddenIncludes("Host/Cli/main.cpp", text), IsEmpty());
   EXPECT_THAT(forbiddenIncludes("Host/Cli/Options/Options.cpp", text),
               ElementsAre("Host/Cli/Options/Options.cpp:1: QuorvelWidgets/Due/DueWidget.hpp"));
 }
 
-TEST(Includes, theImporterSeesTheDocumentAndNoWidget) {
+TEST(Includes, TheImporterSeesTheDocumentAndNoWidget) {
   EXPECT_THAT(
       forbiddenIncludes("Import/SnapshotMaker.cpp",
                         "#include \"QuorvelWidgets/WidgetSupport/Snapshot/WidgetSnapshot.hpp\"\n"),
@@ -97,7 +97,7 @@ TEST(Includes, theImporterSeesTheDocumentAndNoWidget) {
           "Import/SnapshotMaker.cpp:2: Session/Launch.hpp"));
 }
 
-TEST(Includes, librariesStayInTheSourcesOfTheirRoom) {
+TEST(Includes, LibrariesStayInTheSourcesOfTheirRoom) {
   const std::string text = "  #  include <unicode/ucal.h>\n";
   EXPECT_THAT(forbiddenIncludes("Platform/Foundation/Calendar.cpp", text), IsEmpty());
   EXPECT_THAT(forbiddenIncludes("Platform/Foundation/Calendar.hpp", text),
@@ -108,7 +108,7 @@ TEST(Includes, librariesStayInTheSourcesOfTheirRoom) {
               ElementsAre("QuorvelWidgets/DueWidget.cpp:1: unistd.h"));
 }
 
-TEST(Includes, nothingThatSlowsEveryStart) {
+TEST(Includes, NothingThatSlowsEveryStart) {
   EXPECT_THAT(
       forbiddenIncludes("Host/Cli/Options/Options.cpp", "#include <iostream>\n#include <string>\n"),
       ElementsAre("Host/Cli/Options/Options.cpp:1: iostream"));

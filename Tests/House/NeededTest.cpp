@@ -59,19 +59,19 @@ const Names& foundation() {
   return names;
 }
 
-TEST(Needed, theExtensionKnowsNoPixels) {
+TEST(Needed, TheExtensionKnowsNoPixels) {
   const Names needed = neededBy("quorvel-widgets");
   ASSERT_THAT(needed, ::testing::Contains("libc"));
   EXPECT_THAT(without(without(needed, languageRuntime()), foundation()), ::testing::IsEmpty());
 }
 
-TEST(Needed, theImporterLoadsNeitherPixelsNorAnEventLoop) {
+TEST(Needed, TheImporterLoadsNeitherPixelsNorAnEventLoop) {
   const Names needed = neededBy("quorvel-import");
   ASSERT_THAT(needed, ::testing::Contains("libc"));
   EXPECT_THAT(without(without(needed, languageRuntime()), foundation()), ::testing::IsEmpty());
 }
 
-TEST(Needed, theCommandLineLoadsNoEventLoopAndNoWebServer) {
+TEST(Needed, TheCommandLineLoadsNoEventLoopAndNoWebServer) {
   const Names needed = neededBy("quorvel-host");
   ASSERT_THAT(needed, ::testing::Contains("libc"));
   const Names drawing{"libfreetype", "libharfbuzz", "libpng16", "libjpeg", "libdeflate"};
@@ -79,13 +79,13 @@ TEST(Needed, theCommandLineLoadsNoEventLoopAndNoWebServer) {
               ::testing::IsEmpty());
 }
 
-TEST(Needed, theWatchOfABarLoadsNothingThatDraws) {
+TEST(Needed, TheWatchOfABarLoadsNothingThatDraws) {
   const Names needed = neededBy("quorvel-watch");
   ASSERT_THAT(needed, ::testing::Contains("libc"));
   EXPECT_THAT(without(without(needed, languageRuntime()), {"libfmt"}), ::testing::IsEmpty());
 }
 
-TEST(Needed, theResidentHostLoadsOneEventLoopAndNoDesktop) {
+TEST(Needed, TheResidentHostLoadsOneEventLoopAndNoDesktop) {
   const Names needed = neededBy("quorvel-hostd");
   ASSERT_THAT(needed, ::testing::Contains("libsystemd"));
   const Names allowed{"libfreetype",

@@ -17,7 +17,7 @@ struct Row {
   Size stress;
 };
 
-TEST(Sizes, areThoseOfTheScreens) {
+TEST(Sizes, AreThoseOfTheScreens) {
   const Row rows[] = {
       {WidgetFamily::systemSmall, {170, 170}, {158, 158}, {141, 141}},
       {WidgetFamily::systemMedium, {364, 170}, {338, 158}, {292, 141}},
@@ -33,7 +33,7 @@ TEST(Sizes, areThoseOfTheScreens) {
   }
 }
 
-TEST(Sizes, smallStandsForAWidgetThatDeclaresIt) {
+TEST(Sizes, SmallStandsForAWidgetThatDeclaresIt) {
   EXPECT_EQ(session::defaultFamily({WidgetFamily::systemLarge, WidgetFamily::systemSmall}),
             WidgetFamily::systemSmall);
   EXPECT_EQ(session::defaultFamily({WidgetFamily::accessoryInline, WidgetFamily::systemLarge}),

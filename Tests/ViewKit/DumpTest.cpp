@@ -12,7 +12,7 @@ namespace {
 
 class DumpSample : public ::testing::TestWithParam<Sample> {};
 
-TEST_P(DumpSample, isAsWritten) {
+TEST_P(DumpSample, IsAsWritten) {
   EXPECT_EQ(dump(GetParam().view), GetParam().dump);
 }
 
@@ -21,7 +21,7 @@ INSTANTIATE_TEST_SUITE_P(All,
                          ::testing::ValuesIn(allSamples()),
                          [](const auto& sample) { return sample.param.name; });
 
-TEST(Samples, coverEveryElementShapeAndModifier) {
+TEST(Samples, CoverEveryElementShapeAndModifier) {
   std::set<std::size_t> elements;
   std::set<std::size_t> shapes;
   std::set<std::size_t> modifiers;
@@ -126,7 +126,7 @@ TEST(Dump, PathsAndGradientsBreakBetweenStepsAndStops) {
             "    #6B1F3A/#B4416A at 0.5, #6B1F3A/#B4416A at 0.75, #6B1F3A/#B4416A at 1\n");
 }
 
-TEST(Dump, numbersAreShort) {
+TEST(Dump, NumbersAreShort) {
   EXPECT_EQ(dump(Length{0.1 + 0.2}), "0.3");
   EXPECT_EQ(dump(Length{12.0}), "12");
   EXPECT_EQ(dump(Length{-0.0}), "0");
@@ -135,21 +135,21 @@ TEST(Dump, numbersAreShort) {
   EXPECT_EQ(dump(Length{7391.42}), "7391.42");
 }
 
-TEST(Dump, charactersThatCannotBeSeenAreWrittenOut) {
+TEST(Dump, CharactersThatCannotBeSeenAreWrittenOut) {
   EXPECT_EQ(dump(Text{"1\u00A0\u20AC \u2066x\u2069\n\t\\\""}),
             "Text \"1\\u00A0\u20AC \\u2066x\\u2069\\n\\u0009\\\\\\\"\"\n");
   EXPECT_EQ(dump(Text{"\xF0\x9F\x98\x80 \xC3\xA9"}), "Text \"\xF0\x9F\x98\x80 \xC3\xA9\"\n");
 }
 
-TEST(Dump, textsThatAreNotUtf8PassThrough) {
+TEST(Dump, TextsThatAreNotUtf8PassThrough) {
   EXPECT_EQ(dump(Text{"a\xFF\xE2"}), "Text \"a\xFF\xE2\"\n");
 }
 
-TEST(Dump, aNameNeverBreaksTheLine) {
+TEST(Dump, ANameNeverBreaksTheLine) {
   EXPECT_EQ(dump(View{SpacerElement{}}.named("A\nB")), "A?B Spacer\n");
 }
 
-TEST(Dump, colors) {
+TEST(Dump, Colors) {
   EXPECT_EQ(dump(Color::white()), "#FFFFFF");
   EXPECT_EQ(dump(Color::dynamic(0x6B1F3A, 0xB4416A)), "#6B1F3A/#B4416A");
   EXPECT_EQ(dump(Color::black().withOpacity(0.88 * 0.9)), "#000000 0.792");
@@ -159,7 +159,7 @@ TEST(Dump, colors) {
 
 // ---- lengths
 
-TEST(DumpLength, sums) {
+TEST(DumpLength, Sums) {
   EXPECT_EQ(dump(kWidth * 0.5 - 4.5), "0.5W - 4.5");
   EXPECT_EQ(dump(kWidth), "W");
   EXPECT_EQ(dump(-kWidth), "-W");
@@ -169,14 +169,14 @@ TEST(DumpLength, sums) {
   EXPECT_EQ(dump(Length{-4.5}), "-4.5");
 }
 
-TEST(DumpLength, fractionsWithoutAShortDecimalForm) {
+TEST(DumpLength, FractionsWithoutAShortDecimalForm) {
   EXPECT_EQ(dump(kWidth / 62), "W/62");
   EXPECT_EQ(dump(kWidth / 3 - kHeight / 7), "W/3 - H/7");
   EXPECT_EQ(dump(kWidth / 8), "0.125W");
   EXPECT_EQ(dump(kWidth * 2 / 3), "0.666667W");
 }
 
-TEST(DumpLength, choices) {
+TEST(DumpLength, Choices) {
   const Length gap = min(kWidth / 62, 1.5);
   EXPECT_EQ(dump(gap), "min(W/62, 1.5)");
   EXPECT_EQ(dump(min(1.5, kWidth / 62)), "min(W/62, 1.5)");

@@ -25,11 +25,11 @@ std::expected<View, std::string> reread(const std::string& json) {
 
 class TreeJsonSample : public ::testing::TestWithParam<Sample> {};
 
-TEST_P(TreeJsonSample, isWritten) {
+TEST_P(TreeJsonSample, IsWritten) {
   EXPECT_EQ(written(GetParam().view), GetParam().json);
 }
 
-TEST_P(TreeJsonSample, isReadBack) {
+TEST_P(TreeJsonSample, IsReadBack) {
   const auto view = reread(GetParam().json);
   ASSERT_TRUE(view.has_value()) << view.error();
   EXPECT_EQ(*view, GetParam().view);
@@ -41,7 +41,7 @@ INSTANTIATE_TEST_SUITE_P(All,
                          ::testing::ValuesIn(allSamples()),
                          [](const auto& sample) { return sample.param.name; });
 
-TEST(TreeJson, randomTreesSurviveTheWayThereAndBack) {
+TEST(TreeJson, RandomTreesSurviveTheWayThereAndBack) {
   for (std::uint32_t seed = 1; seed <= 400; ++seed) {
     const View view = RandomTree(seed).view();
     const auto back = reread(written(view));
@@ -52,39 +52,39 @@ TEST(TreeJson, randomTreesSurviveTheWayThereAndBack) {
   }
 }
 
-TEST(TreeJson, randomTreesDiffer) {
+TEST(TreeJson, RandomTreesDiffer) {
   EXPECT_NE(RandomTree(1).view(), RandomTree(2).view());
   EXPECT_EQ(RandomTree(1).view(), RandomTree(1).view());
 }
 
-TEST(TreeJson, membersMayStandInAnyOrder) {
+TEST(TreeJson, MembersMayStandInAnyOrder) {
   const auto view = reread(
       R"({"modifiers":[{"alignment":"top","background":{"type":"Circle"}}],"text":"x","type":"Text"})");
   ASSERT_TRUE(view.has_value()) << view.error();
   EXPECT_EQ(*view, Text{"x"}.background(Circle(), Alignment::top));
 }
 
-TEST(TreeJson, aSharedPartIsWrittenWhereverItStands) {
+TEST(TreeJson, ASharedPartIsWrittenWhereverItStands) {
   const View dot = Circle();
   EXPECT_EQ(written(HStack{{}, dot, dot}),
             R"({"type":"HStack","children":[{"type":"Circle"},{"type":"Circle"}]})");
 }
 
-TEST(TreeJson, numbersKeepEveryBit) {
+TEST(TreeJson, NumbersKeepEveryBit) {
   const View view = Text{"x"}.font(1.0 / 3).opacity(0.1 + 0.2);
   const auto back = reread(written(view));
   ASSERT_TRUE(back.has_value()) << back.error();
   EXPECT_EQ(*back, view);
 }
 
-TEST(TreeJson, colorsKeepEveryBit) {
+TEST(TreeJson, ColorsKeepEveryBit) {
   const View view = Circle().fill(Color::primary().withOpacities(1.0 / 3, 0.1 + 0.2));
   const auto back = reread(written(view));
   ASSERT_TRUE(back.has_value()) << back.error();
   EXPECT_EQ(*back, view);
 }
 
-TEST(TreeJson, whatIsNotFiniteIsWrittenAndRefused) {
+TEST(TreeJson, WhatIsNotFiniteIsWrittenAndRefused) {
   const double nan = std::numeric_limits<double>::quiet_NaN();
   EXPECT_EQ(written(Text{"x"}.opacity(nan)),
             R"({"type":"Text","text":"x","modifiers":[{"opacity":null}]})");
@@ -96,7 +96,7 @@ TEST(TreeJson, whatIsNotFiniteIsWrittenAndRefused) {
   }
 }
 
-TEST(TreeJson, anOverlongTextIsCutBetweenCharacters) {
+TEST(TreeJson, AnOverlongTextIsCutBetweenCharacters) {
   // 1,024 bytes end in the middle of a two-byte letter behind one single byte.
   std::string name = "x";
   for (int i = 0; i < 500000; ++i) name += "é";
@@ -108,7 +108,7 @@ TEST(TreeJson, anOverlongTextIsCutBetweenCharacters) {
 }
 
 // A row as the widgets have them; the bound is the size that keeps a timeline small.
-TEST(TreeJson, aRowIsSmall) {
+TEST(TreeJson, ARowIsSmall) {
   const Color ink = Color::dynamic(0x6B1F3A, 0xB4416A);
   const View tile = ZStack{{}, Symbol{"cart.fill"}.font(13, FontWeight::semibold)}
                         .frame(FixedFrame{.width = 26, .height = 26})

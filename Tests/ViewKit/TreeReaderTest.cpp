@@ -61,7 +61,7 @@ void PrintTo(const Refusal& refusal, std::ostream* out) {
 
 class TreeRefusal : public ::testing::TestWithParam<Refusal> {};
 
-TEST_P(TreeRefusal, saysWhereAndWhat) {
+TEST_P(TreeRefusal, SaysWhereAndWhat) {
   EXPECT_EQ(failure(GetParam().json), GetParam().message);
 }
 
@@ -309,14 +309,14 @@ INSTANTIATE_TEST_SUITE_P(Values, TreeRefusal, ::testing::ValuesIn(valueRefusals(
 INSTANTIATE_TEST_SUITE_P(Drawing, TreeRefusal, ::testing::ValuesIn(drawingRefusals()), kName);
 INSTANTIATE_TEST_SUITE_P(Paths, TreeRefusal, ::testing::ValuesIn(pathRefusals()), kName);
 
-TEST(TreeReader, dotsInsideANameAreNoParent) {
+TEST(TreeReader, DotsInsideANameAreNoParent) {
   for (const char* path : {"Art/a..b.png", "...", "Art/..a", "a/./b", ""}) {
     EXPECT_TRUE(read(element(R"("Image","path":")" + std::string(path) + "\"")).has_value())
         << path;
   }
 }
 
-TEST(TreeReader, boundsThemselvesAreAccepted) {
+TEST(TreeReader, BoundsThemselvesAreAccepted) {
   for (const std::string& json : {modified(R"({"opacity":0})"),
                                   modified(R"({"opacity":1})"),
                                   element(R"("Text","text":"x","minimumScale":1)"),
@@ -329,13 +329,13 @@ TEST(TreeReader, boundsThemselvesAreAccepted) {
 
 // ---- limits
 
-TEST(TreeLimits, depth) {
+TEST(TreeLimits, Depth) {
   EXPECT_EQ(failure(nested(64)), "accepted");
   EXPECT_THAT(failure(nested(65)), StartsWith("/children/0/children/0"));
   EXPECT_THAT(failure(nested(65)), HasSubstr(": the tree is too deep"));
 }
 
-TEST(TreeLimits, contentsCountForTheDepth) {
+TEST(TreeLimits, ContentsCountForTheDepth) {
   const std::string inner = R"({"background":{"type":"Circle"}})";
   for (const char* name : {"background", "overlay", "containerBackground"}) {
     const std::string json =
@@ -347,7 +347,7 @@ TEST(TreeLimits, contentsCountForTheDepth) {
   }
 }
 
-TEST(TreeLimits, nodes) {
+TEST(TreeLimits, Nodes) {
   const auto tree = [](std::size_t nodes) {
     return element(R"("HStack","children":)" + list(nodes - 1, R"({"type":"Spacer"})"));
   };
@@ -356,14 +356,14 @@ TEST(TreeLimits, nodes) {
   EXPECT_EQ(failure(tree(4002)), "/children: 4001 elements, 4000 are allowed");
 }
 
-TEST(TreeLimits, contentsCountAsNodes) {
+TEST(TreeLimits, ContentsCountAsNodes) {
   const std::string json = R"({"type":"HStack","children":[{"type":"Spacer"}],)"
                            R"("modifiers":[{"background":{"type":"Circle"}}]})";
   EXPECT_EQ(failure(json, {.nodes = 3}), "accepted");
   EXPECT_EQ(failure(json, {.nodes = 2}), "/modifiers/0/background: the tree has too many nodes");
 }
 
-TEST(TreeLimits, strings) {
+TEST(TreeLimits, Strings) {
   const auto text = [](std::size_t bytes) {
     return element(R"("Text","text":")" + std::string(bytes, 'a') + "\"");
   };
@@ -375,7 +375,7 @@ TEST(TreeLimits, strings) {
             "/modifiers/0/link: 3 bytes, 2 are allowed");
 }
 
-TEST(TreeLimits, modifiers) {
+TEST(TreeLimits, Modifiers) {
   const auto tree = [](std::size_t count) {
     return element(R"("Spacer","modifiers":)" + list(count, R"({"zIndex":1})"));
   };
@@ -405,7 +405,7 @@ TEST(TreeLimits, ModifiersFromTheRootToALeaf) {
             "too many modifiers from the root to here");
 }
 
-TEST(TreeLimits, lengthDepth) {
+TEST(TreeLimits, LengthDepth) {
   const auto tree = [](std::size_t depth) {
     return modified(R"({"offset":{"x":)" + deepLength(depth) + "}}");
   };
@@ -413,7 +413,7 @@ TEST(TreeLimits, lengthDepth) {
   EXPECT_THAT(failure(tree(9)), HasSubstr(": the length is too deep"));
 }
 
-TEST(TreeLimits, lengthTerms) {
+TEST(TreeLimits, LengthTerms) {
   const std::string json =
       modified(R"({"offset":{"x":[0,0,0,["min",1,[1,0,0],3],["max",1,[1,0,0],3]]}})");
   EXPECT_EQ(failure(json, {.lengthTerms = 2}), "accepted");
@@ -421,13 +421,13 @@ TEST(TreeLimits, lengthTerms) {
             "/modifiers/0/offset/x/4: the length has too many terms");
 }
 
-TEST(TreeLimits, pathSteps) {
+TEST(TreeLimits, PathSteps) {
   const std::string json = element(R"("Path","steps":[["Z"],["Z"]])");
   EXPECT_EQ(failure(json, {.pathSteps = 2}), "accepted");
   EXPECT_EQ(failure(json, {.pathSteps = 1}), "/steps: 2 elements, 1 are allowed");
 }
 
-TEST(TreeLimits, gradientStops) {
+TEST(TreeLimits, GradientStops) {
   const std::string json = element(R"("Circle","paint":{"stops":[["primary",0],["primary",1]]})");
   EXPECT_EQ(failure(json, {.gradientStops = 2}), "accepted");
   EXPECT_EQ(failure(json, {.gradientStops = 1}), "/paint/stops: 2 elements, 1 are allowed");
@@ -440,7 +440,7 @@ TEST(TreeReader, RefusesTheFirstUnknownMemberOfMany) {
   EXPECT_EQ(failure(json + R"(,"minLength":1})"), "/a0: unknown or repeated member");
 }
 
-TEST(TreeLimits, namesInMessagesAreCut) {
+TEST(TreeLimits, NamesInMessagesAreCut) {
   EXPECT_EQ(failure(element(R"("Spacer",")" + std::string(1000, 'a') + "\":1")),
             "/" + std::string(40, 'a') + ": unknown or repeated member");
 }

@@ -34,12 +34,12 @@ const TextElement& text(const View& view) {
 
 // ---- equality
 
-TEST(View, equalConstructionsAreEqual) {
+TEST(View, EqualConstructionsAreEqual) {
   EXPECT_EQ(sample(), sample());
   EXPECT_NE(&sample().node(), nullptr);
 }
 
-TEST(View, everyPartCountsForEquality) {
+TEST(View, EveryPartCountsForEquality) {
   const View base = sample();
   EXPECT_NE(base, base.padding(1));
   EXPECT_NE(base, View(VStack{{.spacing = 4}}));
@@ -49,19 +49,19 @@ TEST(View, everyPartCountsForEquality) {
   EXPECT_NE(base.background(Circle()), base.overlay(Circle()));
 }
 
-TEST(View, theComponentsNameDoesNotCount) {
+TEST(View, TheComponentsNameDoesNotCount) {
   EXPECT_EQ(sample().named("Header"), sample());
   EXPECT_EQ(asView(Badge{"x"}), Text{"x"}.padding(2));
 }
 
-TEST(View, theInnermostNameStays) {
+TEST(View, TheInnermostNameStays) {
   Sticker sticker;
   sticker.text = "x";
   EXPECT_EQ(asView(sticker).node().component, "Badge");
   EXPECT_EQ(sample().named("A").named("B").node().component, "A");
 }
 
-TEST(View, emptyViewsAreEqual) {
+TEST(View, EmptyViewsAreEqual) {
   EXPECT_EQ(View{}, View{});
   EXPECT_EQ(View{}, View{EmptyElement{}});
   EXPECT_NE(View{}, View(Text{""}));
@@ -71,7 +71,7 @@ TEST(View, emptyViewsAreEqual) {
 
 // ---- immutability
 
-TEST(View, aModifiedCopyLeavesTheOriginalUntouched) {
+TEST(View, AModifiedCopyLeavesTheOriginalUntouched) {
   const View original = sample();
   const View copy = original;
   const View modified = copy.opacity(0.5).named("Changed");
@@ -81,28 +81,28 @@ TEST(View, aModifiedCopyLeavesTheOriginalUntouched) {
   EXPECT_EQ(original.node().component, "");
 }
 
-TEST(View, modifyingATemporaryThatIsSharedLeavesTheOthersUntouched) {
+TEST(View, ModifyingATemporaryThatIsSharedLeavesTheOthersUntouched) {
   const View original = sample();
   const View modified = View{original}.opacity(0.5).padding(1);
   EXPECT_EQ(original, sample());
   EXPECT_THAT(modified.node().modifiers, SizeIs(4));
 }
 
-TEST(View, anUnsharedTemporaryIsModifiedInPlace) {
+TEST(View, AnUnsharedTemporaryIsModifiedInPlace) {
   View view = sample();
   const Node* const node = &view.node();
   const View modified = std::move(view).opacity(0.5);
   EXPECT_EQ(&modified.node(), node);
 }
 
-TEST(View, aNamedViewIsNeverModifiedInPlace) {
+TEST(View, ANamedViewIsNeverModifiedInPlace) {
   View view = sample();
   const View modified = view.opacity(0.5);
   EXPECT_NE(&modified.node(), &view.node());
   EXPECT_EQ(view, sample());
 }
 
-TEST(View, aViewCanCarryItself) {
+TEST(View, AViewCanCarryItself) {
   View view = sample();
   const View copy = view;
   const View doubled = std::move(view).background(copy);
@@ -110,14 +110,14 @@ TEST(View, aViewCanCarryItself) {
   EXPECT_EQ(std::get<Background>(doubled.node().modifiers.back()).content, sample());
 }
 
-TEST(View, movedFromViewsAreEmpty) {
+TEST(View, MovedFromViewsAreEmpty) {
   View view = sample();
   const View other = std::move(view);
   EXPECT_TRUE(view.isEmpty());  // NOLINT(bugprone-use-after-move): that is the promise
   EXPECT_EQ(other, sample());
 }
 
-TEST(View, leavesAreRefinedInCopies) {
+TEST(View, LeavesAreRefinedInCopies) {
   const Text plain{"Due"};
   const Text large = plain.font(32, FontWeight::bold);
   EXPECT_EQ(text(plain).size, 17);
@@ -129,19 +129,19 @@ TEST(View, leavesAreRefinedInCopies) {
 
 // ---- modifiers
 
-TEST(View, nothingWrapsTheEmptyView) {
+TEST(View, NothingWrapsTheEmptyView) {
   EXPECT_EQ(View{}.padding(4), View{});
   EXPECT_EQ(View{}.containerBackground(Circle()), View{});
 }
 
-TEST(View, anEmptyBackgroundOrOverlayIsNone) {
+TEST(View, AnEmptyBackgroundOrOverlayIsNone) {
   EXPECT_EQ(sample().background(View{}), sample());
   EXPECT_EQ(sample().overlay(View{}), sample());
   const View named = sample();
   EXPECT_EQ(named.background(View{}), sample());
 }
 
-TEST(View, modifiersStandInOrderInnermostFirst) {
+TEST(View, ModifiersStandInOrderInnermostFirst) {
   const View view = Text{"x"}.padding(1).opacity(0.5).zIndex(2);
   ASSERT_THAT(view.node().modifiers, SizeIs(3));
   EXPECT_EQ(view.node().modifiers[0], Modifier{Padding{Insets::all(1)}});
@@ -151,19 +151,19 @@ TEST(View, modifiersStandInOrderInnermostFirst) {
 
 // ---- children
 
-TEST(Children, standInTheirOrder) {
+TEST(Children, StandInTheirOrder) {
   const View stack = VStack{{}, Text{"a"}, Badge{"b"}, Text{"c"}.opacity(0.5)};
   EXPECT_THAT(
       stack.node().children,
       ElementsAre(View(Text{"a"}), View(Text{"b"}.padding(2)), View(Text{"c"}.opacity(0.5))));
 }
 
-TEST(Children, emptyOnesAreDropped) {
+TEST(Children, EmptyOnesAreDropped) {
   const View stack = VStack{{}, View{}, Text{"a"}, View{EmptyElement{}}};
   EXPECT_THAT(stack.node().children, ElementsAre(View(Text{"a"})));
 }
 
-TEST(Children, whenAddsOnlyIfTrueAndAsksOnlyThen) {
+TEST(Children, WhenAddsOnlyIfTrueAndAsksOnlyThen) {
   int asked = 0;
   const auto make = [&] {
     ++asked;
@@ -175,7 +175,7 @@ TEST(Children, whenAddsOnlyIfTrueAndAsksOnlyThen) {
   EXPECT_EQ(asked, 1);
 }
 
-TEST(Children, forEachAddsOneAnItemAndDropsEmptyOnes) {
+TEST(Children, ForEachAddsOneAnItemAndDropsEmptyOnes) {
   const std::vector<std::string> items{"a", "", "b"};
   const View canvas = Canvas{forEach(items, [](const std::string& item) -> View {
     if (item.empty()) return {};
@@ -184,14 +184,14 @@ TEST(Children, forEachAddsOneAnItemAndDropsEmptyOnes) {
   EXPECT_THAT(canvas.node().children, ElementsAre(View(Text{"a"}), View(Text{"b"})));
 }
 
-TEST(Children, forEachTakesComponents) {
+TEST(Children, ForEachTakesComponents) {
   const View stack =
       VStack{{}, forEach(std::vector<int>{1, 2}, [](int i) { return Badge{std::to_string(i)}; })};
   ASSERT_THAT(stack.node().children, SizeIs(2));
   EXPECT_EQ(stack.node().children[1].node().component, "Badge");
 }
 
-TEST(Children, optionsReachTheElement) {
+TEST(Children, OptionsReachTheElement) {
   const View row = HStack{{.alignment = VerticalAlignment::firstTextBaseline, .spacing = 3}};
   const auto& stack = std::get<StackElement>(row.node().element);
   EXPECT_EQ(stack.axis, StackElement::Axis::horizontal);
@@ -199,7 +199,7 @@ TEST(Children, optionsReachTheElement) {
   EXPECT_EQ(stack.spacing, 3);
 }
 
-TEST(Children, imageAndGaugeHoldOneChildOrNone) {
+TEST(Children, ImageAndGaugeHoldOneChildOrNone) {
   EXPECT_THAT(View(Image{{.path = "a.png"}, View{}}).node().children, SizeIs(0));
   EXPECT_THAT(View(Image{{.path = "a.png"}, Circle()}).node().children,
               ElementsAre(View(Circle())));
@@ -209,14 +209,14 @@ TEST(Children, imageAndGaugeHoldOneChildOrNone) {
 
 // ---- colours
 
-TEST(Color, opacityMultipliesInBothAppearances) {
+TEST(Color, OpacityMultipliesInBothAppearances) {
   const Color soft = Color::black().withOpacities(0.5, 0.25).withOpacity(0.5);
   EXPECT_EQ(soft.opacityIn(Appearance::light), 0.25);
   EXPECT_EQ(soft.opacityIn(Appearance::dark), 0.125);
   EXPECT_EQ(Color::white().withOpacity(0.5).opacityIn(Appearance::dark), 0.5);
 }
 
-TEST(Gradient, evenStopsReachFromZeroToOne) {
+TEST(Gradient, EvenStopsReachFromZeroToOne) {
   const Color c = Color::white();
   EXPECT_THAT(Gradient::even({c, c, c}, {0, 0}, {1, 1}).stops,
               ElementsAre(GradientStop{c, 0}, GradientStop{c, 0.5}, GradientStop{c, 1}));

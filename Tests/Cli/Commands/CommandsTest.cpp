@@ -38,7 +38,7 @@ INSTANTIATE_TEST_SUITE_P(Extension, Commands, ::testing::Bool(), [](const auto& 
   return mode.param ? "isolated" : "inOneProcess";
 });
 
-TEST_P(Commands, listNamesTheFiveWidgetsAndTheControl) {
+TEST_P(Commands, ListNamesTheFiveWidgetsAndTheControl) {
   const json answer = asked({"list", "--json"});
   std::vector<std::string> kinds;
   for (const json& widget : answer["widgets"]) kinds.push_back(widget["kind"]);
@@ -55,14 +55,14 @@ TEST_P(Commands, listNamesTheFiveWidgetsAndTheControl) {
                              "intent":"AddExpenseIntent","intentTitle":"Add Expense"}])"));
 }
 
-TEST_P(Commands, listNamesInTheLanguageThatIsPreferred) {
+TEST_P(Commands, ListNamesInTheLanguageThatIsPreferred) {
   const json answer = asked({"list", "--json", "--languages", "nl,fr"});
   EXPECT_EQ(answer["widgets"][2]["name"], "Patrimoine net");
   EXPECT_EQ(answer["widgets"][2]["description"], "Your net worth and how it's trending.");
   EXPECT_EQ(answer["controls"][0]["name"], "Ajouter une dépense");
 }
 
-TEST_P(Commands, listDescribesConfigurations) {
+TEST_P(Commands, ListDescribesConfigurations) {
   const json answer = asked({"list", "--json"});
   for (const json& widget : answer["widgets"]) {
     if (widget["kind"] == "QuorvelSafeToSpendWidget") {
@@ -86,7 +86,7 @@ TEST_P(Commands, listDescribesConfigurations) {
   }
 }
 
-TEST_P(Commands, theTimelineReloadsFiveSecondsAfterLocalMidnight) {
+TEST_P(Commands, TheTimelineReloadsFiveSecondsAfterLocalMidnight) {
   const json answer = asked({"timeline",
                              "QuorvelDueWidget",
                              "--json",
@@ -118,7 +118,7 @@ TEST_P(Commands, TheTimelineInWordsSaysWhatTheWidgetSays) {
             "asked again: after 2025-03-15T00:00:05Z\n");
 }
 
-TEST_P(Commands, aTimelineWithoutADocumentHasAnEntryAllTheSame) {
+TEST_P(Commands, ATimelineWithoutADocumentHasAnEntryAllTheSame) {
   const TemporaryFolder folder;
   const json answer = asked({"timeline",
                              "QuorvelSafeToSpendWidget",
@@ -134,7 +134,7 @@ TEST_P(Commands, aTimelineWithoutADocumentHasAnEntryAllTheSame) {
                                     "policy":{"type":"after","date":"2025-03-14T00:00:05Z"}})"));
 }
 
-TEST_P(Commands, optionsOfCardsAreThoseOfTheDocument) {
+TEST_P(Commands, OptionsOfCardsAreThoseOfTheDocument) {
   const json answer =
       asked({"options", "QuorvelCardLimitWidget", "card", "--json", "--snapshot", kHousehold});
   EXPECT_EQ(answer, json::parse(R"({"options":[{"id":"a","title":"Northbank Everyday"},
@@ -143,14 +143,14 @@ TEST_P(Commands, optionsOfCardsAreThoseOfTheDocument) {
                                    "default":"a","more":false})"));
 }
 
-TEST_P(Commands, optionsWithoutADocumentAreNone) {
+TEST_P(Commands, OptionsWithoutADocumentAreNone) {
   const TemporaryFolder folder;
   const json answer =
       asked({"options", "QuorvelCardLimitWidget", "card", "--json", "--container", folder.path()});
   EXPECT_EQ(answer, json::parse(R"({"options":[],"default":null,"more":false})"));
 }
 
-TEST_P(Commands, validateAccepts) {
+TEST_P(Commands, ValidateAccepts) {
   const json answer = asked({"validate", kHousehold, "--json"});
   EXPECT_EQ(answer["file"], kHousehold);
   EXPECT_EQ(answer["accepted"], true);
@@ -161,7 +161,7 @@ TEST_P(Commands, validateAccepts) {
                             "shows":"The remaining limit of 3 cards."})"));
 }
 
-TEST_P(Commands, validateSaysWhatTheWidgetsWillShow) {
+TEST_P(Commands, ValidateSaysWhatTheWidgetsWillShow) {
   const Outcome outcome =
       run({"validate", example("minimal.json").string(), "--now", "2025-03-14T09:30:00Z"});
   EXPECT_EQ(outcome.status, 0) << outcome.errors;
@@ -171,7 +171,7 @@ TEST_P(Commands, validateSaysWhatTheWidgetsWillShow) {
   }
 }
 
-TEST_P(Commands, validatePointsAtEveryProblem) {
+TEST_P(Commands, ValidatePointsAtEveryProblem) {
   const TemporaryFolder folder;
   std::string text = contentsOf(example("minimal.json"));
   text.replace(text.find("\"en\""), 4, "7");
@@ -190,7 +190,7 @@ TEST_P(Commands, validatePointsAtEveryProblem) {
   EXPECT_EQ(answer["problems"][1]["pointer"], "/money/showDecimals");
 }
 
-TEST_P(Commands, validateSurvivesWhatIsNoDocument) {
+TEST_P(Commands, ValidateSurvivesWhatIsNoDocument) {
   const TemporaryFolder folder;
   const std::string deep = folder.write("deep.json", std::string(100'000, '['));
   const std::string empty = folder.write("empty.json", "");
@@ -209,7 +209,7 @@ TEST_P(Commands, validateSurvivesWhatIsNoDocument) {
   }
 }
 
-TEST_P(Commands, performLeavesTheRequestAndPrintsTheLink) {
+TEST_P(Commands, PerformLeavesTheRequestAndPrintsTheLink) {
   const TemporaryFolder folder;
   const Outcome outcome =
       run({"perform", "AddExpenseIntent", "--no-open", "--container", folder.path()});
@@ -295,7 +295,7 @@ TEST_P(Commands, AGroupThatIsNoFolderNameHasNoContainer) {
   }
 }
 
-TEST_P(Commands, doctorFindsTheContainerAndTheDocument) {
+TEST_P(Commands, DoctorFindsTheContainerAndTheDocument) {
   const TemporaryFolder folder;
   folder.write("widget-snapshot.json", contentsOf(kHousehold));
   const Outcome outcome = run({"doctor", "--container", folder.path()});
@@ -321,7 +321,7 @@ TEST(Doctor, NamesAVariableThatIsNoTimeZone) {
   EXPECT_THAT(outcome.out, HasSubstr("TZ is \"Nowhere/Town\", which names no zone"));
 }
 
-TEST_P(Commands, aNamedPropertyListMustBeThereAndReadable) {
+TEST_P(Commands, ANamedPropertyListMustBeThereAndReadable) {
   const TemporaryFolder folder;
   const std::string garbage = folder.write("garbage.plist", "no plist");
   for (const std::string& file :
@@ -336,7 +336,7 @@ TEST_P(Commands, aNamedPropertyListMustBeThereAndReadable) {
   EXPECT_THAT(run({"list", "--info-plist", garbage}).errors, HasSubstr("no property list"));
 }
 
-TEST_P(Commands, doctorSaysThatAPropertyListIsNone) {
+TEST_P(Commands, DoctorSaysThatAPropertyListIsNone) {
   const TemporaryFolder folder;
   const std::string garbage = folder.write("garbage.plist", "no plist");
   const Outcome outcome = run({"doctor", "--info-plist", garbage});
@@ -344,7 +344,7 @@ TEST_P(Commands, doctorSaysThatAPropertyListIsNone) {
   EXPECT_THAT(outcome.out, HasSubstr("no property list"));
 }
 
-TEST(Perform, handsTheLinkToAProgram) {
+TEST(Perform, HandsTheLinkToAProgram) {
   const TemporaryFolder folder;
   const Outcome outcome = runHost(
       {"perform", "AddExpenseIntent", "--open-with", "echo open", "--container", folder.path()});
@@ -352,7 +352,7 @@ TEST(Perform, handsTheLinkToAProgram) {
   EXPECT_EQ(outcome.out, "open quorvel-widget://\n");
 }
 
-TEST(Perform, tellsAPersonWhenTheApplicationCannotBeOpened) {
+TEST(Perform, TellsAPersonWhenTheApplicationCannotBeOpened) {
   const TemporaryFolder folder;
   const Outcome failing = runHost(
       {"perform", "AddExpenseIntent", "--open-with", "false", "--container", folder.path()});
@@ -370,7 +370,7 @@ TEST(Perform, tellsAPersonWhenTheApplicationCannotBeOpened) {
   EXPECT_THAT(unregistered.errors, HasSubstr("quorvel-widget://"));
 }
 
-TEST(Sample, isACompleteDocumentInTheLanguage) {
+TEST(Sample, IsACompleteDocumentInTheLanguage) {
   const TemporaryFolder folder;
   const std::string file = (folder.path() / "sample.json").string();
   ASSERT_EQ(runHost({"sample",
@@ -392,14 +392,14 @@ TEST(Sample, isACompleteDocumentInTheLanguage) {
   EXPECT_EQ(runHost({"validate", file}).status, 0);
 }
 
-TEST(Sample, refusesALanguageThatThereIsNot) {
+TEST(Sample, RefusesALanguageThatThereIsNot) {
   const Outcome outcome = runHost({"sample", "--lang", "klingon"});
   EXPECT_EQ(outcome.status, 2);
   EXPECT_THAT(outcome.out, IsEmpty());
   EXPECT_THAT(outcome.errors, HasSubstr("--lang: there is no \"klingon\" (there are: en, id,"));
 }
 
-TEST(OutputFile, takesThePlaceOfAnOlderOneOnlyWhenItIsWhole) {
+TEST(OutputFile, TakesThePlaceOfAnOlderOneOnlyWhenItIsWhole) {
   namespace fs = std::filesystem;
   const TemporaryFolder folder;
   const std::string file = folder.write("sample.json", "old");
@@ -414,7 +414,7 @@ TEST(OutputFile, takesThePlaceOfAnOlderOneOnlyWhenItIsWhole) {
   EXPECT_EQ(std::distance(fs::directory_iterator(folder.path()), {}), 2);
 }
 
-TEST(OutputFile, staysWhenTheNewOneCannotBeMade) {
+TEST(OutputFile, StaysWhenTheNewOneCannotBeMade) {
   const TemporaryFolder folder;
   const std::string file = folder.write("due.png", "old");
   EXPECT_NE(runHost({"render", "NoSuchWidget", "--snapshot", kHousehold, "-o", file}).status, 0);
@@ -423,7 +423,7 @@ TEST(OutputFile, staysWhenTheNewOneCannotBeMade) {
               HasSubstr("cannot write " + folder.at("none/x.json") + ": No such file"));
 }
 
-TEST(OutputFile, followsALinkAndWritesToADevice) {
+TEST(OutputFile, FollowsALinkAndWritesToADevice) {
   namespace fs = std::filesystem;
   const TemporaryFolder folder;
   const std::string target = folder.write("target.json", "old");
@@ -435,7 +435,7 @@ TEST(OutputFile, followsALinkAndWritesToADevice) {
   EXPECT_TRUE(fs::is_character_file("/dev/null"));
 }
 
-TEST(Bench, printsOneLineOfFigures) {
+TEST(Bench, PrintsOneLineOfFigures) {
   const Outcome outcome = runHost({"bench",
                                    "--snapshot",
                                    kHousehold,

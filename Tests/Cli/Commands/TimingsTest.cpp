@@ -8,19 +8,19 @@
 namespace cli {
 namespace {
 
-TEST(Samples, ofNoneAreZero) {
+TEST(Samples, OfNoneAreZero) {
   const Summary summary = summaryOf({});
   EXPECT_EQ(summary.least, 0);
   EXPECT_EQ(summary.median, 0);
   EXPECT_EQ(summary.p95, 0);
 }
 
-TEST(Samples, theMedianOfAnEvenCountLiesBetween) {
+TEST(Samples, TheMedianOfAnEvenCountLiesBetween) {
   EXPECT_EQ(summaryOf({4, 1, 3, 2}).median, 2.5);
   EXPECT_EQ(summaryOf({9, 1, 3}).median, 3);
 }
 
-TEST(Samples, ninetyFiveOfAHundredDoNotExceedTheP95) {
+TEST(Samples, NinetyFiveOfAHundredDoNotExceedTheP95) {
   std::vector<double> hundred(100);
   std::iota(hundred.rbegin(), hundred.rend(), 1);
   EXPECT_EQ(summaryOf(hundred).p95, 95);

@@ -6,7 +6,7 @@
 namespace cli {
 namespace {
 
-TEST(Values, sizesAreTwoPositiveNumbers) {
+TEST(Values, SizesAreTwoPositiveNumbers) {
   EXPECT_EQ(sizeFrom("170x382"), (rendering::Size{170, 382}));
   EXPECT_EQ(sizeFrom("0.5x2000"), (rendering::Size{0.5, 2000}));
   for (const char* text : {"",
@@ -29,7 +29,7 @@ TEST(Values, sizesAreTwoPositiveNumbers) {
   }
 }
 
-TEST(Values, coloursAreSixHexadecimalDigits) {
+TEST(Values, ColoursAreSixHexadecimalDigits) {
   EXPECT_EQ(colorFrom("#8A2Be2"), 0x8A2BE2u);
   for (const char* text :
        {"", "#", "8A2BE2", "#8A2BE", "#8A2BE22", "#8A2BEG", "#-A2BE2", "#0x1234"}) {
@@ -37,7 +37,7 @@ TEST(Values, coloursAreSixHexadecimalDigits) {
   }
 }
 
-TEST(Values, redactionIsAListOfReasons) {
+TEST(Values, RedactionIsAListOfReasons) {
   EXPECT_EQ(redactionFrom("privacy"),
             (viewkit::RedactionReasons{.privacy = true, .placeholder = false}));
   EXPECT_EQ(redactionFrom("placeholder,privacy"),
@@ -47,7 +47,7 @@ TEST(Values, redactionIsAListOfReasons) {
   }
 }
 
-TEST(Values, aChoiceIsANameAndAValue) {
+TEST(Values, AChoiceIsANameAndAValue) {
   EXPECT_EQ(assignmentFrom("style=ring"), (std::pair<std::string, std::string>{"style", "ring"}));
   EXPECT_EQ(assignmentFrom("card=a=b"), (std::pair<std::string, std::string>{"card", "a=b"}));
   EXPECT_EQ(assignmentFrom("card="), (std::pair<std::string, std::string>{"card", ""}));
@@ -55,7 +55,7 @@ TEST(Values, aChoiceIsANameAndAValue) {
   EXPECT_FALSE(assignmentFrom("ring"));
 }
 
-TEST(Values, namesAreExact) {
+TEST(Values, NamesAreExact) {
   using foundation::named;
   EXPECT_EQ(named<Format>("accessibility"), Format::accessibility);
   EXPECT_FALSE(named<Format>("PNG"));

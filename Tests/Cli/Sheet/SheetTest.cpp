@@ -28,7 +28,7 @@ std::uint32_t pixel(const rendering::Bitmap& sheet, int x, int y) {
   return sheet.pixels[static_cast<std::size_t>(y) * sheet.stride + x];
 }
 
-TEST(Sheet, standsOnALightAndADarkGround) {
+TEST(Sheet, StandsOnALightAndADarkGround) {
   const auto sheet = drawSheet({redSquares(2)}, 1);
   ASSERT_TRUE(sheet);
   // Two squares, the gap of 20 and two margins of 28, twice; margin, caption of 16, gap of 6,
@@ -41,7 +41,7 @@ TEST(Sheet, standsOnALightAndADarkGround) {
   EXPECT_EQ(pixel(*sheet, 551, 127), kDarkGround);
 }
 
-TEST(Sheet, drawsEachCellInItsPanelsAppearance) {
+TEST(Sheet, DrawsEachCellInItsPanelsAppearance) {
   const auto sheet = drawSheet({redSquares(2)}, 1);
   ASSERT_TRUE(sheet);
   EXPECT_EQ(pixel(*sheet, 28, 50), 0xFFFF0000);
@@ -51,7 +51,7 @@ TEST(Sheet, drawsEachCellInItsPanelsAppearance) {
   EXPECT_EQ(pixel(*sheet, 276 + 28, 50), 0xFF00FF00);
 }
 
-TEST(Sheet, putsManyRowsInColumns) {
+TEST(Sheet, PutsManyRowsInColumns) {
   // Forty rows of 72 and 22 between them: one column would be 3738 high and 512 wide.
   const auto sheet = drawSheet(std::vector<SheetRow>(40, redSquares(1)), 1);
   ASSERT_TRUE(sheet);
@@ -59,7 +59,7 @@ TEST(Sheet, putsManyRowsInColumns) {
   EXPECT_LT(sheet->height, 2 * sheet->width);
 }
 
-TEST(Sheet, severalTakeTheRowsInOrderWhenOneWouldBeTooLarge) {
+TEST(Sheet, SeveralTakeTheRowsInOrderWhenOneWouldBeTooLarge) {
   std::vector<SheetRow> rows(400, redSquares(20));
   for (std::size_t i = 0; i < rows.size(); ++i) rows[i].caption = std::to_string(i);
   ASSERT_TRUE(sheetExtent(rows, 4).isTooLarge());
@@ -73,11 +73,11 @@ TEST(Sheet, severalTakeTheRowsInOrderWhenOneWouldBeTooLarge) {
   EXPECT_EQ(next, rows.size());
 }
 
-TEST(Sheet, oneIsEnoughForAFewRows) {
+TEST(Sheet, OneIsEnoughForAFewRows) {
   EXPECT_EQ(splitIntoSheets({redSquares(2), redSquares(1)}, 2).size(), 1u);
 }
 
-TEST(Sheet, isRefusedBeforeItsMemoryIsTaken) {
+TEST(Sheet, IsRefusedBeforeItsMemoryIsTaken) {
   const std::vector<SheetRow> rows(4000, redSquares(20));
   const auto sheet = drawSheet(rows, 2);
   ASSERT_FALSE(sheet);

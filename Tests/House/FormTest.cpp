@@ -1,0 +1,83 @@
+// Sources that a reader can take in at a glance: short functions, short files, tests that are named
+// alike, approvals that fit a screen.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "Form.hpp"
+#include "SourceFiles.hpp"
+
+namespace house {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+TEST(TestNames, BeginWithACapital) {
+  std::vector<std::string> found;
+  std::size_t files = 0;
+  for (const SourceFile& file : filesBelow({"Tests"}, {".cpp"})) {
+    ++files;
+    for (const std::string& name : uncapitalizedTests(file.text)) {
+      found.push_back(file.path + ": " + name);
+    }
+  }
+  EXPECT_GT(files, 100U);
+  EXPECT_THAT(found, IsEmpty());
+}
+
+TEST(TestNames, ASmallLetterIsFound) {
+  EXPECT_THAT(uncapitalizedTests("TEST(Suite, isFound) {\nTEST_P(Suite,\n       too) {\n"
+                                 "TEST_F(Suite, IsAsItShouldBe) {\n"),
+              ElementsAre("Suite.isFound", "Suite.too"));
+}
+
+// A tree is read line by line, beside another one.
+TEST(Approvals, NoLineIsLongerThan140Columns) {
+  std::size_t lines = 0;
+  for (const SourceFile& file : filesBelow({"Tests/Expected"}, {".txt"})) {
+    for (const std::string_view line : linesOf(file.text)) {
+      ++lines;
+      EXPECT_LE(columnsOf(line), 140U) << file.path << ": " << line;
+    }
+  }
+  EXPECT_GT(lines, 1000U);
+}
+
+TEST(Functions, AreFoundWithTheirLengths) {
+  const auto found = functionsIn(
+      "namespace a {\n"
+      "\n"
+      "int one(int x) {\n"
+      "  if (x) {\n"
+      "    return 1;\n"
+      "  }\n"
+      "}\n"
+      "\n"
+      "constexpr Row kRows[] = {\n"
+      "    {1, f(2)},\n"
+      "};\n"
+      "struct Pair {\n"
+      "  int first;\n"
+      "  template <class T>\n"
+      "  [[nodiscard]] int second(T first,\n"
+      "                           T last) const {\n"
+      "    return 2;\n"
+      "  }\n"
+      "};\n"
+      "TEST(Suite, Name) {\n"
+      "}\n"
+      "INSTANTIATE(Rows, Suite, [](const auto& row) {\n"
+      "                           return row.name;\n"
+      "                         });\n"
+      "}  // namespace a\n");
+  ASSERT_EQ(found.size(), 3U);
+  EXPECT_EQ(found[0].opening, "int one(int x) {");
+  EXPECT_EQ(found[0].line, 3U);
+  EXPECT_EQ(found[0].lines, 5U);
+  EXPECT_EQ(found[1].opening, "template <class T>");
+  EXPECT_EQ(found[1].lines, 5U);
+  EXPECT_EQ(found[2].lines, 2U);
+}
+
+}  // namespace
+}  // namespace house

@@ -4,12 +4,13 @@
 #include "Rendering/Output/AccessibilityTree.hpp"
 #include "Rendering/Renderer.hpp"
 #include "Tests/Support/Approval.hpp"
+#include "Tests/Support/WidgetLayouts.hpp"
 #include "Tests/Support/WidgetSamples.hpp"
-#include "Tests/Support/WidgetStates.hpp"
 
 namespace quorvel {
 namespace {
 
+using testsupport::ApprovalCase;
 using testsupport::WidgetLayout;
 using testsupport::WidgetState;
 
@@ -72,24 +73,41 @@ std::vector<WidgetState> englishStates() {
   return states;
 }
 
-TEST(AccessibilityApproval, EveryLayoutReadsLikeASentence) {
+std::string spokenInEveryState(const WidgetLayout& layout) {
   rendering::Renderer renderer;
-  std::set<std::string> names;
-  for (const WidgetLayout& layout : testsupport::kLayouts) {
-    std::string text;
-    for (const std::string_view lang : kLanguageCodes) {
-      const WidgetState full{
-          lang, testsupport::februaryTenth(), testsupport::smallSnapshot(lang), {}};
-      text += "== " + std::string{lang} + "\n" + spoken(renderer, layout, full);
-    }
-    for (const WidgetState& state : englishStates()) {
-      text += "== " + std::string{state.name} + "\n" + spoken(renderer, layout, state);
-    }
-    const std::string name = "Accessibility/" + std::string{layout.name};
-    names.insert(name);
-    EXPECT_TRUE(testsupport::matchesExpected(name, text));
+  std::string text;
+  for (const std::string_view lang : kLanguageCodes) {
+    const WidgetState full{
+        lang, testsupport::februaryTenth(), testsupport::smallSnapshot(lang), {}};
+    text += "== " + std::string{lang} + "\n" + spoken(renderer, layout, full);
   }
-  EXPECT_EQ(testsupport::expectedNames("Accessibility"), names);
+  for (const WidgetState& state : englishStates()) {
+    text += "== " + std::string{state.name} + "\n" + spoken(renderer, layout, state);
+  }
+  return text;
+}
+
+std::vector<ApprovalCase> cases() {
+  std::vector<ApprovalCase> cases;
+  for (const WidgetLayout& layout : testsupport::layouts()) {
+    cases.push_back({"Accessibility/" + layout.name, [=] { return spokenInEveryState(layout); }});
+  }
+  return cases;
+}
+
+class AccessibilityApproval : public ::testing::TestWithParam<ApprovalCase> {};
+
+TEST_P(AccessibilityApproval, IsAsApproved) {
+  EXPECT_TRUE(matchesExpected(GetParam()));
+}
+
+INSTANTIATE_TEST_SUITE_P(Spoken,
+                         AccessibilityApproval,
+                         ::testing::ValuesIn(cases()),
+                         testsupport::testName);
+
+TEST(AccessibilityApprovals, EveryFileHasItsCase) {
+  EXPECT_EQ(testsupport::expectedNames("Accessibility"), testsupport::namesOf(cases()));
 }
 
 }  // namespace

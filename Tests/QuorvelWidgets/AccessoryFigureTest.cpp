@@ -1,16 +1,17 @@
 // The accessory families that spending and net worth are not declared for show symbol and amount.
 #include <gmock/gmock.h>
 
+#include "QuorvelWidgets/NetWorth/NetWorthWidget.hpp"
+#include "QuorvelWidgets/Spending/SpendingWidget.hpp"
 #include "Rendering/Renderer.hpp"
 #include "Tests/Support/PlacedTexts.hpp"
 #include "Tests/Support/ViewInspection.hpp"
+#include "Tests/Support/WidgetLayouts.hpp"
 #include "Tests/Support/WidgetSamples.hpp"
-#include "Tests/Support/WidgetStates.hpp"
 
 namespace quorvel {
 namespace {
 
-using testsupport::WidgetKind;
 using testsupport::WidgetState;
 using widgetruntime::WidgetFamily;
 
@@ -18,17 +19,17 @@ constexpr std::array kFamilies{WidgetFamily::accessoryCircular,
                                WidgetFamily::accessoryRectangular,
                                WidgetFamily::accessoryInline};
 
-viewkit::View shown(WidgetKind kind, WidgetFamily family, const WidgetSnapshot& snapshot) {
+viewkit::View shown(std::string_view kind, WidgetFamily family, const WidgetSnapshot& snapshot) {
   const WidgetState state{"full", testsupport::februaryTenth(), snapshot, {}};
-  return testsupport::viewOf({"accessory", kind, family}, state);
+  return testsupport::viewOf(testsupport::layoutOf(kind, family), state);
 }
 
 TEST(AccessoryFigure, UndeclaredFamiliesShowSymbolAndAmount) {
   for (const WidgetFamily family : kFamilies) {
-    const auto spending = shown(WidgetKind::spending, family, testsupport::smallSnapshot());
+    const auto spending = shown(SpendingWidget::kKind, family, testsupport::smallSnapshot());
     EXPECT_THAT(testsupport::texts(spending), ::testing::ElementsAre("$600"));
     EXPECT_THAT(testsupport::symbols(spending), ::testing::ElementsAre("cart.fill"));
-    const auto worth = shown(WidgetKind::netWorth, family, testsupport::smallSnapshot());
+    const auto worth = shown(NetWorthWidget::kKind, family, testsupport::smallSnapshot());
     EXPECT_THAT(testsupport::texts(worth), ::testing::ElementsAre("$1,100"));
   }
 }
@@ -37,7 +38,7 @@ TEST(AccessoryFigure, HiddenAmountsStayHidden) {
   WidgetSnapshot snapshot = testsupport::smallSnapshot();
   snapshot.isHidden = true;
   for (const WidgetFamily family : kFamilies) {
-    EXPECT_THAT(testsupport::texts(shown(WidgetKind::netWorth, family, snapshot)),
+    EXPECT_THAT(testsupport::texts(shown(NetWorthWidget::kKind, family, snapshot)),
                 ::testing::ElementsAre("••••"));
   }
 }
@@ -45,7 +46,7 @@ TEST(AccessoryFigure, HiddenAmountsStayHidden) {
 TEST(AccessoryFigure, TheSymbolStandsAloneWhereTheAmountHasNoRoom) {
   rendering::Renderer renderer;
   const auto view =
-      shown(WidgetKind::netWorth, WidgetFamily::accessoryCircular, testsupport::smallSnapshot());
+      shown(NetWorthWidget::kKind, WidgetFamily::accessoryCircular, testsupport::smallSnapshot());
   const auto textsIn = [&](double side) {
     return testsupport::find(renderer.place(view, {.size = {side, side}}).value()).texts.size();
   };

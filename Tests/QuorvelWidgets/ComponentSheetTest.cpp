@@ -38,18 +38,31 @@ TEST(ComponentSheet, NamesEverySampleOnTheSheet) {
   }
 }
 
-TEST(ComponentSheet, EveryVariantIsTheApprovedTree) {
+/// A file per component, with its variants one below the other.
+std::vector<testsupport::ApprovalCase> cases() {
   std::map<std::string, std::string> dumps;
   for (const ComponentSample& sample : componentSamples()) {
-    dumps[std::string{sample.component}] +=
+    dumps["Components/" + std::string{sample.component}] +=
         "== " + std::string{sample.variant} + "\n" + viewkit::dump(sample.view);
   }
-  std::set<std::string> names;
-  for (const auto& [component, text] : dumps) {
-    names.insert("Components/" + component);
-    EXPECT_TRUE(testsupport::matchesExpected("Components/" + component, text));
-  }
-  EXPECT_EQ(testsupport::expectedNames("Components"), names);
+  std::vector<testsupport::ApprovalCase> cases;
+  for (const auto& [name, text] : dumps) cases.push_back({name, [=] { return text; }});
+  return cases;
+}
+
+class ComponentApproval : public ::testing::TestWithParam<testsupport::ApprovalCase> {};
+
+TEST_P(ComponentApproval, IsAsApproved) {
+  EXPECT_TRUE(matchesExpected(GetParam()));
+}
+
+INSTANTIATE_TEST_SUITE_P(Trees,
+                         ComponentApproval,
+                         ::testing::ValuesIn(cases()),
+                         testsupport::testName);
+
+TEST(ComponentApprovals, EveryFileHasItsCase) {
+  EXPECT_EQ(testsupport::expectedNames("Components"), testsupport::namesOf(cases()));
 }
 
 }  // namespace

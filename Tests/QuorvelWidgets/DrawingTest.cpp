@@ -5,7 +5,7 @@
 #include <cmath>
 
 #include "Rendering/Renderer.hpp"
-#include "Tests/Support/WidgetStates.hpp"
+#include "Tests/Support/WidgetLayouts.hpp"
 
 namespace quorvel {
 namespace {
@@ -28,7 +28,7 @@ class Drawing : public testing::Test {
     EXPECT_EQ(bitmap->height, side(options.size.height)) << layout.name << ", " << state.name;
   }
   void expectDrawn(const WidgetState& state, RenderOptions options) {
-    for (const WidgetLayout& layout : testsupport::kLayouts) expectDrawn(layout, state, options);
+    for (const WidgetLayout& layout : testsupport::layouts()) expectDrawn(layout, state, options);
   }
 
   rendering::Renderer renderer;

@@ -9,15 +9,17 @@
 #include <fstream>
 #include <vector>
 
+#include "QuorvelWidgets/Spending/SpendingWidget.hpp"
 #include "Rendering/Images/PngEncoder.hpp"
 #include "Rendering/Renderer.hpp"
 #include "Tests/Support/SafeToSpendCases.hpp"
-#include "Tests/Support/WidgetStates.hpp"
+#include "Tests/Support/WidgetLayouts.hpp"
 
 namespace quorvel {
 namespace {
 
 using rendering::RenderOptions;
+using testsupport::WidgetLayout;
 using viewkit::Appearance;
 using viewkit::RenderingMode;
 using widgetruntime::Environment;
@@ -128,40 +130,40 @@ TEST_P(GoldenPicture, LooksAsApproved) {
   expectApproved(GetParam().name, drawn(GetParam()));
 }
 
-struct WidgetScene {
-  const char* name;
-  testsupport::WidgetLayout layout;
-  rendering::Size size;
-};
+/// Each widget's sample of a day in the family that all of them are declared for, and the heat map.
+std::vector<WidgetLayout> widgetScenes() {
+  std::vector<WidgetLayout> scenes;
+  for (const auto& widget : testsupport::bundle().widgets) {
+    scenes.push_back(testsupport::layoutOf(widget.description.kind, WidgetFamily::systemMedium));
+  }
+  scenes.push_back(testsupport::layoutOf(SpendingWidget::kKind, WidgetFamily::systemLarge));
+  return scenes;
+}
 
-// One picture of each of the other widgets, from the sample of a day.
-TEST(WidgetGoldenPicture, EveryOtherWidgetLooksAsApproved) {
-  using testsupport::WidgetKind;
-  const WidgetScene scenes[] = {
-      {"card-limit-medium", {"", WidgetKind::cardLimit, WidgetFamily::systemMedium}, {364, 170}},
-      {"due-medium", {"", WidgetKind::due, WidgetFamily::systemMedium}, {364, 170}},
-      {"net-worth-medium", {"", WidgetKind::netWorth, WidgetFamily::systemMedium}, {364, 170}},
-      {"spending-large", {"", WidgetKind::spending, WidgetFamily::systemLarge}, {364, 382}},
-  };
+class WidgetGoldenPicture : public ::testing::TestWithParam<WidgetLayout> {};
+
+TEST_P(WidgetGoldenPicture, LooksAsApproved) {
   const auto now = testsupport::morningOf("2025-03-14");
   const testsupport::WidgetState state{"full", now, testsupport::richSnapshot("en", now), {}};
+  const bool isLarge = GetParam().family == WidgetFamily::systemLarge;
   rendering::Renderer renderer;
-  for (const WidgetScene& scene : scenes) {
-    SCOPED_TRACE(scene.name);
-    RenderOptions options;
-    options.size = scene.size;
-    const viewkit::View view = testsupport::viewOf(scene.layout, state);
-    expectApproved(scene.name, rendering::encodePng(renderer.bitmap(view, options).value()));
-  }
+  const auto bitmap = renderer.bitmap(testsupport::viewOf(GetParam(), state),
+                                      {.size = {364, isLarge ? 382.0 : 170.0}});
+  expectApproved(GetParam().name, rendering::encodePng(bitmap.value()));
 }
+
+INSTANTIATE_TEST_SUITE_P(Widgets,
+                         WidgetGoldenPicture,
+                         ::testing::ValuesIn(widgetScenes()),
+                         [](const auto& scene) {
+                           return testsupport::inUpperCamel(scene.param.name);
+                         });
 
 INSTANTIATE_TEST_SUITE_P(SafeToSpend,
                          GoldenPicture,
                          ::testing::ValuesIn(kScenes),
                          [](const auto& scene) {
-                           std::string name = scene.param.name;
-                           for (char& c : name) c = c == '-' ? '_' : c;
-                           return name;
+                           return testsupport::inUpperCamel(scene.param.name);
                          });
 
 TEST(GoldenPictureComparison, NoticesAPictureThatIsNotTheSame) {

@@ -5,12 +5,15 @@
 #include <cmath>
 #include <map>
 
+#include "QuorvelWidgets/CardLimit/CardLimitWidget.hpp"
+#include "QuorvelWidgets/Due/DueWidget.hpp"
+#include "QuorvelWidgets/Spending/SpendingWidget.hpp"
 #include "QuorvelWidgets/WidgetSupport/Components/WidgetChange.hpp"
 #include "QuorvelWidgets/WidgetSupport/Texts/ChangeDescription.hpp"
 #include "Rendering/Renderer.hpp"
+#include "Tests/Support/Devices.hpp"
 #include "Tests/Support/PlacedTexts.hpp"
 #include "Tests/Support/WidgetSamples.hpp"
-#include "Tests/Support/WidgetStates.hpp"
 
 namespace quorvel {
 namespace {
@@ -18,22 +21,12 @@ namespace {
 using rendering::LayoutTree;
 using rendering::PlacedNode;
 using rendering::Size;
+using testsupport::Device;
 using testsupport::FoundText;
-using testsupport::WidgetKind;
+using testsupport::layoutOf;
 using testsupport::WidgetLayout;
 using testsupport::WidgetState;
 using widgetruntime::WidgetFamily;
-
-/// Standard, compact and stress, in the order of the families.
-constexpr std::array<std::array<Size, 6>, 3> kScreens{{
-    {{{170, 170}, {364, 170}, {364, 382}, {76, 76}, {172, 76}, {257, 26}}},
-    {{{158, 158}, {338, 158}, {338, 354}, {72, 72}, {160, 72}, {234, 26}}},
-    {{{141, 141}, {292, 141}, {292, 311}, {68, 68}, {153, 68}, {225, 26}}},
-}};
-
-Size sizeOn(const std::array<Size, 6>& screen, WidgetFamily family) {
-  return screen[static_cast<std::size_t>(family)];
-}
 
 class NarrowScreen : public ::testing::Test {
  protected:
@@ -97,13 +90,13 @@ TEST_F(NarrowScreen, NoFigureIsEverCut) {
   std::map<std::string, int> cut;
   for (const std::string_view lang : kLanguageCodes) {
     for (const WidgetState& state : heavyStates(lang)) {
-      for (const WidgetLayout& layout : testsupport::kLayouts) {
-        for (const auto& screen : kScreens) {
-          const Size size = sizeOn(screen, layout.family);
+      for (const WidgetLayout& layout : testsupport::layouts()) {
+        for (const Device& device : testsupport::kDevices) {
+          const Size size = device.sizeOf(layout.family);
           const LayoutTree tree = place(layout, state, size);
           for (const FoundText& text : testsupport::find(tree).texts) {
             if (!isFigure(text) || !text.node->text->isCut()) continue;
-            ++cut[std::string{layout.name} + " " + std::string{state.name} + " at " +
+            ++cut[layout.name + " " + std::string{state.name} + " at " +
                   std::to_string(std::lround(size.width)) + ": " + text.element().text];
           }
         }
@@ -130,13 +123,12 @@ TEST_F(NarrowScreen, NothingIsLeftOutOfTheSampleOnScreensThatExist) {
   std::string leftOut;
   const auto now = testsupport::morningOf("2025-03-14");
   const WidgetState state{"full", now, testsupport::richSnapshot("en", now), {}};
-  for (const WidgetLayout& layout : testsupport::kLayouts) {
-    for (std::size_t screen = 0; screen < 2; ++screen) {
-      const Size size = sizeOn(kScreens[screen], layout.family);
+  for (const WidgetLayout& layout : testsupport::layouts()) {
+    for (const Device& device : testsupport::kRealDevices) {
+      const Size size = device.sizeOf(layout.family);
       const LayoutTree tree = place(layout, state, size);
-      collectLeftOut(tree.root,
-                     std::string{layout.name} + " at " + std::to_string(std::lround(size.width)),
-                     leftOut);
+      collectLeftOut(
+          tree.root, layout.name + " at " + std::to_string(std::lround(size.width)), leftOut);
     }
   }
   EXPECT_EQ(leftOut, "");
@@ -155,12 +147,12 @@ void collect(const PlacedNode& node,
 }
 
 TEST_F(NarrowScreen, HeatCellsAreSquareAtEverySize) {
-  const WidgetLayout layout{"spending-large", WidgetKind::spending, WidgetFamily::systemLarge};
+  const WidgetLayout layout = layoutOf(SpendingWidget::kKind, WidgetFamily::systemLarge);
   // March 2025 has six rows.
   const auto now = testsupport::morningOf("2025-03-14");
   const WidgetState state{"full", now, testsupport::richSnapshot("en", now), {}};
-  for (const auto& screen : kScreens) {
-    const LayoutTree tree = place(layout, state, sizeOn(screen, layout.family));
+  for (const Device& device : testsupport::kDevices) {
+    const LayoutTree tree = place(layout, state, device.sizeOf(layout.family));
     std::vector<const PlacedNode*> cells;
     collect(tree.root, "MonthHeatmap", false, cells);
     ASSERT_GE(cells.size(), 31U);
@@ -172,11 +164,11 @@ TEST_F(NarrowScreen, HeatCellsAreSquareAtEverySize) {
 }
 
 TEST_F(NarrowScreen, TheCardLimitsAmountEndsBeforeThePile) {
-  const WidgetLayout layout{"card-limit-medium", WidgetKind::cardLimit, WidgetFamily::systemMedium};
+  const WidgetLayout layout = layoutOf(CardLimitWidget::kKind, WidgetFamily::systemMedium);
   for (const std::string_view lang : kLanguageCodes) {
     for (const WidgetState& state : heavyStates(lang)) {
-      for (const auto& screen : kScreens) {
-        const Size size = sizeOn(screen, layout.family);
+      for (const Device& device : testsupport::kDevices) {
+        const Size size = device.sizeOf(layout.family);
         const LayoutTree tree = place(layout, state, size);
         // The pile is 152 wide and 14 from the trailing edge.
         const double edge = size.width - 152 - 14;
@@ -196,7 +188,7 @@ TEST_F(NarrowScreen, TheCardLimitsAmountEndsBeforeThePile) {
 }
 
 TEST_F(NarrowScreen, ADueLinksOverAllOfItsCardThatIsVisible) {
-  const WidgetLayout layout{"due-medium", WidgetKind::due, WidgetFamily::systemMedium};
+  const WidgetLayout layout = layoutOf(DueWidget::kKind, WidgetFamily::systemMedium);
   WidgetSnapshot snapshot = testsupport::smallSnapshot();
   for (auto& due : snapshot.dues) due.cardId = "a";
   const auto heights = [&](std::size_t dues) {
@@ -227,17 +219,17 @@ std::size_t amountsIn(const LayoutTree& tree, double size) {
 
 TEST_F(NarrowScreen, ALongNameCostsNoPaymentAndNoCategory) {
   const WidgetState state = withNames("The Account That Somebody Gave A Very Long Name");
-  const WidgetLayout due{"due-medium", WidgetKind::due, WidgetFamily::systemMedium};
-  const WidgetLayout spending{"spending-medium", WidgetKind::spending, WidgetFamily::systemMedium};
-  for (std::size_t screen = 0; screen < 2; ++screen) {
-    EXPECT_EQ(amountsIn(place(due, state, sizeOn(kScreens[screen], due.family)), 13.5), 3U);
-    const Size size = sizeOn(kScreens[screen], spending.family);
+  const WidgetLayout due = layoutOf(DueWidget::kKind, WidgetFamily::systemMedium);
+  const WidgetLayout spending = layoutOf(SpendingWidget::kKind, WidgetFamily::systemMedium);
+  for (const Device& device : testsupport::kRealDevices) {
+    EXPECT_EQ(amountsIn(place(due, state, device.sizeOf(due.family)), 13.5), 3U);
+    const Size size = device.sizeOf(spending.family);
     EXPECT_EQ(amountsIn(place(spending, state, size), 13), 1U);
   }
 }
 
 TEST_F(NarrowScreen, ANameThatIsALittleTooLongShrinksBeforeItsSubtitleLeaves) {
-  const WidgetLayout layout{"due-small", WidgetKind::due, WidgetFamily::systemSmall};
+  const WidgetLayout layout = layoutOf(DueWidget::kKind, WidgetFamily::systemSmall);
   WidgetState state = withNames("Northbank Everyday");
   for (auto& due : state.snapshot->dues) due.subtitle = "Card";
   const LayoutTree tree = place(layout, state, {158, 158});
@@ -250,9 +242,9 @@ TEST_F(NarrowScreen, ANameThatIsALittleTooLongShrinksBeforeItsSubtitleLeaves) {
 }
 
 TEST_F(NarrowScreen, TheSmallCardStaysInsideItsMargins) {
-  const WidgetLayout layout{"card-limit-small", WidgetKind::cardLimit, WidgetFamily::systemSmall};
-  for (const auto& screen : kScreens) {
-    const Size size = sizeOn(screen, layout.family);
+  const WidgetLayout layout = layoutOf(CardLimitWidget::kKind, WidgetFamily::systemSmall);
+  for (const Device& device : testsupport::kDevices) {
+    const Size size = device.sizeOf(layout.family);
     const LayoutTree tree = place(layout, withNames("Everyday"), size);
     const auto found = testsupport::find(tree);
     ASSERT_FALSE(found.texts.empty());
@@ -274,7 +266,7 @@ TEST_F(NarrowScreen, APlaceholderStaysWhereItsTextStands) {
   WidgetState state = withNames("Rent");
   state.environment.redactionReasons.placeholder = true;
   for (auto& due : state.snapshot->dues) due.symbol = due.brandId = std::nullopt;
-  const WidgetLayout due{"due-medium", WidgetKind::due, WidgetFamily::systemMedium};
+  const WidgetLayout due = layoutOf(DueWidget::kKind, WidgetFamily::systemMedium);
   const LayoutTree dues = place(due, state, {364, 170});
   std::size_t letters = 0;
   for (const FoundText& text : testsupport::find(dues).texts) {
@@ -283,7 +275,7 @@ TEST_F(NarrowScreen, APlaceholderStaysWhereItsTextStands) {
     EXPECT_LE(text.node->frame.width, 0.6 * 28 + 1e-6);
   }
   EXPECT_EQ(letters, 3U);
-  const WidgetLayout spending{"spending-medium", WidgetKind::spending, WidgetFamily::systemMedium};
+  const WidgetLayout spending = layoutOf(SpendingWidget::kKind, WidgetFamily::systemMedium);
   const LayoutTree month = place(spending, state, {364, 170});
   std::size_t labels = 0;
   for (const FoundText& text : testsupport::find(month).texts) {

@@ -8,8 +8,8 @@
 #include "Foundation/JsonWriter.hpp"
 #include "Rendering/Images/PngEncoder.hpp"
 #include "Rendering/Renderer.hpp"
+#include "Tests/Support/Devices.hpp"
 #include "Tests/Support/PlacedTexts.hpp"
-#include "Tests/Support/WidgetStates.hpp"
 #include "ViewKit/TreeJson.hpp"
 
 namespace quorvel {
@@ -19,7 +19,6 @@ using rendering::Rect;
 using testsupport::inkBox;
 using testsupport::WidgetLayout;
 using testsupport::WidgetState;
-using widgetruntime::WidgetFamily;
 
 /// Chooses within the format, with a liking for its edges.
 class Chooser {
@@ -77,86 +76,90 @@ class Chooser {
     return items;
   }
 
+  std::vector<std::string> colors() {
+    return list(4, [this] { return color(); });
+  }
+
  private:
   std::mt19937 random_;
 };
 
-WidgetSnapshot randomSnapshot(Chooser& choose) {
+WidgetSnapshot::Due randomDue(Chooser& choose) {
   const auto text = [&] { return choose.text(); };
+  return {.id = text(),
+          .name = text(),
+          .amount = choose.amount(),
+          .dueDate = choose.day(),
+          .kind = text(),
+          .cardId = choose.maybe(text),
+          .face = choose.maybe([&] { return choose.colors(); }),
+          .subtitle = choose.maybe(text),
+          .brandId = choose.maybe(text),
+          .symbol = choose.maybe(text)};
+}
+
+WidgetSnapshot::Card randomCard(Chooser& choose) {
+  const auto text = [&] { return choose.text(); };
+  return {.id = text(),
+          .bankName = text(),
+          .productName = text(),
+          .last4 = choose.maybe(text),
+          .limit = choose.amount(),
+          .remaining = choose.amount(),
+          .gradient = choose.colors(),
+          .hasImage = choose.coin()};
+}
+
+WidgetSnapshot::Budget randomBudget(Chooser& choose) {
+  return {.total = choose.amount(),
+          .spent = choose.amount(),
+          .periodEnd = choose.day(),
+          .periodStart = choose.maybe([&] { return choose.day(); })};
+}
+
+WidgetSnapshot::Spending randomSpending(Chooser& choose) {
+  const auto text = [&] { return choose.text(); };
+  return {.month = choose.month(),
+          .spent = choose.amount(),
+          .lastMonthSpent = choose.amount(),
+          .topCategory = choose.maybe(text),
+          .topCategoryAmount = choose.amount(),
+          .daily = choose.list(40, [&] { return choose.amount(); }),
+          .topCategoryIcon = choose.maybe(text),
+          .topCategoryColor = choose.maybe([&] { return choose.shade(); })};
+}
+
+WidgetSnapshot::NetWorth randomNetWorth(Chooser& choose) {
   const auto amount = [&] { return choose.amount(); };
-  const auto colors = [&] { return choose.list(4, [&] { return choose.color(); }); };
-  const auto days = [&] { return choose.list(40, amount); };
+  const auto point = [&] { return WidgetSnapshot::NetWorth::Point{choose.month(), amount()}; };
+  return {.value = amount(),
+          .changePercent = choose.maybe(amount),
+          .assets = amount(),
+          .liabilities = amount(),
+          .history = choose.list(70, point),
+          .liquid = choose.maybe(amount),
+          .nonLiquid = choose.maybe(amount)};
+}
+
+WidgetSnapshot randomSnapshot(Chooser& choose) {
   WidgetSnapshot snapshot;
   snapshot.generatedAt = testsupport::morningOf("2025-03-14");
   snapshot.isHidden = choose.below(4) == 0;
   snapshot.lang = std::string{kLanguageCodes[choose.below(kLanguageCount)]};
-  snapshot.money = {.symbol = choose.coin() ? "$" : text(),
+  snapshot.money = {.symbol = choose.coin() ? "$" : choose.text(),
                     .showDecimals = choose.coin(),
-                    .conversionRate = choose.maybe(amount)};
-  snapshot.dues = choose.list(5, [&] {
-    return WidgetSnapshot::Due{.id = text(),
-                               .name = text(),
-                               .amount = amount(),
-                               .dueDate = choose.day(),
-                               .kind = text(),
-                               .cardId = choose.maybe(text),
-                               .face = choose.maybe(colors),
-                               .subtitle = choose.maybe(text),
-                               .brandId = choose.maybe(text),
-                               .symbol = choose.maybe(text)};
-  });
-  snapshot.cards = choose.list(7, [&] {
-    return WidgetSnapshot::Card{.id = text(),
-                                .bankName = text(),
-                                .productName = text(),
-                                .last4 = choose.maybe(text),
-                                .limit = amount(),
-                                .remaining = amount(),
-                                .gradient = colors(),
-                                .hasImage = choose.coin()};
-  });
-  snapshot.totalLimit = amount();
-  snapshot.totalRemaining = amount();
-  snapshot.budget = choose.maybe([&] {
-    return WidgetSnapshot::Budget{.total = amount(),
-                                  .spent = amount(),
-                                  .periodEnd = choose.day(),
-                                  .periodStart = choose.maybe([&] { return choose.day(); })};
-  });
-  snapshot.spending = choose.maybe([&] {
-    return WidgetSnapshot::Spending{
-        .month = choose.month(),
-        .spent = amount(),
-        .lastMonthSpent = amount(),
-        .topCategory = choose.maybe(text),
-        .topCategoryAmount = amount(),
-        .daily = days(),
-        .topCategoryIcon = choose.maybe(text),
-        .topCategoryColor = choose.maybe([&] { return choose.shade(); })};
-  });
-  snapshot.netWorth = choose.maybe([&] {
-    return WidgetSnapshot::NetWorth{
-        .value = amount(),
-        .changePercent = choose.maybe(amount),
-        .assets = amount(),
-        .liabilities = amount(),
-        .history = choose.list(70,
-                               [&] {
-                                 return WidgetSnapshot::NetWorth::Point{choose.month(), amount()};
-                               }),
-        .liquid = choose.maybe(amount),
-        .nonLiquid = choose.maybe(amount)};
-  });
+                    .conversionRate = choose.maybe([&] { return choose.amount(); })};
+  snapshot.dues = choose.list(5, [&] { return randomDue(choose); });
+  snapshot.cards = choose.list(7, [&] { return randomCard(choose); });
+  snapshot.totalLimit = choose.amount();
+  snapshot.totalRemaining = choose.amount();
+  snapshot.budget = choose.maybe([&] { return randomBudget(choose); });
+  snapshot.spending = choose.maybe([&] { return randomSpending(choose); });
+  snapshot.netWorth = choose.maybe([&] { return randomNetWorth(choose); });
   snapshot.accent = choose.maybe([&] {
     return WidgetSnapshot::Accent{choose.shade(), choose.shade(), choose.shade()};
   });
   return snapshot;
-}
-
-rendering::Size sizeOf(WidgetFamily family) {
-  static constexpr rendering::Size kSizes[] = {
-      {158, 158}, {338, 158}, {338, 354}, {72, 72}, {160, 72}, {234, 26}};
-  return kSizes[static_cast<std::size_t>(family)];
 }
 
 bool isSound(const Rect& frame) {
@@ -203,10 +206,11 @@ TEST(RandomDocuments, EveryWidgetLaysThemOutSoundly) {
     ASSERT_TRUE(decoded) << "seed " << seed;
     ASSERT_EQ(*decoded, snapshot) << "seed " << seed;
     const WidgetState state{"random", testsupport::morningOf("2025-03-14"), *decoded, {}};
-    for (const WidgetLayout& layout : testsupport::kLayouts) {
-      const auto tree =
-          renderer.place(testsupport::viewOf(layout, state), {.size = sizeOf(layout.family)})
-              .value();
+    for (const WidgetLayout& layout : testsupport::layouts()) {
+      const auto tree = renderer
+                            .place(testsupport::viewOf(layout, state),
+                                   {.size = testsupport::kCompactDevice.sizeOf(layout.family)})
+                            .value();
       EXPECT_EQ(faultOf(tree), "") << layout.name << ", seed " << seed;
     }
   }
@@ -234,8 +238,8 @@ TEST(RandomDocuments, EveryWidgetDrawsThemInEveryForm) {
   for (unsigned seed = 1; seed <= kDocuments; ++seed) {
     Chooser choose{seed};
     WidgetState state{"random", testsupport::morningOf("2025-03-14"), randomSnapshot(choose), {}};
-    for (const WidgetLayout& layout : testsupport::kLayouts) {
-      SCOPED_TRACE(std::string{layout.name} + ", seed " + std::to_string(seed));
+    for (const WidgetLayout& layout : testsupport::layouts()) {
+      SCOPED_TRACE(layout.name + ", seed " + std::to_string(seed));
       const rendering::RenderOptions options = randomOptions(choose);
       state.environment.widgetRenderingMode = options.mode;
       state.environment.redactionReasons = options.redaction;
@@ -275,7 +279,7 @@ TEST(LargeDocuments, GiveTreesOfTheSameSize) {
   many.cards.resize(10000, few.cards.back());
   const WidgetState small = decodedState(few);
   const WidgetState large = decodedState(many);
-  for (const WidgetLayout& layout : testsupport::kLayouts) {
+  for (const WidgetLayout& layout : testsupport::layouts()) {
     const std::size_t grown = layout.name == "card-limit-medium" ? 3 : 0;
     EXPECT_EQ(wireOf(layout, large).size(), wireOf(layout, small).size() + grown) << layout.name;
   }
@@ -289,7 +293,7 @@ TEST(LargeDocuments, LongHistoriesAreCutToWhatCanBeSeen) {
   snapshot.netWorth->history.resize(100000, {"2025-01", 1});
   snapshot.spending->daily.resize(100000, 5);
   const WidgetState large = decodedState(snapshot);
-  for (const WidgetLayout& layout : testsupport::kLayouts) {
+  for (const WidgetLayout& layout : testsupport::layouts()) {
     EXPECT_EQ(wireOf(layout, large).size(), wireOf(layout, small).size()) << layout.name;
   }
 }
@@ -306,7 +310,7 @@ TEST(LargeDocuments, ANameOfAMegabyteStillGivesAReadableTree) {
   }
   snapshot.spending->topCategoryIcon = name;
   const WidgetState state = decodedState(snapshot);
-  for (const WidgetLayout& layout : testsupport::kLayouts) {
+  for (const WidgetLayout& layout : testsupport::layouts()) {
     const std::string wire = wireOf(layout, state);
     EXPECT_LT(wire.size(), std::size_t{1} << 20) << layout.name;
     const auto json = foundation::parseJson(wire);

@@ -1,8 +1,6 @@
 // The trees of the safe-to-spend widget, state by state, as a person has approved them.
 #include <gtest/gtest.h>
 
-#include <set>
-
 #include "Tests/Support/Approval.hpp"
 #include "Tests/Support/SafeToSpendCases.hpp"
 #include "ViewKit/Dump.hpp"
@@ -10,6 +8,7 @@
 namespace quorvel {
 namespace {
 
+using testsupport::ApprovalCase;
 using widgetruntime::Environment;
 using widgetruntime::RenderingMode;
 using widgetruntime::WidgetFamily;
@@ -78,31 +77,43 @@ std::string dumpOf(const State& state, const Layout& layout) {
       testsupport::entryWith(state.snapshot, layout.style), environment));
 }
 
-TEST(SafeToSpendApproval, EveryLayoutInEveryState) {
-  const Layout layouts[] = {
-      {"accent", WidgetFamily::systemSmall, SafeToSpendStyle::accent},
-      {"ring", WidgetFamily::systemSmall, SafeToSpendStyle::ring},
-      {"medium", WidgetFamily::systemMedium, SafeToSpendStyle::accent},
+std::vector<ApprovalCase> cases() {
+  std::vector<ApprovalCase> cases;
+  const auto add = [&](const Layout& layout, const State& state) {
+    cases.push_back(
+        {"SafeToSpend/" + layout.name + "-" + state.name, [=] { return dumpOf(state, layout); }});
   };
-  std::set<std::string> names;
-  const auto approve = [&](const Layout& layout, const State& state) {
-    const std::string name = "SafeToSpend/" + layout.name + "-" + state.name;
-    names.insert(name);
-    EXPECT_TRUE(testsupport::matchesExpected(name, dumpOf(state, layout)));
-  };
-  for (const Layout& layout : layouts) {
-    for (const State& state : states()) approve(layout, state);
+  const Layout accent{"accent", WidgetFamily::systemSmall, SafeToSpendStyle::accent};
+  const Layout ring{"ring", WidgetFamily::systemSmall, SafeToSpendStyle::ring};
+  const Layout medium{"medium", WidgetFamily::systemMedium, SafeToSpendStyle::accent};
+  for (const Layout& layout : {accent, ring, medium}) {
+    for (const State& state : states()) add(layout, state);
   }
-  approve(layouts[0], {"no-budget", testsupport::emptySnapshot(), {}});
-  approve(layouts[0], {"no-snapshot", std::nullopt, {}});
+  add(accent, {"no-budget", testsupport::emptySnapshot(), {}});
+  add(accent, {"no-snapshot", std::nullopt, {}});
   for (const auto& [name, family] : {std::pair{"circular", WidgetFamily::accessoryCircular},
                                      {"rectangular", WidgetFamily::accessoryRectangular},
                                      {"inline", WidgetFamily::accessoryInline}}) {
     State vibrant{"vibrant", normal(), {}};
     vibrant.environment.widgetRenderingMode = RenderingMode::vibrant;
-    approve({name, family, SafeToSpendStyle::accent}, vibrant);
+    add({name, family, SafeToSpendStyle::accent}, vibrant);
   }
-  EXPECT_EQ(testsupport::expectedNames("SafeToSpend"), names);
+  return cases;
+}
+
+class SafeToSpendApproval : public ::testing::TestWithParam<ApprovalCase> {};
+
+TEST_P(SafeToSpendApproval, IsAsApproved) {
+  EXPECT_TRUE(matchesExpected(GetParam()));
+}
+
+INSTANTIATE_TEST_SUITE_P(Trees,
+                         SafeToSpendApproval,
+                         ::testing::ValuesIn(cases()),
+                         testsupport::testName);
+
+TEST(SafeToSpendApprovals, EveryFileHasItsCase) {
+  EXPECT_EQ(testsupport::expectedNames("SafeToSpend"), testsupport::namesOf(cases()));
 }
 
 }  // namespace

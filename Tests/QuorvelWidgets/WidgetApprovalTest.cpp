@@ -1,30 +1,18 @@
-// The trees of the card limit, due, net worth and spending widgets, state by state, as a person has
-// approved them.
+// The trees of the widgets, state by state, as a person has approved them.
 #include <gtest/gtest.h>
 
-#include <set>
-
+#include "QuorvelWidgets/SafeToSpend/SafeToSpendWidget.hpp"
 #include "Tests/Support/Approval.hpp"
+#include "Tests/Support/WidgetLayouts.hpp"
 #include "Tests/Support/WidgetSamples.hpp"
-#include "Tests/Support/WidgetStates.hpp"
 #include "ViewKit/Dump.hpp"
 
 namespace quorvel {
 namespace {
 
-using testsupport::WidgetKind;
+using testsupport::ApprovalCase;
 using testsupport::WidgetLayout;
 using testsupport::WidgetState;
-
-struct Folder {
-  std::string name;
-  WidgetKind kind;
-};
-
-const Folder kFolders[] = {{"CardLimit", WidgetKind::cardLimit},
-                           {"Due", WidgetKind::due},
-                           {"NetWorth", WidgetKind::netWorth},
-                           {"Spending", WidgetKind::spending}};
 
 std::vector<WidgetState> approvedStates() {
   const auto now = testsupport::februaryTenth();
@@ -43,22 +31,40 @@ std::vector<WidgetState> approvedStates() {
   return states;
 }
 
-TEST(WidgetApproval, EveryLayoutInEveryState) {
-  for (const Folder& folder : kFolders) {
-    std::set<std::string> names;
-    for (const WidgetLayout& layout : testsupport::kLayouts) {
-      if (layout.kind != folder.kind) continue;
-      const auto family = layout.name.substr(layout.name.rfind('-') + 1);
-      for (const WidgetState& state : approvedStates()) {
-        const std::string name =
-            folder.name + "/" + std::string{family} + "-" + std::string{state.name};
-        names.insert(name);
-        EXPECT_TRUE(
-            testsupport::matchesExpected(name, viewkit::dump(testsupport::viewOf(layout, state))));
-      }
+/// Safe-to-spend has states of its own.
+bool isApprovedHere(const WidgetLayout& layout) {
+  return layout.kind != SafeToSpendWidget::kKind;
+}
+
+std::vector<ApprovalCase> cases() {
+  std::vector<ApprovalCase> cases;
+  for (const WidgetLayout& layout : testsupport::layouts()) {
+    if (!isApprovedHere(layout)) continue;
+    for (const WidgetState& state : approvedStates()) {
+      cases.push_back({layout.widget + "/" + layout.form + "-" + std::string{state.name},
+                       [=] { return viewkit::dump(testsupport::viewOf(layout, state)); }});
     }
-    EXPECT_EQ(testsupport::expectedNames(folder.name), names);
   }
+  return cases;
+}
+
+class WidgetApproval : public ::testing::TestWithParam<ApprovalCase> {};
+
+TEST_P(WidgetApproval, IsAsApproved) {
+  EXPECT_TRUE(matchesExpected(GetParam()));
+}
+
+INSTANTIATE_TEST_SUITE_P(Trees,
+                         WidgetApproval,
+                         ::testing::ValuesIn(cases()),
+                         testsupport::testName);
+
+TEST(WidgetApprovals, EveryFileHasItsCase) {
+  std::set<std::string> files;
+  for (const WidgetLayout& layout : testsupport::layouts()) {
+    if (isApprovedHere(layout)) files.merge(testsupport::expectedNames(layout.widget));
+  }
+  EXPECT_EQ(files, testsupport::namesOf(cases()));
 }
 
 }  // namespace

@@ -1,16 +1,27 @@
 // Compares a text with the file that a person has read and approved.
+//
+//     class TreeApproval : public ::testing::TestWithParam<testsupport::ApprovalCase> {};
+//     TEST_P(TreeApproval, IsAsApproved) { EXPECT_TRUE(matchesExpected(GetParam())); }
+//     INSTANTIATE_TEST_SUITE_P(Trees, TreeApproval, ValuesIn(cases()), testsupport::testName);
+//     TEST(TreeApprovals, EveryFileHasItsCase) {
+//       EXPECT_EQ(testsupport::expectedNames("Trees"), testsupport::namesOf(cases()));
+//     }
 #pragma once
 
 #include <gtest/gtest.h>
 
+#include <cctype>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <iterator>
+#include <ostream>
 #include <set>
 #include <sstream>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace testsupport {
 
@@ -69,6 +80,40 @@ inline std::set<std::string> expectedNames(std::string_view folder) {
     names.insert(std::string{folder} + "/" + entry.path().stem().string());
   }
   return names;
+}
+
+// ---- one test per file
+
+struct ApprovalCase {
+  std::string name;  ///< a path below Tests/Expected without ".txt"
+  std::function<std::string()> text;
+};
+
+inline void PrintTo(const ApprovalCase& approval, std::ostream* out) {
+  *out << approval.name;
+}
+
+inline ::testing::AssertionResult matchesExpected(const ApprovalCase& approval) {
+  return matchesExpected(approval.name, approval.text());
+}
+
+inline std::set<std::string> namesOf(const std::vector<ApprovalCase>& cases) {
+  std::set<std::string> names;
+  for (const ApprovalCase& approval : cases) names.insert(approval.name);
+  return names;
+}
+
+/// "Due/small-full" is the test "Due_SmallFull".
+inline std::string testName(const ::testing::TestParamInfo<ApprovalCase>& info) {
+  std::string name;
+  bool startsWord = true;
+  for (const char c : info.param.name) {
+    if (c == '/') name += '_';
+    const bool isLetter = std::isalnum(static_cast<unsigned char>(c)) != 0;
+    if (isLetter) name += startsWord ? static_cast<char>(std::toupper(c)) : c;
+    startsWord = !isLetter;
+  }
+  return name;
 }
 
 }  // namespace testsupport

@@ -1,7 +1,6 @@
-// Every layout that a person can place, and the states in which a document can put it.
+// The states in which a document, a day and a host can put a widget.
 #pragma once
 
-#include <cstdint>
 #include <functional>
 #include <optional>
 #include <set>
@@ -11,50 +10,15 @@
 #include <vector>
 
 #include "Foundation/Instant.hpp"
-#include "QuorvelWidgets/CardLimit/CardLimitView.hpp"
-#include "QuorvelWidgets/Due/DueWidgetView.hpp"
 #include "QuorvelWidgets/Gallery/SnapshotStates.hpp"
-#include "QuorvelWidgets/NetWorth/NetWorthWidgetView.hpp"
-#include "QuorvelWidgets/SafeToSpend/SafeToSpendView.hpp"
-#include "QuorvelWidgets/Spending/SpendingWidgetView.hpp"
 #include "QuorvelWidgets/WidgetSupport/Snapshot/SnapshotSample.hpp"
 #include "QuorvelWidgets/WidgetSupport/Snapshot/WidgetLanguage.hpp"
+#include "WidgetRuntime/Environment.hpp"
 
 namespace testsupport {
 
 using quorvel::WidgetSnapshot;
 using widgetruntime::Environment;
-using widgetruntime::WidgetFamily;
-
-enum class WidgetKind : std::uint8_t { cardLimit, due, netWorth, accentTile, ring, spending };
-
-struct WidgetLayout {
-  std::string_view name;
-  WidgetKind kind;
-  WidgetFamily family;
-};
-
-/// The declared families, the two looks of safe-to-spend, and the accessory forms that are drawn
-/// for previews.
-inline constexpr WidgetLayout kLayouts[] = {
-    {"card-limit-small", WidgetKind::cardLimit, WidgetFamily::systemSmall},
-    {"card-limit-medium", WidgetKind::cardLimit, WidgetFamily::systemMedium},
-    {"card-limit-large", WidgetKind::cardLimit, WidgetFamily::systemLarge},
-    {"due-small", WidgetKind::due, WidgetFamily::systemSmall},
-    {"due-medium", WidgetKind::due, WidgetFamily::systemMedium},
-    {"due-rectangular", WidgetKind::due, WidgetFamily::accessoryRectangular},
-    {"due-inline", WidgetKind::due, WidgetFamily::accessoryInline},
-    {"due-circular", WidgetKind::due, WidgetFamily::accessoryCircular},
-    {"net-worth-small", WidgetKind::netWorth, WidgetFamily::systemSmall},
-    {"net-worth-medium", WidgetKind::netWorth, WidgetFamily::systemMedium},
-    {"net-worth-large", WidgetKind::netWorth, WidgetFamily::systemLarge},
-    {"accent-tile", WidgetKind::accentTile, WidgetFamily::systemSmall},
-    {"ring", WidgetKind::ring, WidgetFamily::systemSmall},
-    {"safe-to-spend-medium", WidgetKind::accentTile, WidgetFamily::systemMedium},
-    {"spending-small", WidgetKind::spending, WidgetFamily::systemSmall},
-    {"spending-medium", WidgetKind::spending, WidgetFamily::systemMedium},
-    {"spending-large", WidgetKind::spending, WidgetFamily::systemLarge},
-};
 
 struct WidgetState {
   std::string_view name;
@@ -62,40 +26,6 @@ struct WidgetState {
   std::optional<WidgetSnapshot> snapshot;
   Environment environment;
 };
-
-inline viewkit::View viewOf(const WidgetLayout& layout, const WidgetState& state) {
-  using namespace quorvel;
-  Environment environment = state.environment;
-  environment.widgetFamily = layout.family;
-  const std::string scheme = "quorvel-widget";
-  const auto safeToSpend = [&](SafeToSpendStyle style) {
-    const SafeToSpendEntry entry{state.date, state.snapshot, style};
-    return SafeToSpendView{{.entry = entry, .environment = environment, .urlScheme = scheme}}
-        .body();
-  };
-  const SnapshotEntry entry{state.date, state.snapshot};
-  switch (layout.kind) {
-    case WidgetKind::cardLimit: {
-      const CardEntry cards{state.date, state.snapshot, std::nullopt};
-      return CardLimitView{{.entry = cards, .environment = environment, .urlScheme = scheme}}
-          .body();
-    }
-    case WidgetKind::due:
-      return DueWidgetView{{.entry = entry, .environment = environment, .urlScheme = scheme}}
-          .body();
-    case WidgetKind::netWorth:
-      return NetWorthWidgetView{{.entry = entry, .environment = environment, .urlScheme = scheme}}
-          .body();
-    case WidgetKind::accentTile:
-      return safeToSpend(SafeToSpendStyle::accent);
-    case WidgetKind::ring:
-      return safeToSpend(SafeToSpendStyle::ring);
-    case WidgetKind::spending:
-      return SpendingWidgetView{{.entry = entry, .environment = environment, .urlScheme = scheme}}
-          .body();
-  }
-  return {};
-}
 
 inline foundation::Instant morningOf(std::string_view day) {
   return *foundation::parseInternetDateTime(std::string{day} + "T09:30:00Z");

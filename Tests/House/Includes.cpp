@@ -74,7 +74,7 @@ std::vector<Room> makeRooms() {
       renderingRoom("Host/Rendering/Graphics/", {}),
       renderingRoom("Host/Rendering/Images/",
                     {"Rendering/Graphics/"},
-                    {"png.h", "jpeglib.h", "libdeflate.h"}),
+                    {"png.h", "jpeglib.h", "libdeflate.h", "emmintrin.h"}),
       renderingRoom("Host/Rendering/Text/",
                     {"Rendering/Images/", "Rendering/Graphics/"},
                     {"unicode/", "hb", "ft2build.h", "freetype/"}),

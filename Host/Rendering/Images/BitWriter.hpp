@@ -1,7 +1,8 @@
 // Bits into bytes, lowest first, as deflate packs them (RFC 1951, 3.1.1).
 #pragma once
 
-#include <array>
+#include <algorithm>
+#include <bit>
 #include <cstdint>
 #include <cstring>
 #include <string>
@@ -13,33 +14,36 @@ class BitWriter {
  public:
   explicit BitWriter(std::string& out) : out_(out), at_(out.size()) {}
 
-  /// At most 32 bits, none set above them.
+  /// To be called before so many bytes are put.
+  void makeRoom(std::size_t bytes) {
+    const std::size_t needed = at_ + bytes + sizeof held_;
+    if (needed > out_.size()) [[unlikely]]
+      out_.resize(std::max(needed, out_.size() * 2));
+  }
+
+  /// At most 56 bits, none set above them. Always writes all that is held, which costs less than
+  /// asking whether a byte is full.
   void put(std::uint64_t bits, int count) {
     held_ |= bits << used_;
     used_ += count;
-    if (used_ >= 32) {
-      if (out_.size() < at_ + 8) [[unlikely]]
-        out_.resize(out_.size() * 2 + 4096);
-      const auto low = static_cast<std::uint32_t>(held_);
-      const std::array<char, 4> bytes{static_cast<char>(low),
-                                      static_cast<char>(low >> 8),
-                                      static_cast<char>(low >> 16),
-                                      static_cast<char>(low >> 24)};
-      std::memcpy(out_.data() + at_, bytes.data(), bytes.size());
-      at_ += 4;
-      held_ >>= 32;
-      used_ -= 32;
-    }
+    const std::uint64_t bytes =
+        std::endian::native == std::endian::little ? held_ : std::byteswap(held_);
+    std::memcpy(out_.data() + at_, &bytes, sizeof bytes);
+    const int full = used_ / 8;
+    at_ += static_cast<std::size_t>(full);
+    held_ >>= full * 8;
+    used_ %= 8;
   }
+
+  /// Pads the last byte with zeros.
   void finish() {
-    out_.resize(at_);
-    for (; used_ > 0; used_ -= 8, held_ >>= 8) out_.push_back(static_cast<char>(held_));
+    out_.resize(at_ + (used_ > 0 ? 1 : 0));
     used_ = 0;
   }
 
  private:
   std::string& out_;
-  std::size_t at_;
+  std::size_t at_;  ///< the byte that is not full yet
   std::uint64_t held_ = 0;
   int used_ = 0;
 };

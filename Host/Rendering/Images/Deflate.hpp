@@ -48,4 +48,9 @@ constexpr Code distanceCode(unsigned distance) {
   return divided(distance - 1, 1);
 }
 
+/// How many bits follow a distance's symbol.
+constexpr int distanceExtraBits(int symbol) {
+  return symbol < 4 ? 0 : symbol / 2 - 1;
+}
+
 }  // namespace rendering::deflate

@@ -88,6 +88,8 @@ BlockCodes::BlockCodes(const SymbolCounts& counts) {
 
 void BlockCodes::writeHeader(BitWriter& bits) const {
   constexpr int kLast = 1;
+  constexpr std::size_t kMostBytes = (kLiterals + kDistances + kCodeLengths) * 2;
+  bits.makeRoom(kMostBytes);
   bits.put(kLast, 1);
   bits.put(kDynamicCodes, 2);
   bits.put(kLiterals - kFewestLiterals, 5);

@@ -16,32 +16,37 @@ struct SymbolCounts {
   std::array<std::uint32_t, kDistances> distances{};
 };
 
+/// What is written at once: at most 56 bits.
+struct Bits {
+  std::uint64_t value = 0;
+  int count = 0;
+
+  [[nodiscard]] Bits then(const Bits& next) const {
+    return {value | next.value << count, count + next.count};
+  }
+  void writeTo(BitWriter& writer) const { writer.put(value, count); }
+};
+
 class BlockCodes {
  public:
   explicit BlockCodes(const SymbolCounts& counts);
 
-  /// The header of the stream's last block.
+  /// The header of the stream's last block, for which it makes room.
   void writeHeader(BitWriter& bits) const;
 
-  void writeByte(BitWriter& bits, std::uint32_t byte) const {
-    bits.put(literalCodes_[byte], literalLengths_[byte]);
+  [[nodiscard]] Bits literal(std::uint32_t byte) const {
+    return {literalCodes_[byte], literalLengths_[byte]};
   }
-  void writeBytes(BitWriter& bits, std::uint32_t first, std::uint32_t second) const {
-    bits.put(literalCodes_[first] | std::uint64_t{literalCodes_[second]} << literalLengths_[first],
-             literalLengths_[first] + literalLengths_[second]);
+  [[nodiscard]] Bits length(const Code& code) const {
+    return literal(code.symbol).then({code.extra, code.extraBits});
   }
-  void writeMatch(BitWriter& bits, const Code& length, const Code& distance) const {
-    writeWithExtra(bits, literalCodes_[length.symbol], literalLengths_[length.symbol], length);
-    writeWithExtra(
-        bits, distanceCodes_[distance.symbol], distanceLengths_[distance.symbol], distance);
+  [[nodiscard]] Bits distance(std::uint16_t symbol, std::uint16_t extra) const {
+    const Bits huffman{distanceCodes_[symbol], distanceLengths_[symbol]};
+    return huffman.then({extra, distanceExtraBits(symbol)});
   }
-  void writeEnd(BitWriter& bits) const { writeByte(bits, kEndOfBlock); }
+  [[nodiscard]] Bits endOfBlock() const { return literal(kEndOfBlock); }
 
  private:
-  static void writeWithExtra(BitWriter& bits, std::uint16_t huffman, int size, const Code& code) {
-    bits.put(huffman | std::uint64_t{code.extra} << size, size + code.extraBits);
-  }
-
   std::array<std::uint8_t, kLiterals> literalLengths_{};
   std::array<std::uint16_t, kLiterals> literalCodes_{};
   std::array<std::uint8_t, kDistances> distanceLengths_{};

@@ -2,9 +2,8 @@
 
 #include <libdeflate.h>
 
-#include <algorithm>
+#include <array>
 #include <string_view>
-#include <vector>
 
 #include "Rendering/Images/BitWriter.hpp"
 #include "Rendering/Images/DeflateBlock.hpp"
@@ -15,70 +14,62 @@ namespace rendering {
 
 namespace {
 
-constexpr std::uint32_t kNoFilter = 0;  // the first byte of every row
-
 void putNumber(std::string& out, std::uint32_t value) {
   for (int shift = 24; shift >= 0; shift -= 8) out.push_back(static_cast<char>(value >> shift));
 }
 
-/// The matches that copies become: whole pixels, no more than a match may have.
-class Matches {
+/// Writes a picture's tokens in the codes of one block.
+class TokenWriter {
  public:
-  explicit Matches(std::uint32_t channels) : most_(deflate::kLongestMatch / channels) {
-    lengths_.resize(most_ + 1);
-    for (std::uint32_t i = 1; i <= most_; ++i) lengths_[i] = deflate::lengthCode(i * channels);
-  }
-
-  template <class Use>
-  void each(std::uint32_t pixels, Use use) const {
-    while (pixels > 0) {
-      const std::uint32_t part = std::min(pixels, most_);
-      use(lengths_[part]);
-      pixels -= part;
+  TokenWriter(const deflate::BlockCodes& codes, const PngTokens& tokens, std::uint32_t channels)
+      : codes_(codes), tokens_(tokens), channels_(channels), longest_(tokens.longestMatch()) {
+    for (std::uint32_t pixels = 1; pixels <= longest_; ++pixels) {
+      matches_[pixels] = codes.length(deflate::lengthCode(pixels * channels));
     }
   }
 
+  /// By value, so that the compiler may keep the writer in registers.
+  BitWriter write(BitWriter bits, const Bitmap& bitmap) const {
+    constexpr std::size_t kMostBytes = 8;  // per pixel, whether it is copied or not
+    const auto width = static_cast<std::uint32_t>(bitmap.width);
+    const std::uint32_t* row = bitmap.pixels.data();
+    auto token = tokens_.tokens().begin();
+    for (int y = 0; y < bitmap.height; ++y, row += bitmap.stride) {
+      bits.makeRoom((width + 1) * kMostBytes);
+      codes_.literal(kNoFilter).writeTo(bits);
+      for (std::uint32_t x = 0; x < width; x += token++->pixels) {
+        token->isCopy() ? writeCopy(bits, *token) : writePixels(bits, row + x, token->pixels);
+      }
+    }
+    codes_.endOfBlock().writeTo(bits);
+    return bits;
+  }
+
  private:
-  std::uint32_t most_;
-  std::vector<deflate::Code> lengths_;  ///< of matches of so many pixels
+  void writeCopy(BitWriter& bits, const PngTokens::Token& copy) const {
+    const deflate::Bits back = codes_.distance(copy.distance, copy.extra);
+    std::uint32_t pixels = copy.pixels;
+    for (; pixels >= longest_; pixels -= longest_) matches_[longest_].then(back).writeTo(bits);
+    if (pixels > 0) matches_[pixels].then(back).writeTo(bits);
+  }
+
+  void writePixels(BitWriter& bits, const std::uint32_t* pixels, std::uint32_t count) const {
+    for (std::uint32_t i = 0; i < count; ++i) {
+      const StraightPixel pixel = straight(pixels[i]);
+      deflate::Bits bytes = codes_.literal((pixel >> 16) & 255)
+                                .then(codes_.literal((pixel >> 8) & 255))
+                                .then(codes_.literal(pixel & 255));
+      bytes.writeTo(bits);
+      if (channels_ == 4) codes_.literal(pixel >> 24).writeTo(bits);
+    }
+  }
+
+  const deflate::BlockCodes& codes_;
+  const PngTokens& tokens_;
+  std::uint32_t channels_;
+  std::uint32_t longest_;                                            ///< pixels of a match
+  std::array<deflate::Bits, deflate::kLongestMatch + 1> matches_{};  ///< of so many pixels
 };
-
-deflate::SymbolCounts countSymbols(const PngTokens& tokens, const Matches& matches) {
-  deflate::SymbolCounts counts = tokens.counts();
-  tokens.each([&] { ++counts.literals[kNoFilter]; },
-              [](const StraightPixel*, std::uint32_t) {},
-              [&](std::uint32_t pixels, std::uint32_t distance) {
-                std::uint32_t& distances = counts.distances[deflate::distanceCode(distance).symbol];
-                matches.each(pixels, [&](const deflate::Code& length) {
-                  ++counts.literals[length.symbol];
-                  ++distances;
-                });
-              });
-  ++counts.literals[deflate::kEndOfBlock];
-  return counts;
-}
-
-void writeTokens(BitWriter& bits,
-                 const deflate::BlockCodes& codes,
-                 const PngTokens& tokens,
-                 const Matches& matches,
-                 std::uint32_t channels) {
-  tokens.each(
-      [&] { codes.writeByte(bits, kNoFilter); },
-      [&](const StraightPixel* pixels, std::uint32_t count) {
-        for (const StraightPixel* end = pixels + count; pixels < end; ++pixels) {
-          const StraightPixel p = *pixels;
-          codes.writeBytes(bits, (p >> 16) & 255, (p >> 8) & 255);
-          channels == 4 ? codes.writeBytes(bits, p & 255, p >> 24) : codes.writeByte(bits, p & 255);
-        }
-      },
-      [&](std::uint32_t pixels, std::uint32_t distance) {
-        const deflate::Code back = deflate::distanceCode(distance);
-        matches.each(pixels,
-                     [&](const deflate::Code& length) { codes.writeMatch(bits, length, back); });
-      });
-  codes.writeEnd(bits);
-}
 
 /// The rows as a zlib stream (RFC 1950): its header, one deflate block, the checksum.
 std::string deflateFast(const Bitmap& bitmap, bool opaque) {
@@ -86,14 +77,11 @@ std::string deflateFast(const Bitmap& bitmap, bool opaque) {
   constexpr std::string_view kZlibHeader("\x78\x01", 2);
   const std::uint32_t channels = opaque ? 3 : 4;
   const PngTokens tokens(bitmap, channels);
-  const Matches matches(channels);
-  const deflate::BlockCodes codes(countSymbols(tokens, matches));
+  const deflate::BlockCodes codes(tokens.counts());
   std::string out(kZlibHeader);
-  out.reserve(tokens.size() * 4 + 1024);
   BitWriter bits(out);
   codes.writeHeader(bits);
-  writeTokens(bits, codes, tokens, matches, channels);
-  bits.finish();
+  TokenWriter(codes, tokens, channels).write(bits, bitmap).finish();
   putNumber(out, tokens.checksum());
   return out;
 }

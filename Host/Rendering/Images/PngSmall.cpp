@@ -3,15 +3,16 @@
 
 #include <libdeflate.h>
 
-#include <algorithm>
 #include <memory>
+#include <vector>
+
+#include "Rendering/Images/PngRow.hpp"
 
 namespace rendering {
 
 namespace {
 
 constexpr int kBestLevel = 12;
-constexpr char kNoFilter = 0;
 
 struct CompressorDeleter {
   void operator()(libdeflate_compressor* compressor) const {
@@ -19,29 +20,18 @@ struct CompressorDeleter {
   }
 };
 
-void appendRow(std::string& out, const Bitmap& bitmap, int y, bool opaque) {
-  const std::uint32_t* pixels =
-      bitmap.pixels.data() + static_cast<std::ptrdiff_t>(y) * bitmap.stride;
-  out.push_back(kNoFilter);
-  for (int x = 0; x < bitmap.width; ++x) {
-    const std::uint32_t alpha = pixels[x] >> 24;
-    for (int shift : {16, 8, 0}) {
-      const std::uint32_t value = (pixels[x] >> shift) & 255;
-      out.push_back(
-          static_cast<char>(alpha == 0 ? 0 : std::min(255u, (value * 255 + alpha / 2) / alpha)));
-    }
-    if (!opaque) out.push_back(static_cast<char>(alpha));
-  }
-}
-
 }  // namespace
 
 std::string deflateSmall(const Bitmap& bitmap, bool opaque) {
-  std::string rows;
-  rows.reserve(static_cast<std::size_t>(bitmap.height) *
-               (static_cast<std::size_t>(bitmap.width) * (opaque ? 3 : 4) + 1));
-  for (int y = 0; y < bitmap.height; ++y) appendRow(rows, bitmap, y, opaque);
-
+  const std::uint32_t channels = opaque ? 3 : 4;
+  const auto width = static_cast<std::size_t>(bitmap.width);
+  const std::size_t rowBytes = width * channels + 1;
+  std::vector<unsigned char> rows(rowBytes * static_cast<std::size_t>(bitmap.height), kNoFilter);
+  for (std::size_t y = 0; y < static_cast<std::size_t>(bitmap.height); ++y) {
+    const std::uint32_t* pixels =
+        bitmap.pixels.data() + y * static_cast<std::size_t>(bitmap.stride);
+    writePngRow(pixels, width, channels, rows.data() + y * rowBytes + 1);
+  }
   const std::unique_ptr<libdeflate_compressor, CompressorDeleter> compressor(
       libdeflate_alloc_compressor(kBestLevel));
   if (!compressor) return {};

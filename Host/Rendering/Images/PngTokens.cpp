@@ -1,6 +1,9 @@
 #include "Rendering/Images/PngTokens.hpp"
 
+#include <libdeflate.h>
+
 #include <algorithm>
+#include <bit>
 #include <cstring>
 
 namespace rendering {
@@ -10,30 +13,12 @@ namespace {
 constexpr int kGoodCopy = 16;  ///< pixels, with which the search ends
 constexpr int kFewPixels = 3;  ///< with fewer a search farther back may pay
 
-StraightPixel straight(std::uint32_t pixel) {
-  const std::uint32_t alpha = pixel >> 24;
-  if (alpha == 255) return pixel;
-  if (alpha == 0) return 0;
-  const auto channel = [&](int shift) {
-    return std::min(255u, (((pixel >> shift) & 255) * 255 + alpha / 2) / alpha) << shift;
-  };
-  return alpha << 24 | channel(16) | channel(8) | channel(0);
+std::uint64_t pairAt(const std::uint32_t* pixel) {
+  return std::uint64_t{pixel[1]} << 32 | pixel[0];
 }
 
-/// How many pixels are the same from the start of both.
-inline int equalPixels(const std::uint32_t* pixels, const std::uint32_t* others, int count) {
+int equalPixels(const std::uint32_t* pixels, const std::uint32_t* others, int count) {
   int i = 0;
-  for (; i + 4 <= count; i += 4) {
-    std::uint64_t a[2];
-    std::uint64_t b[2];
-    std::memcpy(a, pixels + i, 16);
-    std::memcpy(b, others + i, 16);
-    const std::uint64_t first = a[0] ^ b[0];
-    const std::uint64_t second = a[1] ^ b[1];
-    if ((first | second) == 0) continue;
-    if (first == 0) i += 2;
-    return pixels[i] == others[i] ? i + 1 : i;
-  }
   while (i < count && pixels[i] == others[i]) ++i;
   return i;
 }
@@ -43,101 +28,122 @@ inline int equalPixels(const std::uint32_t* pixels, const std::uint32_t* others,
 // Inline, since these few calls per pixel are most of the work.
 
 inline PngTokens::Copy PngTokens::copyFrom(LastSeen::Place from, int x, int y) const {
-  if (from.x < 0) return {};
-  const auto distance = static_cast<std::size_t>(y - from.y) * rowBytes_ +
+  const auto distance = static_cast<std::size_t>(y - from.y) * rowBytes_.size() +
                         static_cast<std::size_t>(x - from.x) * channels_;
-  if (distance > deflate::kWindow) return {};
+  if (distance - 1 >= deflate::kWindow) return {};
+  const std::uint32_t* pixel = row(y) + x;
+  const std::uint32_t* other = row(from.y) + from.x;
+  if (*pixel != *other) return {};
   const int room = bitmap_.width - std::max(x, from.x);
-  return {equalPixels(row(y) + x, row(from.y) + from.x, room),
-          static_cast<std::uint32_t>(distance)};
+  return {1 + equalPixels(pixel + 1, other + 1, room - 1),
+          deflate::distanceCode(static_cast<unsigned>(distance))};
 }
 
 inline PngTokens::Copy PngTokens::earlier(int x, int y) {
+  const std::uint32_t* pixel = row(y) + x;
   if (x + 1 < bitmap_.width) {
-    const Copy two = copyFrom(pairs_[pair(x, y)], x, y);
+    const Copy two = copyFrom(pairs_[pairAt(pixel)], x, y);
     if (two.pixels > 1) return two;
   }
-  return copyFrom(pixels_[row(y)[x]], x, y);
+  return copyFrom(pixels_[*pixel], x, y);
 }
 
 inline PngTokens::Copy PngTokens::longestCopy(int x, int y, int up) {
-  const std::uint32_t* pixel = row(y) + x;
-  const int left = x > 0 ? equalPixels(pixel, pixel - 1, bitmap_.width - x) : 0;
-  const Copy near = left >= up ? Copy{left, channels_} : fromAbove(up);
+  const int left = x > 0 ? sameAsNext_.onesFrom(x - 1) : 0;
+  const Copy near = left >= up ? Copy{left, left_} : Copy{up, above_};
   if (near.pixels >= kFewPixels) return near;
   const Copy far = earlier(x, y);
   return far.pixels > near.pixels ? far : near;
 }
 
 inline void PngTokens::remember(int x, int y) {
-  const LastSeen::Place place{x, y};
-  pixels_[row(y)[x]] = place;
-  if (x + 1 < bitmap_.width) pairs_[pair(x, y)] = place;
-}
-
-inline void PngTokens::updateChecksum(const std::uint32_t* pixels,
-                                      const std::uint32_t* above,
-                                      int x,
-                                      int count) {
-  std::uint64_t weight = (static_cast<std::uint64_t>(bitmap_.width) - x) * channels_;
-  for (int i = x; i < x + count; ++i, weight -= channels_) {
-    const std::uint32_t before = above ? above[i] : 0;
-    if (pixels[i] != before) checksum_.change(straight(pixels[i]), straight(before), weight);
-  }
+  const std::uint32_t* pixel = row(y) + x;
+  pixels_[*pixel] = {x, y};
+  if (x + 1 < bitmap_.width) pairs_[pairAt(pixel)] = {x, y};
 }
 
 inline void PngTokens::add(const Copy& copy) {
-  pixelRun_ = 0;
-  tokens_.push_back(kCopyFlag | static_cast<std::uint32_t>(copy.pixels));
-  tokens_.push_back(copy.distance);
+  auto pixels = static_cast<std::uint32_t>(copy.pixels);
+  *next_++ = {pixels, copy.distance.symbol, copy.distance.extra};
+  std::uint32_t& distances = counts_.distances[copy.distance.symbol];
+  for (; pixels > longestMatch_; pixels -= longestMatch_) {
+    ++matches_[longestMatch_];
+    ++distances;
+  }
+  ++matches_[pixels];
+  ++distances;
 }
 
 inline void PngTokens::add(StraightPixel pixel) {
-  if (pixelRun_ == 0) {
-    pixelRun_ = tokens_.size();
-    tokens_.push_back(0);
-  }
-  ++tokens_[pixelRun_];
-  tokens_.push_back(pixel);
+  if (next_[-1].isCopy()) *next_++ = {};
+  ++next_[-1].pixels;
   ++counts_.literals[(pixel >> 16) & 255];
   ++counts_.literals[(pixel >> 8) & 255];
   ++counts_.literals[pixel & 255];
   if (channels_ == 4) ++counts_.literals[pixel >> 24];
 }
 
-void PngTokens::addRow(int y) {
+void PngTokens::addTokens(int y, bool canCopyAbove) {
   const std::uint32_t* pixels = row(y);
   const int width = bitmap_.width;
-  const std::uint32_t* above = y > 0 ? row(y - 1) : nullptr;
-  const bool canCopy = above && rowBytes_ <= deflate::kWindow;
-  tokens_.push_back(kRowStart);
   for (int x = 0; x < width;) {
-    const int up = canCopy ? equalPixels(pixels + x, above + x, width - x) : 0;
-    const bool isGood = up == width - x || up >= kGoodCopy;
-    const Copy copy = isGood ? fromAbove(up) : longestCopy(x, y, up);
-    const int count = std::max(copy.pixels, 1);
+    const int up = canCopyAbove ? sameAsAbove_.onesFrom(x) : 0;
+    if (up == width - x || up >= kGoodCopy) {
+      add({up, above_});
+      x += up;
+      continue;
+    }
+    const Copy copy = longestCopy(x, y, up);
+    remember(x, y);
     if (copy.pixels > 0) {
       add(copy);
+      x += copy.pixels;
     } else {
-      add(straight(pixels[x]));
+      add(straight(pixels[x++]));
     }
-    if (!isGood) {
-      updateChecksum(pixels, above, x, count);
-      remember(x, y);
-    }
-    x += count;
   }
-  pixelRun_ = 0;
-  checksum_.finishRow();
+}
+
+void PngTokens::addRow(int y) {
+  const std::uint32_t* pixels = row(y);
+  const auto width = static_cast<std::size_t>(bitmap_.width);
+  const bool isRepeated = y > 0 && std::memcmp(pixels, row(y - 1), width * sizeof *pixels) == 0;
+  const bool canCopyAbove = y > 0 && rowBytes_.size() <= deflate::kWindow;
+  next_ = rowTokens_.data();
+  *next_++ = {};
+  if (isRepeated && canCopyAbove) {
+    add({bitmap_.width, above_});
+  } else {
+    if (canCopyAbove) sameAsAbove_.compare(pixels, row(y - 1), bitmap_.width);
+    sameAsNext_.compare(pixels, pixels + 1, bitmap_.width - 1);
+    addTokens(y, canCopyAbove);
+  }
+  tokens_.insert(tokens_.end(), rowTokens_.data(), next_);
+  if (!isRepeated) writePngRow(pixels, width, channels_, rowBytes_.data() + 1);
+  checksum_ = libdeflate_adler32(checksum_, rowBytes_.data(), rowBytes_.size());
+}
+
+void PngTokens::countMatches() {
+  for (std::uint32_t pixels = 1; pixels <= longestMatch_; ++pixels) {
+    counts_.literals[deflate::lengthCode(pixels * channels_).symbol] += matches_[pixels];
+  }
 }
 
 PngTokens::PngTokens(const Bitmap& bitmap, std::uint32_t channels)
     : bitmap_(bitmap),
       channels_(channels),
-      rowBytes_(static_cast<std::size_t>(bitmap.width) * channels + 1),
-      checksum_(rowBytes_, channels) {
-  tokens_.reserve(static_cast<std::size_t>(bitmap_.height) * 64);
+      rowBytes_(static_cast<std::size_t>(bitmap.width) * channels + 1, kNoFilter),
+      longestMatch_(deflate::kLongestMatch / channels),
+      left_(deflate::distanceCode(channels)),
+      above_(deflate::distanceCode(static_cast<unsigned>(rowBytes_.size()))),
+      sameAsAbove_(bitmap.width),
+      sameAsNext_(bitmap.width),
+      rowTokens_(static_cast<std::size_t>(bitmap.width) + 1) {
+  tokens_.reserve(static_cast<std::size_t>(bitmap_.height) * 32);
   for (int y = 0; y < bitmap_.height; ++y) addRow(y);
+  countMatches();
+  counts_.literals[kNoFilter] += static_cast<std::uint32_t>(bitmap_.height);
+  ++counts_.literals[deflate::kEndOfBlock];
 }
 
 }  // namespace rendering

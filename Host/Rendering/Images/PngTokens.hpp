@@ -10,12 +10,10 @@
 #include "Rendering/Graphics/Bitmap.hpp"
 #include "Rendering/Images/Deflate.hpp"
 #include "Rendering/Images/DeflateBlock.hpp"
-#include "Rendering/Images/PngChecksum.hpp"
+#include "Rendering/Images/PixelMask.hpp"
+#include "Rendering/Images/PngRow.hpp"
 
 namespace rendering {
-
-/// 0xAARRGGBB, not premultiplied, as PNG keeps it.
-using StraightPixel = std::uint32_t;
 
 /// Our pictures are flat: long runs of one colour, rows that repeat the row above, and letters
 /// whose edges have few shades. One pass over whole pixels finds all three.
@@ -23,40 +21,37 @@ class PngTokens {
  public:
   PngTokens(const Bitmap& bitmap, std::uint32_t channels);
 
-  /// Calls `rowStart()`, `pixels(const StraightPixel*, count)` and `copy(pixels, distance)` in the
-  /// order of the bytes; a copy's distance is in bytes.
-  template <class RowStart, class Pixels, class CopyPixels>
-  void each(RowStart rowStart, Pixels pixels, CopyPixels copy) const {
-    for (std::size_t i = 0; i < tokens_.size();) {
-      const std::uint32_t token = tokens_[i++];
-      if (token == kRowStart) {
-        rowStart();
-      } else if ((token & kCopyFlag) == 0) {
-        pixels(tokens_.data() + i, token);
-        i += token;
-      } else {
-        copy(token & ~kCopyFlag, tokens_[i++]);
-      }
-    }
-  }
+  /// Pixels that stand for themselves, or that were there before. No token goes beyond its row; a
+  /// row's first may be of no pixels.
+  struct Token {
+    static constexpr std::uint16_t kNoDistance = 0xFFFF;
 
-  [[nodiscard]] std::size_t size() const { return tokens_.size(); }
-  /// How often each byte occurs outside copies, the filters of rows left out.
+    std::uint32_t pixels = 0;
+    std::uint16_t distance = kNoDistance;  ///< the symbol, in bytes
+    std::uint16_t extra = 0;               ///< the bits that follow the symbol
+
+    [[nodiscard]] bool isCopy() const { return distance != kNoDistance; }
+  };
+
+  [[nodiscard]] const std::vector<Token>& tokens() const { return tokens_; }
+  /// How often each symbol occurs, the filters of the rows and the block's end included.
   [[nodiscard]] const deflate::SymbolCounts& counts() const { return counts_; }
-  /// Of the rows' bytes, filters included.
-  [[nodiscard]] std::uint32_t checksum() const { return checksum_.value(); }
+  /// A copy of more pixels takes several matches.
+  [[nodiscard]] std::uint32_t longestMatch() const { return longestMatch_; }
+  /// Adler-32 (RFC 1950, 8.2) of the rows' bytes, filters included.
+  [[nodiscard]] std::uint32_t checksum() const { return checksum_; }
 
  private:
-  /// Pixels that were there before, so many bytes back.
+  /// Pixels that were there before.
   struct Copy {
     int pixels = 0;
-    std::uint32_t distance = 0;
+    deflate::Code distance{};
   };
   /// Where a pixel, or it and the next one, was last seen.
   class LastSeen {
    public:
     struct Place {
-      int x = -1;  ///< below 0: nowhere
+      int x = 0;
       int y = 0;
     };
     Place& operator[](std::uint64_t pixels) {
@@ -71,37 +66,33 @@ class PngTokens {
   [[nodiscard]] const std::uint32_t* row(int y) const {
     return bitmap_.pixels.data() + static_cast<std::ptrdiff_t>(y) * bitmap_.stride;
   }
-  [[nodiscard]] std::uint64_t pair(int x, int y) const {
-    const std::uint32_t* pixel = row(y) + x;
-    return std::uint64_t{pixel[1]} << 32 | pixel[0];
-  }
 
   void addRow(int y);
+  void addTokens(int y, bool canCopyAbove);
   [[nodiscard]] Copy longestCopy(int x, int y, int up);
-  [[nodiscard]] Copy fromAbove(int pixels) const {
-    return {pixels, static_cast<std::uint32_t>(rowBytes_)};
-  }
   [[nodiscard]] Copy earlier(int x, int y);
   [[nodiscard]] Copy copyFrom(LastSeen::Place from, int x, int y) const;
   void remember(int x, int y);
-  void updateChecksum(const std::uint32_t* pixels, const std::uint32_t* above, int x, int count);
   void add(const Copy& copy);
   void add(StraightPixel pixel);
-
-  // A token is the start of a row, a copy's pixels and then its distance, or a number of pixels and
-  // then these.
-  static constexpr std::uint32_t kRowStart = 0xFFFFFFFF;
-  static constexpr std::uint32_t kCopyFlag = 0x80000000;
+  void countMatches();
 
   const Bitmap& bitmap_;
   std::uint32_t channels_;
-  std::size_t rowBytes_;
-  std::vector<std::uint32_t> tokens_;
-  std::size_t pixelRun_ = 0;  ///< the token that counts the pixels added last; 0: none
+  std::vector<unsigned char> rowBytes_;  ///< of the row that is looked at, its filter first
+  std::uint32_t longestMatch_;
+  deflate::Code left_;   ///< the distance of the pixel before
+  deflate::Code above_;  ///< and of the one above, if that can be reached
+  std::vector<Token> tokens_;
+  std::array<std::uint32_t, deflate::kLongestMatch + 1> matches_{};  ///< of so many pixels
   deflate::SymbolCounts counts_;
+  PixelMask sameAsAbove_;
+  PixelMask sameAsNext_;
+  std::vector<Token> rowTokens_;  ///< of one row, as many as there are room for
+  Token* next_ = nullptr;         ///< the place in it for the next token
   LastSeen pixels_;
   LastSeen pairs_;
-  PngChecksum checksum_;
+  std::uint32_t checksum_ = 1;
 };
 
 }  // namespace rendering

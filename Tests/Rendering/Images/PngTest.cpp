@@ -154,6 +154,23 @@ TEST(Png, VeryWidePicturesPass) {
   expectRoundTrip(bitmap);
 }
 
+// Runs are looked for in words of bits, a bit for each pixel.
+TEST(Png, RunsOfEveryLengthPass) {
+  constexpr int kLongest = 200;
+  for (const bool opaque : {true, false}) {
+    for (int width = 1; width <= kLongest && !testing::Test::HasFatalFailure(); ++width) {
+      Bitmap bitmap = blank(width, 6, opaque ? 0xFF336699 : 0x80203040);
+      const auto at = [&](int x, int y) -> std::uint32_t& {
+        return bitmap.pixels[static_cast<std::size_t>(y * width + x)];
+      };
+      at(width - 1, 1) = 0xFFFFFFFF;
+      at(0, 2) = 0xFFFFFFFF;
+      at(width / 2, 4) = 0xFF000000;
+      expectRoundTrip(bitmap);
+    }
+  }
+}
+
 TEST(Png, RowsMayBePadded) {
   Bitmap bitmap{
       3, 2, 5, {0xFF010203, 0xFF040506, 0xFF070809, 1, 1, 0xFF010203, 0x80402010, 0, 1, 1}};

@@ -29,9 +29,14 @@ bool isDigit(char c) {
   return c >= '0' && c <= '9';
 }
 
-/// Reads a number of at most fifteen digits and without an exponent, most numbers of a document,
-/// and answers what follows it; null for any other, which is left to be read.
-inline const char* readPlainNumber(const char* at, const char* end, double& out) {
+/// A number without an exponent, as most are.
+struct PlainNumber {
+  const char* end = nullptr;  ///< what follows it; null if the text is not such a number
+  bool isExact = false;       ///< the value is known, for it has at most fifteen digits
+  double value = 0;
+};
+
+inline PlainNumber readPlainNumber(const char* at, const char* end) {
   const bool isNegative = *at == '-';
   if (isNegative) ++at;
   std::uint64_t digits = 0;
@@ -44,19 +49,19 @@ inline const char* readPlainNumber(const char* at, const char* end, double& out)
   };
   const char* const whole = at;
   const std::ptrdiff_t wholes = takeDigits();
-  if (wholes == 0 || (wholes > 1 && *whole == '0')) return nullptr;
+  if (wholes == 0 || (wholes > 1 && *whole == '0')) return {};
   std::ptrdiff_t fractions = 0;
   if (at != end && *at == '.') {
     ++at;
     fractions = takeDigits();
-    if (fractions == 0) return nullptr;
+    if (fractions == 0) return {};
   }
-  if (wholes + fractions > 15 || (at != end && (*at | 0x20) == 'e')) return nullptr;
+  if (at != end && (*at | 0x20) == 'e') return {};
+  if (wholes + fractions > 15) return {at};
   // Both are doubles themselves, so one division rounds correctly.
   auto magnitude = static_cast<double>(digits);
   if (fractions > 0) magnitude /= kPowers[static_cast<std::size_t>(fractions)];
-  out = isNegative ? -magnitude : magnitude;
-  return at;
+  return {at, true, isNegative ? -magnitude : magnitude};
 }
 
 /// The first quotation mark, backslash or control character; `end` when there is none.
@@ -338,12 +343,18 @@ bool JsonScanner::skipNumber() {
 
 bool JsonScanner::number(double& out) {
   if (stopped_) return false;
-  if (const char* const after = readPlainNumber(at_, end_, out)) {
-    at_ = after;
+  const char* const start = at_;
+  const PlainNumber plain = readPlainNumber(start, end_);
+  if (plain.isExact) {
+    out = plain.value;
+    at_ = plain.end;
     return true;
   }
-  const char* const start = at_;
-  if (!skipNumber()) return false;
+  if (plain.end != nullptr) {
+    at_ = plain.end;
+  } else if (!skipNumber()) {
+    return false;
+  }
   if (std::from_chars(start, at_, out).ec != std::errc::result_out_of_range) return true;
 
   // Too small for a double reads as zero.
@@ -360,12 +371,11 @@ void JsonScanner::plainNumbers(Descent& array, std::vector<double>& out) {
       if (*at != ',') return;
       at = afterSpace(at + 1);
     }
-    double value = 0;
-    const char* const after = at == end_ ? nullptr : readPlainNumber(at, end_, value);
-    if (after == nullptr) return;
-    out.push_back(value);
+    const PlainNumber plain = at == end_ ? PlainNumber{} : readPlainNumber(at, end_);
+    if (!plain.isExact) return;
+    out.push_back(plain.value);
     ++array.count_;
-    at_ = after;
+    at_ = plain.end;
   }
 }
 

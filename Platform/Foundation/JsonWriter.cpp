@@ -70,10 +70,30 @@ void appendString(std::string& out, std::string_view text) {
 }
 
 template <class Number>
-void appendNumber(std::string& out, Number number) {
+void appendShortest(std::string& out, Number number) {
   std::array<char, 32> buffer;
   const auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), number);
   out.append(buffer.data(), result.ptr);
+}
+
+/// Most numbers are whole or hundredths of small ones. Fifteen digits are one double's at most, so
+/// that the digits found here are the shortest, and from 0.01 to 99,999 so is their plain form.
+void appendNumber(std::string& out, double number) {
+  constexpr double kShortestWhenPlain = 1e5;
+  const double magnitude = std::abs(number);
+  const bool isPlain = magnitude > 0 && magnitude < kShortestWhenPlain;
+  const auto hundredths = static_cast<std::int64_t>(isPlain ? magnitude * 100 + 0.5 : 0);
+  if (!isPlain || static_cast<double>(hundredths) / 100 != magnitude) {
+    appendShortest(out, number);
+    return;
+  }
+  if (number < 0) out += '-';
+  appendShortest(out, hundredths / 100);
+  const auto fraction = static_cast<int>(hundredths % 100);
+  if (fraction == 0) return;
+  out += '.';
+  out += static_cast<char>('0' + fraction / 10);
+  if (fraction % 10 != 0) out += static_cast<char>('0' + fraction % 10);
 }
 
 }  // namespace
@@ -132,7 +152,7 @@ JsonWriter& JsonWriter::value(double number) {
 
 JsonWriter& JsonWriter::value(std::int64_t number) {
   separate();
-  appendNumber(text_, number);
+  appendShortest(text_, number);
   return *this;
 }
 

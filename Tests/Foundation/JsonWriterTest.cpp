@@ -1,8 +1,11 @@
 // Commas, escapes and numbers of written JSON.
 #include <gtest/gtest.h>
 
+#include <array>
+#include <charconv>
 #include <cmath>
 #include <limits>
+#include <string>
 
 #include "Foundation/JsonWriter.hpp"
 
@@ -95,6 +98,23 @@ TEST(IndentedJson, KeepsWhatIsEmptyOnItsLine) {
 TEST(IndentedJson, LeavesStringsAlone) {
   EXPECT_EQ(indentedJson(R"(["{,:[","\\",",\"]"])"),
             "[\n  \"{,:[\",\n  \"\\\\\",\n  \",\\\"]\"\n]");
+}
+
+// Shorter ways to common numbers lead to the digits that the library finds.
+TEST(JsonWriter, NumbersHaveTheShortestForm) {
+  const auto expectShortest = [](double number) {
+    std::array<char, 32> buffer{};
+    const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), number).ptr;
+    ASSERT_EQ(written(number), std::string(buffer.data(), end));
+  };
+  for (int i = -1'100'000; i <= 1'100'000 && !testing::Test::HasFatalFailure(); i += 7) {
+    for (const double divisor : {1.0, 10.0, 100.0, 1000.0, 7.0}) expectShortest(i / divisor);
+    expectShortest(i * 0.07);
+  }
+  for (const double number :
+       {0.0, -0.0, 0.01, 0.005, 99'999.0, 99'999.99, 99'999.995, 100'000.0, 1e300, 5e-324}) {
+    expectShortest(number);
+  }
 }
 
 }  // namespace

@@ -46,9 +46,12 @@ const Names& languageRuntime() {
 #ifdef __SANITIZE_ADDRESS__
       "libasan",
       "libubsan",
-      // Linked with the ICU libraries that use it: for sanitized programs the compiler does not
-      // tell the linker to drop what nothing refers to.
+      // Linked in any case: for sanitized programs the compiler does not tell the linker to drop
+      // what nothing refers to.
       "libicudata",
+      "libicui18n",
+      "libicuuc",
+      "libplist-2.0",
 #endif
   };
   return names;

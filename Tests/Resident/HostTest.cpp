@@ -272,11 +272,13 @@ TEST_F(HostTest, GrowsWithNoReload) {
     }
   };
   reload(reloads / 5);
-  const long memory = figure("RssAnon:");
+  [[maybe_unused]] const long memory = figure("RssAnon:");
   const auto open = descriptors();
   reload(reloads);
+#if !defined(__SANITIZE_ADDRESS__)  // which keeps freed memory for a while
   // In kilobytes.
   EXPECT_LE(figure("RssAnon:") - memory, 1024) << "from " << memory;
+#endif
   EXPECT_EQ(descriptors(), open);
 }
 

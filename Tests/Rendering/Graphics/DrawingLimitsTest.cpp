@@ -161,7 +161,7 @@ TEST_F(DrawingLimits, GroupsInGroupsAreRefused) {
     return repeated(pair, times, [](const View& view) { return view.opacity(0.99); });
   };
   EXPECT_TRUE(draw(faded(20)));
-  const auto refused = draw(faded(3000));
+  const auto refused = draw(faded(400), 600, 600, 1);
   ASSERT_FALSE(refused);
   EXPECT_THAT(refused.error(), HasSubstr("more drawing than its size allows"));
   EXPECT_TRUE(draw(faded(20))) << "the next picture is drawn";

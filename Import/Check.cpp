@@ -1,9 +1,11 @@
 #include "Import/Check.hpp"
 
 #include <fmt/format.h>
+#include <fmt/ranges.h>
 
 #include <algorithm>
 #include <set>
+#include <span>
 
 #include "Foundation/Printable.hpp"
 #include "Import/Result.hpp"
@@ -21,11 +23,9 @@ std::string counted(std::size_t count, std::string_view one, std::string_view se
   return fmt::format("{} {}", count, count == 1 ? one : several);
 }
 
-std::string listed(const std::vector<std::string>& names) {
-  std::string text;
-  for (std::size_t i = 0; i < std::min(names.size(), kNamed); ++i)
-    text += (i == 0 ? "" : ", ") + names[i];
-  return names.size() > kNamed ? text + ", …" : text;
+std::string firstFew(const std::vector<std::string>& names) {
+  const auto shown = std::span(names).first(std::min(names.size(), kNamed));
+  return fmt::format("{}{}", fmt::join(shown, ", "), names.size() > kNamed ? ", …" : "");
 }
 
 template <class Matches>
@@ -47,15 +47,15 @@ std::string chart(const Journal& journal, const Settings& settings) {
   const auto typeless = accountsThat(journal, settings, [](const AccountTraits& traits, char type) {
     return type == '\0' && !traits.isPaidInto;
   });
-  std::string text =
-      line("spending",
-           spending.empty() ? "no account; declare one with type:X, or set spending"
-                            : listed(spending)) +
-      line("liquid",
-           liquid.empty() ? "no account; declare one with type:C, or set liquid" : listed(liquid));
+  std::string text = line("spending",
+                          spending.empty() ? "no account; declare one with type:X, or set spending"
+                                           : firstFew(spending)) +
+                     line("liquid",
+                          liquid.empty() ? "no account; declare one with type:C, or set liquid"
+                                         : firstFew(liquid));
   if (!typeless.empty()) {
     text += line("without type",
-                 listed(typeless) + ": in no figure; declare them: account NAME  ; type:A");
+                 firstFew(typeless) + ": in no figure; declare them: account NAME  ; type:A");
   }
   std::vector<std::string> unknown;
   for (const auto& [account, category] : settings.categories) {
@@ -65,7 +65,7 @@ std::string chart(const Journal& journal, const Settings& settings) {
     if (!exists) unknown.push_back(account);
   }
   if (!unknown.empty())
-    text += line("no category", listed(unknown) + ": a category is an account of two components");
+    text += line("no category", firstFew(unknown) + ": a category is an account of two components");
   return text;
 }
 
@@ -86,7 +86,7 @@ std::string foreign(const Figures& figures, const Journal& journal, const Settin
   }
   if (!priceless.empty() && figures.netWorth) {
     text += line("without price",
-                 listed({priceless.begin(), priceless.end()}) +
+                 firstFew({priceless.begin(), priceless.end()}) +
                      ": not in the net worth; a line such as P 2026-01-31 NAME PRICE tells one");
   }
   return text;

@@ -2,15 +2,16 @@
 
 #include <charconv>
 
+#include "Foundation/Ascii.hpp"
+
 namespace importer {
+
+using foundation::isAsciiDigit;
+
 namespace {
 
 constexpr int kFractionDigits = 12;
 constexpr int kWholeDigits = 15;
-
-bool isDigit(char c) {
-  return c >= '0' && c <= '9';
-}
 
 }  // namespace
 
@@ -20,7 +21,7 @@ std::optional<Decimal> parseDecimal(std::string_view text) {
   Decimal::Units units = 0;
   int whole = 0;
   std::size_t at = 0;
-  for (; at < text.size() && isDigit(text[at]); ++at) {
+  for (; at < text.size() && isAsciiDigit(text[at]); ++at) {
     units = units * 10 + (text[at] - '0');
     if (units != 0 && ++whole > kWholeDigits) return std::nullopt;
   }
@@ -29,7 +30,7 @@ std::optional<Decimal> parseDecimal(std::string_view text) {
   if (hasPoint) ++at;
   int fraction = 0;
   bool roundsUp = false;
-  for (; hasPoint && at < text.size() && isDigit(text[at]); ++at, ++digits) {
+  for (; hasPoint && at < text.size() && isAsciiDigit(text[at]); ++at, ++digits) {
     if (fraction < kFractionDigits) {
       units = units * 10 + (text[at] - '0');
     } else if (fraction == kFractionDigits) {

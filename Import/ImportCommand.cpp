@@ -1,6 +1,7 @@
 // `hledger`: makes the document, once or on every change.
 #include <fmt/format.h>
 
+#include "Foundation/EnvironmentVariables.hpp"
 #include "Foundation/Printable.hpp"
 #include "Import/Commands.hpp"
 #include "Import/FileWatch.hpp"
@@ -47,8 +48,10 @@ bool followFiles(const Session& session, std::vector<std::string>& journals, Fil
 /// Where hledger would look for the journal.
 std::string journalFile(const Session& session) {
   if (!session.request.file.empty()) return session.request.file;
-  const std::string set = valueOf(session.request.environment, "LEDGER_FILE");
-  return set.empty() ? valueOf(session.request.environment, "HOME") + "/.hledger.journal" : set;
+  const std::string set = foundation::valueOf(session.request.environment, "LEDGER_FILE");
+  return set.empty()
+             ? foundation::valueOf(session.request.environment, "HOME") + "/.hledger.journal"
+             : set;
 }
 
 Result<void> importAlways(const Options& options, const Program& program) {

@@ -18,14 +18,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-Result<void> makeFolder(const fs::path& folder) {
-  std::error_code error;
-  fs::create_directories(folder, error);
-  if (error)
-    return refused(fmt::format("{}: cannot make it: {}", folder.string(), error.message()));
-  return {};
-}
-
 Result<void> writeSettings(const std::string& file, const std::string& text, bool replaces) {
   const int ifThere = replaces ? O_TRUNC : O_EXCL;
   const foundation::FileDescriptor target(
@@ -51,7 +43,10 @@ Result<void> init(const Options& options, const Program& program) {
   if (!journal) return std::unexpected(journal.error());
   for (const fs::path& folder :
        {fs::path(session.settingsFile).parent_path(), fs::path(session.container)}) {
-    if (auto made = makeFolder(folder); !made) return made;
+    std::error_code error;
+    fs::create_directories(folder, error);
+    if (error)
+      return refused(fmt::format("{}: cannot make it: {}", folder.string(), error.message()));
   }
   if (auto written = writeSettings(
           session.settingsFile, settingsTemplate(journal->accounts.types), options.force);

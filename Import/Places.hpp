@@ -21,8 +21,4 @@ struct Places {
 [[nodiscard]] Places findPlaces(const foundation::ProcessEnvironment& environment,
                                 const std::filesystem::path& programFolder);
 
-/// A variable's value; empty when it is not set.
-[[nodiscard]] std::string valueOf(const foundation::ProcessEnvironment& environment,
-                                  const std::string& name);
-
 }  // namespace importer

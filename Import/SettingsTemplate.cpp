@@ -16,7 +16,7 @@ std::vector<std::string> accountsOf(const AccountTypes& accounts, std::string_vi
   return names;
 }
 
-std::string listed(const std::vector<std::string>& names) {
+std::string tomlList(const std::vector<std::string>& names) {
   std::string text;
   for (const std::string& name : names) text += (text.empty() ? "" : ", ") + tomlText(name);
   return "[" + text + "]";
@@ -89,7 +89,7 @@ std::string settingsTemplate(const AccountTypes& accounts) {
 # budget = "x-terminal-emulator -e hledger balance --budget -M expenses"
 # add-expense = "x-terminal-emulator -e hledger add"
 )",
-      listed(accountsOf(accounts, "C")),
+      tomlList(accountsOf(accounts, "C")),
       cards(accounts),
       categories(accounts));
 }

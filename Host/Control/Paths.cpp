@@ -5,30 +5,25 @@
 #include <cerrno>
 #include <cstring>
 
+#include "Foundation/EnvironmentVariables.hpp"
+
 namespace control {
 namespace {
 
-constexpr const char* kFolder = "/quorvel-host";
-
-std::string absoluteSetting(const foundation::ProcessEnvironment& environment, const char* name) {
-  const auto found = environment.find(name);
-  return found != environment.end() && found->second.starts_with('/') ? found->second
-                                                                      : std::string{};
-}
-
-std::string below(const std::string& base, const std::string& home, const char* fallback) {
-  if (!base.empty()) return base + kFolder;
-  return home.empty() ? std::string{} : home + fallback + kFolder;
+/// The host's own folder; empty without one around it.
+std::string ownFolder(const std::string& base) {
+  return base.empty() ? std::string{} : base + "/quorvel-host";
 }
 
 }  // namespace
 
 Paths pathsFrom(const foundation::ProcessEnvironment& environment) {
-  const std::string home = absoluteSetting(environment, "HOME");
-  const std::string runtime = absoluteSetting(environment, "XDG_RUNTIME_DIR");
-  return {.runtime = runtime.empty() ? std::string{} : runtime + kFolder,
-          .config = below(absoluteSetting(environment, "XDG_CONFIG_HOME"), home, "/.config"),
-          .state = below(absoluteSetting(environment, "XDG_STATE_HOME"), home, "/.local/state")};
+  std::string runtime = foundation::valueOf(environment, "XDG_RUNTIME_DIR");
+  if (!runtime.starts_with('/')) runtime.clear();
+  return {
+      .runtime = ownFolder(runtime),
+      .config = ownFolder(foundation::baseDirectory(environment, "XDG_CONFIG_HOME", ".config")),
+      .state = ownFolder(foundation::baseDirectory(environment, "XDG_STATE_HOME", ".local/state"))};
 }
 
 std::optional<std::string> makePrivateFolder(const std::string& folder) {

@@ -17,6 +17,7 @@ extern "C" {
 #include <sys/pidfd.h>
 }
 
+#include "Foundation/Ascii.hpp"
 #include "Foundation/Spawn.hpp"
 
 namespace opening {
@@ -36,8 +37,7 @@ std::vector<std::string> words(const std::string& text) {
 }
 
 bool isSchemeCharacter(char c) {
-  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '+' ||
-         c == '-' || c == '.';
+  return foundation::isAsciiLetterOrDigit(c) || c == '+' || c == '-' || c == '.';
 }
 
 /// The exit status when it has ended, 128 and more for a signal.

@@ -13,6 +13,8 @@
 #include <cstdio>
 #include <cstring>
 
+#include "Foundation/NonBlocking.hpp"
+
 namespace resident {
 namespace {
 
@@ -90,7 +92,7 @@ std::expected<Listening, std::string> listenAt(const control::Paths& paths) {
     return failed("cannot lock " + lock);
   }
   if (const int descriptor = handedIn(); descriptor >= 0) {
-    ::fcntl(descriptor, F_SETFL, ::fcntl(descriptor, F_GETFL) | O_NONBLOCK);
+    foundation::stopBlocking(descriptor);
     result.listener = FileDescriptor{descriptor};
     result.isOurs = false;
     return result;

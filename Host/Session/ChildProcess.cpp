@@ -15,6 +15,7 @@
 #include <string_view>
 #include <utility>
 
+#include "Foundation/NonBlocking.hpp"
 #include "Session/Answer.hpp"
 #include "Session/Diagnostics.hpp"
 #include "Session/Launch.hpp"
@@ -26,6 +27,7 @@ namespace session {
 
 using Clock = std::chrono::steady_clock;
 using foundation::JsonValue;
+using foundation::wouldBlock;
 using Kind = SessionError::Kind;
 
 namespace {
@@ -33,10 +35,6 @@ namespace {
 constexpr std::size_t kReadSize = std::size_t{64} << 10;
 constexpr std::size_t kMaximumErrorOutput = std::size_t{4} << 20;  // bytes during one request
 constexpr std::chrono::milliseconds kTimeToDie{500};
-
-bool wouldBlock() {
-  return errno == EAGAIN || errno == EWOULDBLOCK || errno == EINTR;
-}
 
 // Writing to a child that is gone must not end the host, and what the host does about SIGPIPE
 // elsewhere is its own affair.

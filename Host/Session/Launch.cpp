@@ -17,6 +17,8 @@
 #include <optional>
 #include <utility>
 
+#include "Foundation/ArgumentVector.hpp"
+#include "Foundation/NonBlocking.hpp"
 #include "Session/Supervisor.hpp"
 
 namespace session {
@@ -61,18 +63,6 @@ std::optional<Pipe> makePipe() {
   auto write = aboveStandard(FileDescriptor(ends[1]));
   if (!read || !write) return std::nullopt;
   return Pipe{std::move(*read), std::move(*write)};
-}
-
-void stopBlocking(const FileDescriptor& descriptor) {
-  ::fcntl(descriptor.get(), F_SETFL, ::fcntl(descriptor.get(), F_GETFL) | O_NONBLOCK);
-}
-
-std::vector<char*> pointers(const std::vector<std::string>& texts) {
-  std::vector<char*> result;
-  result.reserve(texts.size() + 1);
-  for (const std::string& text : texts) result.push_back(const_cast<char*>(text.c_str()));
-  result.push_back(nullptr);
-  return result;
 }
 
 // All that the child needs between fork and exec, made before the fork.
@@ -192,8 +182,8 @@ Result<LaunchedProcess> launch(const LaunchOptions& options) {
 
   std::vector<std::string> words{options.program};
   words.insert(words.end(), options.arguments.begin(), options.arguments.end());
-  std::vector<char*> arguments = pointers(words);
-  std::vector<char*> environment = pointers(options.environment);
+  std::vector<char*> arguments = foundation::argumentVector(words);
+  std::vector<char*> environment = foundation::argumentVector(options.environment);
   const Preparation preparation{::getpid(),
                                 options.program.c_str(),
                                 arguments.data(),
@@ -224,9 +214,9 @@ Result<LaunchedProcess> launch(const LaunchOptions& options) {
   process.input = std::move(input->write);
   process.output = std::move(output->read);
   process.errors = std::move(errors->read);
-  stopBlocking(process.input);
-  stopBlocking(process.output);
-  stopBlocking(process.errors);
+  foundation::stopBlocking(process.input.get());
+  foundation::stopBlocking(process.output.get());
+  foundation::stopBlocking(process.errors.get());
   return process;
 }
 

@@ -1,6 +1,9 @@
 #include "Session/Places.hpp"
 
 #include <initializer_list>
+#include <utility>
+
+#include "Foundation/EnvironmentVariables.hpp"
 
 namespace session {
 namespace {
@@ -13,11 +16,6 @@ fs::path firstThatExists(std::initializer_list<fs::path> candidates) {
     if (fs::exists(candidate, ignored)) return candidate;
   }
   return {};
-}
-
-std::string valueOf(const foundation::ProcessEnvironment& environment, const std::string& name) {
-  const auto found = environment.find(name);
-  return found == environment.end() ? std::string{} : found->second;
 }
 
 }  // namespace
@@ -44,11 +42,8 @@ fs::path findProgram(std::string_view name, const fs::path& programFolder) {
 }
 
 std::optional<std::string> containerRoot(const foundation::ProcessEnvironment& environment) {
-  std::string data = valueOf(environment, "XDG_DATA_HOME");
-  if (data.starts_with('/')) return data;
-  const std::string home = valueOf(environment, "HOME");
-  if (home.empty()) return std::nullopt;
-  return home + "/.local/share";
+  std::string folder = foundation::baseDirectory(environment, "XDG_DATA_HOME", ".local/share");
+  return folder.empty() ? std::nullopt : std::optional(std::move(folder));
 }
 
 std::string absolutePath(const std::string& path) {

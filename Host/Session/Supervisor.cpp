@@ -12,6 +12,7 @@
 #include <cstddef>
 #include <ctime>
 
+#include "Foundation/Ascii.hpp"
 #include "Foundation/FileDescriptor.hpp"
 
 namespace session {
@@ -37,7 +38,7 @@ void killChildren() {
   ssize_t count = 0;
   while ((count = ::read(list.get(), bytes.data(), bytes.size())) > 0) {
     for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i) {
-      if (bytes[i] >= '0' && bytes[i] <= '9') {
+      if (foundation::isAsciiDigit(bytes[i])) {
         id = id * 10 + (bytes[i] - '0');
       } else {
         if (id > 0) ::kill(id, SIGKILL);

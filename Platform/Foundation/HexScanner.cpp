@@ -4,6 +4,7 @@
 #include <charconv>
 #include <limits>
 
+#include "Foundation/Ascii.hpp"
 #include "Foundation/Characters.hpp"
 
 namespace foundation {
@@ -11,8 +12,8 @@ namespace foundation {
 std::optional<std::uint64_t> scanHexLongLong(std::string_view text) {
   text = skippingSpacesAndLineBreaks(text);
   const auto isHexDigit = [&](std::size_t i) {
-    return i < text.size() && ((text[i] >= '0' && text[i] <= '9') ||
-                               ((text[i] | 0x20) >= 'a' && (text[i] | 0x20) <= 'f'));
+    return i < text.size() &&
+           (isAsciiDigit(text[i]) || ((text[i] | 0x20) >= 'a' && (text[i] | 0x20) <= 'f'));
   };
   const bool hasPrefix = text.size() > 2 && text[0] == '0' && (text[1] | 0x20) == 'x';
   if (hasPrefix && isHexDigit(2)) text.remove_prefix(2);

@@ -5,18 +5,12 @@
 
 #include <csignal>
 
+#include "Foundation/ArgumentVector.hpp"
+
 extern char** environ;  // POSIX leaves it to the user
 
 namespace foundation {
 namespace {
-
-std::vector<char*> pointers(const std::vector<std::string>& texts) {
-  std::vector<char*> result;
-  result.reserve(texts.size() + 1);
-  for (const std::string& text : texts) result.push_back(const_cast<char*>(text.c_str()));
-  result.push_back(nullptr);
-  return result;
-}
 
 class FileActions {
  public:
@@ -74,12 +68,13 @@ std::expected<pid_t, std::error_code> spawn(const std::vector<std::string>& comm
   const FileActions actions(options);
   const Attributes attributes(options);
   pid_t child = 0;
-  const int error = ::posix_spawnp(&child,
-                                   command.at(0).c_str(),
-                                   actions.get(),
-                                   attributes.get(),
-                                   pointers(command).data(),
-                                   options.environment ? pointers(variables).data() : environ);
+  const int error =
+      ::posix_spawnp(&child,
+                     command.at(0).c_str(),
+                     actions.get(),
+                     attributes.get(),
+                     argumentVector(command).data(),
+                     options.environment ? argumentVector(variables).data() : environ);
   if (error != 0) return std::unexpected(std::error_code(error, std::generic_category()));
   return child;
 }

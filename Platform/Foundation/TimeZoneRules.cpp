@@ -7,6 +7,7 @@
 #include <iterator>
 #include <utility>
 
+#include "Foundation/Ascii.hpp"
 #include "Foundation/CivilDate.hpp"
 #include "Foundation/FileManager.hpp"
 
@@ -103,9 +104,9 @@ class RuleText {
     return (!quoted || take('>')) && size >= kShortestName;
   }
   std::optional<int> takeNumber(int maximum) {
-    if (text_.empty() || !isDigit(text_[0])) return std::nullopt;
+    if (text_.empty() || !isAsciiDigit(text_[0])) return std::nullopt;
     int value = 0;
-    for (; !text_.empty() && isDigit(text_[0]); text_.remove_prefix(1)) {
+    for (; !text_.empty() && isAsciiDigit(text_[0]); text_.remove_prefix(1)) {
       value = value * 10 + (text_[0] - '0');
       if (value > maximum) return std::nullopt;
     }
@@ -143,7 +144,6 @@ class RuleText {
   }
 
  private:
-  static bool isDigit(char c) { return c >= '0' && c <= '9'; }
   static bool isLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
 
   bool takeDay(YearlyChange& change) {
@@ -304,8 +304,7 @@ std::optional<TimeZoneRules> TimeZoneRules::load(std::string_view identifier) {
     return file ? parse(*file) : std::nullopt;
   }
   const auto isNameByte = [](char c) {
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_' ||
-           c == '+' || c == '-' || c == '/';
+    return isAsciiLetterOrDigit(c) || c == '_' || c == '+' || c == '-' || c == '/';
   };
   // Without dots a name cannot leave the database's folder.
   if (std::ranges::all_of(identifier, isNameByte)) {

@@ -14,6 +14,7 @@
 #include <string_view>
 #include <utility>
 
+#include "Foundation/NonBlocking.hpp"
 #include "WidgetRuntime/Framing.hpp"
 
 namespace widgetruntime {
@@ -40,12 +41,8 @@ int takeStandardOutput() {
     ::dup2(nowhere, STDOUT_FILENO);
     ::close(nowhere);
   }
-  if (answers >= 0) ::fcntl(answers, F_SETFL, ::fcntl(answers, F_GETFL) | O_NONBLOCK);
+  if (answers >= 0) foundation::stopBlocking(answers);
   return answers;
-}
-
-bool wouldBlock() {
-  return errno == EAGAIN || errno == EWOULDBLOCK || errno == EINTR;
 }
 
 // A request that waits for its turn, or the error that it will be answered with.
@@ -91,13 +88,13 @@ class EntryLoop {
     if (isWritten()) return;
     const ssize_t count = ::write(answers_, output_.data() + written_, output_.size() - written_);
     if (count > 0) written_ += static_cast<std::size_t>(count);
-    if (count < 0 && !wouldBlock()) status_ = 0;
+    if (count < 0 && !foundation::wouldBlock()) status_ = 0;
   }
 
   void readRequests() {
     std::array<char, kReadSize> bytes;
     const ssize_t count = ::read(STDIN_FILENO, bytes.data(), bytes.size());
-    if (count == 0 || (count < 0 && !wouldBlock())) inputEnded_ = true;
+    if (count == 0 || (count < 0 && !foundation::wouldBlock())) inputEnded_ = true;
     if (count <= 0) return;
     decoder_.append({bytes.data(), static_cast<std::size_t>(count)});
     while (!status_) {

@@ -5,6 +5,8 @@
 #include <charconv>
 #include <utility>
 
+#include "Foundation/Ascii.hpp"
+
 namespace widgetruntime {
 
 namespace {
@@ -14,7 +16,7 @@ constexpr std::string_view kHeaderEnd = "\r\n\r\n";
 constexpr std::string_view kLength = "content-length";
 
 bool isNameCharacter(char c) {
-  return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') || c == '-';
+  return foundation::isAsciiLetterOrDigit(c) || c == '-';
 }
 
 // Header names do not tell upper from lower case.

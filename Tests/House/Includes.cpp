@@ -28,7 +28,11 @@ Room renderingRoom(std::string_view folder, Names sees, const Names& libraries =
   Room room = innerRoom(folder,
                         folder.substr(kHost.size()),
                         std::move(sees),
-                        {"ViewKit/", "Foundation/Overloaded.hpp", "Foundation/Markup.hpp"});
+                        {"ViewKit/",
+                         "Foundation/Ascii.hpp",
+                         "Foundation/FileDescriptor.hpp",
+                         "Foundation/Markup.hpp",
+                         "Foundation/Overloaded.hpp"});
   room.libraries.insert(room.libraries.end(), libraries.begin(), libraries.end());
   return room;
 }

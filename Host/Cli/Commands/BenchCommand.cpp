@@ -147,6 +147,7 @@ std::string summaryText(std::string_view key,
                      summary.p95);
 }
 
+/// In the keys of comparisons with other renderers, in which this host is a peer among peers.
 std::string report(const Measured& measured, std::string_view kind, std::string_view family) {
   std::string text = fmt::format(
       R"({{"peer":"ours","kind":"{}","family":"{}","n":{},)", kind, family, measured.images.size());

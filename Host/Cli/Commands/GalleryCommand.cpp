@@ -146,13 +146,6 @@ Result<void> writeSheets(const GallerySection& section,
   return {};
 }
 
-Result<void> makeFolder(const fs::path& folder) {
-  std::error_code error;
-  fs::create_directories(folder, error);
-  if (error) return refused(fmt::format("cannot make {}: {}", folder.string(), error.message()));
-  return {};
-}
-
 }  // namespace
 
 Result<void> gallery(const Options& options, const Program& program) {
@@ -162,7 +155,10 @@ Result<void> gallery(const Options& options, const Program& program) {
   auto sample = MemoryFile::make(program.sampleDocument(device, options.language));
   if (!sample) return std::unexpected(sample.error());
   if (own.demonstration) own.source.snapshot = sample->path();
-  if (auto made = makeFolder(fs::path(options.folder) / "pictures"); !made) return made;
+  const fs::path pictures = fs::path(options.folder) / "pictures";
+  std::error_code error;
+  fs::create_directories(pictures, error);
+  if (error) return refused(fmt::format("cannot make {}: {}", pictures.string(), error.message()));
 
   auto sections = sectionsOf(own, program);
   if (!sections) return std::unexpected(sections.error());

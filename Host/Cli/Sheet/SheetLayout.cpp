@@ -62,8 +62,8 @@ double leastHeight(const std::vector<Size>& rows, double gap, std::size_t most) 
   return high;
 }
 
-/// Zero for a square, the same for twice as wide and twice as high.
-double oblongness(double width, double height) {
+/// How far from a square, in either direction.
+double elongation(double width, double height) {
   return std::abs(std::log(width / height));
 }
 
@@ -101,8 +101,8 @@ Packing flowRows(const std::vector<Size>& rows,
   for (std::size_t columns = 1; columns <= rows.size(); ++columns) {
     const double height = leastHeight(rows, rowGap, columns);
     const double across = static_cast<double>(panels * columns) * (width + columnGap) - columnGap;
-    if (oblongness(across, height) >= best) break;
-    best = oblongness(across, height);
+    if (elongation(across, height) >= best) break;
+    best = elongation(across, height);
     limit = height;
   }
   double x = 0;

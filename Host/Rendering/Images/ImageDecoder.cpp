@@ -7,46 +7,31 @@
 
 #include <utility>
 
+#include "Foundation/FileDescriptor.hpp"
 #include "Rendering/Images/ImageDecoderFormats.hpp"
 
 namespace rendering {
+
+using foundation::FileDescriptor;
 
 namespace {
 
 constexpr off_t kLargestFile = off_t{32} << 20;
 constexpr std::size_t kKept = 16;
 
-class Descriptor {
- public:
-  explicit Descriptor(int fd) : fd_(fd) {}
-  Descriptor(Descriptor&& other) noexcept : fd_(std::exchange(other.fd_, -1)) {}
-  Descriptor& operator=(Descriptor&& other) noexcept {
-    std::swap(fd_, other.fd_);
-    return *this;
-  }
-  ~Descriptor() {
-    if (fd_ >= 0) close(fd_);
-  }
-  [[nodiscard]] int get() const { return fd_; }
-  explicit operator bool() const { return fd_ >= 0; }
-
- private:
-  int fd_;
-};
-
 /// Each component is opened below the one before it and may not be a link, so no name leads out.
-Descriptor openBeneath(const std::filesystem::path& container, std::string_view path) {
+FileDescriptor openBeneath(const std::filesystem::path& container, std::string_view path) {
   if (path.empty() || path.front() == '/' || path.find('\0') != std::string_view::npos) {
-    return Descriptor(-1);
+    return FileDescriptor();
   }
-  Descriptor at(open(container.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+  FileDescriptor at(open(container.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
   while (at) {
     const std::size_t slash = path.find('/');
     const std::string name(path.substr(0, slash));
-    if (name.empty() || name == "." || name == "..") return Descriptor(-1);
+    if (name.empty() || name == "." || name == "..") return FileDescriptor();
     const bool last = slash == std::string_view::npos;
     const int flags = last ? O_RDONLY | O_NONBLOCK : O_PATH | O_DIRECTORY;
-    at = Descriptor(openat(at.get(), name.c_str(), flags | O_NOFOLLOW | O_CLOEXEC));
+    at = FileDescriptor(openat(at.get(), name.c_str(), flags | O_NOFOLLOW | O_CLOEXEC));
     if (last) break;
     path.remove_prefix(slash + 1);
   }
@@ -54,12 +39,12 @@ Descriptor openBeneath(const std::filesystem::path& container, std::string_view 
 }
 
 /// A regular file within the limit.
-bool describe(const Descriptor& file, struct stat* status) {
+bool describe(const FileDescriptor& file, struct stat* status) {
   return file && fstat(file.get(), status) == 0 && S_ISREG(status->st_mode) &&
          status->st_size <= kLargestFile;
 }
 
-std::optional<std::string> readAll(const Descriptor& file, off_t size) {
+std::optional<std::string> readAll(const FileDescriptor& file, off_t size) {
   std::string bytes(static_cast<std::size_t>(size), '\0');
   std::size_t got = 0;
   while (got < bytes.size()) {
@@ -76,7 +61,7 @@ std::optional<std::string> readAll(const Descriptor& file, off_t size) {
 
 std::optional<std::string> readBeneath(const std::filesystem::path& container,
                                        std::string_view path) {
-  const Descriptor file = openBeneath(container, path);
+  const FileDescriptor file = openBeneath(container, path);
   struct stat status {};
   if (!describe(file, &status)) return std::nullopt;
   return readAll(file, status.st_size);
@@ -92,7 +77,7 @@ std::shared_ptr<const DecodedImage> decodeImage(std::string_view bytes, Size wan
 std::shared_ptr<const DecodedImage> ImageCache::load(const std::filesystem::path& container,
                                                      std::string_view path,
                                                      Size wanted) {
-  const Descriptor file = openBeneath(container, path);
+  const FileDescriptor file = openBeneath(container, path);
   struct stat status {};
   if (!describe(file, &status)) return nullptr;
   std::string key;

@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "Foundation/Ascii.hpp"
+
 namespace rendering {
 
 struct SvgNaming {
@@ -18,12 +20,10 @@ struct SvgNaming {
 /// a prefix too.
 [[nodiscard]] constexpr bool isIdPrefix(std::string_view text) {
   constexpr std::size_t kLongest = 64;
-  const auto isLetter = [](char c) {
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_';
-  };
+  const auto isLetter = [](char c) { return foundation::isAsciiLetter(c) || c == '_'; };
   for (std::size_t i = 0; i < text.size(); ++i) {
     const char c = text[i];
-    const bool isLater = (c >= '0' && c <= '9') || c == '-' || c == '.';
+    const bool isLater = foundation::isAsciiDigit(c) || c == '-' || c == '.';
     if (!isLetter(c) && (i == 0 || !isLater)) return false;
   }
   return text.size() <= kLongest;

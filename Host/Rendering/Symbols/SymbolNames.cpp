@@ -3,6 +3,7 @@
 #include <array>
 #include <cctype>
 
+#include "Foundation/Ascii.hpp"
 #include "Rendering/Symbols/SymbolData.hpp"
 #include "Rendering/Symbols/SymbolLibrary.hpp"
 
@@ -15,7 +16,7 @@ using symboldata::NameRow;
 constexpr std::string_view kGeneric = "tag.fill";
 
 bool isNumber(std::string_view part) {
-  return !part.empty() && std::ranges::all_of(part, [](char c) { return c >= '0' && c <= '9'; });
+  return !part.empty() && std::ranges::all_of(part, foundation::isAsciiDigit);
 }
 
 /// The name without its last modifier; empty when it ends in none.

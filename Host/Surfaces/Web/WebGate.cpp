@@ -7,6 +7,8 @@
 #include <charconv>
 #include <cstdint>
 
+#include "Foundation/Ascii.hpp"
+
 namespace surfaces {
 namespace {
 
@@ -38,9 +40,8 @@ std::optional<Refusal> refuseTarget(const RequestHead& head) {
   if (!head.target.starts_with('/') || head.target.starts_with("//"))
     return Refusal{400, "Only paths of this server can be asked for."};
   const std::string_view path = pathOf(head.target);
-  const bool isPlain = std::ranges::all_of(path, [](unsigned char c) {
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '/' ||
-           c == '.' || c == '-' || c == '_';
+  const bool isPlain = std::ranges::all_of(path, [](char c) {
+    return foundation::isAsciiLetterOrDigit(c) || c == '/' || c == '.' || c == '-' || c == '_';
   });
   if (!isPlain || path.find("..") != std::string_view::npos)
     return Refusal{404, "There is nothing here."};

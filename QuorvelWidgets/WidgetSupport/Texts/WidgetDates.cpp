@@ -6,6 +6,7 @@
 #include <array>
 #include <unordered_map>
 
+#include "Foundation/Ascii.hpp"
 #include "Foundation/DateFormatter.hpp"
 #include "QuorvelWidgets/WidgetSupport/Snapshot/WidgetLanguage.hpp"
 
@@ -73,13 +74,11 @@ const DateFormatter& keptFormatter(const foundation::Locale& locale,
   return kept.try_emplace(key, locale, zone, pattern).first->second;
 }
 
-bool isDigit(char c) {
-  return c >= '0' && c <= '9';
-}
-
 /// 1...12; nothing for what is not four digits, "-" and a month's two digits.
 std::optional<int> monthNumber(std::string_view month) {
-  const auto fits = [](char c, char form) { return form == 'd' ? isDigit(c) : c == form; };
+  const auto fits = [](char c, char form) {
+    return form == 'd' ? foundation::isAsciiDigit(c) : c == form;
+  };
   if (!std::ranges::equal(month, std::string_view("dddd-dd"), fits)) return std::nullopt;
   const int number = (month[5] - '0') * 10 + (month[6] - '0');
   return number >= 1 && number <= 12 ? std::optional(number) : std::nullopt;

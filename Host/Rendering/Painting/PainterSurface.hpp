@@ -1,6 +1,7 @@
 // Pixels that are drawn on, and how coverage meets them.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <vector>
@@ -45,7 +46,8 @@ class PixelSource {
   [[nodiscard]] std::uint32_t color() const { return color_; }
   [[nodiscard]] std::uint32_t at(int x, int y) const {
     const double t = (x + 0.5) * stepX_ + (y + 0.5) * stepY_ + start_;
-    return table_[static_cast<std::size_t>(!(t > 0) ? 0 : t >= kLast ? kLast : t + 0.5)];
+    const double within = std::min(t > 0 ? t : 0, static_cast<double>(kLast));
+    return table_[static_cast<std::size_t>(within + 0.5)];
   }
 
  private:
@@ -67,8 +69,11 @@ class SurfaceSink final : public SpanSink {
   void row(int x, int y, int length, const std::uint8_t* coverage);
 
  private:
-  /// Pixels of one coverage, whatever the mask.
+  // Whatever the mask:
+  void plainRow(int x, int y, int length, const std::uint8_t* coverage);
+  /// Pixels of one coverage.
   void run(int x, int y, int length, std::uint32_t coverage);
+  void gradientRun(int x, int y, int length, std::uint32_t coverage);
 
   const Surface& surface_;
   const PixelSource& source_;

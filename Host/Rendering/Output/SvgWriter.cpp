@@ -200,6 +200,16 @@ class Writer {
     line("{}", content);
   }
 
+  /// A picture's colours as a style; ink is black or white, the only colours of tinted texts.
+  static std::string filterOf(const DrawImage& c) {
+    if (c.colors == DrawImage::Colors::grey) return R"svg( style="filter:grayscale(1)")svg";
+    if (c.colors != DrawImage::Colors::inked) return {};
+    const std::string darker = fmt::format("brightness({})", number(1 - DrawImage::kInk));
+    const bool isDark = c.tint.red < 128;
+    return fmt::format(R"svg( style="filter:grayscale(1) {}")svg",
+                       isDark ? darker : "invert(1) " + darker + " invert(1)");
+  }
+
   /// Everything that is in front of the picture's own pixels is said of the group, so that the
   /// next drawing of the same picture can use the element.
   void put(const DrawImage& c) {
@@ -212,7 +222,7 @@ class Writer {
     line(R"svg(<g clip-path="url(#{})" opacity="{}"{}>{}</g>)svg",
          clipId,
          number(c.opacity),
-         c.colors == DrawImage::Colors::grey ? R"svg( style="filter:grayscale(1)")svg" : "",
+         filterOf(c),
          images_.element(*list_.images[c.image], c, document_));
   }
 

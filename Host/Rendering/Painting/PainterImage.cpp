@@ -52,6 +52,21 @@ std::uint32_t grey(std::uint32_t pixel) {
   return scalePixel(premultiply(greyOf({channel(16), channel(8), channel(0), 1})), alpha);
 }
 
+std::uint32_t colored(const DrawImage& command, std::uint32_t tint, std::uint32_t pixel) {
+  constexpr auto kInk = static_cast<std::uint32_t>(DrawImage::kInk * 255 + 0.5);
+  switch (command.colors) {
+    case DrawImage::Colors::grey:
+      return grey(pixel);
+    case DrawImage::Colors::inked:
+      return mix(grey(pixel), scalePixel(tint, pixel >> 24), kInk);
+    case DrawImage::Colors::tinted:
+      return scalePixel(tint, pixel >> 24);
+    case DrawImage::Colors::own:
+      break;
+  }
+  return pixel;
+}
+
 }  // namespace
 
 void Painter::draw(const DrawImage& command) {
@@ -87,11 +102,11 @@ void Painter::draw(const DrawImage& command) {
     const std::uint8_t* with = mask ? mask->row(y) : nullptr;
     for (int x = box.left; x < box.right; ++x) {
       const Tap& h = across[static_cast<std::size_t>(x - box.left)];
-      std::uint32_t pixel = mix(mix(upper[h.first], upper[h.second], h.weight),
-                                mix(lower[h.first], lower[h.second], h.weight),
-                                v.weight);
-      if (command.colors == DrawImage::Colors::grey) pixel = grey(pixel);
-      if (command.colors == DrawImage::Colors::tinted) pixel = scalePixel(tint, pixel >> 24);
+      const std::uint32_t pixel = colored(command,
+                                          tint,
+                                          mix(mix(upper[h.first], upper[h.second], h.weight),
+                                              mix(lower[h.first], lower[h.second], h.weight),
+                                              v.weight));
       std::uint32_t coverage = scaleByte(scaleByte(h.coverage, v.coverage), opacity);
       if (with) coverage = scaleByte(coverage, with[x]);
       to[x] = over(coverage == 255 ? pixel : scalePixel(pixel, coverage), to[x]);

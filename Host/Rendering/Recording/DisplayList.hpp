@@ -76,7 +76,10 @@ struct DrawSymbol {
   Ink ink;
 };
 struct DrawImage {
-  enum class Colors : std::uint8_t { own, grey, tinted };
+  /// tinted: nothing but the tint's colour; inked: grey, brought nearer to it.
+  enum class Colors : std::uint8_t { own, grey, inked, tinted };
+  /// Of the tint in inked pictures: enough for a pale one to stand out from its ground.
+  static constexpr double kInk = 0.45;
   std::uint32_t image = 0;
   Rect target;  ///< where the whole picture goes
   Rect bounds;  ///< the part that is seen

@@ -15,7 +15,7 @@ constexpr double kTextBarHeight = 0.7;  ///< of the line
 constexpr double kTextBarRadius = 4;
 
 /// Takes the coloured glyphs out of a text's: they are pictures of their own, as opaque as the
-/// text, and grey where the host tints.
+/// text, and where the host tints greys that come near the text's colour.
 void drawColorGlyphs(RecorderContext& context, const DrawGlyphs& text) {
   const auto begin = context.list.glyphs.begin() + static_cast<std::ptrdiff_t>(text.first);
   const auto isPlain = [&](const LineGlyph& glyph) {
@@ -35,8 +35,11 @@ void drawColorGlyphs(RecorderContext& context, const DrawGlyphs& text) {
                       glyph.box.height * text.size};
     command.bounds = command.target;
     command.opacity = text.ink.color.alpha;
-    if (context.options.mode != viewkit::RenderingMode::fullColor)
-      command.colors = DrawImage::Colors::grey;
+    if (context.options.mode != viewkit::RenderingMode::fullColor) {
+      command.colors = DrawImage::Colors::inked;
+      command.tint = text.ink.color;
+      command.tint.alpha = 1;
+    }
     context.list.images.push_back(glyph.image);
     context.list.commands.emplace_back(command);
   }

@@ -146,6 +146,48 @@ TEST_F(Emoji, AreDrawnInTheirOwnColoursAndGreyWhereTheHostTints) {
             pixelsOf(Text{""}, EmojiFont::installed, RenderingMode::vibrant));
 }
 
+/// The mean of the pixels that a picture covers whole.
+double meanGrey(const std::vector<std::uint32_t>& pixels) {
+  double sum = 0;
+  int count = 0;
+  for (const std::uint32_t pixel : pixels) {
+    if (pixel >> 24 != 255) continue;
+    sum += pixel & 255;
+    ++count;
+  }
+  return count == 0 ? 0 : sum / count;
+}
+
+// A grey moves 0.45 of the way to the text's colour, black in light and white in dark: from the
+// same greys the two means are 0.45 * 255 apart.
+TEST_F(Emoji, ComeNearTheTextsColourWhereTheHostTints) {
+  Renderer renderer;
+  const View heart = Text{"❤\uFE0F"}.font(30);
+  const auto mean = [&](RenderingMode mode, viewkit::Appearance appearance) {
+    return meanGrey(renderer
+                        .bitmap(heart,
+                                {.size = {40, 40},
+                                 .appearance = appearance,
+                                 .mode = mode,
+                                 .showsBackground = false})
+                        .value()
+                        .pixels);
+  };
+  for (const RenderingMode mode : {RenderingMode::accented, RenderingMode::vibrant}) {
+    const double light = mean(mode, viewkit::Appearance::light);
+    const double dark = mean(mode, viewkit::Appearance::dark);
+    EXPECT_GT(light, 0);
+    EXPECT_NEAR(dark - light, 0.45 * 255, 1);
+  }
+  const std::string svg = renderer
+                              .svg(heart,
+                                   {.size = {40, 40},
+                                    .appearance = viewkit::Appearance::light,
+                                    .mode = RenderingMode::accented})
+                              .value();
+  EXPECT_NE(svg.find("filter:grayscale(1) brightness(0.55)"), std::string::npos);
+}
+
 TEST_F(Emoji, AreEmbeddedInSvg) {
   Renderer renderer;
   const std::string svg = renderer.svg(Text{"Rent 🏠"}, {.size = {80, 40}}).value();

@@ -1,5 +1,7 @@
 #include "QuorvelWidgets/CardLimit/CardFace.hpp"
 
+#include <algorithm>
+
 #include "QuorvelWidgets/CardLimit/CardFigures.hpp"
 #include "QuorvelWidgets/WidgetSupport/Components/CardArtTile.hpp"
 #include "QuorvelWidgets/WidgetSupport/Components/FaceStyle.hpp"
@@ -23,8 +25,25 @@ View cardFace(const WidgetSnapshot::Card& card,
       .card = card, .cornerRadius = cornerRadius, .alignment = artAlignment, .renderingMode = mode};
   const double veil = mode == RenderingMode::accented ? 0 : faceVeil(card.gradient, textOpacity);
   if (veil == 0) return tile;
-  return tile.overlay(
-      RoundedRectangle(cornerRadius, CornerStyle::continuous).fill(veilGradient(veil, textFoot)));
+  const auto shape = RoundedRectangle(cornerRadius, CornerStyle::continuous);
+  // On a light canvas a white face has no edge of its own.
+  if (hidesTheFace(veil))
+    return tile.overlay(shape.innerStroke(Color::black().withOpacity(0.12), 1));
+  return tile.overlay(shape.fill(veilGradient(veil, textFoot)));
+}
+
+View onFace(const View& text,
+            const WidgetSnapshot::Card& card,
+            double textOpacity,
+            Insets around,
+            RenderingMode mode) {
+  if (mode == RenderingMode::accented) return text;
+  const double veil = faceVeil(card.gradient, textOpacity);
+  if (!hidesTheFace(veil)) return text;
+  const Insets outwards{-around.top, -around.leading, -around.bottom, -around.trailing};
+  return text.background(RoundedRectangle(kHeight * 0.5, CornerStyle::continuous)
+                             .fill(Color::black().withOpacity(std::max(veil, kPillOpacity)))
+                             .padding(outwards));
 }
 
 View cardTitleText(const WidgetSnapshot::Card& card,

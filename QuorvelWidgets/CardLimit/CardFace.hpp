@@ -10,17 +10,28 @@
 
 namespace quorvel {
 
+/// Of the black that pills on a face are filled with.
+inline constexpr double kPillOpacity = 0.55;
+
 /// White on the face's colours, primary where an accented host takes them away.
 [[nodiscard]] viewkit::Color faceTextColor(widgetruntime::RenderingMode mode);
 
 /// The face under the veil that white text of `textOpacity` needs, which ends at `textFoot` of the
-/// height; takes the whole proposal.
+/// height, unless it would hide the face; takes the whole proposal.
 [[nodiscard]] viewkit::View cardFace(const WidgetSnapshot::Card& card,
                                      double cornerRadius,
                                      viewkit::Alignment artAlignment,
                                      std::optional<double> textOpacity,
                                      double textFoot,
                                      widgetruntime::RenderingMode mode);
+
+/// A text on that face, of `textOpacity` like those above: where a veil would hide the face, on a
+/// pill that is larger than the text by `around`.
+[[nodiscard]] viewkit::View onFace(const viewkit::View& text,
+                                   const WidgetSnapshot::Card& card,
+                                   double textOpacity,
+                                   viewkit::Insets around,
+                                   widgetruntime::RenderingMode mode);
 
 /// The user's card by its product or bank, bold; may be cut.
 [[nodiscard]] viewkit::View cardTitleText(const WidgetSnapshot::Card& card,

@@ -29,18 +29,20 @@ View face(const CardLimitContent& content, const WidgetSnapshot::Card& card) {
   View tile = cardFace(card, 9, Alignment::center, weakestText, number.empty() ? 0.45 : 1, mode)
                   .frame(FlexibleFrame{.minHeight = kLeastFace, .maxHeight = kFace});
   if (!card.hasImage) {
-    tile = tile.overlay(cardTitleText(card, 10.5, content.lang(), mode)
+    const View title = cardTitleText(card, 10.5, content.lang(), mode);
+    tile = tile.overlay(onFace(title, card, *weakestText, {2, 6, 1.5, 6}, mode)
                             .padding({.top = 8, .leading = 10, .trailing = 10}),
                         Alignment::topLeading);
   }
   if (!number.empty()) {
-    tile = tile.overlay(Text{"•• " + number}
+    const View digits = Text{"•• " + number}
                             .font(9.5, FontWeight::semibold)
                             .tracking(1)
                             .lineLimit(1)
                             .direction(LayoutDirection::leftToRight)
                             .accessibilityLabel(spokenEndingIn(number, content.lang()))
-                            .foregroundStyle(faceTextColor(mode).withOpacity(kNumberOpacity))
+                            .foregroundStyle(faceTextColor(mode).withOpacity(kNumberOpacity));
+    tile = tile.overlay(onFace(digits, card, *weakestText, {1, 6, 1.5, 6}, mode)
                             .padding({.leading = 10, .bottom = 7}),
                         Alignment::bottomLeading);
   }

@@ -38,7 +38,7 @@ double pillRoom(const CardStack& stack) {
 View pill(const CardStack& stack, const WidgetSnapshot::Card& card, double room) {
   const Color ground = stack.renderingMode == RenderingMode::accented
                            ? Color::primary().withOpacity(0.14)
-                           : Color::black().withOpacity(0.55);
+                           : Color::black().withOpacity(kPillOpacity);
   return Amount{.value = card.remaining,
                 .snapshot = stack.snapshot,
                 .size = stack.pillSize,
@@ -81,10 +81,11 @@ View face(const CardStack& stack, std::size_t index, double room) {
   if (card.hasImage) {
     tile = tile.accessibilityLabel(cardTitle(card));
   } else {
-    tile =
-        tile.overlay(cardTitleText(card, stack.pillSize, stack.snapshot.lang, stack.renderingMode)
-                         .padding({.top = 9, .leading = 10, .trailing = room}),
-                     Alignment::topLeading);
+    const View title =
+        cardTitleText(card, stack.pillSize, stack.snapshot.lang, stack.renderingMode);
+    tile = tile.overlay(onFace(title, card, 1, {3, 6, 3, 6}, stack.renderingMode)
+                            .padding({.top = 9, .leading = 10, .trailing = room}),
+                        Alignment::topLeading);
   }
   const FixedFrame frame{.width = stack.width ? std::optional<Length>{*stack.width} : std::nullopt,
                          .height = stack.height};

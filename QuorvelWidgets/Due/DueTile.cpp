@@ -63,11 +63,10 @@ View mark(const DueTile& tile) {
 View drawnTile(const DueTile& tile) {
   View plain = mark(tile);
   if (tile.onFace || tile.renderingMode != RenderingMode::fullColor) return plain;
-  // The veil that a white text needs leaves a mark on its paler ground 3:1. Under the veil of a
-  // white or yellow face nothing of its colour is left but brown: the default face looks better.
-  constexpr double kMostVeil = 0.35;
+  // The veil that a white text needs leaves a mark on its paler ground 3:1. The default face looks
+  // better than a white or yellow one under its veil.
   std::vector<std::string> colors = tile.due.face.value_or(std::vector<std::string>{});
-  if (faceVeil(colors, 1) > kMostVeil) colors.clear();
+  if (hidesTheFace(faceVeil(colors, 1))) colors.clear();
   const View face =
       faceGround(colors, 1).clip(RoundedRectangleShape{tile.size * 0.3, cornersOf(tile)});
   return plain.background(face);

@@ -5,6 +5,7 @@
 #include "QuorvelWidgets/CardLimit/CardStack.hpp"
 #include "Tests/Support/Snapshots.hpp"
 #include "Tests/Support/ViewInspection.hpp"
+#include "ViewKit/Dump.hpp"
 
 namespace quorvel {
 namespace {
@@ -187,6 +188,30 @@ TEST(CardLimitView, ArtCarriesItsOwnPrinting) {
   const auto texts = testsupport::texts(view(entry, WidgetFamily::systemSmall));
   EXPECT_THAT(texts, Not(Contains("Card 1")));
   EXPECT_THAT(texts, Not(Contains(HasSubstr("8478"))));
+}
+
+// The veil that white texts need would leave a white face grey and a yellow one brown.
+TEST(CardLimitView, APaleFaceKeepsItsColoursUnderTextsOnPills) {
+  const auto dumpOf = [](std::vector<std::string> gradient, Environment environment = {}) {
+    auto pale = card("1");
+    pale.gradient = std::move(gradient);
+    return viewkit::dump(
+        view({.snapshot = snapshotOf({pale})}, WidgetFamily::systemSmall, environment));
+  };
+  // 0.8 of white has 4.5:1 on white under 0.61 of black, not under 0.60.
+  const std::string pill = "RoundedRectangle radius 0.5H style continuous fill #000000 0.61";
+  const std::string onWhite = dumpOf({"#FFFFFF"});
+  EXPECT_NE(onWhite.find(pill), std::string::npos);
+  EXPECT_NE(onWhite.find(pill, onWhite.find(pill) + 1), std::string::npos) << "title and number";
+  EXPECT_THAT(onWhite, Not(HasSubstr("fill gradient (0, 0) to (0, 1)")));
+  EXPECT_THAT(dumpOf({"#FFFFFF"}, {.widgetRenderingMode = widgetruntime::RenderingMode::accented}),
+              Not(HasSubstr("#000000 0.6")));
+
+  // A grey of the middle keeps its veil, a dark face needs nothing.
+  EXPECT_THAT(dumpOf({"#808080"}),
+              AllOf(HasSubstr("fill gradient (0, 0) to (0, 1)"), Not(HasSubstr("radius 0.5H"))));
+  EXPECT_THAT(dumpOf({"#20375D"}),
+              AllOf(Not(HasSubstr("to (0, 1)")), Not(HasSubstr("radius 0.5H"))));
 }
 
 TEST(CardLimitView, AnEmptyProductNameLeavesTheBanks) {

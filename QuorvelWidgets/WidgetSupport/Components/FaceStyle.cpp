@@ -16,6 +16,11 @@ double faceVeil(const std::vector<std::string>& colors, std::optional<double> te
   return leastVeil(stops, 0xFFFFFF, *textOpacity);
 }
 
+bool hidesTheFace(double veil) {
+  constexpr double kMostVeil = 0.35;
+  return veil > kMostVeil;
+}
+
 Gradient veilGradient(double veil, double foot) {
   constexpr double kFade = 0.25;
   const Color full = Color::black().withOpacity(veil);

@@ -15,6 +15,9 @@ namespace quorvel {
 [[nodiscard]] double faceVeil(const std::vector<std::string>& colors,
                               std::optional<double> textOpacity);
 
+/// Whether nothing of a face's colour would be left under that veil but brown or grey.
+[[nodiscard]] bool hidesTheFace(double veil);
+
 /// A veil of that opacity over a face: full down to `foot`, a fraction of the height at which the
 /// texts end, and gone a little below it.
 [[nodiscard]] viewkit::Gradient veilGradient(double veil, double foot);

@@ -4,6 +4,7 @@
 #include "QuorvelWidgets/WidgetSupport/Components/Filling.hpp"
 #include "QuorvelWidgets/WidgetSupport/Components/FittingWidth.hpp"
 #include "QuorvelWidgets/WidgetSupport/Texts/AmountText.hpp"
+#include "QuorvelWidgets/WidgetSupport/Texts/SpokenTexts.hpp"
 #include "QuorvelWidgets/WidgetSupport/Texts/WidgetStrings.hpp"
 
 namespace quorvel {
@@ -20,8 +21,11 @@ View calendarSymbol(double size) {
 // What a person would say of the next payment in one breath.
 Accessibility spoken(const DueContent& content) {
   const UpcomingDue& next = content.upcoming.front();
-  return {.label = spokenRelativeLabel(next.days, content.lang()) + ", " + next.due->name + ", " +
-                   amountAccessibilityLabel(next.due->amount, content.snapshot),
+  const std::string& lang = content.lang();
+  return {.label = spokenList({spokenRelativeLabel(next.days, lang),
+                               next.due->name,
+                               amountAccessibilityLabel(next.due->amount, content.snapshot)},
+                              lang),
           .children = Accessibility::Children::ignore};
 }
 

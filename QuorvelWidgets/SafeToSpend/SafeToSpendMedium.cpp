@@ -8,6 +8,7 @@
 #include "QuorvelWidgets/WidgetSupport/Components/WidgetMeter.hpp"
 #include "QuorvelWidgets/WidgetSupport/Components/WidgetScaffold.hpp"
 #include "QuorvelWidgets/WidgetSupport/Texts/AmountText.hpp"
+#include "QuorvelWidgets/WidgetSupport/Texts/SpokenTexts.hpp"
 
 namespace quorvel {
 
@@ -105,8 +106,10 @@ View tileGround(const SafeToSpendContent& content) {
 /// Silent while amounts are hidden: the remainder has said so.
 Accessibility spokenTileAmount(const SafeToSpendContent& content) {
   if (content.isHidden()) return {.hidden = true};
-  const std::string today = content.text("leftForToday") + ", " +
-                            amountAccessibilityLabel(content.mainAmount(), content.snapshot);
+  const std::string today =
+      spokenList({content.text("leftForToday"),
+                  amountAccessibilityLabel(content.mainAmount(), content.snapshot)},
+                 content.snapshot.lang);
   return {.label = content.isLastDay() ? today : content.spokenMainAmount(),
           .children = Accessibility::Children::ignore};
 }

@@ -57,8 +57,10 @@ View SpendingContent::comparisonFigure() const {
 }
 
 Accessibility SpendingContent::spokenCategory() const {
-  return {.label = text("topCategory") + ", " + spending.topCategory.value_or("") + ", " +
-                   amountAccessibilityLabel(spending.topCategoryAmount, snapshot),
+  return {.label = spokenList({text("topCategory"),
+                               spending.topCategory.value_or(""),
+                               amountAccessibilityLabel(spending.topCategoryAmount, snapshot)},
+                              snapshot.lang),
           .children = Accessibility::Children::ignore};
 }
 

@@ -31,6 +31,7 @@ Room renderingRoom(std::string_view folder, Names sees, const Names& libraries =
                         {"ViewKit/",
                          "Foundation/Ascii.hpp",
                          "Foundation/FileDescriptor.hpp",
+                         "Foundation/ListSeparator.hpp",
                          "Foundation/Markup.hpp",
                          "Foundation/Overloaded.hpp"});
   room.libraries.insert(room.libraries.end(), libraries.begin(), libraries.end());

@@ -7,6 +7,7 @@
 #include <iterator>
 #include <string_view>
 
+#include "Foundation/ListSeparator.hpp"
 #include "Rendering/Layout/Layout.hpp"
 #include "Rendering/Layout/PlacedText.hpp"
 
@@ -56,14 +57,6 @@ std::string withoutDirectionalControls(std::string_view text) {
     text.remove_prefix(length);
   }
   return result;
-}
-
-/// What stands between the items of a list in a language.
-std::string_view listSeparator(std::string_view language) {
-  if (language.starts_with("ar")) return "، ";
-  if (language.starts_with("ja")) return "、";
-  if (language.starts_with("zh")) return "，";
-  return ", ";
 }
 
 /// The language of the tree's first text that has one: a widget speaks one language.
@@ -232,7 +225,7 @@ std::vector<AccessibleElement> accessibleElements(const LayoutTree& tree,
     elements.push_back({role, options.name, "", whole, std::move(link)});
   }
   if (options.redaction.placeholder) return elements;
-  const std::string_view separator = listSeparator(languageOf(tree.view));
+  const std::string_view separator = foundation::listSeparator(languageOf(tree.view));
   std::ranges::move(Reader(options.redaction, separator).read(tree.root),
                     std::back_inserter(elements));
   return elements;

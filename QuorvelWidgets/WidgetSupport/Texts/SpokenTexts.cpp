@@ -3,6 +3,7 @@
 #include <array>
 
 #include "Foundation/Characters.hpp"
+#include "Foundation/ListSeparator.hpp"
 #include "QuorvelWidgets/WidgetSupport/Snapshot/WidgetLanguage.hpp"
 #include "QuorvelWidgets/WidgetSupport/Texts/PluralForm.hpp"
 #include "QuorvelWidgets/WidgetSupport/Texts/WidgetDates.hpp"
@@ -278,6 +279,17 @@ std::string spokenChangeFromMonth(const ChangeDescription& change,
   constexpr std::string_view kMonth = "{month}";
   if (const std::size_t at = text.find(kMonth); at != std::string::npos) {
     text.replace(at, kMonth.size(), *name);
+  }
+  return text;
+}
+
+std::string spokenList(std::initializer_list<std::string_view> items,
+                       std::optional<std::string_view> lang) {
+  const std::string_view separator = foundation::listSeparator(lang.value_or(""));
+  std::string text;
+  for (const std::string_view item : items) {
+    if (!text.empty()) text += separator;
+    text += item;
   }
   return text;
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <initializer_list>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -44,6 +45,10 @@ namespace quorvel {
 [[nodiscard]] std::string spokenChangeFromMonth(const ChangeDescription& change,
                                                 std::string_view month,
                                                 std::optional<std::string_view> lang);
+
+/// The items in their order, with the comma of the language's script between them.
+[[nodiscard]] std::string spokenList(std::initializer_list<std::string_view> items,
+                                     std::optional<std::string_view> lang);
 
 /// "ending in 8 4 7 8": the last digits of a card's number, said one by one.
 [[nodiscard]] std::string spokenEndingIn(std::string_view digits,

@@ -191,6 +191,13 @@ TEST(SpokenTexts, LastDigitsOneByOneInEveryLanguage) {
   EXPECT_EQ(spokenEndingIn("é1", std::nullopt), "ending in é 1");
 }
 
+TEST(SpokenTexts, ListsTakeTheCommaOfTheirLanguage) {
+  EXPECT_EQ(spokenList({"Today", "Rent", "$125"}, "en"), "Today, Rent, $125");
+  EXPECT_EQ(spokenList({"今日", "Rent", "$125"}, "ja"), "今日、Rent、$125");
+  EXPECT_EQ(spokenList({"اليوم", "Rent"}, "ar"), "اليوم، Rent");
+  EXPECT_EQ(spokenList({"Rent"}, "zh-Hans"), "Rent");
+}
+
 TEST(SpokenTexts, AMaskedNumberWithoutItsBullets) {
   EXPECT_EQ(spokenSubtitle("\u2022\u2022 8478", "en"), "ending in 8 4 7 8");
   EXPECT_EQ(spokenSubtitle("\u2022\u2022 Northbank", "en"), "\u2022\u2022 Northbank");

@@ -65,11 +65,15 @@ std::string dayPhrase(std::int64_t daysLeft, std::string_view lang) {
   return days + " " + WidgetStrings::text("left", lang);
 }
 
-View dayCaption(const SafeToSpendContent& content, double size) {
+std::string spokenDayPhrase(const SafeToSpendContent& content) {
   const std::int64_t days = content.metrics.daysLeft;
-  const std::string phrase = dayPhrase(days, content.lang());
-  return content.caption(phrase, size)
-      .accessibilityLabel(days < 1 ? phrase : spokenDaysLeft(days, content.lang()));
+  const std::string& lang = content.lang();
+  return days < 1 ? dayPhrase(days, lang) : spokenDaysLeft(days, lang);
+}
+
+View dayCaption(const SafeToSpendContent& content, double size) {
+  return content.caption(dayPhrase(content.metrics.daysLeft, content.lang()), size)
+      .accessibilityLabel(spokenDayPhrase(content));
 }
 
 View safeToSpendHeader(const SafeToSpendContent& content, Color symbol, Color title, int lines) {

@@ -46,6 +46,9 @@ struct SafeToSpendContent : AccentedContext {
 /// Days left in words: "12d left", "Last day".
 [[nodiscard]] std::string dayPhrase(std::int64_t daysLeft, std::string_view lang);
 
+/// The day phrase as it is read aloud: "12 days left".
+[[nodiscard]] std::string spokenDayPhrase(const SafeToSpendContent& content);
+
 /// The day phrase as a caption.
 [[nodiscard]] viewkit::View dayCaption(const SafeToSpendContent& content, double size);
 

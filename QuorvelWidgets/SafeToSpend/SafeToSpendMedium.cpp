@@ -109,15 +109,22 @@ Accessibility spokenTileAmount(const SafeToSpendContent& content) {
   const std::string today =
       spokenList({content.text("leftForToday"),
                   amountAccessibilityLabel(content.mainAmount(), content.snapshot)},
-                 content.snapshot.lang);
+                 content.lang());
   return {.label = content.isLastDay() ? today : content.spokenMainAmount(),
           .children = Accessibility::Children::ignore};
 }
 
-View tileLabel(const SafeToSpendContent& content, TextKey key) {
-  return content.caption(content.text(key), 11)
-      .lineLimit(2)
+View oneLineLabel(const SafeToSpendContent& content, TextKey key, double leastScale) {
+  return content.caption(content.text(key), 11, leastScale)
       .foregroundStyle(content.colors.text().withOpacity(0.9));
+}
+
+/// A label that is a little too wide shrinks rather than take a second line.
+View tileLabel(const SafeToSpendContent& content, TextKey key) {
+  const View twoLines = content.caption(content.text(key), 11)
+                            .lineLimit(2)
+                            .foregroundStyle(content.colors.text().withOpacity(0.9));
+  return fittingWidth(oneLineLabel(content, key, 0.85), twoLines);
 }
 
 View perDayFigure(const SafeToSpendContent& content) {
@@ -130,18 +137,39 @@ View perDayFigure(const SafeToSpendContent& content) {
       .accessibility(spokenTileAmount(content));
 }
 
+View daysNumber(const SafeToSpendContent& content) {
+  return Text{std::to_string(content.metrics.daysLeft)}
+      .font(17, kFigureWeight)
+      .lineLimit(1)
+      .minimumScaleFactor(0.8)
+      .direction(LayoutDirection::leftToRight);
+}
+
+/// As high as its label needs; where that is too much, on one line at any rate.
 View daysLeftFigure(const SafeToSpendContent& content) {
+  const auto under = [&](View label) {
+    return VStack{
+        {.alignment = HorizontalAlignment::leading, .spacing = 0},
+        std::move(label),
+        daysNumber(content).padding({.top = 3}),
+    }
+        .padding({.top = 6});
+  };
+  return Fitting{under(tileLabel(content, "daysLeft")),
+                 under(oneLineLabel(content, "daysLeft", 0.8)),
+                 VStack{{.spacing = 0}}}
+      .accessibilityHidden();  // the day phrase says it
+}
+
+/// Beside the amount per day its number stands on that amount's line; no day phrase says it there.
+View daysLeftBeside(const SafeToSpendContent& content) {
   return VStack{
       {.alignment = HorizontalAlignment::leading, .spacing = 0},
-      tileLabel(content, "daysLeft"),
-      Text{std::to_string(content.metrics.daysLeft)}
-          .font(17, kFigureWeight)
-          .lineLimit(1)
-          .minimumScaleFactor(0.8)
-          .direction(LayoutDirection::leftToRight)
-          .padding({.top = 3}),
+      daysNumber(content),
+      tileLabel(content, "daysLeft").padding({.top = 3}),
   }
-      .accessibilityHidden();  // the day phrase says it
+      .accessibility(
+          {.label = spokenDayPhrase(content), .children = Accessibility::Children::ignore});
 }
 
 View tile(const SafeToSpendContent& content, const View& perDay) {
@@ -149,7 +177,7 @@ View tile(const SafeToSpendContent& content, const View& perDay) {
       {.alignment = HorizontalAlignment::leading, .spacing = 0},
       perDay.layoutPriority(1),
       Spacer{0},
-      whereItFits(daysLeftFigure(content).padding({.top = 6})),
+      daysLeftFigure(content),
   }
       .frame(part(kInfinity))
       .padding(12)
@@ -170,15 +198,20 @@ View column(const View& remainder, const View& foot) {
 
 }  // namespace
 
-// Three parts side by side; where an amount has no room, both share a column without the tile's
-// ground and the days.
+// Three parts side by side; where a figure or its label has no room, amounts and days share a
+// column without the tile's ground, and the days go last.
 View safeToSpendMedium(const SafeToSpendContent& content) {
   const View pace = pacePart(content).frame(part(104));
   const View remainder = remainderFigure(content);
   const View perDay = perDayFigure(content);
+  const View withDays = HStack{
+      {.alignment = VerticalAlignment::firstTextBaseline, .spacing = 16},
+      perDay,
+      daysLeftBeside(content),
+  };
   return Fitting{
       HStack{{.spacing = 12}, pace, column(remainder, details(content)), tile(content, perDay)},
-      HStack{{.spacing = 12}, pace, column(remainder, perDay)},
+      HStack{{.spacing = 12}, pace, column(remainder, Fitting{withDays, perDay})},
   }
       .frame(filling())
       .foregroundStyle(content.colors.text());

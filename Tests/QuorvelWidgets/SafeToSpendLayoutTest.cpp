@@ -128,6 +128,33 @@ TEST(SafeToSpendLayout, TheNarrowMediumSharesWhatTheTileLeaves) {
   EXPECT_NEAR(frameOfText(tree, "Left to spend").x, 16 + 95 + 12, 0.01);
 }
 
+// "Left for today" is 14 * 11 / 2 = 77 wide in the tile's 68: at 0.88 it fits on one line.
+TEST(SafeToSpendLayout, ALabelThatIsALittleTooWideShrinksOnItsLine) {
+  const WidgetSnapshot lastDay =
+      testsupport::snapshotWith(testsupport::budgetOf(3000, 1834, "2025-03-14", "2025-02-24"));
+  const auto tree = placed(lastDay, SafeToSpendStyle::ring, WidgetFamily::systemMedium, kMedium);
+  const auto* label = find(tree.root, [](const PlacedNode& n) {
+    const auto* element = std::get_if<viewkit::TextElement>(n.element());
+    return element && element->text == "Left for today";
+  });
+  ASSERT_NE(label, nullptr);
+  EXPECT_EQ(label->text->lines.size(), 1U);
+  EXPECT_NEAR(label->text->scale, 68.0 / 77, 0.01);
+}
+
+// Three parts leave "On pace" 27 of the 28 that it needs at its smallest.
+TEST(SafeToSpendLayout, WithoutRoomForTheTileTheDaysStandBesideTheAmountPerDay) {
+  const auto tree = placed(usual(), SafeToSpendStyle::ring, WidgetFamily::systemMedium, {270, 141});
+  const Rect amount = frameOfText(tree, "$106");
+  const Rect days = frameOfText(tree, "11");
+  EXPECT_GT(amount.width, 0);
+  EXPECT_GT(days.x, amount.right());
+  EXPECT_DOUBLE_EQ(days.y, amount.y);
+  EXPECT_GT(frameOfText(tree, "Days left").y, days.y);
+  EXPECT_EQ(frameOfText(tree, "Spent").width, 0);
+  EXPECT_EQ(frameOfText(tree, "11d left").width, 0);
+}
+
 TEST(SafeToSpendLayout, AnAmountOfAnySizeStaysInTheWidget) {
   WidgetSnapshot snapshot = testsupport::snapshotWith(testsupport::budgetOf(9e14, 1, "2025-03-15"));
   snapshot.money.symbol = "CHF ";

@@ -1,6 +1,7 @@
 #include <utility>
 
 #include "QuorvelWidgets/Due/DueContent.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/AccessoryFigure.hpp"
 #include "QuorvelWidgets/WidgetSupport/Components/Filling.hpp"
 #include "QuorvelWidgets/WidgetSupport/Components/FittingWidth.hpp"
 #include "QuorvelWidgets/WidgetSupport/Texts/AmountText.hpp"
@@ -59,18 +60,11 @@ View circular(const DueContent& content) {
 
 View rectangular(const DueContent& content) {
   const UpcomingDue& next = content.upcoming.front();
-  const Color secondary = content.colors.caption();
-  const View label =
-      HStack{
-          {.spacing = 4},
-          calendarSymbol(11.5),
-          content.caption(relativeLabel(next.days, content.lang()), 11.5)
-              .font(11.5, FontWeight::semibold),
-      }
-          .foregroundStyle(secondary);
+  const Color secondary = accessoryCaption(content.environment);
   return VStack{
       {.alignment = HorizontalAlignment::leading, .spacing = 1},
-      label,
+      accessoryLabel(
+          "calendar", relativeLabel(next.days, content.lang()), content.lang(), secondary),
       content.amount(*next.due, 21),
       content.name(*next.due, 11).font(11).foregroundStyle(secondary),
   }

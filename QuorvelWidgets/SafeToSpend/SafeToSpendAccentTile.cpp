@@ -26,7 +26,7 @@ View headline(const SafeToSpendContent& content, Color ink) {
   if (!content.isLastDay()) unit = perDayLabel(content);
   return VStack{
       {.alignment = HorizontalAlignment::leading, .spacing = 4},
-      amountWithUnit(content, 24, unit, 12).padding({.top = 2}),
+      amountWithUnit(content, unit, {.size = 24, .unitSize = 12}).padding({.top = 2}),
       dayLine(content, ink),
   };
 }

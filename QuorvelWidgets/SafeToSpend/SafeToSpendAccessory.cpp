@@ -1,4 +1,5 @@
 #include "QuorvelWidgets/SafeToSpend/SafeToSpendLayouts.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/AccessoryFigure.hpp"
 #include "QuorvelWidgets/WidgetSupport/Components/Amount.hpp"
 #include "QuorvelWidgets/WidgetSupport/Components/Filling.hpp"
 
@@ -19,7 +20,7 @@ View circular(const SafeToSpendContent& content) {
       Amount{.value = content.mainAmount(), .snapshot = content.snapshot, .size = 17},
       content
           .caption(content.text(content.isLastDay() ? TextKey{"left"} : TextKey{"perDay"}), 10, 0.7)
-          .foregroundStyle(content.colors.caption()),
+          .foregroundStyle(accessoryCaption(content.environment)),
   }
       .accessibility(
           {.label = content.spokenMainAmount(), .children = Accessibility::Children::ignore})
@@ -27,11 +28,15 @@ View circular(const SafeToSpendContent& content) {
 }
 
 View rectangular(const SafeToSpendContent& content) {
-  const Color secondary = content.colors.caption();
+  const Color secondary = accessoryCaption(content.environment);
   return VStack{
       {.alignment = HorizontalAlignment::leading, .spacing = 1},
-      safeToSpendHeader(content, secondary, secondary),
-      amountWithUnit(content, 21, unit(content), 11, secondary),
+      accessoryLabel(
+          content.title.symbol, content.text(content.title.text), content.lang(), secondary),
+      amountWithUnit(
+          content,
+          unit(content),
+          {.size = 21, .unitSize = 11, .unitColor = secondary, .weight = FontWeight::bold}),
       dayCaption(content, 11).foregroundStyle(secondary),
   }
       .frame(filling(Alignment::leading))
@@ -41,8 +46,11 @@ View rectangular(const SafeToSpendContent& content) {
 View inlineRow(const SafeToSpendContent& content) {
   return HStack{
       {.spacing = 5},
-      Symbol{std::string{content.title.symbol}}.font(13, FontWeight::medium).accessibilityHidden(),
-      amountWithUnit(content, 13, unit(content), 13),
+      Symbol{std::string{content.title.symbol}}
+          .font(13, FontWeight::semibold)
+          .accessibilityHidden(),
+      amountWithUnit(
+          content, unit(content), {.size = 13, .unitSize = 13, .weight = FontWeight::bold}),
   };
 }
 

@@ -96,22 +96,20 @@ View safeToSpendHeader(const SafeToSpendContent& content, Color symbol, Color ti
 }
 
 View amountWithUnit(const SafeToSpendContent& content,
-                    double size,
                     const std::optional<std::string>& unit,
-                    double unitSize,
-                    std::optional<Color> unitColor) {
+                    const AmountStyle& style) {
   const Amount amount{.value = content.mainAmount(),
                       .snapshot = content.snapshot,
-                      .size = size,
-                      .weight = kFigureWeight};
+                      .size = style.size,
+                      .weight = style.weight};
   const Accessibility spoken{.label = content.spokenMainAmount(), .children = kIgnored};
   if (!unit) return amount.accessibility(spoken);
-  const Text words = content.caption(*unit, unitSize, 0.85);
+  const Text words = content.caption(*unit, style.unitSize, 0.85);
   const View row =
       HStack{
           {.alignment = VerticalAlignment::firstTextBaseline, .spacing = 4},
           amount,
-          unitColor ? words.foregroundStyle(*unitColor) : words.view(),
+          style.unitColor ? words.foregroundStyle(*style.unitColor) : words.view(),
       }
           .sharedScale();
   return fittingWidth(row, amount).accessibility(spoken);

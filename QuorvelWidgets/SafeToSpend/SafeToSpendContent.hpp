@@ -59,13 +59,19 @@ struct SafeToSpendContent : AccentedContext {
                                               viewkit::Color title,
                                               int lines = 1);
 
+/// Fonts of an amount and its unit, which has the amount's colour unless another is named.
+struct AmountStyle {
+  double size = 0;
+  double unitSize = 0;
+  std::optional<viewkit::Color> unitColor;
+  viewkit::FontWeight weight = kFigureWeight;
+};
+
 /// The main amount with its unit on the same baseline; the unit may be absent, and is left out
 /// where the amount needs its room.
 [[nodiscard]] viewkit::View amountWithUnit(const SafeToSpendContent& content,
-                                           double size,
                                            const std::optional<std::string>& unit,
-                                           double unitSize,
-                                           std::optional<viewkit::Color> unitColor = std::nullopt);
+                                           const AmountStyle& style);
 
 /// The unit of an amount per day without a space before it: "/ day".
 [[nodiscard]] std::string perDayLabel(const SafeToSpendContent& content);

@@ -39,7 +39,8 @@ View column(const SafeToSpendContent& content) {
   const View days = dayCaption(content, 11.5).foregroundStyle(content.colors.caption());
   return VStack{
       {.alignment = HorizontalAlignment::leading, .spacing = 3},
-      amountWithUnit(content, 21, unit, 11.5, content.colors.caption()),
+      amountWithUnit(
+          content, unit, {.size = 21, .unitSize = 11.5, .unitColor = content.colors.caption()}),
       fittingWidth(HStack{{.spacing = 0}, days, Spacer{6}, pace},
                    HStack{{.spacing = 0}, Spacer{0}, pace}),
   };

@@ -4,7 +4,6 @@
 
 #include "Foundation/Calendar.hpp"
 #include "QuorvelWidgets/SafeToSpend/SafeToSpendLayouts.hpp"
-#include "QuorvelWidgets/WidgetSupport/Components/AccessoryBackdrop.hpp"
 
 namespace quorvel {
 
@@ -64,10 +63,7 @@ View SafeToSpendView::body() const {
   if (!content) return scaffold.root(scaffold.message(kNoBudget));
 
   WidgetChrome chrome = scaffold.chrome(layout(*this, *content));
-  if (isAccentTile(*this)) {
-    chrome.background = Rectangle().fill(content->accent.fill);
-    if (!showsBackground) chrome.backdrop = AccessoryBackdrop{.showsBackground = false};
-  }
+  if (isAccentTile(*this)) chrome.background = Rectangle().fill(content->accent.fill);
   return chrome;
 }
 

@@ -216,17 +216,30 @@ TEST(SafeToSpendView, OnlyTheAccentTileStandsOnTheAccent) {
             palette::canvas);
 }
 
-TEST(SafeToSpendView, WithoutTheHostsBackgroundTheTileIsPlainPrimaryOnABackdrop) {
+// A host's plate has other corners.
+TEST(SafeToSpendView, WithoutTheHostsBackgroundTheTileIsPlainPrimaryWithoutAGround) {
   Environment environment;
   environment.showsWidgetContainerBackground = false;
   const View bare = draw(usual(), SafeToSpendStyle::accent, environment);
-  EXPECT_NE(testsupport::component(bare, "AccessoryBackdrop"), nullptr);
+  EXPECT_EQ(testsupport::component(bare, "AccessoryBackdrop"), nullptr);
   const std::string text = dump(bare);
   EXPECT_EQ(text.find(dump(WAccent{}.glyph)), std::string::npos);
 
   const View full = draw(usual());
-  EXPECT_EQ(testsupport::component(full, "AccessoryBackdrop"), nullptr);
   EXPECT_EQ(testsupport::texts(bare), testsupport::texts(full));
+}
+
+TEST(SafeToSpendView, AccessoriesStandOnTheBackdropExceptTheLine) {
+  const auto backdrop = [](WidgetFamily family, bool showsBackground) {
+    Environment environment = in(family);
+    environment.showsWidgetContainerBackground = showsBackground;
+    const View view = draw(usual(), SafeToSpendStyle::accent, environment);
+    return testsupport::component(view, "AccessoryBackdrop") != nullptr;
+  };
+  EXPECT_TRUE(backdrop(WidgetFamily::accessoryCircular, false));
+  EXPECT_TRUE(backdrop(WidgetFamily::accessoryRectangular, false));
+  EXPECT_FALSE(backdrop(WidgetFamily::accessoryInline, false));
+  EXPECT_FALSE(backdrop(WidgetFamily::accessoryRectangular, true));
 }
 
 TEST(SafeToSpendView, TheMediumSurfaceGivesWayToTheBackdrop) {

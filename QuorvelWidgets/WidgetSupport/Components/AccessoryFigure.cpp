@@ -1,7 +1,8 @@
 #include "QuorvelWidgets/WidgetSupport/Components/AccessoryFigure.hpp"
 
-#include <string>
+#include <utility>
 
+#include "QuorvelWidgets/WidgetSupport/Colors/ModeColors.hpp"
 #include "QuorvelWidgets/WidgetSupport/Components/Amount.hpp"
 #include "QuorvelWidgets/WidgetSupport/Components/Filling.hpp"
 
@@ -9,6 +10,30 @@ namespace quorvel {
 
 using namespace viewkit;
 using widgetruntime::WidgetFamily;
+
+Color accessoryCaption(const widgetruntime::Environment& environment) {
+  if (environment.showsWidgetContainerBackground) {
+    return ModeColors{environment.widgetRenderingMode}.caption();
+  }
+  return Color::secondary();
+}
+
+View accessoryLabel(std::string_view symbol,
+                    std::string words,
+                    std::string_view lang,
+                    const Color& color) {
+  constexpr double kSize = 11.5;
+  return HStack{
+      {.spacing = 4},
+      Symbol{std::string{symbol}}.font(kSize, FontWeight::semibold).accessibilityHidden(),
+      Text{std::move(words)}
+          .font(kSize, FontWeight::semibold)
+          .lineLimit(1)
+          .minimumScaleFactor(0.8)
+          .language(std::string{lang}),
+  }
+      .foregroundStyle(color);
+}
 
 View accessoryFigure(std::string_view symbol,
                      double amount,

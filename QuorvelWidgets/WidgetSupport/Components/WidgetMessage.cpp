@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "QuorvelWidgets/WidgetSupport/Colors/Palette.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/AccessoryFigure.hpp"
 #include "QuorvelWidgets/WidgetSupport/Components/Filling.hpp"
 #include "QuorvelWidgets/WidgetSupport/Components/FittingWidth.hpp"
 #include "QuorvelWidgets/WidgetSupport/Components/WidgetIconTile.hpp"
@@ -94,7 +95,7 @@ View accessoryMessage(const WidgetMessage& message, const widgetruntime::Environ
           .lineLimit(1)
           .minimumScaleFactor(0.85)
           .language(message.lang),
-      words.font(12).lineLimit(2).balanced().foregroundStyle(message.colors.caption()),
+      words.font(12).lineLimit(2).balanced().foregroundStyle(accessoryCaption(environment)),
   }
       .frame(filling(Alignment::leading))
       .padding({.top = 6, .leading = 10, .bottom = 6, .trailing = 10})

@@ -4,6 +4,7 @@
 
 #include "QuorvelWidgets/WidgetSupport/Colors/ModeColors.hpp"
 #include "QuorvelWidgets/WidgetSupport/Colors/Palette.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/AccessoryBackdrop.hpp"
 #include "QuorvelWidgets/WidgetSupport/Components/WidgetMessage.hpp"
 #include "QuorvelWidgets/WidgetSupport/Snapshot/WidgetLanguage.hpp"
 #include "QuorvelWidgets/WidgetSupport/Texts/WidgetStrings.hpp"
@@ -11,6 +12,7 @@
 namespace quorvel {
 
 using namespace viewkit;
+using widgetruntime::WidgetFamily;
 
 std::string WidgetScaffold::lang() const {
   return snapshot ? snapshot->lang : preferredLanguageCode(environment.preferredLanguages);
@@ -55,6 +57,11 @@ WidgetChrome WidgetScaffold::chrome(View content) const {
       .link = link,
   };
   if (!accessory) root.background = Rectangle().fill(palette::canvas);
+  // An inline accessory is a line of text.
+  if (accessory && environment.familyInForce() != WidgetFamily::accessoryInline &&
+      !environment.showsWidgetContainerBackground) {
+    root.backdrop = AccessoryBackdrop{.showsBackground = false};
+  }
   return root;
 }
 

@@ -31,8 +31,7 @@ Session makePlaces(const Options& options, const Program& program) {
   session.container =
       options.container.empty() ? session.places.container : absolute(options.container);
   session.now = present();
-  const foundation::Calendar calendar(foundation::currentLocale(program.environment),
-                                      foundation::currentTimeZone(program.environment));
+  const foundation::Calendar calendar(foundation::currentTimeZone(program.environment));
   const auto today = calendar.components(session.now);
   session.midnight = calendar.date(today.year, today.month, today.day + 1)
                          .value_or(foundation::Instant{session.now.seconds + 86400});

@@ -129,7 +129,7 @@ std::vector<WidgetOutlook> widgetOutlooks(const WidgetSnapshot* snapshot,
 }
 
 DiagnoseAnswer diagnoseSnapshot(const DiagnoseParameters& parameters) {
-  const Calendar calendar{parameters.device.locale, parameters.device.timeZone};
+  const Calendar calendar{parameters.device.timeZone};
   try {
     return diagnose(parameters, calendar);
   } catch (const std::bad_alloc&) {

@@ -11,6 +11,7 @@
 #include "Rendering/Recording/DisplayList.hpp"
 #include "Rendering/Recording/Recorder.hpp"
 #include "Rendering/Text/FontMeasurer.hpp"
+#include "ViewKit/OutermostModifier.hpp"
 
 namespace rendering {
 

@@ -6,6 +6,7 @@
 #include "Foundation/JsonWriter.hpp"
 #include "Opening/LinkOpener.hpp"
 #include "Resident/Status.hpp"
+#include "Surfaces/Cells.hpp"
 
 namespace resident {
 
@@ -48,7 +49,7 @@ std::optional<int> cell(const JsonValue& parameters, std::string_view key) {
   const JsonValue* value = present(parameters, key);
   const double* number = value != nullptr ? value->number() : nullptr;
   if (number == nullptr || *number != std::floor(*number) || *number < 0 ||
-      *number > Placements::kMaximumCell) {
+      *number > surfaces::kMaximumCell) {
     return std::nullopt;
   }
   return static_cast<int>(*number);

@@ -3,21 +3,23 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <array>
 #include <charconv>
-#include <cmath>
-#include <functional>
+#include <set>
+#include <utility>
 
-#include "Foundation/JsonValue.hpp"
-#include "Foundation/JsonWriter.hpp"
+#include "Foundation/JsonRecordWriter.hpp"
+#include "Foundation/JsonValueReader.hpp"
+#include "Surfaces/Cells.hpp"
+#include "WidgetRuntime/Messages.hpp"
 
 namespace resident {
 namespace {
 
+using foundation::AtMost;
+using foundation::Bounds;
 using foundation::JsonValue;
-using foundation::JsonWriter;
-
-constexpr std::array<std::string_view, 3> kLooks{"paper", "glass", "tinted"};
+using foundation::kAlways;
+using foundation::kRequired;
 
 std::string idOf(std::uint32_t number) {
   return fmt::format("w{}", number);
@@ -31,139 +33,112 @@ std::optional<std::uint32_t> numberOf(std::string_view id) {
   return isWhole && number > 0 && idOf(number) == id ? std::optional(number) : std::nullopt;
 }
 
-/// Reads the members of one object and keeps the first problem; whoever reads on gets defaults.
-class Members {
+/// The file: which version wrote it, and what it holds.
+struct File {
+  int version = Placements::kVersion;
+  Placements placements;
+};
+
+template <class T>
+struct MembersOf;
+template <>
+struct MembersOf<DesktopPlace> {
+  static void list(auto&& member) {
+    member("output", &DesktopPlace::output, kRequired);
+    member("column", &DesktopPlace::column, kRequired, surfaces::kCell);
+    member("row", &DesktopPlace::row, kRequired, surfaces::kCell);
+  }
+};
+template <>
+struct MembersOf<BoardPlace> {
+  static void list(auto&& member) {
+    member("column", &BoardPlace::column, kRequired, surfaces::kCell);
+    member("row", &BoardPlace::row, kRequired, surfaces::kCell);
+  }
+};
+template <>
+struct MembersOf<Placement> {
+  static void list(auto&& member) {
+    member("id", &Placement::id, kRequired);
+    member("kind", &Placement::kind, kRequired);
+    member("family", &Placement::family, kRequired);
+    member("configuration", &Placement::configuration, kAlways);
+    member("desktop", &Placement::desktop);
+    member("board", &Placement::board);
+  }
+};
+template <>
+struct MembersOf<Placements> {
+  static constexpr Bounds kIds{.least = 0, .most = 4e9};
+  static void list(auto&& member) {
+    member("hidden", &Placements::hidden, kRequired);
+    member("desktop", &Placements::desktop, kRequired);
+    member("look", &Placements::look, kRequired);
+    member("nextId", &Placements::nextId, kRequired, kIds);
+    member("placements", &Placements::placements, kRequired, AtMost{Placements::kMaximum});
+  }
+};
+template <>
+struct MembersOf<File> {
+  static void list(auto&& member) {
+    member("version", &File::version, kRequired, Bounds{});
+    member(&File::placements);
+  }
+};
+
+class PlacementsReader : public foundation::JsonRecordReader<PlacementsReader, MembersOf> {
  public:
-  using Problem = std::optional<std::string>;
-  using Names = std::initializer_list<std::string_view>;
+  static constexpr bool kLenient = false;
 
-  Members(const JsonValue& json, std::string path, Problem& problem, Names known)
-      : json_(json), path_(std::move(path)), problem_(problem) {
-    if (json.object() == nullptr) {
-      fail("", "an object is expected");
-    } else {
-      checkNames(*json.object(), known);
-    }
-  }
+  PlacementsReader() : JsonRecordReader(widgetruntime::kMaximumString) {}
 
-  void checkNames(const JsonValue::Object& object, Names known) {
-    for (const auto& [key, value] : object) {
-      if (std::ranges::find(known, key) == known.end()) fail(key.substr(0, 40), "unknown member");
-    }
-  }
-
-  [[nodiscard]] const JsonValue* find(std::string_view key) const { return json_.member(key); }
-
-  void fail(std::string_view key, std::string_view what) {
-    if (!problem_) problem_ = fmt::format("{}{}: {}", path_, key, what);
-  }
-
-  std::string string(std::string_view key) {
-    const JsonValue* value = json_.member(key);
-    if (value != nullptr && value->string() != nullptr) return *value->string();
-    fail(key, "a string is expected");
-    return {};
-  }
-
-  bool boolean(std::string_view key) {
-    const JsonValue* value = json_.member(key);
-    if (value != nullptr && value->boolean() != nullptr) return *value->boolean();
-    fail(key, "true or false is expected");
-    return false;
-  }
-
-  std::uint32_t whole(std::string_view key, std::uint32_t most) {
-    const JsonValue* value = json_.member(key);
-    const double* number = value != nullptr ? value->number() : nullptr;
-    if (number != nullptr && *number >= 0 && *number <= most && *number == std::floor(*number)) {
-      return static_cast<std::uint32_t>(*number);
-    }
-    fail(key, fmt::format("a whole number from 0 to {} is expected", most));
-    return 0;
+  bool read(const JsonValue& json, File& out) {
+    return JsonRecordReader::read(json, out) && checkIds(out.placements);
   }
 
  private:
-  const JsonValue& json_;
-  std::string path_;
-  Problem& problem_;
+  friend JsonRecordReader;
+  using JsonRecordReader::read;
+
+  bool read(const JsonValue& json, Placement& out) {
+    if (!JsonRecordReader::read(json, out)) return false;
+    if (!numberOf(out.id)) return failAt("id", "expected an id such as \"w1\"");
+    return !out.kind.empty() || failAt("kind", "expected a kind");
+  }
+  bool read(const JsonValue& json, std::uint32_t& out, const Bounds& bounds) {
+    double number = 0;
+    if (!read(json, number, bounds)) return false;
+    out = static_cast<std::uint32_t>(number);
+    return out == number || fail("expected a whole number");
+  }
+
+  bool failAt(std::string_view key, std::string message) {
+    fail(std::move(message));
+    return at(key);
+  }
+
+  /// No id stands twice, and the next one is above all, whoever wrote the file.
+  bool checkIds(Placements& all) {
+    std::set<std::uint32_t> numbers{0};
+    for (std::size_t i = 0; i < all.placements.size(); ++i) {
+      const bool isNew = numbers.insert(*numberOf(all.placements[i].id)).second;
+      if (isNew) continue;
+      failAt("id", "used twice");
+      at(i);
+      return at("placements");
+    }
+    all.nextId = std::max(all.nextId, *numbers.rbegin() + 1);
+    return true;
+  }
 };
 
-void readConfiguration(const JsonValue* json, Placement& placement, Members& members) {
-  if (json == nullptr) return;
-  if (json->object() == nullptr) return members.fail("configuration", "an object is expected");
-  for (const auto& [name, value] : *json->object()) {
-    if (value.string() == nullptr) return members.fail("configuration", "strings are expected");
-    placement.configuration.emplace(name, *value.string());
-  }
-}
+class PlacementsWriter : public foundation::JsonRecordWriter<PlacementsWriter, MembersOf> {
+ public:
+  using JsonRecordWriter::JsonRecordWriter;
+  using JsonRecordWriter::put;
 
-int cell(Members& members, std::string_view key) {
-  return static_cast<int>(members.whole(key, Placements::kMaximumCell));
-}
-
-Placement readPlacement(const JsonValue& json, const std::string& path, Members::Problem& problem) {
-  Members members{
-      json, path, problem, {"id", "kind", "family", "configuration", "desktop", "board"}};
-  Placement placement;
-  placement.id = members.string("id");
-  if (!numberOf(placement.id)) members.fail("id", "an id such as \"w1\" is expected");
-  placement.kind = members.string("kind");
-  if (placement.kind.empty()) members.fail("kind", "a kind is expected");
-  const auto family = widgetruntime::named<widgetruntime::WidgetFamily>(members.string("family"));
-  if (!family) members.fail("family", "a family is expected");
-  placement.family = family.value_or(placement.family);
-  readConfiguration(members.find("configuration"), placement, members);
-  if (const JsonValue* desktop = members.find("desktop")) {
-    Members place{*desktop, path + "desktop.", problem, {"output", "column", "row"}};
-    placement.desktop =
-        DesktopPlace{place.string("output"), cell(place, "column"), cell(place, "row")};
-  }
-  if (const JsonValue* board = members.find("board")) {
-    Members place{*board, path + "board.", problem, {"column", "row"}};
-    placement.board = BoardPlace{cell(place, "column"), cell(place, "row")};
-  }
-  return placement;
-}
-
-void readAll(Members& members, Placements& result, Members::Problem& problem) {
-  result.hidden = members.boolean("hidden");
-  result.desktop = members.boolean("desktop");
-  const auto look = std::ranges::find(kLooks, members.string("look"));
-  if (look == kLooks.end()) return members.fail("look", "paper, glass or tinted is expected");
-  result.look = static_cast<Look>(look - kLooks.begin());
-  result.nextId = std::max(members.whole("nextId", 4'000'000'000), 1U);
-  const JsonValue* list = members.find("placements");
-  if (list == nullptr || list->array() == nullptr) {
-    return members.fail("placements", "an array is expected");
-  }
-  if (list->array()->size() > Placements::kMaximum) {
-    return members.fail("placements", fmt::format("at most {}", Placements::kMaximum));
-  }
-  for (std::size_t i = 0; i < list->array()->size() && !problem; ++i) {
-    const std::string path = fmt::format("placements[{}].", i);
-    Placement placement = readPlacement((*list->array())[i], path, problem);
-    if (result.find(placement.id) != nullptr) members.fail(path + "id", "used twice");
-    result.nextId = std::max(result.nextId, numberOf(placement.id).value_or(0) + 1);
-    result.placements.push_back(std::move(placement));
-  }
-}
-
-void write(JsonWriter& json, const Placement& placement) {
-  json.beginObject().member("id", placement.id).member("kind", placement.kind);
-  json.member("family", widgetruntime::nameOf(placement.family));
-  json.key("configuration").beginObject();
-  for (const auto& [name, value] : placement.configuration) json.member(name, value);
-  json.endObject();
-  if (const auto& place = placement.desktop) {
-    json.key("desktop").beginObject().member("output", place->output);
-    json.member("column", place->column).member("row", place->row).endObject();
-  }
-  if (const auto& place = placement.board) {
-    json.key("board").beginObject();
-    json.member("column", place->column).member("row", place->row).endObject();
-  }
-  json.endObject();
-}
+  void put(std::uint32_t number) { json_.value(static_cast<std::int64_t>(number)); }
+};
 
 }  // namespace
 
@@ -192,40 +167,33 @@ bool Placements::remove(std::string_view id) {
 }
 
 std::string encodePlacements(const Placements& placements) {
-  JsonWriter json;
-  json.beginObject().member("version", Placements::kVersion);
-  json.member("hidden", placements.hidden).member("desktop", placements.desktop);
-  json.member("look", kLooks[static_cast<std::size_t>(placements.look)]);
-  json.member("nextId", static_cast<std::int64_t>(placements.nextId));
-  json.key("placements").beginArray();
-  for (const Placement& placement : placements.placements) write(json, placement);
-  json.endArray().endObject();
+  foundation::JsonWriter json;
+  PlacementsWriter(json).put(File{.placements = placements});
   return json.take() + "\n";
 }
 
 std::expected<Placements, PlacementsProblem> decodePlacements(std::string_view text) {
-  const auto json = foundation::parseJson(text, 16);
+  constexpr std::size_t kMaximumDepth = 16;
+  const auto json = foundation::parseJson(text, kMaximumDepth);
   if (!json) {
     const auto& at = json.error();
     return std::unexpected(PlacementsProblem{
         fmt::format("{}:{}: expected {}, found {}", at.line, at.column, at.expected, at.found)});
   }
-  Members::Problem problem;
+  // Asked first: of another version nothing else can be said.
   const JsonValue* version = json->member("version");
   const double* number = version != nullptr ? version->number() : nullptr;
-  if (number == nullptr) return std::unexpected(PlacementsProblem{"version: missing"});
+  if (number == nullptr) return std::unexpected(PlacementsProblem{"/version: missing"});
   if (*number > Placements::kVersion) {
-    return std::unexpected(PlacementsProblem{"version: written by a later host", true});
+    return std::unexpected(PlacementsProblem{"/version: written by a later host", true});
   }
   if (*number != Placements::kVersion) {
-    return std::unexpected(PlacementsProblem{"version: never written by any host"});
+    return std::unexpected(PlacementsProblem{"/version: never written by any host"});
   }
-  Placements result;
-  Members members{
-      *json, "", problem, {"version", "hidden", "desktop", "look", "nextId", "placements"}};
-  if (!problem) readAll(members, result, problem);
-  if (problem) return std::unexpected(PlacementsProblem{*problem});
-  return result;
+  PlacementsReader reader;
+  File file;
+  if (!reader.read(*json, file)) return std::unexpected(PlacementsProblem{reader.failure()});
+  return std::move(file.placements);
 }
 
 }  // namespace resident

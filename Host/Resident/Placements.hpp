@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "Foundation/Names.hpp"
 #include "WidgetRuntime/Environment.hpp"
 #include "WidgetRuntime/Intents.hpp"
 
@@ -37,11 +38,13 @@ struct Placement {
 };
 
 enum class Look : std::uint8_t { paper, glass, tinted };
+constexpr auto namesOf(Look) {
+  return foundation::names("paper", "glass", "tinted");
+}
 
 struct Placements {
   static constexpr int kVersion = 1;
   static constexpr std::size_t kMaximum = 64;  ///< placements
-  static constexpr int kMaximumCell = 999;
 
   bool hidden = false;
   bool desktop = false;

@@ -1,17 +1,10 @@
 #include "Resident/Scheduler.hpp"
 
 #include <algorithm>
-#include <array>
 
 namespace resident {
 
 using foundation::Instant;
-
-std::string_view name(Cause cause) {
-  constexpr std::array<std::string_view, 8> kNames{
-      "start", "date", "document", "configuration", "zone", "clock", "retry", "person"};
-  return kNames[static_cast<std::size_t>(cause)];
-}
 
 void Scheduler::add(const std::string& instance, Cause cause) {
   // Answers to what was asked for an earlier instance of that name come too late.

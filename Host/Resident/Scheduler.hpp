@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "Foundation/Instant.hpp"
+#include "Foundation/Names.hpp"
 
 namespace resident {
 
@@ -27,7 +28,10 @@ enum class Cause : std::uint8_t {
   retry,
   person
 };
-[[nodiscard]] std::string_view name(Cause cause);
+constexpr auto namesOf(Cause) {
+  return foundation::names(
+      "start", "date", "document", "configuration", "zone", "clock", "retry", "person");
+}
 
 struct Ask {
   std::string instance;

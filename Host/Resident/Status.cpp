@@ -25,7 +25,7 @@ void writePlacement(JsonWriter& json, const Placement& placement, Resident& host
   const auto* instance = host.reloader().find(placement.id);
   const InstanceTimeline nothing;
   const InstanceTimeline& timeline = instance != nullptr ? instance->timeline : nothing;
-  json.member("state", surfaces::name(timeline.state()));
+  json.member("state", foundation::nameOf(timeline.state()));
   if (!timeline.reason().empty()) json.member("reason", timeline.reason());
   if (const auto since = timeline.failingSince())
     json.member("since", formatInternetDateTime(*since));
@@ -34,7 +34,7 @@ void writePlacement(JsonWriter& json, const Placement& placement, Resident& host
   }
   const auto outlook = host.reloader().outlook(placement.id);
   if (outlook.reload) json.member("nextReload", formatInternetDateTime(*outlook.reload));
-  if (outlook.lastCause) json.member("lastCause", name(*outlook.lastCause));
+  if (outlook.lastCause) json.member("lastCause", foundation::nameOf(*outlook.lastCause));
   json.member("isAsked", outlook.isAsked);
   if (instance != nullptr) json.member("askMilliseconds", milliseconds(instance->took));
   json.member("drawMilliseconds", milliseconds(host.presenter().drawingTime(placement.id)));

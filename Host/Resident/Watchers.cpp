@@ -26,7 +26,7 @@ std::string lineOf(const Subject& subject, const Shown& shown, const std::string
   json.beginObject().member("kind", control::shortKind(subject.kind));
   json.member("text", shown.summary.text)
       .member("state", widgetruntime::nameOf(shown.summary.state));
-  json.member("tooltip", tooltip).member("status", surfaces::name(shown.state));
+  json.member("tooltip", tooltip).member("status", foundation::nameOf(shown.state));
   json.member("hidden", shown.isHidden).member("stale", shown.state == surfaces::State::stale);
   if (!shown.reason.empty()) json.member("reason", shown.reason);
   if (shown.asOf) json.member("asOf", foundation::formatInternetDateTime(*shown.asOf));

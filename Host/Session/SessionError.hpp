@@ -4,7 +4,8 @@
 #include <cstdint>
 #include <expected>
 #include <string>
-#include <string_view>
+
+#include "Foundation/Names.hpp"
 
 namespace session {
 
@@ -18,13 +19,16 @@ struct SessionError {
     refused,     ///< the extension answered with an error
     unreadable   ///< an answer whose content breaks the form or a limit
   };
+  friend constexpr auto namesOf(Kind) {
+    return foundation::names(
+        "notStarted", "deadline", "died", "flood", "malformed", "refused", "unreadable");
+  }
+
   Kind kind = Kind::notStarted;
   std::string message;  ///< one line: what, where and why
 
   friend bool operator==(const SessionError&, const SessionError&) = default;
 };
-
-[[nodiscard]] std::string_view name(SessionError::Kind kind);
 
 template <class T>
 using Result = std::expected<T, SessionError>;

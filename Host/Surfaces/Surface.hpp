@@ -21,6 +21,7 @@
 #include <vector>
 
 #include "Foundation/Instant.hpp"
+#include "Foundation/Names.hpp"
 #include "Rendering/Output/AccessibilityTree.hpp"
 #include "Rendering/Renderer.hpp"
 #include "WidgetRuntime/Environment.hpp"
@@ -65,7 +66,9 @@ enum class State : std::uint8_t {
   stale,  ///< the latest request failed; what is shown is older, and drawn at 0.62
   failed  ///< there is nothing to show but the reason
 };
-[[nodiscard]] std::string_view name(State state);
+constexpr auto namesOf(State) {
+  return foundation::names("placeholder", "live", "stale", "failed");
+}
 
 /// Everything there is to show of a widget now.
 struct Shown {

@@ -24,7 +24,7 @@ int fail(int status, std::string_view line) {
 
 int main(int argc, char** argv) {
   foundation::keepMemoryPrivate();
-  const auto format = argc == 4 ? surfaces::barFormatNamed(argv[3]) : std::nullopt;
+  const auto format = argc == 4 ? foundation::named<surfaces::BarFormat>(argv[3]) : std::nullopt;
   if (!format) return fail(kMisused, "started by quorvel-host with SOCKET TARGET FORMAT");
   const auto ended = watch::BarWatch{argv[1], argv[2], *format}.run();
   return ended ? 0 : fail(kRefused, ended.error());

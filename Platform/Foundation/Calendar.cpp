@@ -83,7 +83,7 @@ std::int64_t Calendar::State::addingDays(std::int64_t seconds, std::int64_t days
   return days > 0 ? std::min(sum, firstInstantOf(local(sum))) : sum;
 }
 
-Calendar::Calendar(const Locale&, const TimeZone& zone)
+Calendar::Calendar(const TimeZone& zone)
     : state_(
           std::make_unique<State>(TimeZoneRules::load(zone.identifier).value_or(TimeZoneRules()))) {
 }

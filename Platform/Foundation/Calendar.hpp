@@ -1,4 +1,5 @@
-// The Gregorian calendar with a locale and a time zone (Julian before 1582-10-15).
+// The Gregorian calendar in a time zone (Julian before 1582-10-15). Names and the first day of a
+// week are the locale's: Locale.hpp, DateFormatter.hpp.
 #pragma once
 
 #include <cstdint>
@@ -26,7 +27,7 @@ struct DateComponents {
 
 class Calendar {
  public:
-  Calendar(const Locale& locale, const TimeZone& zone);
+  explicit Calendar(const TimeZone& zone);
   ~Calendar();
   Calendar(Calendar&&) noexcept;
   Calendar& operator=(Calendar&&) noexcept;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -29,6 +30,11 @@ class JsonRecordWriter {
   void put(std::size_t number) { json_.value(static_cast<double>(number)); }
   void put(double number) { json_.value(number); }
   void put(const std::string& text) { json_.value(text); }
+  void put(const std::map<std::string, std::string>& values) {
+    json_.beginObject();
+    for (const auto& [name, value] : values) json_.member(name, value);
+    json_.endObject();
+  }
   void put(Instant instant) { json_.value(formatInternetDateTime(instant)); }
   template <NamedEnum Enum>
   void put(Enum value) {

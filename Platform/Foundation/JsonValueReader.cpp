@@ -155,4 +155,16 @@ bool JsonValueReader::read(const JsonValue& json, Instant& out) {
   return true;
 }
 
+bool JsonValueReader::read(const JsonValue& json, std::map<std::string, std::string>& out) {
+  const auto values = open(json);
+  if (!values) return false;
+  for (const auto& [name, value] : values->object()) {
+    std::string text;
+    if (value.isNull()) continue;
+    if (!read(value, text)) return at(name);
+    out.try_emplace(name, std::move(text));
+  }
+  return true;
+}
+
 }  // namespace foundation

@@ -8,6 +8,7 @@
 
 #include <bitset>
 #include <cstddef>
+#include <map>
 #include <optional>
 #include <span>
 #include <string>
@@ -67,6 +68,8 @@ class JsonValueReader {
   bool read(const JsonValue& json, std::string& out);
   bool read(const JsonValue& json, std::string& out, MaximumBytes most);
   bool read(const JsonValue& json, Instant& out);
+  /// An object of strings; null counts as not given. Of a name that stands twice the first holds.
+  bool read(const JsonValue& json, std::map<std::string, std::string>& out);
   template <NamedEnum Enum>
   bool read(const JsonValue& json, Enum& out) {
     const std::string* name = json.string();

@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "Foundation/Utf8.hpp"
+#include "ViewKit/OutermostModifier.hpp"
 
 namespace widgetruntime {
 
@@ -124,7 +125,7 @@ std::string render(const AnyEntry& entry, const EntriesParameters& request) {
     environment.timeZone = request.device.timeZone;
     environment.preferredLanguages = request.device.preferredLanguages;
     WidgetContent content = entry.content(environment);
-    auto link = widgetURL(content.view);
+    auto link = viewkit::widgetURL(content.view);
     rendered.trees.push_back(
         {std::move(content.view), std::move(link), std::move(content.summary)});
   }

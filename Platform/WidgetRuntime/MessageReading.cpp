@@ -19,7 +19,6 @@ class MessageReader : public foundation::JsonRecordReader<MessageReader, Members
   bool read(const JsonValue& json, EntriesParameters& out);
   bool read(const JsonValue& json, DiagnoseParameters& out);
   bool read(const JsonValue& json, viewkit::View& out);
-  bool read(const JsonValue& json, IntentValues& out);
   bool read(const JsonValue& json, foundation::TimeZone& out) { return read(json, out.identifier); }
   bool read(const JsonValue& json, foundation::Locale& out) { return read(json, out.identifier); }
   using JsonRecordReader::read;
@@ -48,19 +47,6 @@ bool MessageReader::read(const JsonValue& json, viewkit::View& out) {
   const viewkit::TreeLimits limits;
   viewkit::TreeReader tree(limits);
   return tree.read(json, out) || fail(tree);
-}
-
-// A parameter without a value counts as not given, as a host may well keep it.
-bool MessageReader::read(const JsonValue& json, IntentValues& out) {
-  const auto values = open(json);
-  if (!values) return false;
-  for (const auto& [parameter, value] : values->object()) {
-    std::string text;
-    if (value.isNull()) continue;
-    if (!read(value, text)) return at(parameter);
-    out.try_emplace(parameter, std::move(text));
-  }
-  return true;
 }
 
 }  // namespace

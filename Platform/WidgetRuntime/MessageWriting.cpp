@@ -17,11 +17,6 @@ class MessageWriter : public foundation::JsonRecordWriter<MessageWriter, Members
   void put(const viewkit::View& view) { viewkit::writeView(json_, view); }
   void put(const foundation::TimeZone& zone) { put(zone.identifier); }
   void put(const foundation::Locale& locale) { put(locale.identifier); }
-  void put(const IntentValues& values) {
-    json_.beginObject();
-    for (const auto& [parameter, value] : values) json_.member(parameter, value);
-    json_.endObject();
-  }
 
  private:
   friend JsonRecordWriter;

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <string>
-#include <variant>
 
 namespace widgetruntime {
 
@@ -17,17 +16,6 @@ BundleDescription describe(const WidgetBundle& bundle) {
         {control, action == bundle.actions.end() ? std::string{} : action->title});
   }
   return description;
-}
-
-std::optional<std::string> widgetURL(const viewkit::View& view) {
-  const viewkit::Node& node = view.node();
-  for (auto modifier = node.modifiers.rbegin(); modifier != node.modifiers.rend(); ++modifier) {
-    if (const auto* link = std::get_if<viewkit::WidgetURL>(&*modifier)) return link->url;
-  }
-  for (const viewkit::View& child : node.children) {
-    if (auto link = widgetURL(child)) return link;
-  }
-  return std::nullopt;
 }
 
 }  // namespace widgetruntime

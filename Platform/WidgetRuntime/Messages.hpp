@@ -215,7 +215,4 @@ template <class Message>
 /// What hosts are told about a bundle.
 [[nodiscard]] BundleDescription describe(const WidgetBundle& bundle);
 
-/// The outermost widget link of a tree.
-[[nodiscard]] std::optional<std::string> widgetURL(const viewkit::View& view);
-
 }  // namespace widgetruntime

@@ -42,7 +42,7 @@ View DueWidgetView::body() const {
   const WidgetScaffold scaffold = this->scaffold();
   const WidgetFamily family = environment.familyInForce();
   if (!snapshot) return scaffold.root(emptyView(scaffold, kNoSnapshot));
-  const foundation::Calendar calendar{environment.locale, environment.timeZone};
+  const foundation::Calendar calendar{environment.timeZone};
   const DueContent content = makeContent(*this, calendar, kMostDues);
   if (content.upcoming.empty()) return scaffold.root(emptyView(scaffold, kNothingDue));
   const Color primary = isAccessory(family) ? Color::primary() : content.colors.text();
@@ -56,7 +56,7 @@ View DueWidgetView::body() const {
 widgetruntime::WidgetSummary DueWidgetView::summary() const {
   const WidgetScaffold scaffold = this->scaffold();
   if (const auto summary = scaffold.summaryWithoutData()) return *summary;
-  const foundation::Calendar calendar{environment.locale, environment.timeZone};
+  const foundation::Calendar calendar{environment.timeZone};
   const DueContent content = makeContent(*this, calendar, 1);
   if (content.upcoming.empty()) return scaffold.messageSummary(kNothingDue);
   return {.text = inlineText(content)};

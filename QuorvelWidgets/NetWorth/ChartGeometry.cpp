@@ -1,5 +1,6 @@
 #include "QuorvelWidgets/NetWorth/ChartGeometry.hpp"
 
+#include <algorithm>
 #include <utility>
 
 namespace quorvel {

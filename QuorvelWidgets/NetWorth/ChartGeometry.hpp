@@ -1,7 +1,6 @@
 // Where the points of a history stand in a chart, apart from any view.
 #pragma once
 
-#include <algorithm>
 #include <cstddef>
 #include <span>
 #include <string>
@@ -25,7 +24,7 @@ inline constexpr double kChartBottom = 0.8;
 /// finite.
 [[nodiscard]] std::vector<double> depthsBelowTop(std::span<const double> values);
 
-/// One point a value, oldest first, over `width`. A single value stands at the right end.
+/// One point per value, oldest first, over `width`. A single value stands at the right end.
 template <class Number>
 [[nodiscard]] std::vector<ChartPoint<Number>> chartPointsOver(std::span<const double> values,
                                                               const Number& width,
@@ -40,14 +39,6 @@ template <class Number>
     points.push_back({width * along, height * down});
   }
   return points;
-}
-
-/// The same over a width without its end inset, which is never below 0.
-[[nodiscard]] inline std::vector<ChartPoint<double>> chartPoints(std::span<const double> values,
-                                                                 double width,
-                                                                 double height,
-                                                                 double endInset) {
-  return chartPointsOver(values, std::max(width - endInset, 0.0), height);
 }
 
 /// The points that carry a month's name: counted back from the last one in equal steps, at most

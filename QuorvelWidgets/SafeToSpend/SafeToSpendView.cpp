@@ -17,7 +17,7 @@ constexpr EmptyState kNoBudget{"noBudget", "setBudget"};
 std::optional<SafeToSpendContent> makeContent(const SafeToSpendView& view) {
   const auto& budget = view.snapshot->budget;
   if (!budget) return std::nullopt;
-  const foundation::Calendar calendar{view.environment.locale, view.environment.timeZone};
+  const foundation::Calendar calendar{view.environment.timeZone};
   const auto metrics = makeSafeToSpendMetrics(
       budget->total, budget->spent, budget->periodEnd, view.entry.date, calendar);
   if (!metrics) return std::nullopt;

@@ -51,7 +51,7 @@ View layout(const SpendingContent& content, WidgetFamily family) {
 View SpendingWidgetView::body() const {
   const WidgetScaffold scaffold = this->scaffold();
   if (!snapshot) return scaffold.root(scaffold.message(kNoSnapshot));
-  const foundation::Calendar calendar{environment.locale, environment.timeZone};
+  const foundation::Calendar calendar{environment.timeZone};
   const WidgetSnapshot::Spending* spending = spendingOfMonth(*snapshot, entry.date, calendar);
   if (spending == nullptr) return scaffold.root(scaffold.message(kNoSpending));
   const SpendingContent content = makeContent(*this, *spending, calendar);
@@ -62,7 +62,7 @@ View SpendingWidgetView::body() const {
 widgetruntime::WidgetSummary SpendingWidgetView::summary() const {
   const WidgetScaffold scaffold = this->scaffold();
   if (const auto summary = scaffold.summaryWithoutData()) return *summary;
-  const foundation::Calendar calendar{environment.locale, environment.timeZone};
+  const foundation::Calendar calendar{environment.timeZone};
   const WidgetSnapshot::Spending* spending = spendingOfMonth(*snapshot, entry.date, calendar);
   if (spending == nullptr) return scaffold.messageSummary(kNoSpending);
   const auto change = snapshot->isHidden ? std::nullopt : shownChange(*spending);

@@ -87,9 +87,9 @@ TEST(BarLine, NamesTheWidgetWhereThereIsNoText) {
 
 TEST(BarFormat, HasSixNames) {
   for (const char* name : {"waybar", "i3bar", "i3blocks", "polybar", "plain", "json"}) {
-    EXPECT_TRUE(barFormatNamed(name)) << name;
+    EXPECT_TRUE(foundation::named<BarFormat>(name)) << name;
   }
-  EXPECT_FALSE(barFormatNamed("dwm"));
+  EXPECT_FALSE(foundation::named<BarFormat>("dwm"));
 }
 
 }  // namespace

@@ -19,7 +19,7 @@ void PrintTo(const Instant& instant, std::ostream* out) {
 namespace {
 
 Calendar calendarIn(std::string zone) {
-  return {Locale{}, TimeZone{std::move(zone)}};
+  return Calendar{TimeZone{std::move(zone)}};
 }
 
 Instant at(std::string_view text) {

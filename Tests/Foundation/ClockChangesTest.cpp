@@ -224,7 +224,7 @@ TEST(ClockChanges, DaysAndReloadsAroundEachFollowTheRule) {
   const auto names = zones();
   for (const std::string& name : names) {
     const LibraryZone zone(name);
-    const Calendar calendar(Locale{}, TimeZone{name});
+    const Calendar calendar(TimeZone{name});
     const auto changes = changesOf(zone);
     for (const std::int64_t change : changes) {
       const Minutes minutes(changes, change);

@@ -32,7 +32,7 @@ const std::vector<std::int64_t> kInstants{1'705'322'096,  // 2024-01-15
                                           2'530'000'000};  // 2050
 
 std::string localTimes(const TimeZone& zone) {
-  const Calendar calendar(Locale{}, zone);
+  const Calendar calendar(zone);
   std::string out;
   for (const std::int64_t seconds : kInstants) {
     const DateComponents c = calendar.components({seconds});

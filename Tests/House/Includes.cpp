@@ -33,6 +33,7 @@ Room renderingRoom(std::string_view folder, Names sees, const Names& libraries =
                          "Foundation/FileDescriptor.hpp",
                          "Foundation/ListSeparator.hpp",
                          "Foundation/Markup.hpp",
+                         "Foundation/Names.hpp",
                          "Foundation/Overloaded.hpp"});
   room.libraries.insert(room.libraries.end(), libraries.begin(), libraries.end());
   return room;

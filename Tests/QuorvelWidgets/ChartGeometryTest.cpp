@@ -1,6 +1,8 @@
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <limits>
+#include <span>
 
 #include "QuorvelWidgets/NetWorth/ChartGeometry.hpp"
 #include "QuorvelWidgets/NetWorth/NetWorthContent.hpp"
@@ -12,6 +14,14 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ::testing::SizeIs;
 using Point = ChartPoint<double>;
+
+/// As the chart draws them: over a width without its end inset, which is never below 0.
+std::vector<Point> chartPoints(std::span<const double> values,
+                               double width,
+                               double height,
+                               double endInset) {
+  return chartPointsOver(values, std::max(width - endInset, 0.0), height);
+}
 
 MATCHER_P2(IsAt, x, y, "") {
   return std::abs(arg.x - x) < 1e-9 && std::abs(arg.y - y) < 1e-9;

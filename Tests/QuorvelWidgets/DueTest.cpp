@@ -48,7 +48,7 @@ viewkit::View view(const SnapshotEntry& entry, WidgetFamily family, Environment 
 
 std::vector<std::pair<std::string, std::int64_t>> upcoming(
     const std::vector<WidgetSnapshot::Due>& dues, std::size_t most = 10) {
-  const foundation::Calendar calendar{{}, {}};
+  const foundation::Calendar calendar{foundation::TimeZone{}};
   std::vector<std::pair<std::string, std::int64_t>> result;
   for (const auto& each : upcomingDues(dues, now(), calendar, most)) {
     result.emplace_back(each.due->name, each.days);

@@ -11,7 +11,7 @@ namespace quorvel {
 namespace {
 
 const foundation::Calendar& calendar() {
-  static const foundation::Calendar kCalendar{foundation::Locale{}, foundation::TimeZone{}};
+  static const foundation::Calendar kCalendar{foundation::TimeZone{}};
   return kCalendar;
 }
 

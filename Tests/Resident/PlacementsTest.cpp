@@ -91,39 +91,47 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(
         Broken{"Empty", "", "1:1"},
         Broken{"Truncated", std::string(kEverything).substr(0, 90), "expected"},
-        Broken{"AnArray", "[]", "version: missing"},
-        Broken{"WithoutVersion", "{}", "version: missing"},
+        Broken{"AnArray", "[]", "/version: missing"},
+        Broken{"WithoutVersion", "{}", "/version: missing"},
         Broken{"VersionZero", with("\"version\":1", "\"version\":0"), "version"},
-        Broken{"UnknownMember", with("\"hidden\":true", "\"hidden\":true,\"x\":1"), "x: unknown"},
+        Broken{"UnknownMember", with("\"hidden\":true", "\"hidden\":true,\"x\":1"), "/x: unknown"},
         Broken{"UnknownMemberOfAPlacement",
                with("\"id\"", "\"no\":1,\"id\""),
-               "placements[0].no: unknown"},
+               "/placements/0/no: unknown"},
         Broken{"UnknownMemberOfAPlace",
                with("\"output\"", "\"no\":1,\"output\""),
-               "desktop.no: unknown"},
-        Broken{
-            "HiddenIsText", with("\"hidden\":true", "\"hidden\":\"yes\""), "hidden: true or false"},
-        Broken{"UnknownLook", with("glass", "brass"), "look: paper, glass or tinted"},
-        Broken{"UnknownFamily", with("systemMedium", "systemHuge"), "placements[0].family"},
-        Broken{"EmptyKind", with("QuorvelDueWidget", ""), "placements[0].kind"},
-        Broken{"IdOfAnotherForm", with("\"w3\"", "\"w03\""), "placements[0].id"},
-        Broken{"IdWithAPath", with("\"w3\"", "\"w3/../x\""), "placements[0].id"},
-        Broken{
-            "HalfACell", with("\"column\":2", "\"column\":2.5"), "desktop.column: a whole number"},
+               "/placements/0/desktop/no: unknown"},
+        Broken{"HiddenIsText",
+               with("\"hidden\":true", "\"hidden\":\"yes\""),
+               "/hidden: expected true or false"},
+        Broken{"UnknownLook", with("glass", "brass"), "/look: expected paper, glass, tinted"},
+        Broken{"UnknownFamily",
+               with("systemMedium", "systemHuge"),
+               "/placements/0/family: expected systemSmall, "},
+        Broken{"EmptyKind", with("QuorvelDueWidget", ""), "/placements/0/kind: expected a kind"},
+        Broken{"IdOfAnotherForm", with("\"w3\"", "\"w03\""), "/placements/0/id: expected an id"},
+        Broken{"IdWithAPath", with("\"w3\"", "\"w3/../x\""), "/placements/0/id: expected an id"},
+        Broken{"HalfACell",
+               with("\"column\":2", "\"column\":2.5"),
+               "/placements/0/desktop/column: expected a "},
         Broken{"NegativeCell",
                with("\"column\":2", "\"column\":-1"),
-               "desktop.column: a whole number"},
+               "/placements/0/desktop/column: expected a "},
         Broken{"FarCell",
                with("\"row\":1", "\"row\":1000"),
-               "board.row: a whole number from 0 to 999"},
-        Broken{"NumberAsConfiguration", with("\"c\\\"1\"", "1"), "configuration: strings"},
-        Broken{"NoList", with("\"placements\":[", "\"placements\":7,\"x\":["), "unknown"}),
+               "/placements/0/board/row: expected a number in 0...999"},
+        Broken{"NumberAsConfiguration",
+               with("\"c\\\"1\"", "1"),
+               "/placements/0/configuration/card: expected a string"},
+        Broken{"NoList",
+               with("\"placements\":[", "\"placements\":7,\"x\":["),
+               "/placements: expected an array"}),
     [](const auto& test) { return test.param.name; });
 
 TEST(Placements, RefusesAnIdThatStandsTwice) {
   Placements placements;
   placements.placements = {{.id = "w1", .kind = "A"}, {.id = "w1", .kind = "B"}};
-  EXPECT_THAT(problemOf(encodePlacements(placements)), HasSubstr("placements[1].id: used twice"));
+  EXPECT_THAT(problemOf(encodePlacements(placements)), HasSubstr("/placements/1/id: used twice"));
 }
 
 TEST(Placements, KnowsALaterVersion) {

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "FakeExtension.hpp"
+#include "ViewKit/OutermostModifier.hpp"
 #include "WidgetRuntime/JsonRpc.hpp"
 #include "WidgetRuntime/Messages.hpp"
 

@@ -22,7 +22,7 @@ Result<void> watch(const Options& options, const Program& program) {
                    (program.folder / "quorvel-host").string());
   }
   std::string target = options.host.target;
-  std::string format{surfaces::name(options.host.format)};
+  std::string format{foundation::nameOf(options.host.format)};
   const std::array<char*, 5> words{
       watcher.data(), socket->data(), target.data(), format.data(), nullptr};
   ::execv(words[0], words.data());

@@ -84,7 +84,7 @@ void describeWatch(CLI::App& app, Options& options) {
   app.add_option_function<std::string>(
          "--format",
          [&options](const std::string& name) {
-           const auto format = surfaces::barFormatNamed(name);
+           const auto format = foundation::named<surfaces::BarFormat>(name);
            if (!format) {
              throw CLI::ValidationError(
                  "--format",

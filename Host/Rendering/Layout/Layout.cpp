@@ -21,28 +21,4 @@ LayoutTree layOut(const View& view, const LayoutOptions& options, TextMeasurer& 
   return tree;
 }
 
-View containerBackground(const View& view) {
-  const auto& modifiers = view.node().modifiers;
-  for (auto it = modifiers.rbegin(); it != modifiers.rend(); ++it) {
-    if (const auto* found = std::get_if<viewkit::ContainerBackground>(&*it)) return found->content;
-  }
-  for (const View& child : view.node().children) {
-    View found = containerBackground(child);
-    if (!found.isEmpty()) return found;
-  }
-  return {};
-}
-
-std::string widgetURL(const View& view) {
-  const auto& modifiers = view.node().modifiers;
-  for (auto it = modifiers.rbegin(); it != modifiers.rend(); ++it) {
-    if (const auto* found = std::get_if<viewkit::WidgetURL>(&*it)) return found->url;
-  }
-  for (const View& child : view.node().children) {
-    std::string found = widgetURL(child);
-    if (!found.empty()) return found;
-  }
-  return {};
-}
-
 }  // namespace rendering

@@ -27,16 +27,9 @@ struct LayoutOptions {
 };
 
 /// The root is proposed the whole size and centred in it. A view's container background is laid out
-/// by itself, with `containerBackground`.
+/// by itself: `viewkit::containerBackground` finds it.
 [[nodiscard]] LayoutTree layOut(const viewkit::View& view,
                                 const LayoutOptions& options,
                                 TextMeasurer& measurer);
-
-/// The first container background found on the view's own modifiers or below it; the empty view
-/// without one.
-[[nodiscard]] viewkit::View containerBackground(const viewkit::View& view);
-
-/// The widget's tap link; empty without one.
-[[nodiscard]] std::string widgetURL(const viewkit::View& view);
 
 }  // namespace rendering

@@ -8,8 +8,8 @@
 #include <string_view>
 
 #include "Foundation/ListSeparator.hpp"
-#include "Rendering/Layout/Layout.hpp"
 #include "Rendering/Layout/PlacedText.hpp"
+#include "ViewKit/OutermostModifier.hpp"
 
 namespace rendering {
 
@@ -182,27 +182,14 @@ class Reader {
   std::string_view separator_;
 };
 
-const char* roleName(AccessibleRole role) {
-  switch (role) {
-    case AccessibleRole::text:
-      return "text";
-    case AccessibleRole::image:
-      return "image";
-    case AccessibleRole::link:
-      return "link";
-    case AccessibleRole::group:
-      return "group";
-  }
-  return "";
-}
-
 std::string onOneLine(std::string text) {
   std::ranges::replace(text, '\n', ' ');
   return text;
 }
 
 std::string lineOf(const AccessibleElement& element) {
-  std::string line = fmt::format("{} \"{}\"", roleName(element.role), onOneLine(element.label));
+  std::string line =
+      fmt::format("{} \"{}\"", foundation::nameOf(element.role), onOneLine(element.label));
   if (!element.value.empty()) line += fmt::format(" value \"{}\"", onOneLine(element.value));
   if (!element.link.empty()) line += fmt::format(" link {}", onOneLine(element.link));
   const auto points = [](double value) { return std::lround(value); };
@@ -220,7 +207,8 @@ std::vector<AccessibleElement> accessibleElements(const LayoutTree& tree,
   Elements elements;
   if (!options.name.empty()) {
     const Rect whole{0, 0, tree.size.width, tree.size.height};
-    std::string link = options.redaction.placeholder ? std::string{} : widgetURL(tree.view);
+    std::string link =
+        options.redaction.placeholder ? std::string{} : widgetURL(tree.view).value_or("");
     const AccessibleRole role = link.empty() ? AccessibleRole::group : AccessibleRole::link;
     elements.push_back({role, options.name, "", whole, std::move(link)});
   }

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "Foundation/Names.hpp"
 #include "Rendering/Layout/LayoutTree.hpp"
 #include "ViewKit/Appearance.hpp"
 
@@ -16,6 +17,9 @@ struct AccessibilityOptions {
 };
 
 enum class AccessibleRole : std::uint8_t { text, image, link, group };
+constexpr auto namesOf(AccessibleRole) {
+  return foundation::names("text", "image", "link", "group");
+}
 
 struct AccessibleElement {
   AccessibleRole role = AccessibleRole::text;

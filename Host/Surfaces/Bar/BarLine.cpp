@@ -12,9 +12,6 @@ namespace {
 using foundation::escapedMarkup;  // Waybar reads its texts as Pango markup
 using foundation::JsonWriter;
 
-constexpr std::array<std::string_view, 6> kNames{
-    "waybar", "i3bar", "i3blocks", "polybar", "plain", "json"};
-
 /// Legible on a dark bar and on a light one; empty: the bar's own colour.
 std::string_view colorOf(const BarLine& line) {
   if (line.state == "critical") return "#D9534F";
@@ -90,16 +87,6 @@ std::string forPolybar(const BarLine& line) {
 }
 
 }  // namespace
-
-std::optional<BarFormat> barFormatNamed(std::string_view name) {
-  const auto found = std::ranges::find(kNames, name);
-  if (found == kNames.end()) return std::nullopt;
-  return static_cast<BarFormat>(found - kNames.begin());
-}
-
-std::string_view name(BarFormat format) {
-  return kNames[static_cast<std::size_t>(format)];
-}
 
 std::string format(const BarLine& line, BarFormat format) {
   switch (format) {

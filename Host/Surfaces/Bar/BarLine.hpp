@@ -2,15 +2,16 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
 #include <string>
-#include <string_view>
+
+#include "Foundation/Names.hpp"
 
 namespace surfaces {
 
 enum class BarFormat : std::uint8_t { waybar, i3bar, i3blocks, polybar, plain, json };
-[[nodiscard]] std::optional<BarFormat> barFormatNamed(std::string_view name);
-[[nodiscard]] std::string_view name(BarFormat format);
+constexpr auto namesOf(BarFormat) {
+  return foundation::names("waybar", "i3bar", "i3blocks", "polybar", "plain", "json");
+}
 
 /// What a resident host says of a widget.
 struct BarLine {

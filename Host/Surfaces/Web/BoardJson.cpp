@@ -1,23 +1,24 @@
 #include "Surfaces/Web/BoardJson.hpp"
 
-#include <array>
 #include <charconv>
 #include <cmath>
 
-#include "Foundation/JsonValue.hpp"
+#include "Foundation/JsonValueReader.hpp"
 #include "Foundation/JsonWriter.hpp"
+#include "Surfaces/Cells.hpp"
 
 namespace surfaces {
 namespace {
 
+using foundation::AtMost;
+using foundation::Bounds;
 using foundation::JsonValue;
 using foundation::JsonWriter;
+using foundation::kRequired;
 using widgetruntime::IntentParameter;
 
 constexpr std::size_t kMaximumDepth = 4;
 constexpr std::size_t kMaximumString = 4096;  ///< bytes
-constexpr int kMaximumCell = 999;
-constexpr std::array<std::string_view, 4> kRoles{"text", "image", "link", "group"};
 
 void writeConfiguration(JsonWriter& json, const widgetruntime::IntentValues& values) {
   json.key("configuration").beginObject();
@@ -68,7 +69,7 @@ void writeElements(JsonWriter& json, const Picture* picture) {
   json.key("elements").beginArray();
   if (picture) {
     for (const auto& element : picture->elements) {
-      json.beginObject().member("role", kRoles[static_cast<std::size_t>(element.role)]);
+      json.beginObject().member("role", foundation::nameOf(element.role));
       json.member("label", element.label).member("value", element.value).endObject();
     }
   }
@@ -97,94 +98,59 @@ std::optional<viewkit::Rgb> tintOf(std::string_view text) {
   return tint;
 }
 
-/// A whole number from 0 to `most`.
-std::optional<int> wholeNumber(const JsonValue& value, int most) {
-  const double* number = value.number();
-  if (!number || !(*number >= 0) || *number > most || std::floor(*number) != *number)
-    return std::nullopt;
-  return static_cast<int>(*number);
-}
+template <class T>
+struct MembersOf;
+template <>
+struct MembersOf<BoardMove> {
+  static void list(auto&& member) {
+    member("id", &BoardMove::id, kRequired);
+    member("column", &BoardMove::column, kRequired, kCell);
+    member("row", &BoardMove::row, kRequired, kCell);
+  }
+};
+template <>
+struct MembersOf<BoardChange> {
+  static constexpr Bounds kRegion{.least = 0, .most = 4096};
+  static constexpr AtMost kMoves{256};
+  static void list(auto&& member) {
+    member("id", &BoardChange::id);
+    member("kind", &BoardChange::kind);
+    member("family", &BoardChange::family);
+    member("configuration", &BoardChange::configuration);
+    member("column", &BoardChange::column, kCell);
+    member("row", &BoardChange::row, kCell);
+    member("cells", &BoardChange::cells, kMoves);
+    member("region", &BoardChange::region, kRegion);
+    member("hidden", &BoardChange::hidden);
+    member("intent", &BoardChange::intent);
+  }
+};
 
-std::expected<widgetruntime::IntentValues, std::string> configurationOf(const JsonValue& value) {
-  const auto* object = value.object();
-  if (!object) return wrong("configuration", "an object of texts");
-  widgetruntime::IntentValues values;
-  for (const auto& [name, chosen] : *object) {
-    if (!chosen.string()) return wrong("configuration." + name, "a text");
-    values[name] = *chosen.string();
-  }
-  return values;
-}
+/// Null counts as absent, but a member that nobody knows is a mistake of the page's.
+class ChangeReader : public foundation::JsonRecordReader<ChangeReader, MembersOf> {
+ public:
+  static constexpr bool kLenient = false;
 
-/// One {"id", "column", "row"} per widget.
-std::optional<std::vector<BoardMove>> movesOf(const JsonValue& value) {
-  const auto* array = value.array();
-  if (!array) return std::nullopt;
-  std::vector<BoardMove> moves;
-  for (const JsonValue& one : *array) {
-    const auto* object = one.object();
-    if (!object || object->size() != 3) return std::nullopt;
-    BoardMove& move = moves.emplace_back();
-    for (const auto& [name, member] : *object) {
-      const auto cell = wholeNumber(member, kMaximumCell);
-      if (name == "id" && member.string()) {
-        move.id = *member.string();
-      } else if ((name == "column" || name == "row") && cell) {
-        (name == "row" ? move.row : move.column) = *cell;
-      } else {
-        return std::nullopt;
-      }
-    }
-  }
-  return moves;
-}
+  ChangeReader() : JsonRecordReader(kMaximumString) {}
 
-std::expected<void, std::string> readMember(BoardChange& change,
-                                            const std::string& name,
-                                            const JsonValue& value) {
-  const auto text = [&](std::optional<std::string>& to) -> std::expected<void, std::string> {
-    if (!value.string()) return wrong(name, "a text");
-    to = *value.string();
-    return {};
-  };
-  const auto whole = [&](auto& to, int most) -> std::expected<void, std::string> {
-    const auto number = wholeNumber(value, most);
-    if (!number) return wrong(name, "a whole number from 0 to " + std::to_string(most));
-    to = *number;
-    return {};
-  };
-  if (value.isNull()) return {};
-  if (name == "id") return text(change.id);
-  if (name == "kind") return text(change.kind);
-  if (name == "intent") return text(change.intent);
-  if (name == "column") return whole(change.column, kMaximumCell);
-  if (name == "row") return whole(change.row, kMaximumCell);
-  if (name == "region") return whole(change.region, 4096);
-  if (name == "cells") {
-    change.cells = movesOf(value);
-    if (!change.cells) return wrong(name, "an id, a column and a row for each widget");
-    return {};
+  using JsonRecordReader::read;
+  template <class T, class... Rules>
+  bool read(const JsonValue& json, std::optional<T>& out, const Rules&... rules) {
+    return json.isNull() || JsonRecordReader::read(json, out, rules...);
   }
-  if (name == "hidden") {
-    if (!value.boolean()) return wrong(name, "true or false");
-    change.hidden = *value.boolean();
-    return {};
-  }
-  if (name == "family") {
-    const auto family = value.string()
-                            ? widgetruntime::named<widgetruntime::WidgetFamily>(*value.string())
-                            : std::nullopt;
-    if (!family) return wrong(name, "a family's name");
-    change.family = *family;
-    return {};
-  }
-  if (name == "configuration") {
-    auto values = configurationOf(value);
-    if (!values) return std::unexpected(values.error());
-    change.configuration = *std::move(values);
-    return {};
-  }
-  return std::unexpected(name + ": unknown member");
+
+ private:
+  friend JsonRecordReader;
+};
+
+template <class T>
+std::expected<T, std::string> readAs(std::string_view text) {
+  const auto json = foundation::parseJson(text, kMaximumDepth, kMaximumString);
+  if (!json || !json->object()) return std::unexpected("a request is a JSON object");
+  ChangeReader reader;
+  T read;
+  if (!reader.read(*json, read)) return std::unexpected(reader.failure());
+  return read;
 }
 
 }  // namespace
@@ -230,7 +196,7 @@ std::string pictureJson(const std::string& id, const BoardPicture& picture) {
   const Shown& shown = picture.shown;
   JsonWriter json;
   json.beginObject().member("id", id).member("version", static_cast<std::int64_t>(picture.version));
-  json.member("state", name(shown.state)).member("reason", shown.reason);
+  json.member("state", foundation::nameOf(shown.state)).member("reason", shown.reason);
   json.member("label", picture.name);
   const auto time = [&](std::string_view key, const std::optional<foundation::Instant>& instant) {
     if (instant) json.member(key, foundation::formatInternetDateTime(*instant));
@@ -292,18 +258,11 @@ std::expected<BoardView, std::string> readView(const std::map<std::string, std::
 }
 
 std::expected<BoardChange, std::string> readChange(std::string_view body) {
-  const auto json = foundation::parseJson(body, kMaximumDepth, kMaximumString);
-  if (!json || !json->object()) return std::unexpected("a request is a JSON object");
-  BoardChange change;
-  for (const auto& [name, value] : *json->object())
-    if (auto read = readMember(change, name, value); !read) return std::unexpected(read.error());
-  return change;
+  return readAs<BoardChange>(body);
 }
 
 std::expected<widgetruntime::IntentValues, std::string> readConfiguration(std::string_view text) {
-  const auto json = foundation::parseJson(text, kMaximumDepth, kMaximumString);
-  if (!json) return wrong("configuration", "an object of texts");
-  return configurationOf(*json);
+  return readAs<widgetruntime::IntentValues>(text);
 }
 
 }  // namespace surfaces

@@ -155,7 +155,7 @@ WidgetSnapshot::NetWorth netWorth(const DateComponents& today) {
 }  // namespace
 
 WidgetSnapshot sampleSnapshot(const foundation::Device& device) {
-  const Calendar calendar(device.locale, device.timeZone);
+  const Calendar calendar(device.timeZone);
   const DateComponents today = calendar.components(device.now);
   const int daysInMonth = std::max(calendar.daysInMonth(today.year, today.month), today.day);
 

@@ -14,7 +14,7 @@ constexpr std::int64_t kDay = 86400;
 
 foundation::Instant SnapshotTimeline::nextRefresh(foundation::Instant now,
                                                   const foundation::Device& device) {
-  const foundation::Calendar calendar(device.locale, device.timeZone);
+  const foundation::Calendar calendar(device.timeZone);
   return calendar.nextDate(now, 0, 0, kRefreshSecond)
       .value_or(foundation::Instant{now.seconds + kDay, now.nanoseconds});
 }

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "PlacedNodes.hpp"
+#include "ViewKit/OutermostModifier.hpp"
 
 namespace rendering {
 namespace {
@@ -93,7 +94,7 @@ TEST(LayoutModifier, OtherModifiersAreTransparent) {
   EXPECT_EQ(widgetURL(HStack{{}, dressed}), "quorvel://open/b");
   EXPECT_EQ(containerBackground(HStack{{}, dressed}), box(99, 99));
   EXPECT_TRUE(containerBackground(plain).isEmpty());
-  EXPECT_EQ(widgetURL(plain), "");
+  EXPECT_EQ(widgetURL(plain), std::nullopt);
 }
 
 TEST(LayoutModifier, ADirectionHoldsInsideItOnly) {

@@ -81,7 +81,7 @@ TEST_P(Misbehaviour, CostsItsRequestOnly) {
   for (int round = 0; round < 2; ++round) {
     const Outcome outcome = callOnce(child, kDeadline);
     ASSERT_FALSE(outcome.result);
-    EXPECT_EQ(name(outcome.result.error().kind), name(GetParam().kind));
+    EXPECT_EQ(foundation::nameOf(outcome.result.error().kind), foundation::nameOf(GetParam().kind));
     EXPECT_THAT(outcome.result.error().message,
                 testing::AllOf(testing::StartsWith("MisbehavingChild: widget/timeline: "),
                                HasSubstr(GetParam().message),

@@ -114,25 +114,25 @@ Accessibility spokenTileAmount(const SafeToSpendContent& content) {
           .children = Accessibility::Children::ignore};
 }
 
-View oneLineLabel(const SafeToSpendContent& content, TextKey key, double leastScale) {
-  return content.caption(content.text(key), 11, leastScale)
+View tileLabel(const SafeToSpendContent& content, TextKey key) {
+  return content.caption(content.text(key), 11)
       .foregroundStyle(content.colors.text().withOpacity(0.9));
 }
 
-/// A label that is a little too wide shrinks rather than take a second line.
-View tileLabel(const SafeToSpendContent& content, TextKey key) {
-  const View twoLines = content.caption(content.text(key), 11)
+/// What the amount is; the last day's words take a second line where they would shrink too much.
+View perDayWords(const SafeToSpendContent& content) {
+  if (!content.isLastDay()) return tileLabel(content, "perDay");
+  const View twoLines = content.caption(content.text("leftForToday"), 11)
                             .lineLimit(2)
                             .foregroundStyle(content.colors.text().withOpacity(0.9));
-  return fittingWidth(oneLineLabel(content, key, 0.85), twoLines);
+  return fittingWidth(tileLabel(content, "leftForToday"), twoLines);
 }
 
 View perDayFigure(const SafeToSpendContent& content) {
   return VStack{
       {.alignment = HorizontalAlignment::leading, .spacing = 0},
       Amount{.value = content.mainAmount(), .snapshot = content.snapshot, .size = 17},
-      tileLabel(content, content.isLastDay() ? TextKey{"leftForToday"} : TextKey{"perDay"})
-          .padding({.top = 3}),
+      perDayWords(content).padding({.top = 3}),
   }
       .accessibility(spokenTileAmount(content));
 }
@@ -145,19 +145,12 @@ View daysNumber(const SafeToSpendContent& content) {
       .direction(LayoutDirection::leftToRight);
 }
 
-/// As high as its label needs; where that is too much, on one line at any rate.
 View daysLeftFigure(const SafeToSpendContent& content) {
-  const auto under = [&](View label) {
-    return VStack{
-        {.alignment = HorizontalAlignment::leading, .spacing = 0},
-        std::move(label),
-        daysNumber(content).padding({.top = 3}),
-    }
-        .padding({.top = 6});
-  };
-  return Fitting{under(tileLabel(content, "daysLeft")),
-                 under(oneLineLabel(content, "daysLeft", 0.8)),
-                 VStack{{.spacing = 0}}}
+  return VStack{
+      {.alignment = HorizontalAlignment::leading, .spacing = 0},
+      tileLabel(content, "daysLeft"),
+      daysNumber(content).padding({.top = 3}),
+  }
       .accessibilityHidden();  // the day phrase says it
 }
 
@@ -177,7 +170,7 @@ View tile(const SafeToSpendContent& content, const View& perDay) {
       {.alignment = HorizontalAlignment::leading, .spacing = 0},
       perDay.layoutPriority(1),
       Spacer{0},
-      daysLeftFigure(content),
+      whereItFits(daysLeftFigure(content).padding({.top = 6})),
   }
       .frame(part(kInfinity))
       .padding(12)

@@ -24,7 +24,10 @@ View emptyView(const WidgetScaffold& scaffold, const EmptyState& state) {
                          .minimumScaleFactor(0.8)
                          .language(scaffold.lang());
   if (family == WidgetFamily::accessoryInline) return words.lineLimit(1);
-  return words.lineLimit(2).padding(Insets::horizontal(10)).frame(filling(Alignment::leading));
+  return scaffold.onBackdrop(words.lineLimit(2)
+                                 .balanced()
+                                 .padding(Insets::horizontal(10))
+                                 .frame(filling(Alignment::leading)));
 }
 
 DueContent makeContent(const DueWidgetView& view,
@@ -50,7 +53,7 @@ View DueWidgetView::body() const {
     return scaffold.rootWithoutMargins(dueMedium(content).foregroundStyle(primary));
   }
   const View layout = isAccessory(family) ? dueAccessory(content) : dueSmall(content);
-  return scaffold.root(layout.foregroundStyle(primary));
+  return scaffold.root(scaffold.onBackdrop(layout.foregroundStyle(primary)));
 }
 
 widgetruntime::WidgetSummary DueWidgetView::summary() const {

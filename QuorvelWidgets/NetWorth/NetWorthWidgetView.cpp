@@ -30,8 +30,8 @@ View NetWorthWidgetView::body() const {
   if (!snapshot) return scaffold.root(scaffold.message(kNoSnapshot));
   if (!snapshot->netWorth) return scaffold.root(scaffold.message(kNoNetWorth));
   const NetWorthContent content{{context()}, *snapshot->netWorth};
-  return scaffold.root(
-      layout(content, environment.familyInForce()).foregroundStyle(content.colors.text()));
+  const View shown = layout(content, environment.familyInForce());
+  return scaffold.root(scaffold.onBackdrop(shown.foregroundStyle(content.colors.text())));
 }
 
 widgetruntime::WidgetSummary NetWorthWidgetView::summary() const {

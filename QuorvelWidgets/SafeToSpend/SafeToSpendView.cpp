@@ -62,7 +62,7 @@ View SafeToSpendView::body() const {
   const auto content = makeContent(*this);
   if (!content) return scaffold.root(scaffold.message(kNoBudget));
 
-  WidgetChrome chrome = scaffold.chrome(layout(*this, *content));
+  WidgetChrome chrome = scaffold.chrome(scaffold.onBackdrop(layout(*this, *content)));
   if (isAccentTile(*this)) chrome.background = Rectangle().fill(content->accent.fill);
   return chrome;
 }

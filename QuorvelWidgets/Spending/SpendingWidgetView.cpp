@@ -55,8 +55,8 @@ View SpendingWidgetView::body() const {
   const WidgetSnapshot::Spending* spending = spendingOfMonth(*snapshot, entry.date, calendar);
   if (spending == nullptr) return scaffold.root(scaffold.message(kNoSpending));
   const SpendingContent content = makeContent(*this, *spending, calendar);
-  return scaffold.root(
-      layout(content, environment.familyInForce()).foregroundStyle(content.colors.text()));
+  const View shown = layout(content, environment.familyInForce());
+  return scaffold.root(scaffold.onBackdrop(shown.foregroundStyle(content.colors.text())));
 }
 
 widgetruntime::WidgetSummary SpendingWidgetView::summary() const {

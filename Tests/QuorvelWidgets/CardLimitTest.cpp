@@ -143,6 +143,18 @@ TEST(CardLimitView, TheThirdCardChosen) {
   EXPECT_EQ(link(view(entry, WidgetFamily::systemLarge)), "quorvel-widget://open/cards");
 }
 
+TEST(CardLimitView, EveryAccessoryKeepsTheSmallLayoutAsItIs) {
+  Environment environment;
+  environment.showsWidgetContainerBackground = false;
+  const auto dumpOf = [&](WidgetFamily family) {
+    return viewkit::dump(view({.snapshot = fiveCards()}, family, environment));
+  };
+  const std::string circular = dumpOf(WidgetFamily::accessoryCircular);
+  EXPECT_EQ(dumpOf(WidgetFamily::accessoryRectangular), circular);
+  EXPECT_EQ(dumpOf(WidgetFamily::accessoryInline), circular);
+  EXPECT_THAT(circular, AllOf(HasSubstr("CardArtTile"), Not(HasSubstr("AccessoryBackdrop"))));
+}
+
 TEST(CardLimitView, SevenCardsShowThreeFacesAndCountSeven) {
   WidgetSnapshot snapshot = fiveCards();
   snapshot.cards.push_back(card("6"));

@@ -9,7 +9,7 @@ using namespace viewkit;
 View WidgetChrome::body() const {
   View root = content;
   if (padded) root = root.padding(preview ? Insets::all(16) : environment.contentMargins());
-  root = root.frame(filling()).background(backdrop);
+  root = root.frame(filling());
   if (!background.isEmpty()) {
     root = preview ? root.background(background) : root.containerBackground(background);
   }

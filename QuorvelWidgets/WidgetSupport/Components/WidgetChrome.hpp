@@ -20,8 +20,7 @@ struct WidgetChrome : viewkit::Modifiers<WidgetChrome> {
   viewkit::View content;
   widgetruntime::Environment environment;
   viewkit::LayoutDirection direction = viewkit::LayoutDirection::leftToRight;
-  std::string link;        ///< the whole widget's tap link
-  viewkit::View backdrop;  ///< behind margins and content; part of the content, unlike `background`
+  std::string link;  ///< the whole widget's tap link
 
   [[nodiscard]] viewkit::View body() const;
 };

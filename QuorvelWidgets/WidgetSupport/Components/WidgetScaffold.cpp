@@ -5,6 +5,7 @@
 #include "QuorvelWidgets/WidgetSupport/Colors/ModeColors.hpp"
 #include "QuorvelWidgets/WidgetSupport/Colors/Palette.hpp"
 #include "QuorvelWidgets/WidgetSupport/Components/AccessoryBackdrop.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/Filling.hpp"
 #include "QuorvelWidgets/WidgetSupport/Components/WidgetMessage.hpp"
 #include "QuorvelWidgets/WidgetSupport/Snapshot/WidgetLanguage.hpp"
 #include "QuorvelWidgets/WidgetSupport/Texts/WidgetStrings.hpp"
@@ -30,7 +31,8 @@ View WidgetScaffold::message(const EmptyState& state) const {
                      .lang = language,
                      .link = link,
                      .colors = colors};
-  if (isAccessory(environment.familyInForce())) return accessoryMessage(view, environment);
+  if (isAccessory(environment.familyInForce()))
+    return onBackdrop(accessoryMessage(view, environment));
   return view;
 }
 
@@ -57,12 +59,15 @@ WidgetChrome WidgetScaffold::chrome(View content) const {
       .link = link,
   };
   if (!accessory) root.background = Rectangle().fill(palette::canvas);
-  // An inline accessory is a line of text.
-  if (accessory && environment.familyInForce() != WidgetFamily::accessoryInline &&
-      !environment.showsWidgetContainerBackground) {
-    root.backdrop = AccessoryBackdrop{.showsBackground = false};
-  }
   return root;
+}
+
+View WidgetScaffold::onBackdrop(View layout) const {
+  const WidgetFamily family = environment.familyInForce();
+  // An inline accessory is a line of text.
+  const bool isPlate = isAccessory(family) && family != WidgetFamily::accessoryInline;
+  if (!isPlate || environment.showsWidgetContainerBackground) return layout;
+  return layout.frame(filling()).background(AccessoryBackdrop{.showsBackground = false});
 }
 
 View WidgetScaffold::root(View content) const {

@@ -41,6 +41,9 @@ struct WidgetScaffold {
   /// What can be said before the document is asked: of a placeholder the title alone, without a
   /// document the message.
   [[nodiscard]] std::optional<widgetruntime::WidgetSummary> summaryWithoutData() const;
+  /// An accessory family's layout on the backdrop where the host draws no background; any other
+  /// layout as it is.
+  [[nodiscard]] viewkit::View onBackdrop(viewkit::View layout) const;
   /// The chrome of the widget's root, on the canvas; for widgets that change something about it.
   [[nodiscard]] WidgetChrome chrome(viewkit::View content) const;
   /// The widget's root on the canvas.

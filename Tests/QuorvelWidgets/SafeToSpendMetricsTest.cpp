@@ -150,8 +150,7 @@ TEST(SafeToSpendMetrics, TheDayBeforeTheLastHasOneDayToSpendOn) {
 
 TEST(SafeToSpendMetrics, CountDaysInTheCalendarsZone) {
   // It is already the 15th in Kiritimati.
-  const foundation::Calendar kiritimati{foundation::Locale{},
-                                        foundation::TimeZone{"Pacific/Kiritimati"}};
+  const foundation::Calendar kiritimati{foundation::TimeZone{"Pacific/Kiritimati"}};
   const auto late = *foundation::parseInternetDateTime("2025-03-14T10:30:00Z");
   EXPECT_EQ(makeSafeToSpendMetrics(100, 0, kTenDaysAfter, late, kiritimati)->daysLeft, 9);
   EXPECT_EQ(makeSafeToSpendMetrics(100, 0, kTenDaysAfter, late, calendar())->daysLeft, 10);

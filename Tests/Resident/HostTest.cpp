@@ -10,6 +10,7 @@
 #include <set>
 
 #include "HostFixture.hpp"
+#include "Tests/Support/Waiting.hpp"
 
 namespace resident {
 namespace {
@@ -232,10 +233,9 @@ TEST_F(HostTest, SleepsWhileNothingHappens) {
   // What was begun before is still being finished.
   ASSERT_TRUE(HostProcess::until([&] {
     before = switches();
-    ::usleep(50'000);
-    return switches() == before;
+    return !testsupport::endsWithin(host.id(), 50ms) && switches() == before;
   }));
-  ::usleep(static_cast<useconds_t>(std::chrono::microseconds(idle).count()));
+  EXPECT_FALSE(testsupport::endsWithin(host.id(), idle));
   EXPECT_EQ(switches() - before, 0);
 }
 

@@ -9,12 +9,11 @@
 #include <cerrno>
 #include <chrono>
 #include <csignal>
-#include <fstream>
 #include <sstream>
 #include <string>
-#include <thread>
 
 #include "Session/ChildProcess.hpp"
+#include "Tests/Support/Waiting.hpp"
 
 namespace session {
 namespace {
@@ -35,18 +34,9 @@ long peakMemory() {
   return usage.ru_maxrss;
 }
 
-// Whoever inherits a process reaps it when it likes: a dead one does not count.
-bool exists(pid_t id) {
-  std::ifstream file("/proc/" + std::to_string(id) + "/stat");
-  std::string line;
-  if (!std::getline(file, line)) return false;
-  return line.compare(line.rfind(')') + 2, 1, "Z") != 0;
-}
-
 // The processes are gone soon after they were killed, but when is the system's affair.
 bool isGoneSoon(pid_t id) {
-  for (int i = 0; i < 200 && exists(id); ++i) std::this_thread::sleep_for(10ms);
-  return !exists(id);
+  return testsupport::endsWithin(id, 10s);
 }
 
 struct Outcome {
@@ -131,8 +121,7 @@ INSTANTIATE_TEST_SUITE_P(
 TEST(ChildProcess, NoticesAnEndBeforeTheRequest) {
   ChildProcess child(misbehaving("exit"));
   ASSERT_TRUE(child.start());
-  std::this_thread::sleep_for(200ms);
-  EXPECT_FALSE(child.isRunning());
+  EXPECT_TRUE(testsupport::eventually([&] { return !child.isRunning(); }));
   const auto result = child.call("shutdown", "null", 400ms);
   ASSERT_FALSE(result);
   EXPECT_EQ(result.error().kind, Kind::notStarted);
@@ -142,13 +131,11 @@ TEST(ChildProcess, NoticesAnEndBeforeTheRequest) {
 TEST(ChildProcess, NoticesOutputThatNobodyAskedFor) {
   ChildProcess child(misbehaving("chatty"));
   EXPECT_TRUE(callOnce(child, 1s).result);
-  std::this_thread::sleep_for(200ms);
-  EXPECT_FALSE(child.isRunning());
+  EXPECT_TRUE(testsupport::eventually([&] { return !child.isRunning(); }));
 
   ChildProcess flooding(misbehaving("floodFrames"));
   EXPECT_LT(callOnce(flooding, 1s).time, 2s);
-  std::this_thread::sleep_for(200ms);
-  EXPECT_FALSE(flooding.isRunning());
+  EXPECT_TRUE(testsupport::eventually([&] { return !flooding.isRunning(); }));
 }
 
 class Descendants : public testing::TestWithParam<std::string> {};

@@ -170,6 +170,28 @@ int countIgnoredSignals() {
   sleepForever();
 }
 
+// Reads the request as it should.
+[[noreturn]] void answerBadly(std::string_view way) {
+  readRequest();
+  if (way == "midFrame") {
+    put(STDOUT_FILENO, answer("{}").substr(0, 30));
+    ::_exit(0);
+  }
+  if (way == "wrongId") put(STDOUT_FILENO, answer("{}", "999"));
+  if (way == "textId") put(STDOUT_FILENO, answer("{}", "\"1\""));
+  if (way == "garbage") put(STDOUT_FILENO, "\x01\x02\xFF garbage\r\n\r\n");
+  if (way == "badJson") put(STDOUT_FILENO, widgetruntime::encodeFrame("{\"jsonrpc\":"));
+  if (way == "deepJson") put(STDOUT_FILENO, answer(std::string(300, '[') + std::string(300, ']')));
+  if (way == "noAnswer") put(STDOUT_FILENO, widgetruntime::encodeFrame("{\"jsonrpc\":\"2.0\"}"));
+  if (way == "twice") put(STDOUT_FILENO, answer("{}") + answer("{}"));
+  if (way == "chatty") {
+    put(STDOUT_FILENO, answer("{}"));
+    ::usleep(20'000);
+    put(STDOUT_FILENO, "more");
+  }
+  sleepForever();
+}
+
 [[noreturn]] void misbehave(std::string_view way, const char* argument) {
   if (way == "hang") sleepForever();
   if (way == "leaveGroup") leaveGroup(argument);
@@ -212,24 +234,7 @@ int countIgnoredSignals() {
   if (way == "confinement") reportConfinement();
   if (way == "allocate") allocateTooMuch();
 
-  readRequest();
-  if (way == "midFrame") {
-    put(STDOUT_FILENO, answer("{}").substr(0, 30));
-    ::_exit(0);
-  }
-  if (way == "wrongId") put(STDOUT_FILENO, answer("{}", "999"));
-  if (way == "textId") put(STDOUT_FILENO, answer("{}", "\"1\""));
-  if (way == "garbage") put(STDOUT_FILENO, "\x01\x02\xFF garbage\r\n\r\n");
-  if (way == "badJson") put(STDOUT_FILENO, widgetruntime::encodeFrame("{\"jsonrpc\":"));
-  if (way == "deepJson") put(STDOUT_FILENO, answer(std::string(300, '[') + std::string(300, ']')));
-  if (way == "noAnswer") put(STDOUT_FILENO, widgetruntime::encodeFrame("{\"jsonrpc\":\"2.0\"}"));
-  if (way == "twice") put(STDOUT_FILENO, answer("{}") + answer("{}"));
-  if (way == "chatty") {
-    put(STDOUT_FILENO, answer("{}"));
-    ::usleep(20'000);
-    put(STDOUT_FILENO, "more");
-  }
-  sleepForever();
+  answerBadly(way);
 }
 
 }  // namespace

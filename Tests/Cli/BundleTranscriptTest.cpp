@@ -2,8 +2,10 @@
 #include <gtest/gtest.h>
 
 #include <deque>
+#include <nlohmann/json.hpp>
 
 #include "CommandRunner.hpp"
+#include "Tests/Support/Approval.hpp"
 #include "Tests/Support/Transcript.hpp"
 #include "WidgetRuntime/Framing.hpp"
 
@@ -12,11 +14,6 @@ namespace {
 
 using testsupport::joined;
 using testsupport::replay;
-
-const std::string kControl =
-    R"({"kind":"QuorvelAddExpenseControl","name":"Add Expense",
-    "description":"Open Quorvel to log an expense.","label":"Add Expense","symbol":"plus",
-    "intent":"AddExpenseIntent","intentTitle":"Add Expense"})";
 
 std::string requestsOf(const std::string& transcript) {
   std::string frames;
@@ -41,20 +38,48 @@ std::deque<std::string> messagesOf(std::string_view bytes) {
   return messages;
 }
 
-/// Holds a fresh extension to a whole conversation; "CONTAINER" stands for a folder that has a
-/// document.
-void expectConversation(std::string transcript) {
+constexpr std::string_view kPlaceholder = "CONTAINER";
+
+std::string replaced(std::string text, std::string_view from, std::string_view to) {
+  for (auto at = text.find(from); at != std::string::npos; at = text.find(from, at + to.size())) {
+    text.replace(at, from.size(), to);
+  }
+  return text;
+}
+
+/// What a fresh extension answers to the requests of a transcript, in which "CONTAINER" stands for
+/// a folder that has a document.
+std::deque<std::string> answersTo(const std::string& transcript) {
   const TemporaryFolder folder;
   const std::string container = folder.at("container");
   folder.write("container/widget-snapshot.json", contentsOf(example("household.json")));
-  const std::string_view placeholder = "CONTAINER";
-  for (std::size_t at; (at = transcript.find(placeholder)) != std::string::npos;) {
-    transcript.replace(at, placeholder.size(), container);
-  }
-  const Outcome outcome = runExtension(folder.write("requests", requestsOf(transcript)));
+  const Outcome outcome = runExtension(
+      folder.write("requests", requestsOf(replaced(transcript, kPlaceholder, container))));
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(outcome.errors, "");
   std::deque<std::string> answers = messagesOf(outcome.out);
+  for (std::string& answer : answers) answer = replaced(answer, container, kPlaceholder);
+  return answers;
+}
+
+/// The first request: what a host says beside the version.
+std::string opening(const std::string& parameter) {
+  return R"(> {"jsonrpc":"2.0","id":0,"method":"initialize","params":{"protocolVersion":1,)" +
+         parameter + R"("container":"CONTAINER"}})" + "\n";
+}
+
+/// What the extension offers to a host that says this beside the version.
+nlohmann::ordered_json offered(const std::string& parameter = "") {
+  const auto answers = answersTo(opening(parameter));
+  if (answers.size() != 1) return {};
+  return nlohmann::ordered_json::parse(answers.front())["result"];
+}
+
+/// Holds an extension that was opened to a conversation.
+void expectConversation(const std::string& transcript, const std::string& parameter = "") {
+  std::deque<std::string> answers = answersTo(opening(parameter) + transcript);
+  ASSERT_FALSE(answers.empty());
+  answers.pop_front();
   const auto next = [&](std::string_view request) {
     if (request.find("\"id\"") == std::string_view::npos || answers.empty()) return std::string{};
     std::string answer = std::move(answers.front());
@@ -65,39 +90,12 @@ void expectConversation(std::string transcript) {
   EXPECT_TRUE(answers.empty());
 }
 
-/// The first exchange: what a host says beside the version, and the controls that it is offered.
-std::string opening(const std::string& parameter = "", const std::string& controls = kControl) {
-  return R"(
-> {"jsonrpc":"2.0","id":0,"method":"initialize","params":{"protocolVersion":1,)" +
-         parameter + R"("container":"CONTAINER"}}
-< {"jsonrpc":"2.0","id":0,"result":{"protocolVersion":1,"appGroup":"group.app.quorvel.widgets",
-    "urlScheme":"quorvel-widget","container":"CONTAINER","bundle":{"widgets":[
-    {"kind":"QuorvelCardLimitWidget","name":"Remaining Limit",
-    "description":"How much limit is left on your cards.",
-    "families":["systemSmall","systemMedium","systemLarge"],
-    "configuration":{"intent":"SelectCardIntent","title":"Choose Card","parameters":[
-    {"name":"card","title":"Card","type":"entity","typeName":"Card","default":null,"cases":[]}]}},
-    {"kind":"QuorvelDueWidget","name":"Next Due",
-    "description":"Card bills, bills and loans due next.",
-    "families":["systemSmall","systemMedium"],"configuration":null},
-    {"kind":"QuorvelNetWorthWidget","name":"Net Worth",
-    "description":"Your net worth and how it's trending.",
-    "families":["systemSmall","systemMedium","systemLarge"],"configuration":null},
-    {"kind":"QuorvelSafeToSpendWidget","name":"Safe to Spend",
-    "description":"How much you can spend per day to stay on budget.",
-    "families":["systemSmall","systemMedium"],
-    "configuration":{"intent":"SafeToSpendIntent","title":"Choose Style","parameters":[
-    {"name":"style","title":"Style","type":"enumeration","typeName":"Style","default":"accent",
-    "cases":[{"id":"accent","title":"Accent Tile"},{"id":"ring","title":"Budget Ring"}]}]}},
-    {"kind":"QuorvelSpendingWidget","name":"Spending This Month",
-    "description":"This month's spending vs last month.",
-    "families":["systemSmall","systemMedium","systemLarge"],"configuration":null}],
-    "controls":[)" +
-         controls + "]}}}\n";
+TEST(BundleApproval, WhatIsOfferedIsAsApproved) {
+  EXPECT_TRUE(testsupport::matchesExpected("Bundle/initialize", offered().dump(2) + "\n"));
 }
 
-TEST(BundleTranscript, FiveWidgetsAndTheControl) {
-  expectConversation(opening() + R"(
+TEST(BundleTranscript, PerformsTheControlsIntentAndEnds) {
+  expectConversation(R"(
 > {"jsonrpc":"2.0","id":1,"method":"intent/perform","params":{"intent":"AddExpenseIntent"}}
 < {"jsonrpc":"2.0","id":1,"result":{"openApp":true}}
 > {"jsonrpc":"2.0","id":2,"method":"shutdown"}
@@ -107,19 +105,25 @@ TEST(BundleTranscript, FiveWidgetsAndTheControl) {
 }
 
 TEST(BundleTranscript, AHostWithoutControlsGetsTheWidgetsAlone) {
-  expectConversation(opening(R"("offersControls":false,)", "") + R"(
+  const std::string without = R"("offersControls":false,)";
+  auto expected = offered();
+  EXPECT_EQ(expected["bundle"]["controls"].size(), 1U);
+  expected["bundle"]["controls"] = nlohmann::ordered_json::array();
+  EXPECT_EQ(offered(without), expected);
+  expectConversation(R"(
 > {"jsonrpc":"2.0","id":1,"method":"intent/perform","params":{"intent":"AddExpenseIntent"}}
 < {"jsonrpc":"2.0","id":1,"error":{"code":-32602,"message":"unknown intent \"AddExpenseIntent\""}}
-)");
+)",
+                     without);
 }
 
 // Jakarta is seven hours ahead, so its next day begins at 17:00Z; the reload comes five seconds in.
 TEST(BundleTranscript, EveryWidgetHasOneEntryAndReloadsWithTheDay) {
-  std::string conversation = opening();
-  for (const std::string kind : {"CardLimit", "Due", "NetWorth", "SafeToSpend", "Spending"}) {
-    conversation +=
-        R"(> {"jsonrpc":"2.0","id":1,"method":"widget/timeline","params":{"kind":"Quorvel)" + kind +
-        R"(Widget",
+  std::string conversation;
+  for (const std::string& kind : offeredKinds()) {
+    conversation += R"(> {"jsonrpc":"2.0","id":1,"method":"widget/timeline","params":{"kind":")" +
+                    kind +
+                    R"(",
     "family":"systemSmall","now":"2025-03-14T09:30:00Z","timeZone":"Asia/Jakarta","locale":"id_ID",
     "languages":["id"],"environments":[]}}
 < {"jsonrpc":"2.0","id":1,"result":{"entries":[{"date":"2025-03-14T09:30:00Z",
@@ -131,7 +135,7 @@ TEST(BundleTranscript, EveryWidgetHasOneEntryAndReloadsWithTheDay) {
 }
 
 TEST(BundleTranscript, CardsAreOfferedFromTheDocument) {
-  expectConversation(opening() + R"(
+  expectConversation(R"(
 > {"jsonrpc":"2.0","id":1,"method":"configuration/options","params":{
     "kind":"QuorvelCardLimitWidget","parameter":"card"}}
 < {"jsonrpc":"2.0","id":1,"result":{"options":[{"id":"a","title":"Northbank Everyday"},

@@ -8,6 +8,7 @@
 
 #include <array>
 #include <cstdlib>
+#include <nlohmann/json.hpp>
 #include <stdexcept>
 
 namespace cli {
@@ -111,6 +112,13 @@ Outcome runHost(const Words& words, const std::map<std::string, std::string>& en
 
 Outcome runExtension(const fs::path& input) {
   return run(builtProgram("quorvel-widgets"), {}, {}, input);
+}
+
+std::vector<std::string> offeredKinds() {
+  const auto answer = nlohmann::json::parse(runHost({"list", "--json"}).out, nullptr, false);
+  std::vector<std::string> kinds;
+  for (const auto& widget : answer["widgets"]) kinds.push_back(widget["kind"]);
+  return kinds;
 }
 
 }  // namespace cli

@@ -33,6 +33,9 @@ using Words = std::vector<std::string>;
 /// The extension, fed from a file until its end.
 [[nodiscard]] Outcome runExtension(const std::filesystem::path& input);
 
+/// The kinds of widgets that the built host offers.
+[[nodiscard]] std::vector<std::string> offeredKinds();
+
 using testsupport::contentsOf;
 using testsupport::TemporaryFolder;
 

@@ -172,11 +172,7 @@ TEST(Render, ConfigurationChoosesTheStyle) {
 }
 
 TEST(Isolated, TheChildsPictureIsTheSameByteForByte) {
-  for (const char* kind : {"QuorvelCardLimitWidget",
-                           "QuorvelDueWidget",
-                           "QuorvelNetWorthWidget",
-                           "QuorvelSafeToSpendWidget",
-                           "QuorvelSpendingWidget"}) {
+  for (const std::string& kind : offeredKinds()) {
     for (const char* family : {"systemSmall", "systemMedium", "accessoryRectangular"}) {
       const Words words{kind, "--family", family, "--snapshot", kHousehold};
       EXPECT_EQ(drawn(words + Words{"--isolated"}), drawn(words)) << kind << " " << family;

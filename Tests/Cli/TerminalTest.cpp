@@ -76,12 +76,11 @@ TEST(Terminal, ObeysNoDocument) {
     words.insert(words.end(), source.begin(), source.end());
     return words;
   };
-  for (const char* kind : {"CardLimit", "Due", "NetWorth", "SafeToSpend", "Spending"}) {
-    const std::string name = std::string("Quorvel") + kind + "Widget";
+  for (const std::string& kind : offeredKinds()) {
     for (const std::string& form : kTextForms) {
-      expectHarmless(with({"render", name, "--family", "systemMedium", "--format", form}));
+      expectHarmless(with({"render", kind, "--family", "systemMedium", "--format", form}));
     }
-    expectHarmless(with({"timeline", name}));
+    expectHarmless(with({"timeline", kind}));
   }
   for (const char* form : {"--json", "--isolated"}) {
     expectHarmless(with({"options", "QuorvelCardLimitWidget", "card", form}));

@@ -89,6 +89,19 @@ class Scan {
   std::vector<Function> found_;
 };
 
+/// Each match in that format.
+std::vector<std::string> allMatches(std::string_view text,
+                                    const std::regex& pattern,
+                                    const char* format) {
+  std::vector<std::string> found;
+  const std::string all{text};
+  for (std::sregex_iterator match{all.begin(), all.end(), pattern}; match != std::sregex_iterator{};
+       ++match) {
+    found.push_back(match->format(format));
+  }
+  return found;
+}
+
 }  // namespace
 
 std::vector<Function> functionsIn(std::string_view text) {
@@ -97,13 +110,12 @@ std::vector<Function> functionsIn(std::string_view text) {
 
 std::vector<std::string> uncapitalizedTests(std::string_view text) {
   static const std::regex kTest{R"((^|\n)TEST(_[FP])?\(\s*(\w+),\s*([^A-Z\s]\w*)\s*\))"};
-  std::vector<std::string> found;
-  const std::string all{text};
-  for (std::sregex_iterator test{all.begin(), all.end(), kTest}; test != std::sregex_iterator{};
-       ++test) {
-    found.push_back((*test)[3].str() + "." + (*test)[4].str());
-  }
-  return found;
+  return allMatches(text, kTest, "$3.$4");
+}
+
+std::vector<std::string> sleepsIn(std::string_view text) {
+  static const std::regex kSleep{R"(\b((sleep_for|sleep_until|usleep|nanosleep|sleep)\())"};
+  return allMatches(text, kSleep, "$1");
 }
 
 std::size_t columnsOf(std::string_view line) {

@@ -23,6 +23,9 @@ struct Function {
 /// The tests whose names do not begin with a capital, as "Suite.name".
 [[nodiscard]] std::vector<std::string> uncapitalizedTests(std::string_view text);
 
+/// The names of calls that wait for time to pass, with their parenthesis.
+[[nodiscard]] std::vector<std::string> sleepsIn(std::string_view text);
+
 /// Code points, since bytes say nothing about how wide a line is.
 [[nodiscard]] std::size_t columnsOf(std::string_view line);
 

@@ -43,6 +43,48 @@ TEST(Approvals, NoLineIsLongerThan140Columns) {
   EXPECT_GT(lines, 1000U);
 }
 
+constexpr std::size_t kMostLines = 400;
+constexpr std::size_t kMostLinesOfAFunction = 60;
+
+std::vector<SourceFile> everySource() {
+  return filesBelow({"Platform", "QuorvelWidgets", "Host", "Import", "Tests", "Fuzz", "Benchmarks"},
+                    {".cpp", ".hpp"});
+}
+
+TEST(Files, HaveAtMost400LinesUnlessTheyAreTables) {
+  for (const SourceFile& file : everySource()) {
+    if (file.path.ends_with("/WidgetStringTable.cpp")) continue;
+    if (file.path.ends_with("/JsonScanner.cpp")) continue;
+    EXPECT_LE(linesOf(file.text).size(), kMostLines) << file.path;
+  }
+}
+
+TEST(Functions, HaveAtMost60Lines) {
+  std::size_t functions = 0;
+  for (const SourceFile& file : everySource()) {
+    for (const Function& function : functionsIn(file.text)) {
+      ++functions;
+      EXPECT_LE(function.lines, kMostLinesOfAFunction)
+          << file.path << ":" << function.line << ": " << function.opening;
+    }
+  }
+  EXPECT_GT(functions, 4000U);
+}
+
+// A child may sleep, since that is how it misbehaves; who waits for it has an event to wait for.
+TEST(Tests, NeverSleep) {
+  for (const SourceFile& file : filesBelow({"Tests"}, {".cpp", ".hpp"})) {
+    const bool isChild = file.path.find("/children/") != std::string::npos;
+    if (isChild || file.path == "Tests/House/FormTest.cpp") continue;
+    EXPECT_THAT(sleepsIn(file.text), IsEmpty()) << file.path;
+  }
+}
+
+TEST(Tests, ACallThatSleepsIsFound) {
+  EXPECT_THAT(sleepsIn("  std::this_thread::sleep_for(1s);\n  ::usleep(5);\n  \"sleep 5\""),
+              ElementsAre("sleep_for(", "usleep("));
+}
+
 TEST(Functions, AreFoundWithTheirLengths) {
   const auto found = functionsIn(
       "namespace a {\n"

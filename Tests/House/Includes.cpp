@@ -1,29 +1,88 @@
 #include "Includes.hpp"
 
 #include <algorithm>
+#include <filesystem>
 
 namespace house {
 namespace {
 
-using Names = std::vector<std::string_view>;
+using Names = std::vector<std::string>;
 
-// No widget sees another. `includes` is the folder with its slash.
-Room widgetRoom(std::string_view includes) {
-  return {includes.substr(0, includes.size() - 1),
-          {includes, "QuorvelWidgets/WidgetSupport/", "WidgetRuntime/", "ViewKit/", "Foundation/"},
-          false,
-          {"fmt/"}};
-}
+using Rooms = std::vector<Room>;
 
-/// A folder of a room: `folder` ends in a slash, `includes` is how it is included; what it sees in
-/// its room beside itself, what lies below the room.
-Room innerRoom(std::string_view folder, std::string_view includes, Names sees, const Names& below) {
+/// A folder of a room: what it sees beside itself in its room, and what lies below the room. Names
+/// of folders end in a slash.
+Room innerRoom(const std::string& folder,
+               const std::string& includes,
+               Names sees,
+               const Names& below) {
   sees.push_back(includes);
   sees.insert(sees.end(), below.begin(), below.end());
   return {folder.substr(0, folder.size() - 1), std::move(sees), true, {"fmt/"}};
 }
 
-Room renderingRoom(std::string_view folder, Names sees, const Names& libraries = {}) {
+Rooms platformRooms() {
+  return {
+      {"Platform/Foundation", {"Foundation/"}, true, {"fmt/", "unicode/", "plist/"}},
+      {"Platform/ViewKit", {"ViewKit/", "Foundation/"}, false, {"fmt/"}},
+      {"Platform/WidgetRuntime", {"WidgetRuntime/", "ViewKit/", "Foundation/"}, true, {"fmt/"}}};
+}
+
+Room supportRoom(const std::string& folder, Names sees) {
+  Room room =
+      innerRoom(folder, folder, std::move(sees), {"WidgetRuntime/", "ViewKit/", "Foundation/"});
+  room.callsSystem = false;
+  return room;
+}
+
+Rooms supportRooms() {
+  return {
+      supportRoom("QuorvelWidgets/WidgetSupport/Snapshot/", {}),
+      supportRoom("QuorvelWidgets/WidgetSupport/Colors/",
+                  {"QuorvelWidgets/WidgetSupport/Snapshot/"}),
+      supportRoom(
+          "QuorvelWidgets/WidgetSupport/Texts/",
+          {"QuorvelWidgets/WidgetSupport/Colors/", "QuorvelWidgets/WidgetSupport/Snapshot/"}),
+      supportRoom("QuorvelWidgets/WidgetSupport/Components/", {"QuorvelWidgets/WidgetSupport/"})};
+}
+
+// No widget sees another: each folder but those that serve them all is a room of its own.
+Rooms widgetRooms() {
+  Rooms rooms;
+  for (const auto& entry : std::filesystem::directory_iterator(
+           std::filesystem::path{QUORVEL_SOURCE_DIR} / "QuorvelWidgets")) {
+    const std::string name = entry.path().filename();
+    if (!entry.is_directory() || name == "WidgetSupport" || name == "Gallery") continue;
+    const std::string folder = "QuorvelWidgets/" + name;
+    rooms.push_back({folder,
+                     {folder + "/",
+                      "QuorvelWidgets/WidgetSupport/",
+                      "WidgetRuntime/",
+                      "ViewKit/",
+                      "Foundation/"},
+                     false,
+                     {"fmt/"}});
+  }
+  return rooms;
+}
+
+Rooms extensionRooms() {
+  return {{"QuorvelWidgets/Gallery",
+           {"QuorvelWidgets/Gallery/",
+            "QuorvelWidgets/SafeToSpend/SpentGauge.hpp",
+            "QuorvelWidgets/WidgetSupport/",
+            "WidgetRuntime/",
+            "ViewKit/",
+            "Foundation/"},
+           false,
+           {"fmt/"}},
+          {"QuorvelWidgets",
+           {"QuorvelWidgets/", "WidgetRuntime/", "ViewKit/", "Foundation/"},
+           false,
+           {"fmt/"}}};
+}
+
+Room renderingRoom(const std::string& folder, Names sees, const Names& libraries = {}) {
   constexpr std::string_view kHost = "Host/";
   Room room = innerRoom(folder,
                         folder.substr(kHost.size()),
@@ -39,44 +98,8 @@ Room renderingRoom(std::string_view folder, Names sees, const Names& libraries =
   return room;
 }
 
-Room supportRoom(std::string_view folder, Names sees) {
-  Room room =
-      innerRoom(folder, folder, std::move(sees), {"WidgetRuntime/", "ViewKit/", "Foundation/"});
-  room.callsSystem = false;
-  return room;
-}
-
-std::vector<Room> makeRooms() {
+Rooms renderingRooms() {
   return {
-      {"Platform/Foundation", {"Foundation/"}, true, {"fmt/", "unicode/", "plist/"}},
-      {"Platform/ViewKit", {"ViewKit/", "Foundation/"}, false, {"fmt/"}},
-      {"Platform/WidgetRuntime", {"WidgetRuntime/", "ViewKit/", "Foundation/"}, true, {"fmt/"}},
-      supportRoom("QuorvelWidgets/WidgetSupport/Snapshot/", {}),
-      supportRoom("QuorvelWidgets/WidgetSupport/Colors/",
-                  {"QuorvelWidgets/WidgetSupport/Snapshot/"}),
-      supportRoom(
-          "QuorvelWidgets/WidgetSupport/Texts/",
-          {"QuorvelWidgets/WidgetSupport/Colors/", "QuorvelWidgets/WidgetSupport/Snapshot/"}),
-      supportRoom("QuorvelWidgets/WidgetSupport/Components/", {"QuorvelWidgets/WidgetSupport/"}),
-      widgetRoom("QuorvelWidgets/AddExpense/"),
-      widgetRoom("QuorvelWidgets/CardLimit/"),
-      widgetRoom("QuorvelWidgets/Due/"),
-      widgetRoom("QuorvelWidgets/NetWorth/"),
-      widgetRoom("QuorvelWidgets/SafeToSpend/"),
-      widgetRoom("QuorvelWidgets/Spending/"),
-      {"QuorvelWidgets/Gallery",
-       {"QuorvelWidgets/Gallery/",
-        "QuorvelWidgets/SafeToSpend/SpentGauge.hpp",
-        "QuorvelWidgets/WidgetSupport/",
-        "WidgetRuntime/",
-        "ViewKit/",
-        "Foundation/"},
-       false,
-       {"fmt/"}},
-      {"QuorvelWidgets",
-       {"QuorvelWidgets/", "WidgetRuntime/", "ViewKit/", "Foundation/"},
-       false,
-       {"fmt/"}},
       renderingRoom("Host/Rendering/Graphics/", {}),
       renderingRoom("Host/Rendering/Images/",
                     {"Rendering/Graphics/"},
@@ -110,6 +133,11 @@ std::vector<Room> makeRooms() {
                      "Rendering/Graphics/"},
                     {"unicode/"}),
       {"Host/Rendering", {"Rendering/", "ViewKit/"}, true, {"fmt/"}},
+  };
+}
+
+Rooms hostRooms() {
+  return {
       {"Host/Session", {"Session/", "WidgetRuntime/", "ViewKit/", "Foundation/"}, true, {"fmt/"}},
       {"Host/Control", {"Control/", "WidgetRuntime/", "Foundation/"}, true, {"fmt/"}},
       {"Host/Opening", {"Opening/", "Foundation/"}, true, {"fmt/"}},
@@ -124,6 +152,11 @@ std::vector<Room> makeRooms() {
        {"fmt/"}},
       // What a bar keeps open, so it sees as little as it can.
       {"Host/Watch", {"Watch/", "Control/", "Surfaces/Bar/", "Foundation/"}, true, {}},
+  };
+}
+
+Rooms programRooms() {
+  return {
       // The room that owns the event loop.
       {"Host/Resident",
        {"Resident/",
@@ -171,6 +204,20 @@ std::vector<Room> makeRooms() {
   };
 }
 
+Rooms makeRooms() {
+  Rooms all;
+  for (const Rooms& some : {platformRooms(),
+                            supportRooms(),
+                            widgetRooms(),
+                            extensionRooms(),
+                            renderingRooms(),
+                            hostRooms(),
+                            programRooms()}) {
+    all.insert(all.end(), some.begin(), some.end());
+  }
+  return all;
+}
+
 const Names& systemHeaders() {
   static const Names names{
       "sys/", "linux/", "dirent.h", "fcntl.h", "poll.h", "signal.h", "spawn.h", "unistd.h"};
@@ -179,7 +226,7 @@ const Names& systemHeaders() {
 
 bool beginsWithOneOf(std::string_view text, const Names& beginnings) {
   return std::ranges::any_of(
-      beginnings, [&](std::string_view beginning) { return text.starts_with(beginning); });
+      beginnings, [&](const std::string& beginning) { return text.starts_with(beginning); });
 }
 
 // The streams' static constructors and the cost of locales and regular expressions are paid by

@@ -10,11 +10,10 @@
 namespace house {
 
 struct Room {
-  std::string_view folder;             ///< below the source tree
-  std::vector<std::string_view> sees;  ///< beginnings of quoted includes
+  std::string folder;                  ///< below the source tree
+  std::vector<std::string> sees;       ///< beginnings of quoted includes
   bool callsSystem = false;            ///< POSIX and Linux headers
-  std::vector<std::string_view>
-      libraries;  ///< beginnings of library headers its .cpp files may include
+  std::vector<std::string> libraries;  ///< beginnings of library headers its .cpp files may include
 };
 
 /// Innermost folders first: the first that holds a file decides.

@@ -2,47 +2,28 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <sstream>
-
 #include "Includes.hpp"
+#include "SourceFiles.hpp"
 
 namespace house {
 namespace {
 
-namespace fs = std::filesystem;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-std::string contents(const fs::path& path) {
-  std::ostringstream text;
-  text << std::ifstream(path).rdbuf();
-  return text.str();
-}
-
-std::vector<fs::path> sources() {
-  std::vector<fs::path> found;
-  for (const char* top : {"Platform", "QuorvelWidgets", "Host", "Import"}) {
-    for (const auto& entry : fs::recursive_directory_iterator(fs::path(QUORVEL_SOURCE_DIR) / top)) {
-      const auto extension = entry.path().extension();
-      if (extension == ".cpp" || extension == ".hpp") found.push_back(entry.path());
-    }
-  }
-  return found;
+std::vector<SourceFile> sources() {
+  return filesBelow({"Platform", "QuorvelWidgets", "Host", "Import"}, {".cpp", ".hpp"});
 }
 
 TEST(Includes, EverySourceStandsInARoom) {
   const auto all = sources();
   ASSERT_GT(all.size(), 20u);
-  for (const fs::path& path : all) {
-    EXPECT_NE(roomOf(fs::relative(path, QUORVEL_SOURCE_DIR).string()), nullptr) << path;
-  }
+  for (const SourceFile& file : all) EXPECT_NE(roomOf(file.path), nullptr) << file.path;
 }
 
 TEST(Includes, EveryRoomIncludesOnlyWhatItSees) {
-  for (const fs::path& path : sources()) {
-    EXPECT_THAT(forbiddenIncludes(fs::relative(path, QUORVEL_SOURCE_DIR).string(), contents(path)),
-                IsEmpty());
+  for (const SourceFile& file : sources()) {
+    EXPECT_THAT(forbiddenIncludes(file.path, file.text), IsEmpty());
   }
 }
 

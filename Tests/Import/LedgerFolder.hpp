@@ -1,6 +1,7 @@
 // A journal with settings in a folder of their own, and what the importer makes of them.
 #pragma once
 
+#include <fmt/format.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -8,6 +9,7 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "Import/Hledger.hpp"
 #include "Import/SnapshotMaker.hpp"
@@ -21,6 +23,14 @@ namespace importer {
 
 [[nodiscard]] inline Decimal decimal(std::string_view text) {
   return parseDecimal(text).value();
+}
+
+/// The points of net worth as "2026-03 1100".
+[[nodiscard]] inline std::vector<std::string> historyOf(const quorvel::WidgetSnapshot& snapshot) {
+  std::vector<std::string> points;
+  for (const auto& point : snapshot.netWorth->history)
+    points.push_back(point.month + " " + decimal(fmt::format("{}", point.value)).text());
+  return points;
 }
 
 /// Reads a journal of these lines as of a day.

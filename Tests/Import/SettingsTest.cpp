@@ -16,8 +16,7 @@ std::string refusal(std::string_view toml) {
   return settings ? "accepted" : settings.error().line;
 }
 
-TEST(Settings, ReadsEveryKey) {
-  const auto settings = parseSettings(R"(
+constexpr std::string_view kEveryKey = R"(
 language = "de"
 commodity = "€"
 symbol = "EUR "
@@ -47,8 +46,10 @@ dark = "#C98500"
 [open]
 budget = "hledger balance"
 add-expense = "hledger add"
-)",
-                                      "l.toml");
+)";
+
+TEST(Settings, ReadEveryKey) {
+  const auto settings = parseSettings(kEveryKey, "l.toml");
   ASSERT_TRUE(settings) << settings.error().line;
   EXPECT_EQ(settings->language, "de");
   EXPECT_EQ(settings->commodity, "€");
@@ -61,6 +62,13 @@ add-expense = "hledger add"
   EXPECT_THAT(settings->liquid, ElementsAre("assets:bank"));
   EXPECT_EQ(settings->budgetTotal, parseDecimal("1800.5"));
   EXPECT_EQ(settings->budgetStartDay, 25);
+  EXPECT_EQ(settings->open.at("budget"), "hledger balance");
+  EXPECT_EQ(settings->open.at("add-expense"), "hledger add");
+}
+
+TEST(Settings, ReadEveryKeyOfACard) {
+  const auto settings = parseSettings(kEveryKey, "l.toml");
+  ASSERT_TRUE(settings) << settings.error().line;
   ASSERT_EQ(settings->cards.size(), 1u);
   const CardSettings& card = settings->cards.front();
   EXPECT_EQ(card.account, "liabilities:visa");
@@ -70,13 +78,16 @@ add-expense = "hledger add"
   EXPECT_EQ(card.limit, Decimal::whole(10000));
   EXPECT_EQ(card.dueDay, 31);
   EXPECT_THAT(card.faces, ElementsAre("#315792", "#20375D"));
+}
+
+TEST(Settings, ReadEveryKeyOfACategory) {
+  const auto settings = parseSettings(kEveryKey, "l.toml");
+  ASSERT_TRUE(settings) << settings.error().line;
   const CategorySettings& category = settings->categories.at("expenses:food");
   EXPECT_EQ(category.name, "Food");
   EXPECT_EQ(category.icon, "fork.knife");
   EXPECT_EQ(category.light, "#EDA100");
   EXPECT_EQ(category.dark, "#C98500");
-  EXPECT_EQ(settings->open.at("budget"), "hledger balance");
-  EXPECT_EQ(settings->open.at("add-expense"), "hledger add");
 }
 
 TEST(Settings, AreAllOptional) {

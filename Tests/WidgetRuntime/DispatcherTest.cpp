@@ -1,14 +1,9 @@
 // Conversations with a dispatcher, over a small extension of the tests' own.
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include <new>
 #include <stdexcept>
 #include <string>
 
-#include "FakeExtension.hpp"
-#include "Tests/Support/Transcript.hpp"
-#include "WidgetRuntime/Dispatcher.hpp"
+#include "Conversation.hpp"
 
 namespace widgetruntime {
 namespace {
@@ -17,18 +12,6 @@ using testsupport::joined;
 using testsupport::replay;
 
 using testing::HasSubstr;
-
-constexpr std::string_view kInitialize =
-    R"({"jsonrpc":"2.0","id":0,"method":"initialize","params":{"protocolVersion":1}})";
-
-void expectTranscript(std::string_view transcript, bool isInitialized = true) {
-  Dispatcher dispatcher(testsupport::fake::definition());
-  if (isInitialized) {
-    ASSERT_THAT(dispatcher.handle(kInitialize), HasSubstr("\"result\""));
-  }
-  const auto handle = [&](std::string_view request) { return dispatcher.handle(request); };
-  EXPECT_EQ(replay(transcript, handle), joined(transcript));
-}
 
 TEST(Dispatcher, DescribesItsBundle) {
   Dispatcher dispatcher({[](const InitializeParameters& parameters) {
@@ -232,33 +215,6 @@ TEST(Dispatcher, AnswersWithoutADocumentThatMemoryCannotHold) {
               HasSubstr(R"("result":{"options":[{"id":"a")"));
 }
 
-TEST(Dispatcher, ListsOptions) {
-  expectTranscript(R"(
-> {"jsonrpc":"2.0","id":1,"method":"configuration/options","params":{"kind":"Card",
-    "parameter":"card"}}
-< {"jsonrpc":"2.0","id":1,"result":{"options":[{"id":"a","title":"Card A"},
-    {"id":"b","title":"Card B"}],"default":"a"}}
----
-> {"jsonrpc":"2.0","id":2,"method":"configuration/options","params":{"kind":"Card",
-    "parameter":"card","query":{"identifiers":["x","b"]}}}
-< {"jsonrpc":"2.0","id":2,"result":{"options":[{"id":"b","title":"Card B"}],"default":"a"}}
----
-> {"jsonrpc":"2.0","id":3,"method":"configuration/options","params":{"kind":"Card",
-    "parameter":"style"}}
-< {"jsonrpc":"2.0","id":3,"result":{"options":[{"id":"plain","title":"Plain"},
-    {"id":"ring","title":"Ring"}],"default":"plain"}}
----
-> {"jsonrpc":"2.0","id":4,"method":"configuration/options","params":{"kind":"Card",
-    "parameter":"style","query":{"identifiers":["ring"]}}}
-< {"jsonrpc":"2.0","id":4,"result":{"options":[{"id":"ring","title":"Ring"}],
-    "default":"plain"}}
----
-> {"jsonrpc":"2.0","id":5,"method":"configuration/options","params":{"kind":"Clock",
-    "parameter":"style"}}
-< {"jsonrpc":"2.0","id":5,"error":{"code":-32602,"message":"unknown parameter \"style\""}}
-)");
-}
-
 TEST(Dispatcher, PerformsIntentsAndDiagnosesDocuments) {
   expectTranscript(R"(
 > {"jsonrpc":"2.0","id":1,"method":"intent/perform","params":{"intent":"DoIntent"}}
@@ -288,94 +244,6 @@ TEST(Dispatcher, PerformsIntentsAndDiagnosesDocuments) {
     "now":"2025-03-14T23:30:00Z","timeZone":"UTC","locale":"en","languages":[]}}
 < {"jsonrpc":"2.0","id":6,"error":{"code":-32602,"message":"/text: not beside a path"}}
 )");
-}
-
-// A bundle of one widget whose parameter offers these.
-Read<OptionsAnswer> offered(std::vector<IntentOption> options, const std::string& query = "") {
-  Dispatcher dispatcher({[&](const InitializeParameters& parameters) {
-                           WidgetBundle bundle = testsupport::fake::makeBundle(parameters);
-                           EntityQuery& cards =
-                               bundle.widgets[1].configuration->parameters[0].query;
-                           cards.suggestedEntities = [&] { return options; };
-                           cards.defaultResult = [&]() -> std::optional<IntentOption> {
-                             if (options.empty()) return std::nullopt;
-                             return options.front();
-                           };
-                           cards.entitiesForIdentifiers = [&](const std::vector<std::string>& ids) {
-                             std::vector<IntentOption> found = options;
-                             std::erase_if(found, [&](const IntentOption& option) {
-                               return std::ranges::find(ids, option.id) == ids.end();
-                             });
-                             return found;
-                           };
-                           return bundle;
-                         },
-                         testsupport::fake::diagnose});
-  EXPECT_THAT(dispatcher.handle(kInitialize), HasSubstr("\"result\""));
-  const std::string text = dispatcher.handle(
-      R"({"jsonrpc":"2.0","id":1,"method":"configuration/options","params":{"kind":"Card",)"
-      R"("parameter":"card")" +
-      query + "}}");
-  EXPECT_LE(text.size(), kMaximumMessage);
-  const auto answer = readAnswer(text);
-  if (!answer) return std::unexpected(answer.error());
-  if (!answer->result) return std::unexpected(answer->result.error().message);
-  return read<OptionsAnswer>(*answer->result);
-}
-
-std::vector<IntentOption> cards(int count) {
-  std::vector<IntentOption> result;
-  for (int i = 0; i < count; ++i) result.push_back({std::to_string(i), "Card"});
-  return result;
-}
-
-TEST(Dispatcher, OffersWhatAListHoldsAndSaysThatThereIsMore) {
-  const auto all = offered(cards(1024));
-  ASSERT_TRUE(all) << all.error();
-  EXPECT_EQ(all->options.size(), 1024U);
-  EXPECT_FALSE(all->more);
-
-  const auto some = offered(cards(5000));
-  ASSERT_TRUE(some) << some.error();
-  EXPECT_EQ(some->options.size(), 1024U);
-  EXPECT_TRUE(some->more);
-  EXPECT_EQ(some->defaultOption, "0");
-
-  const auto asked = offered(cards(5000), R"(,"query":{"identifiers":["4999"]})");
-  ASSERT_TRUE(asked) << asked.error();
-  EXPECT_EQ(asked->options, (std::vector<IntentOption>{{"4999", "Card"}}));
-  EXPECT_FALSE(asked->more);
-}
-
-TEST(Dispatcher, OffersNoIdThatNoHostReadsAndADefaultThatItOffers) {
-  std::vector<IntentOption> options = cards(2);
-  options.insert(options.begin(), {std::string(16385, 'i'), "Endless"});
-  const auto answer = offered(options);
-  ASSERT_TRUE(answer) << answer.error();
-  EXPECT_EQ(answer->options, cards(2));
-  EXPECT_EQ(answer->defaultOption, "0");
-  EXPECT_TRUE(answer->more);
-
-  const auto none = offered({options.front()});
-  ASSERT_TRUE(none) << none.error();
-  EXPECT_TRUE(none->options.empty());
-  EXPECT_EQ(none->defaultOption, std::nullopt);
-}
-
-TEST(Dispatcher, OffersWhatAMessageHolds) {
-  // The form of a control character takes six bytes, so forty such ids fill a message thrice.
-  std::vector<IntentOption> options;
-  for (int i = 0; i < 40; ++i) {
-    options.push_back({std::string(16000, '\1') + std::to_string(i), std::string(20000, '\2')});
-  }
-  const auto answer = offered(options);
-  ASSERT_TRUE(answer) << answer.error();
-  EXPECT_GT(answer->options.size(), 5U);
-  EXPECT_LT(answer->options.size(), 11U);
-  EXPECT_TRUE(answer->more);
-  EXPECT_EQ(answer->defaultOption, options.front().id);
-  // 256 bytes at most, the last three an ellipsis.
-  EXPECT_EQ(answer->options.front().title, std::string(253, '\2') + "\u2026");
 }
 
 TEST(Dispatcher, DiagnosesTheDocumentOfItsBundleWhenNoneIsNamed) {
@@ -416,92 +284,6 @@ TEST(Dispatcher, NobodyWaitsForADateThatCannotBeWritten) {
   EXPECT_THAT(timeline("9999-12-31T22:59:59Z"),
               HasSubstr(R"("policy":{"type":"after","date":"9999-12-31T23:59:59Z"})"));
   EXPECT_THAT(timeline("9999-12-31T23:00:00Z"), HasSubstr(R"("policy":{"type":"never"})"));
-}
-
-TEST(Dispatcher, RefusesEnvelopesThatAreNoRequests) {
-  expectTranscript(R"(
-> {"jsonrpc":"2.0","id":1,"method":"widget/unknown","params":{}}
-< {"jsonrpc":"2.0","id":1,"error":{"code":-32601,"message":"unknown method \"widget/unknown\""}}
----
-> {"jsonrpc":"1.0","id":2,"method":"shutdown"}
-< {"jsonrpc":"2.0","id":2,"error":{"code":-32600,"message":"/jsonrpc: expected \"2.0\""}}
----
-> {"jsonrpc":"2.0","id":3}
-< {"jsonrpc":"2.0","id":3,"error":{"code":-32600,"message":"/method: expected a short string"}}
----
-> {"jsonrpc":"2.0","id":1.5,"method":"shutdown"}
-< {"jsonrpc":"2.0","id":null,"error":{"code":-32600,
-    "message":"/id: expected a whole number or a short string"}}
----
-> []
-< {"jsonrpc":"2.0","id":null,"error":{"code":-32600,"message":"/jsonrpc: expected \"2.0\""}}
----
-> {"jsonrpc":"2.0","method":"$/cancelRequest","params":{"id":1}}
----
-> {"jsonrpc":"2.0","method":"widget/unknown"}
-)");
-}
-
-TEST(Dispatcher, RefusesTextsThatAreNoJson) {
-  Dispatcher dispatcher(testsupport::fake::definition());
-  const std::string deep = std::string(17, '[') + std::string(17, ']');
-  for (const std::string& text : {std::string(),
-                                  std::string("{"),
-                                  std::string("{}x"),
-                                  deep,
-                                  std::string("{\"jsonrpc\":\"2.0\",\"id\":\"\xFF\"}")}) {
-    EXPECT_THAT(dispatcher.handle(text), HasSubstr(R"("id":null,"error":{"code":-32700,)")) << text;
-  }
-}
-
-TEST(Dispatcher, NamesTheParameterThatIsWrong) {
-  struct Row {
-    std::string parameters;
-    std::string message;
-  };
-  const std::string device =
-      R"("now":"2025-03-14T23:30:00Z","timeZone":"UTC","locale":"en","languages":[])";
-  const auto families = [](const std::string& where) {
-    return where +
-           ": expected systemSmall, systemMedium, systemLarge, accessoryCircular, "
-           "accessoryRectangular, accessoryInline";
-  };
-  const std::string small = R"("kind":"Clock","family":"systemSmall",)";
-  const std::string start = small + device;
-  const std::vector<Row> rows{
-      {"", "/kind: missing"},
-      {R"("kind":7)", "/kind: expected a string"},
-      {R"("kind":"Clock")", "/family: missing"},
-      {R"("kind":"Clock","family":"huge")", families("/family")},
-      {small + R"("previewFamily":"x",)" + device, families("/previewFamily")},
-      {small + R"("isPreview":1,)" + device, "/isPreview: expected true or false"},
-      {small + R"("configuration":[],)" + device, "/configuration: expected an object"},
-      {small + R"("configuration":{"a":1},)" + device, "/configuration/a: expected a string"},
-      {small + R"("now":"today")", "/now: expected a date-time like 2025-03-14T09:30:00Z"},
-      {start, "/environments: missing"},
-      {start + R"(,"environments":{})", "/environments: expected an array"},
-      {start + R"(,"environments":[1])", "/environments/0: expected an object"},
-      {start + R"(,"environments":[{},{},{},{},{},{},{},{},{}])",
-       "/environments: 9 elements, 8 are allowed"},
-      {start + R"(,"environments":[{},{"renderingMode":"sepia"}])",
-       "/environments/1/renderingMode: expected fullColor, accented, vibrant"},
-      {start + R"(,"environments":[{"systemMargins":{"top":1}}])",
-       "/environments/0/systemMargins/leading: missing"},
-      {start + R"(,"environments":[{"layoutDirection":"up"}])",
-       "/environments/0/layoutDirection: expected leftToRight, rightToLeft"},
-      {R"("kind":"Nothing","family":"systemSmall","environments":[],)" + device,
-       R"(unknown widget kind \"Nothing\")"},
-      {R"("kind":")" + std::string(20000, 'k') + "\"", "/kind: 20000 bytes, 16384 are allowed"},
-  };
-  Dispatcher dispatcher(testsupport::fake::definition());
-  ASSERT_THAT(dispatcher.handle(kInitialize), HasSubstr("\"result\""));
-  for (const Row& row : rows) {
-    const std::string request =
-        R"({"jsonrpc":"2.0","id":1,"method":"widget/timeline","params":{)" + row.parameters + "}}";
-    EXPECT_EQ(
-        dispatcher.handle(request),
-        R"({"jsonrpc":"2.0","id":1,"error":{"code":-32602,"message":")" + row.message + "\"}}");
-  }
 }
 
 TEST(Dispatcher, KeepsNothingBetweenRequests) {

@@ -60,7 +60,7 @@ struct Shape {
   Level level;
 };
 
-std::vector<Shape> hostileShapes() {
+std::vector<Shape> shapesOfFrames() {
   return {
       {"flexibleFrames",
        [](const View& inner, int i) {
@@ -101,6 +101,11 @@ std::vector<Shape> hostileShapes() {
              .overlay(words(i))
              .padding(0.2 * i);
        }},
+  };
+}
+
+std::vector<Shape> shapesOfContainers() {
+  return {
       {"relativeFrames",
        [](const View& inner, int i) {
          return View{stackOf(i, inner, words(i))}.frame(
@@ -141,6 +146,12 @@ std::vector<Shape> hostileShapes() {
          return View{stackOf(i, inner.position(kWidth / 2, 3), words(i))}.frame(flexible(i));
        }},
   };
+}
+
+std::vector<Shape> hostileShapes() {
+  std::vector<Shape> shapes = shapesOfFrames();
+  for (const Shape& shape : shapesOfContainers()) shapes.push_back(shape);
+  return shapes;
 }
 
 /// Nodes and modifiers that are laid out, those of a shared part wherever it stands.

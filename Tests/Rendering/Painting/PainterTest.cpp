@@ -4,61 +4,14 @@
 
 #include <algorithm>
 #include <cmath>
-#include <filesystem>
 #include <functional>
 
-#include "Rendering/Images/PngEncoder.hpp"
-#include "Rendering/Renderer.hpp"
-#include "Tests/Support/TemporaryFolder.hpp"
-#include "ViewKit/ViewKit.hpp"
+#include "Painting/Painting.hpp"
 
 namespace rendering {
 namespace {
 
 using namespace viewkit;
-
-class Painting : public testing::Test {
- protected:
-  /// One pixel per point, no background, no corners.
-  static RenderOptions plain(double width, double height) {
-    return {.size = {width, height}, .scale = 1, .showsBackground = false};
-  }
-  Bitmap draw(const View& view, const RenderOptions& options) {
-    return renderer.bitmap(view, options).value();
-  }
-  static std::uint32_t at(const Bitmap& bitmap, int x, int y) {
-    return bitmap.pixels[static_cast<std::size_t>(y * bitmap.stride + x)];
-  }
-  /// No channel differs by more than `slack`.
-  static void expectSame(const Bitmap& a, const Bitmap& b, int slack = 1) {
-    ASSERT_EQ(a.width, b.width);
-    ASSERT_EQ(a.height, b.height);
-    for (int y = 0; y < a.height; ++y) {
-      for (int x = 0; x < a.width; ++x) {
-        for (int shift = 0; shift < 32; shift += 8) {
-          const int one = static_cast<int>(at(a, x, y) >> shift & 255);
-          const int other = static_cast<int>(at(b, x, y) >> shift & 255);
-          ASSERT_LE(std::abs(one - other), slack) << "at " << x << "," << y << " shift " << shift;
-        }
-      }
-    }
-  }
-  static bool isBlank(const Bitmap& bitmap) {
-    return std::ranges::all_of(bitmap.pixels, [](auto p) { return p == 0; });
-  }
-  static int inked(const Bitmap& bitmap) {
-    return static_cast<int>(std::ranges::count_if(bitmap.pixels, [](auto p) { return p != 0; }));
-  }
-
-  Renderer renderer;
-};
-
-const Color kRed = Color::same(0xFF0000);
-const Color kBlue = Color::same(0x0000FF);
-
-View box(Color color, double width, double height) {
-  return Rectangle().fill(color).frame({.width = Length(width), .height = Length(height)});
-}
 
 TEST_F(Painting, AnEdgeBetweenTwoPixelsCoversHalf) {
   const Bitmap b =
@@ -252,36 +205,6 @@ TEST_F(Painting, AShadowOfAShapeIsTheShadowOfItsPixels) {
       draw(shape.shadow(shadow), plain(50, 40)), draw(content.shadow(shadow), plain(50, 40)), 3);
 }
 
-TEST_F(Painting, AccentedModeKeepsOnlyTintsAndOpacity) {
-  const View view =
-      HStack{{.spacing = 0}, box(kRed.withOpacity(0.5), 1, 1), box(kBlue, 1, 1).accentable()};
-  RenderOptions options = plain(2, 1);
-  options.mode = RenderingMode::accented;
-  options.tint = 0x3366CC;
-  options.appearance = Appearance::dark;
-  const Bitmap b = draw(view, options);
-  EXPECT_EQ(at(b, 0, 0), 0x80808080) << "white at half";
-  EXPECT_EQ(at(b, 1, 0), 0xFF3366CC);
-}
-
-// Pure green has 0.7152 of white's light, which is the grey 220 (0.7152 -> 0.8617 encoded).
-TEST_F(Painting, VibrantModeTurnsColoursIntoGreys) {
-  RenderOptions options = plain(1, 1);
-  options.mode = RenderingMode::vibrant;
-  EXPECT_EQ(at(draw(box(Color::same(0x00FF00), 1, 1), options), 0, 0), 0xFFDCDCDC);
-}
-
-TEST_F(Painting, RolesFollowTheAppearance) {
-  const View view =
-      HStack{{.spacing = 0}, box(Color::primary(), 1, 1), box(Color::secondary(), 1, 1)};
-  RenderOptions options = plain(2, 1);
-  EXPECT_EQ(at(draw(view, options), 0, 0), 0xFF000000);
-  EXPECT_EQ(at(draw(view, options), 1, 0), 0x99000000);
-  options.appearance = Appearance::dark;
-  EXPECT_EQ(at(draw(view, options), 0, 0), 0xFFFFFFFF);
-  EXPECT_EQ(at(draw(view, options), 1, 0), 0x99999999);
-}
-
 TEST_F(Painting, TextIsDrawnInTheForegroundStyle) {
   const View text = Text{"W"}.font(40, FontWeight::bold).foregroundStyle(kRed);
   const Bitmap b = draw(text, plain(60, 60));
@@ -334,40 +257,6 @@ TEST_F(Painting, TranslucentJoinedLettersAreDrawnOnce) {
   for (std::uint32_t p : draw(text, plain(240, 120)).pixels) EXPECT_LE(p >> 24, 128u);
 }
 
-TEST_F(Painting, CoveredViewsBecomeABlankBar) {
-  const View amount = Text{"7391"}.font(20, FontWeight::bold).foregroundStyle(kRed);
-  const View covered = amount.privacySensitive(PrivacyTreatment::covered);
-  RenderOptions options = plain(80, 30);
-  expectSame(draw(covered, options), draw(amount, options), 0);
-  options.redaction.privacy = true;
-  const Bitmap bar = draw(covered, options);
-  EXPECT_EQ(at(bar, 40, 15), 0xFFECEBE6) << "an empty cell";
-  const View blue = Text{"7391"}.font(20, FontWeight::bold).foregroundStyle(kBlue);
-  expectSame(draw(blue.privacySensitive(PrivacyTreatment::covered), options), bar, 0);
-  options.appearance = Appearance::dark;
-  EXPECT_EQ(at(draw(covered, options), 40, 15), 0xFF2A2926);
-  options.mode = RenderingMode::vibrant;
-  EXPECT_EQ(at(draw(covered, options), 40, 15), 0x24242424) << "0.14 of white";
-  options.mode = RenderingMode::fullColor;
-  options.appearance = Appearance::light;
-  const View masked = amount.privacySensitive(PrivacyTreatment::masked);
-  expectSame(draw(masked, options), draw(amount, options), 0);
-}
-
-TEST_F(Painting, PlaceholdersShowBarsForTextsAndKeepShapes) {
-  RenderOptions options = plain(60, 40);
-  options.redaction.placeholder = true;
-  const Bitmap text = draw(Text{"i"}.font(20).foregroundStyle(kRed), options);
-  // 0.22 of the text's own colour.
-  EXPECT_EQ(at(text, 30, 20), 0x38380000);
-  // At least two em wide.
-  EXPECT_EQ(at(text, 12, 20), 0x38380000);
-  EXPECT_EQ(at(text, 48, 20), 0x38380000);
-  EXPECT_EQ(at(draw(Circle().fill(kRed), options), 30, 20), 0xFFFF0000);
-  const Bitmap symbol = draw(Symbol{"house.fill"}.font(20).foregroundStyle(kRed), options);
-  EXPECT_EQ(at(symbol, 30, 20), 0x38380000);
-}
-
 TEST_F(Painting, ABitmapIsUsedAgain) {
   const View small = box(kRed, 4, 4);
   const LayoutTree tree = renderer.place(small, plain(4, 4)).value();
@@ -388,99 +277,6 @@ TEST_F(Painting, StrangeNumbersDrawNothingAndDoNoHarm) {
       Circle().fill(kRed).shadow({Color::black(), 0, 0, 0}),
       Gauge{{.fraction = nan, .lineWidth = 400}, View{}}.view()};
   for (const View& view : views) EXPECT_EQ(draw(view, plain(10, 10)).pixels.size(), 100u);
-}
-
-class PaintingImages : public Painting {
- protected:
-  void SetUp() override {
-    std::filesystem::create_directories(directory / "container" / "sub");
-    options = plain(8, 4);
-    options.container = directory / "container";
-  }
-  /// Left half red, right half blue.
-  static std::string halves(int width, int height) {
-    Bitmap b{width, height, width, {}};
-    for (int i = 0; i < width * height; ++i)
-      b.pixels.push_back(i % width < width / 2 ? 0xFFFF0000 : 0xFF0000FF);
-    return encodePng(b);
-  }
-  View image(std::string path,
-             ImageElement::ContentMode mode = ImageElement::ContentMode::stretch) {
-    return Image{{.path = std::move(path), .mode = mode}, box(Color::same(0x00FF00), 8, 4)};
-  }
-  bool showsStandIn(const View& view) { return at(draw(view, options), 4, 2) == 0xFF00FF00; }
-
-  testsupport::TemporaryFolder folder;
-  const std::filesystem::path directory = folder.path();
-  RenderOptions options;
-};
-
-TEST_F(PaintingImages, AreScaledIntoTheirFrame) {
-  folder.write("container/sub/h.png", halves(80, 40));
-  const Bitmap b = draw(image("sub/h.png"), options);
-  EXPECT_EQ(at(b, 0, 0), 0xFFFF0000);
-  EXPECT_EQ(at(b, 2, 3), 0xFFFF0000);
-  EXPECT_EQ(at(b, 5, 0), 0xFF0000FF);
-  EXPECT_EQ(at(b, 7, 3), 0xFF0000FF);
-}
-
-TEST_F(PaintingImages, FillCoversAndFitLeavesRoom) {
-  folder.write("container/s.png", halves(40, 40));
-  const Bitmap fill = draw(image("s.png", ImageElement::ContentMode::fill), options);
-  EXPECT_EQ(at(fill, 0, 0), 0xFFFF0000);
-  EXPECT_EQ(at(fill, 7, 3), 0xFF0000FF);
-  const Bitmap fit = draw(image("s.png", ImageElement::ContentMode::fit), options);
-  EXPECT_EQ(at(fit, 0, 0), 0u);
-  EXPECT_EQ(at(fit, 2, 0), 0xFFFF0000);
-  EXPECT_EQ(at(fit, 5, 3), 0xFF0000FF);
-}
-
-TEST_F(PaintingImages, StandInsReplaceWhatCannotBeRead) {
-  folder.write("container/good.png", halves(8, 4));
-  folder.write("container/text.png", "no picture");
-  folder.write("container/cut.png", halves(80, 40).substr(0, 60));
-  folder.write("outside.png", halves(8, 4));
-  std::filesystem::create_symlink(directory / "outside.png", directory / "container" / "link.png");
-  std::filesystem::create_directory_symlink(directory, directory / "container" / "up");
-  EXPECT_FALSE(showsStandIn(image("good.png")));
-  for (const char* path : {"missing.png",
-                           "text.png",
-                           "cut.png",
-                           "../outside.png",
-                           "link.png",
-                           "up/outside.png",
-                           "sub",
-                           "sub/../good.png",
-                           "",
-                           "/etc/passwd",
-                           "./good.png"}) {
-    EXPECT_TRUE(showsStandIn(image(path))) << path;
-  }
-  EXPECT_TRUE(showsStandIn(image(directory / "outside.png"))) << "absolute";
-  options.container.clear();
-  EXPECT_TRUE(showsStandIn(image("good.png"))) << "no container";
-}
-
-TEST_F(PaintingImages, HugePicturesAreRefusedByTheirHeader) {
-  std::string huge = halves(8, 4);
-  // Width and height stand at bytes 16 and 20; the reader checks the size before it checks the sum.
-  for (int i : {16, 20}) {
-    huge[static_cast<std::size_t>(i) + 2] = static_cast<char>(30000 >> 8);
-    huge[static_cast<std::size_t>(i) + 3] = static_cast<char>(30000 & 255);
-  }
-  folder.write("container/huge.png", huge);
-  EXPECT_TRUE(showsStandIn(image("huge.png")));
-  folder.write("container/long.png", halves(8, 4));
-  std::filesystem::resize_file(directory / "container" / "long.png", std::uintmax_t{1} << 30);
-  EXPECT_TRUE(showsStandIn(image("long.png")));
-}
-
-TEST_F(PaintingImages, AChangedFileIsReadAgain) {
-  folder.write("container/a.png", halves(8, 4));
-  EXPECT_EQ(at(draw(image("a.png"), options), 0, 0), 0xFFFF0000);
-  Bitmap blue{8, 4, 8, std::vector<std::uint32_t>(32, 0xFF0000FF)};
-  folder.write("container/a.png", encodePng(blue));
-  EXPECT_EQ(at(draw(image("a.png"), options), 0, 0), 0xFF0000FF);
 }
 
 }  // namespace

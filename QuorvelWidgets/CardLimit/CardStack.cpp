@@ -71,12 +71,14 @@ View face(const CardStack& stack, std::size_t index, double room) {
                        card.hasImage ? std::nullopt : std::optional{1.0},
                        textFoot(stack) / stack.height,
                        stack.renderingMode);
-  if (index > 0 && stack.renderingMode == RenderingMode::fullColor) {
-    tile = tile.shadow({.color = Color::black().withOpacity(0.28), .radius = 4, .x = 0, .y = -1})
-               .overlay(faceEdge(stack.corner), Alignment::top);
-  }
-  if (stack.renderingMode != RenderingMode::fullColor) {
+  if (stack.renderingMode == RenderingMode::accented) {
     tile = tile.background(faceCutout(stack.corner));
+  } else if (index > 0) {
+    // In vibrant mode faces are opaque greys: an edge parts them, a gap would glare.
+    if (stack.renderingMode == RenderingMode::fullColor) {
+      tile = tile.shadow({.color = Color::black().withOpacity(0.28), .radius = 4, .x = 0, .y = -1});
+    }
+    tile = tile.overlay(faceEdge(stack.corner), Alignment::top);
   }
   if (card.hasImage) {
     tile = tile.accessibilityLabel(cardTitle(card));

@@ -176,6 +176,21 @@ TEST(CardStack, IsAsHighAsItsFacesNeed) {
   EXPECT_EQ(height(3), 164);
 }
 
+TEST(CardStack, OnlyTranslucentFacesCutOutWhatLiesBehind) {
+  using widgetruntime::RenderingMode;
+  const auto dumpOf = [](RenderingMode mode) {
+    return viewkit::dump(view({.snapshot = fiveCards()},
+                              WidgetFamily::systemMedium,
+                              Environment{.widgetRenderingMode = mode}));
+  };
+  EXPECT_THAT(dumpOf(RenderingMode::accented),
+              AllOf(HasSubstr(".cutout"), Not(HasSubstr(".shadow"))));
+  EXPECT_THAT(dumpOf(RenderingMode::vibrant),
+              AllOf(Not(HasSubstr(".cutout")), Not(HasSubstr(".shadow"))));
+  EXPECT_THAT(dumpOf(RenderingMode::fullColor),
+              AllOf(Not(HasSubstr(".cutout")), HasSubstr(".shadow")));
+}
+
 TEST(CardLimitView, BothCausesOfPrivacyLookTheSame) {
   CardEntry hidden{{}, fiveCards(), {}};
   hidden.snapshot->isHidden = true;

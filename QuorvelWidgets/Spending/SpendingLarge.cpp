@@ -46,14 +46,15 @@ View hero(const SpendingContent& content) {
   };
 }
 
-View statistic(const SpendingContent& content, TextKey key, double amount) {
+View statistic(const SpendingContent& content, TextKey key, double amount, double leastScale) {
   return VStack{
       {.alignment = HorizontalAlignment::leading, .spacing = 2},
       content.caption(content.text(key), 11).foregroundStyle(content.colors.caption()),
       Amount{.value = amount,
              .snapshot = content.snapshot,
              .size = 13.5,
-             .weight = FontWeight::semibold},
+             .weight = FontWeight::semibold,
+             .leastScale = leastScale},
   }
       .padding(10)
       .frame(FlexibleFrame{.maxWidth = kInfinity, .alignment = Alignment::leading})
@@ -64,12 +65,21 @@ View statistic(const SpendingContent& content, TextKey key, double amount) {
 
 View statistics(const SpendingContent& content) {
   const SpendingStatistics figures = spendingStatistics(content.spending, content.today.day);
-  const View today = statistic(content, "today", figures.today);
-  const View lastMonth = statistic(content, "lastMonth", figures.lastMonth);
-  return fittingWidth(
-      HStack{{.spacing = 8}, today, statistic(content, "average", figures.average), lastMonth}
-          .sharedScale(),
-      HStack{{.spacing = 8}, today, lastMonth}.sharedScale());
+  const auto row = [&](bool hasAverage, double leastScale) {
+    return HStack{
+        {.spacing = 8},
+        statistic(content, "today", figures.today, leastScale),
+        when(hasAverage,
+             [&] { return statistic(content, "average", figures.average, leastScale); }),
+        statistic(content, "lastMonth", figures.lastMonth, leastScale),
+    }
+        .sharedScale();
+  };
+  // All tiles take the smallest scale: the average leaves before that is too small to read.
+  constexpr bool kHasAverage = true;
+  constexpr double kReadable = 0.75;
+  constexpr double kLeast = 0.55;
+  return fittingWidth(row(kHasAverage, kReadable), row(!kHasAverage, kLeast));
 }
 
 View categoryBlock(const SpendingContent& content) {
@@ -80,6 +90,7 @@ View categoryBlock(const SpendingContent& content) {
                   .size = size,
                   .weight = FontWeight::semibold};
   };
+  const Text name = content.categoryName(13);
   return VStack{
       {.alignment = HorizontalAlignment::leading, .spacing = 0},
       WidgetIconTile{.symbol = content.spending.topCategoryIcon.value_or("tag.fill"),
@@ -92,7 +103,7 @@ View categoryBlock(const SpendingContent& content) {
           .lineLimit(2)
           .foregroundStyle(content.colors.caption()),
       Fitting{amount(28), amount(20)},
-      content.categoryName(13),
+      Fitting{name, name.lineLimit(2), name},
   }
       .padding(10)
       .frame(filling(Alignment::leading))

@@ -241,6 +241,43 @@ TEST_F(NarrowScreen, ANameThatIsALittleTooLongShrinksBeforeItsSubtitleLeaves) {
   EXPECT_THAT(words, ::testing::Contains("\u2068Card\u2069"));
 }
 
+TEST_F(NarrowScreen, ALongCategoryTakesASecondLineInTheLargeSpending) {
+  const WidgetLayout layout = layoutOf(SpendingWidget::kKind, WidgetFamily::systemLarge);
+  const WidgetState state = withNames("Restaurants, bars and takeaway");
+  for (const Device& device : testsupport::kDevices) {
+    const LayoutTree tree = place(layout, state, device.sizeOf(layout.family));
+    int names = 0;
+    for (const FoundText& text : testsupport::find(tree).texts) {
+      if (text.element().text != "Restaurants, bars and takeaway") continue;
+      ++names;
+      EXPECT_EQ(text.node->text->lines.size(), 2U) << device.name;
+      EXPECT_FALSE(text.node->text->isCut()) << device.name;
+    }
+    EXPECT_EQ(names, 1);
+  }
+}
+
+// "CHF 1,561.93" has 60 points of the 91 that it needs in one of three tiles.
+TEST_F(NarrowScreen, TheAverageLeavesBeforeTheStatisticsAreTooSmallToRead) {
+  const auto now = testsupport::morningOf("2025-03-14");
+  WidgetState state{"francs", now, testsupport::richSnapshot("en", now), {}};
+  state.snapshot->money = {.symbol = "CHF ", .showDecimals = true};
+  state.snapshot->spending->spent = 1561.93 * 14;
+  const auto statistics = [&](Size size) {
+    const WidgetLayout layout = layoutOf(SpendingWidget::kKind, WidgetFamily::systemLarge);
+    const LayoutTree tree = place(layout, state, size);
+    std::vector<std::string> labels;
+    for (const FoundText& text : testsupport::find(tree).texts) {
+      const auto& element = text.element();
+      if (element.size == 11 && element.text != "Top category") labels.push_back(element.text);
+      if (element.size == 13.5) EXPECT_GE(text.node->text->scale, 0.75) << element.text;
+    }
+    return labels;
+  };
+  EXPECT_THAT(statistics({364, 382}), ::testing::ElementsAre("Today", "Average", "Last month"));
+  EXPECT_THAT(statistics({292, 311}), ::testing::ElementsAre("Today", "Last month"));
+}
+
 TEST_F(NarrowScreen, TheSmallCardStaysInsideItsMargins) {
   const WidgetLayout layout = layoutOf(CardLimitWidget::kKind, WidgetFamily::systemSmall);
   for (const Device& device : testsupport::kDevices) {

@@ -44,7 +44,10 @@ const board = {
     return { x: column * kPitch.x * zoom, y, w, h };
   },
 
-  clamp: ({ column, row }, family) => ({ column: Math.max(0, Math.min(column, board.columns - spanOf(family)[0])), row: Math.max(0, row) }),
+  clamp: ({ column, row }, family) => ({
+    column: Math.max(0, Math.min(column, board.columns - spanOf(family)[0])),
+    row: Math.max(0, row),
+  }),
 
   /** The cell under the pointer; none outside the canvas. */
   cellAt({ clientX, clientY }, family) {
@@ -138,7 +141,8 @@ const board = {
   async download(card, form) {
     const file = await attempt(() => blob(`widget/${card.id}.${form}`, view()));
     if (!file) return;
-    const link = make('a', { href: URL.createObjectURL(file), download: `${card.title} ${sheet.sizes[card.placement.family]}.${form}` });
+    const download = `${card.title} ${sheet.sizes[card.placement.family]}.${form}`;
+    const link = make('a', { href: URL.createObjectURL(file), download });
     link.click();
     setTimeout(() => URL.revokeObjectURL(link.href), 1000);
   },
@@ -164,7 +168,8 @@ const board = {
     const box = card.more.getBoundingClientRect();
     const x = point?.clientX || box.right - menu.offsetWidth;
     const y = point?.clientY || box.bottom + 4;
-    place(menu, { x: Math.max(8, Math.min(x, innerWidth - menu.offsetWidth - 8)), y: Math.max(8, Math.min(y, innerHeight - menu.offsetHeight - 8)) });
+    const within = (at, room) => Math.max(8, Math.min(at, room - 8));
+    place(menu, { x: within(x, innerWidth - menu.offsetWidth), y: within(y, innerHeight - menu.offsetHeight) });
     $('button', menu).focus();
   },
 
@@ -175,7 +180,8 @@ const board = {
   toggleHidden: () => attempt(async () => {
     await post('hide', { hidden: !state.hidden });
     await load();
-    say(state.hidden ? 'Amounts are hidden everywhere.' : state.locked ? 'Amounts stay hidden: the session is locked.' : 'Amounts are shown.');
+    say(state.hidden ? 'Amounts are hidden everywhere.'
+      : state.locked ? 'Amounts stay hidden: the session is locked.' : 'Amounts are shown.');
   }),
 
   toggleGallery() {
@@ -205,7 +211,9 @@ function addCard(placement) {
   board.cards.set(placement.id, card);
   grid.append(card.element);
   card.face.onpointerdown = (event) => {
-    if (event.target.localName !== 'button') startDrag(event, board, board.placed.find(({ id }) => id === card.id), (cell) => board.move(card.id, cell));
+    if (event.target.localName === 'button') return;
+    const item = board.placed.find(({ id }) => id === card.id);
+    startDrag(event, board, item, (cell) => board.move(card.id, cell));
   };
   card.more.onclick = () => board.openMenu(card);
   $('.under', card.element).onclick = ({ target: at }) => { if (!card.more.contains(at)) board.select(card); };
@@ -234,7 +242,11 @@ function take(next) {
   const hasOffers = JSON.stringify(before.gallery) !== JSON.stringify(state.gallery);
   if (hasOffers) gallery.show(state.gallery, board);
   const asked = [];
-  for (const [id, card] of board.cards) if (!state.placements.some((placement) => placement.id === id)) { card.element.remove(); board.cards.delete(id); }
+  for (const [id, card] of board.cards) {
+    if (state.placements.some((placement) => placement.id === id)) continue;
+    card.element.remove();
+    board.cards.delete(id);
+  }
   for (const placement of state.placements) {
     const card = board.cards.get(placement.id);
     const is = ({ family, configuration }) => JSON.stringify([family, configuration]);
@@ -251,7 +263,8 @@ function take(next) {
   $('#empty').hidden = board.cards.size > 0;
   board.preview();
   showLamp();
-  if (JSON.stringify([before.zone, before.clockChanges]) !== JSON.stringify([state.zone, state.clockChanges])) setZone(state.zone, state.clockChanges);
+  const clockOf = ({ zone, clockChanges }) => JSON.stringify([zone, clockChanges]);
+  if (clockOf(before) !== clockOf(state)) setZone(state.zone, state.clockChanges);
 }
 
 function hear(name, data) {

@@ -16,7 +16,9 @@ export class Card {
   constructor(placement, board) {
     this.board = board;
     this.element = copy('card');
-    for (const name of ['face', 'picture', 'whole', 'regions', 'failure', 'words', 'when', 'more']) this[name] = $(`.${name}`, this.element);
+    for (const name of ['face', 'picture', 'whole', 'regions', 'failure', 'words', 'when', 'more']) {
+      this[name] = $(`.${name}`, this.element);
+    }
     this.element.dataset.id = placement.id;
     this.words.id = `words-${placement.id}`;
     this.whole.setAttribute('aria-describedby', this.words.id);
@@ -73,8 +75,9 @@ export class Card {
     this.showLine(answer, lost);
     const gone = lost && `The chosen ${lost.toLowerCase()} is no longer in the document, so the widget shows all of them.`;
     this.element.title = [gone, state === 'live' ? '' : reason].filter(Boolean).join(' ');
-    this.words.replaceChildren(...elements.map((one) => (one.role === 'image' ? make('span', { role: 'img', ariaLabel: one.label })
-      : make('span', {}, [one.label, one.value].filter(Boolean).join(', '), ' '))), make('span', {}, this.element.title));
+    const wordsOf = ({ role, label, value }) => (role === 'image' ? make('span', { role: 'img', ariaLabel: label })
+      : make('span', {}, [label, value].filter(Boolean).join(', '), ' '));
+    this.words.replaceChildren(...elements.map(wordsOf), make('span', {}, this.element.title));
     showPicture(this.picture, svg ?? '<svg xmlns="http://www.w3.org/2000/svg"/>');
     if (link && state !== 'failed') this.whole.href = link; else this.whole.removeAttribute('href');
     this.whole.ariaLabel = label || this.title;
@@ -86,7 +89,12 @@ export class Card {
   showLine({ state, asOf, since }, lost) {
     const time = (iso) => (iso ? shortTime(iso, this.board.zone) : '');
     const isSmall = this.placement.family === 'systemSmall';
-    const texts = { placeholder: 'loading', live: `${isSmall || !asOf ? '' : 'as of '}${time(asOf)}`, stale: `since ${time(since)}`, failed: `failed ${time(since)}` };
+    const texts = {
+      placeholder: 'loading',
+      live: `${isSmall || !asOf ? '' : 'as of '}${time(asOf)}`,
+      stale: `since ${time(since)}`,
+      failed: `failed ${time(since)}`,
+    };
     this.when.textContent = lost && state === 'live' ? `${lost} is gone` : texts[state];
     this.element.toggleAttribute('data-lost', Boolean(lost));
   }
@@ -96,7 +104,9 @@ export class Card {
     const focused = all('a', this.regions).indexOf(document.activeElement);
     this.boxes = regions;
     this.regions.replaceChildren(...regions.map(({ id, link, label }) =>
-      make('a', { className: 'hit', href: link, ariaLabel: label, draggable: false, onclick: (event) => this.open(event, id) })));
+      make('a', {
+        className: 'hit', href: link, ariaLabel: label, draggable: false, onclick: (event) => this.open(event, id),
+      })));
     this.placeRegions();
     if (focused >= 0) (this.regions.children[focused] ?? this.focusable).focus();
   }

@@ -30,7 +30,8 @@ class Offer {
     description.textContent = offer.description;
     sizes.textContent = offer.families.map((family) => letters[family]).join(' · ');
     button.onclick = () => toggle(this);
-    $('.segments', this.element).append(...sizeField(`size-${offer.kind}`, offer.families, this.family, (family) => { this.family = family; this.draw(); }));
+    const choose = (family) => { this.family = family; this.draw(); };
+    $('.segments', this.element).append(...sizeField(`size-${offer.kind}`, offer.families, this.family, choose));
     add.ariaLabel = `Add ${offer.name}`;
     add.onclick = () => board.add(offer.kind, this.family);
     $('.preview', this.element).onpointerdown = (event) =>

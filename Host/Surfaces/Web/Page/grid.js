@@ -11,13 +11,16 @@ const overlap = (a, b) => {
   const [bw, bh] = spanOf(b.family);
   return a.column < b.column + bw && b.column < a.column + aw && a.row < b.row + bh && b.row < a.row + ah;
 };
-const fits = (item, placed, columns) => item.column + spanOf(item.family)[0] <= columns && !placed.some((other) => overlap(item, other));
+const fits = (item, placed, columns) => item.column + spanOf(item.family)[0] <= columns
+  && !placed.some((other) => overlap(item, other));
 
 /** The first free cell in reading order, at or below `row`; a canvas that is too narrow for the family counts as wide enough. */
 export function freeCell(family, placed, columns, row = 0) {
   const width = Math.max(columns, spanOf(family)[0]);
   for (const item = { family, row }; ; item.row++) {
-    for (item.column = 0; item.column < width; item.column++) if (fits(item, placed, width)) return { column: item.column, row: item.row };
+    for (item.column = 0; item.column < width; item.column++) {
+      if (fits(item, placed, width)) return { column: item.column, row: item.row };
+    }
   }
 }
 
@@ -35,7 +38,9 @@ export function flow(items, columns) {
 export function makeRoom(items, moved, columns) {
   const others = items.filter(({ id }) => id !== moved.id);
   const placed = [moved, ...others.filter((item) => !overlap(item, moved))];
-  for (const item of inReadingOrder(others.filter((other) => overlap(other, moved)))) placed.push({ ...item, ...freeCell(item.family, placed, columns, item.row) });
+  for (const item of inReadingOrder(others.filter((other) => overlap(other, moved)))) {
+    placed.push({ ...item, ...freeCell(item.family, placed, columns, item.row) });
+  }
   return placed;
 }
 

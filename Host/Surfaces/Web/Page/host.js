@@ -9,7 +9,8 @@ if (location.hash.length > 9) {
 async function call(path, query, body, signal) {
   const words = new URLSearchParams(query);
   const headers = { Authorization: `Bearer ${sessionStorage.token}`, ...(body && { 'Content-Type': 'application/json' }) };
-  const options = { headers, signal, method: body ? 'POST' : 'GET', body: body && JSON.stringify(body), credentials: 'omit', redirect: 'error' };
+  const sent = body ? { method: 'POST', body: JSON.stringify(body) } : {};
+  const options = { headers, signal, ...sent, credentials: 'omit', redirect: 'error' };
   const response = await fetch(words.size ? `${path}?${words}` : path, options).catch((error) => {
     throw signal?.aborted ? error : new Error('The host does not answer. `quorvel-host board` opens the board anew.');
   });

@@ -22,13 +22,18 @@ function onCard(board, card, { key, shiftKey, target }) {
   }
   if (kFamilies[key - 1]) return () => board.resize(card, kFamilies[key - 1]);
   if (key === ' ' && target.localName === 'button') return undefined;
-  return { ' ': () => board.select(card), e: () => board.edit(card), r: () => card.reload(), m: () => moveByKeys(board, card),
-    Delete: () => board.remove(card), ContextMenu: () => board.openMenu(card), F10: shiftKey && (() => board.openMenu(card)) }[key];
+  const openMenu = () => board.openMenu(card);
+  return {
+    ' ': () => board.select(card), e: () => board.edit(card), r: () => card.reload(), m: () => moveByKeys(board, card),
+    Delete: () => board.remove(card), ContextMenu: openMenu, F10: shiftKey && openMenu,
+  }[key];
 }
 
 const onPage = (board, { key, shiftKey }) => ({
   F6: () => nextRegion(shiftKey ? -1 : 1), a: board.toggleGallery, '/': board.search, h: board.toggleHidden, p: nextPrivacy,
-  l: () => set({ appearance: view().appearance === 'dark' ? 'light' : 'dark' }), '?': () => $('#keys').showModal(), Escape: () => board.select(),
+  l: () => set({ appearance: view().appearance === 'dark' ? 'light' : 'dark' }),
+  '?': () => $('#keys').showModal(),
+  Escape: () => board.select(),
 }[key]);
 
 export function build(board) {
@@ -41,7 +46,8 @@ export function build(board) {
     }
     const isModified = event.ctrlKey || event.metaKey || event.altKey;
     const card = board.cards.get(target.closest('.card')?.dataset.id);
-    const action = isModified ? key === 'z' && !event.altKey && board.undo : (card && onCard(board, card, event)) || onPage(board, event);
+    const action = isModified ? key === 'z' && !event.altKey && board.undo
+      : (card && onCard(board, card, event)) || onPage(board, event);
     if (!action) return;
     event.preventDefault();
     action();

@@ -11,8 +11,10 @@ export const sizes = { systemSmall: 'Small', systemMedium: 'Medium', systemLarge
 const radio = (name, value, checked, properties) => make('input', { type: 'radio', name, value, checked, ...properties });
 
 /** Sizes as radio buttons. */
-export const sizeField = (name, families, chosen, choose) => families.map((family) =>
-  make('label', { title: sizes[family] }, radio(name, family, family === chosen, { ariaLabel: sizes[family], onchange: () => choose?.(family) }), letters[family]));
+export const sizeField = (name, families, chosen, choose) => families.map((family) => {
+  const properties = { ariaLabel: sizes[family], onchange: () => choose?.(family) };
+  return make('label', { title: sizes[family] }, radio(name, family, family === chosen, properties), letters[family]);
+});
 
 /** Styles, each as a picture of the widget in it. */
 function enumerationField({ kind, configuration }, { name, cases, default: usual }, draw) {
@@ -49,8 +51,10 @@ function entityField({ kind, configuration }, { name, title }) {
     }
   };
   load('');
-  const search = make('input', { type: 'search', placeholder: 'Search', ariaLabel: `Search: ${title}`, oninput: () => load(search.value),
-    onkeydown: (event) => { if (event.key === 'Enter') event.preventDefault(); } });
+  const search = make('input', {
+    type: 'search', placeholder: 'Search', ariaLabel: `Search: ${title}`, oninput: () => load(search.value),
+    onkeydown: (event) => { if (event.key === 'Enter') event.preventDefault(); },
+  });
   return [search, list, note];
 }
 
@@ -64,13 +68,18 @@ export function edit({ placement }, offer, draw) {
   $('p', sheet).textContent = offer.description;
   $('.segments', sheet).replaceChildren(...sizeField('family', offer.families, family));
   $('#sheetSize').hidden = offer.families.length < 2;
-  $('#sheetFields').replaceChildren(...offer.parameters.map((parameter) => make('fieldset', {}, make('legend', {}, parameter.title),
-    ...(parameter.type === 'enumeration' ? enumerationField : entityField)(placement, parameter, draw))));
+  $('#sheetFields').replaceChildren(...offer.parameters.map((parameter) => {
+    const field = parameter.type === 'enumeration' ? enumerationField : entityField;
+    return make('fieldset', {}, make('legend', {}, parameter.title), ...field(placement, parameter, draw));
+  }));
   form.onsubmit = async (event) => {
     event.preventDefault();
     const chosen = Object.fromEntries(new FormData(form));
     const values = { ...configuration };
-    for (const { name } of offer.parameters) if (chosen[name]) values[name] = chosen[name]; else if (name in chosen) delete values[name];
+    for (const { name } of offer.parameters) {
+      if (chosen[name]) values[name] = chosen[name];
+      else if (name in chosen) delete values[name];
+    }
     if (await attempt(() => post('configure', { id, family: chosen.family, configuration: values }))) sheet.close();
   };
   sheet.showModal();

@@ -17,7 +17,8 @@ const changed = () => Object.entries(values()).filter(([name, value]) => value !
 /** The query of a picture. */
 export const view = () => {
   const { appearance, tint } = values();
-  return { ...Object.fromEntries(changed()), ...(tint && { tint }), appearance: appearance === 'system' ? (isDark.matches ? 'dark' : 'light') : appearance };
+  const shown = appearance === 'system' ? (isDark.matches ? 'dark' : 'light') : appearance;
+  return { ...Object.fromEntries(changed()), ...(tint && { tint }), appearance: shown };
 };
 
 function apply() {
@@ -51,7 +52,10 @@ let zone;
 let running;
 
 /** What a clock on the wall of the zone shows, "YYYY-MM-DDTHH:MM:SS"; Swedish dates have that form. */
-const readingAt = (time) => new Intl.DateTimeFormat('sv-SE', { timeZone: zone, dateStyle: 'short', timeStyle: 'medium' }).format(time).replace(' ', 'T');
+const readingAt = (time) => {
+  const format = new Intl.DateTimeFormat('sv-SE', { timeZone: zone, dateStyle: 'short', timeStyle: 'medium' });
+  return format.format(time).replace(' ', 'T');
+};
 /** Milliseconds of such a reading; one that two instants share means the later of them. */
 function timeOf(text) {
   const asUtc = Date.parse(`${text}Z`);
@@ -91,8 +95,9 @@ reading.onchange = () => { clearInterval(running); if (reading.value) setTime(ti
 export function setZone(name, changes) {
   zone = name;
   $('#zone').textContent = name;
-  const jumps = changes.map((time) => make('option', { value: time }, `Clock change ${readingAt(Date.parse(time)).slice(0, 10)}`));
-  moments.replaceChildren(make('option', { value: '' }), make('option', { value: '' }, 'Now'), make('option', { value: 'midnight' }, 'Over midnight'), ...jumps);
+  const option = (value, ...words) => make('option', { value }, ...words);
+  const jumps = changes.map((time) => option(time, `Clock change ${readingAt(Date.parse(time)).slice(0, 10)}`));
+  moments.replaceChildren(option(''), option('', 'Now'), option('midnight', 'Over midnight'), ...jumps);
   showClock();
 }
 

@@ -96,6 +96,7 @@ std::vector<ApprovalCase> cases() {
                                      {"inline", WidgetFamily::accessoryInline}}) {
     State vibrant{"vibrant", normal(), {}};
     vibrant.environment.widgetRenderingMode = RenderingMode::vibrant;
+    vibrant.environment.showsWidgetContainerBackground = false;
     add({name, family, SafeToSpendStyle::accent}, vibrant);
   }
   return cases;

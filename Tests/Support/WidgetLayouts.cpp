@@ -25,6 +25,8 @@ class Extension {
     replaceDocument(state.snapshot);
     widgetruntime::Environment environment = state.environment;
     environment.widgetFamily = layout.family;
+    // As hosts ask: they draw no container behind accessories.
+    if (isAccessory(layout.family)) environment.showsWidgetContainerBackground = false;
     return widget(layout.kind)
         .snapshot({.family = layout.family, .device = {.now = state.date}}, layout.configuration)
         .content(environment);

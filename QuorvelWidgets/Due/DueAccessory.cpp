@@ -55,6 +55,7 @@ View circular(const DueContent& content) {
       calendarSymbol(16),
       content.caption(relativeLabel(next.days, content.lang()), 11).minimumScaleFactor(0.6),
   }
+      .padding(Insets::horizontal(6))
       .accessibility(spoken(content));
 }
 

@@ -2,24 +2,13 @@
 
 #include "Foundation/Bundle.hpp"
 #include "Foundation/EnvironmentVariables.hpp"
+#include "QuorvelWidgets/WidgetSupport/Snapshot/AppGroup.hpp"
 
 namespace importer {
 
 using foundation::baseDirectory;
 
 namespace {
-
-// The extension's own, where no property list says otherwise.
-constexpr std::string_view kAppGroup = "group.app.quorvel.widgets";
-constexpr std::string_view kUrlScheme = "quorvel-widget";
-
-std::string setting(const foundation::Bundle& bundle,
-                    std::string_view key,
-                    std::string_view fallback) {
-  const auto* value = bundle.objectForInfoDictionaryKey(key);
-  const std::string* text = value ? value->string() : nullptr;
-  return text && !text->empty() ? *text : std::string(fallback);
-}
 
 foundation::Bundle bundleNear(const std::filesystem::path& programFolder) {
   for (const char* candidate : {"Info.plist", QUORVEL_DATA "/Info.plist"}) {
@@ -35,10 +24,10 @@ foundation::Bundle bundleNear(const std::filesystem::path& programFolder) {
 
 Places findPlaces(const foundation::ProcessEnvironment& environment,
                   const std::filesystem::path& programFolder) {
-  const auto bundle = bundleNear(programFolder);
+  const quorvel::AppGroup group(bundleNear(programFolder));
   Places places;
-  places.appGroup = setting(bundle, "QuorvelAppGroup", kAppGroup);
-  places.urlScheme = setting(bundle, "QuorvelURLScheme", kUrlScheme);
+  places.appGroup = group.identifier;
+  places.urlScheme = group.urlScheme;
   const std::string settings = baseDirectory(environment, "XDG_CONFIG_HOME", ".config");
   if (!settings.empty()) places.settings = settings + "/quorvel-import/ledger.toml";
   const std::string data = baseDirectory(environment, "XDG_DATA_HOME", ".local/share");

@@ -2,7 +2,6 @@
 
 #include <string_view>
 
-#include "Foundation/Printable.hpp"
 #include "Import/Arguments.hpp"
 #include "Import/Commands.hpp"
 #include "Import/Result.hpp"
@@ -37,10 +36,7 @@ Result<void> interpret(std::span<const char* const> words, const Program& progra
 }  // namespace
 
 int run(std::span<const char* const> words, const Program& program) {
-  const auto done = interpret(words, program);
-  if (done) return static_cast<int>(ExitCode::done);
-  if (!done.error().line.empty()) complain(foundation::printable(done.error().line) + "\n");
-  return static_cast<int>(done.error().code);
+  return concluded("quorvel-import", [&] { return interpret(words, program); });
 }
 
 }  // namespace importer

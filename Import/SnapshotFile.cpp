@@ -12,6 +12,7 @@
 #include "Foundation/FileManager.hpp"
 #include "Foundation/FileWriting.hpp"
 #include "Foundation/Json.hpp"
+#include "QuorvelWidgets/WidgetSupport/Snapshot/AppGroup.hpp"
 
 namespace importer {
 namespace {
@@ -20,7 +21,6 @@ using foundation::FileDescriptor;
 using foundation::JsonField;
 using foundation::jsonField;
 
-constexpr std::string_view kDocumentName = "widget-snapshot.json";
 constexpr std::string_view kProgramName = "quorvel-import ";
 
 /// The one key that tells whose a document is.
@@ -36,7 +36,7 @@ struct Mark {
 }  // namespace
 
 std::string SnapshotFile::path() const {
-  return foundation::appendingPathComponent(container_, kDocumentName);
+  return foundation::appendingPathComponent(container_, quorvel::kSnapshotFileName);
 }
 
 Result<void> SnapshotFile::check(Foreign foreign) const {

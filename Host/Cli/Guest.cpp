@@ -101,7 +101,7 @@ Result<Guest> Guest::open(const SourceOptions& source,
   if (!about) return std::unexpected(about.error());
   Guest guest{std::move(client), *std::move(about)};
   guest.images_ = guest.about_.container;
-  if (!guest.images_.empty()) guest.document_ = guest.images_ / kDocumentName;
+  if (!guest.images_.empty()) guest.document_ = guest.images_ / session::kDocumentName;
   if (parameters.snapshotFile) {
     guest.document_ = *parameters.snapshotFile;
     if (guest.images_.empty()) guest.images_ = guest.document_.parent_path();

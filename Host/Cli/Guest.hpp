@@ -17,8 +17,6 @@
 
 namespace cli {
 
-inline constexpr std::string_view kDocumentName = "widget-snapshot.json";
-
 [[nodiscard]] session::Places findPlaces(const SourceOptions& source,
                                          const std::filesystem::path& programFolder);
 

@@ -1,11 +1,7 @@
 #include "Cli/Program.hpp"
 
-#include <exception>
-#include <new>
-
 #include "Cli/Options/Arguments.hpp"
 #include "Cli/Output.hpp"
-#include "Foundation/Printable.hpp"
 
 namespace cli {
 namespace {
@@ -25,24 +21,10 @@ Result<void> interpret(std::span<const char* const> words, const Program& progra
   return done;
 }
 
-/// What libraries throw, for want of memory above all, ends in a line as everything else does.
-Result<void> interpretSafely(std::span<const char* const> words, const Program& program) {
-  try {
-    return interpret(words, program);
-  } catch (const std::bad_alloc&) {
-    return refused("quorvel-host: there is not enough memory for this");
-  } catch (const std::exception& error) {
-    return refused(std::string("quorvel-host: ") + error.what());
-  }
-}
-
 }  // namespace
 
 int run(std::span<const char* const> words, const Program& program) {
-  const auto done = interpretSafely(words, program);
-  if (done) return static_cast<int>(ExitCode::done);
-  if (!done.error().line.empty()) complain(foundation::printable(done.error().line) + "\n");
-  return static_cast<int>(done.error().code);
+  return concluded("quorvel-host", [&] { return interpret(words, program); });
 }
 
 }  // namespace cli

@@ -29,8 +29,6 @@ namespace {
 using foundation::ProcessEnvironment;
 using surfaces::PictureFolder;
 
-constexpr std::string_view kDocument = "widget-snapshot.json";
-
 void logLine(const std::string& line) {
   std::ignore =
       foundation::writeAll(STDERR_FILENO, "quorvel-hostd: " + foundation::printable(line) + "\n");
@@ -54,7 +52,8 @@ class ContainerWatch {
             loop,
             container,
             [](std::string_view name) {
-              return name == kDocument || name == "widget-cards" || name == "widget-brands";
+              return name == session::kDocumentName || name == "widget-cards" ||
+                     name == "widget-brands";
             },
             onChange),
         cards_(

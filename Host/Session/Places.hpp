@@ -10,6 +10,10 @@
 
 namespace session {
 
+/// What the application leaves in its group's folder. The same name stands in the extension, whose
+/// sources no host sees.
+inline constexpr std::string_view kDocumentName = "widget-snapshot.json";
+
 /// Empty where nothing is found.
 struct Places {
   std::filesystem::path extension;

@@ -5,6 +5,7 @@
 #pragma once
 
 #include <expected>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -28,6 +29,11 @@ using Result = std::expected<T, Failure>;
 [[nodiscard]] inline std::unexpected<Failure> misused(std::string line) {
   return std::unexpected(Failure{ExitCode::usage, std::move(line)});
 }
+
+/// Carries a command line out and ends it: a failure is said in its line, and so is what libraries
+/// throw, for want of memory above all.
+[[nodiscard]] int concluded(std::string_view program,
+                            const std::function<Result<void>()>& carryOut);
 
 /// To standard output, as it is; refused when that is full or closed.
 [[nodiscard]] Result<void> printBytes(std::string_view bytes);

@@ -173,6 +173,7 @@ Rooms programRooms() {
       // Writes the document that the extension reads, and knows nothing else of it.
       {"Import",
        {"Import/",
+        "QuorvelWidgets/WidgetSupport/Snapshot/AppGroup.hpp",
         "QuorvelWidgets/WidgetSupport/Snapshot/WidgetSnapshot.hpp",
         "QuorvelWidgets/WidgetSupport/Snapshot/WidgetLanguage.hpp",
         "Foundation/"},

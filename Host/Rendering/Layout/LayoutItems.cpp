@@ -274,7 +274,7 @@ MeasuredSize LayoutItems::measure(ItemId asking, const Proposal& asked) {
   }
   const bool wasRough = std::exchange(isRough_, false);
   ++depth_;
-  const MeasuredSize answer = cleaned(workOut(id, proposal), proposal);
+  const MeasuredSize answer = cleaned(compute(id, proposal), proposal);
   --depth_;
   LayoutItem& item = items_[id];
   const bool isSample = item.memoCount < kSamples && questions_ <= kLayoutQuestions;
@@ -337,14 +337,14 @@ const LayoutItems::Memo& LayoutItems::mostSimilar(ItemId id, const Proposal& pro
   return *best;
 }
 
-MeasuredSize LayoutItems::workOut(ItemId id, const Proposal& proposal) {
+MeasuredSize LayoutItems::compute(ItemId id, const Proposal& proposal) {
   if (const auto* element = std::get_if<const Element*>(&items_[id].what)) {
-    return workOutElement(id, **element, proposal);
+    return computeElement(id, **element, proposal);
   }
   return arrangeTarget(id, proposal).own;
 }
 
-MeasuredSize LayoutItems::workOutElement(ItemId id,
+MeasuredSize LayoutItems::computeElement(ItemId id,
                                          const Element& element,
                                          const Proposal& proposal) {
   const Overloaded answer{[&](const StackElement& stack) {

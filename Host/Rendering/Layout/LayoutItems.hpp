@@ -105,8 +105,8 @@ class LayoutItems {
   [[nodiscard]] bool answers(const Memo& memo, const Proposal& proposal) const;
   [[nodiscard]] bool mayEstimate(ItemId id) const;
   [[nodiscard]] const Memo& mostSimilar(ItemId id, const Proposal& proposal) const;
-  [[nodiscard]] MeasuredSize workOut(ItemId id, const Proposal& proposal);
-  [[nodiscard]] MeasuredSize workOutElement(ItemId id,
+  [[nodiscard]] MeasuredSize compute(ItemId id, const Proposal& proposal);
+  [[nodiscard]] MeasuredSize computeElement(ItemId id,
                                             const viewkit::Element& element,
                                             const Proposal& proposal);
   [[nodiscard]] MeasuredSize answerOfText(ItemId id, const Proposal& proposal);

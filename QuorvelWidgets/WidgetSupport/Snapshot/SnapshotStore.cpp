@@ -13,43 +13,20 @@
 #include "QuorvelWidgets/WidgetSupport/Snapshot/SnapshotSample.hpp"
 
 namespace quorvel {
-namespace {
-
-constexpr std::string_view kFallbackAppGroup = "group.app.quorvel.widgets";
-constexpr std::string_view kFallbackUrlScheme = "quorvel-widget";
-
-struct Settings {
-  std::string appGroup;
-  std::string urlScheme;
-};
-
-/// Only a string of at least one character counts.
-std::string setting(const foundation::Bundle& bundle,
-                    std::string_view key,
-                    std::string_view fallback) {
-  const auto value = bundle.objectForInfoDictionaryKey(key);
-  const std::string* text = value ? value->string() : nullptr;
-  return text && !text->empty() ? *text : std::string(fallback);
-}
-
-}  // namespace
 
 struct SnapshotStore::State {
   const foundation::Bundle bundle;
   const foundation::FileManager fileManager;
   const std::optional<std::string> snapshotFile;
 
-  std::once_flag settingsOnce;
-  Settings settings;
+  std::once_flag groupOnce;
+  std::optional<AppGroup> group;
   std::once_flag sampleOnce;
   WidgetSnapshot sample;
 
-  const Settings& resolvedSettings() {
-    std::call_once(settingsOnce, [this] {
-      settings = {setting(bundle, "QuorvelAppGroup", kFallbackAppGroup),
-                  setting(bundle, "QuorvelURLScheme", kFallbackUrlScheme)};
-    });
-    return settings;
+  const AppGroup& resolvedGroup() {
+    std::call_once(groupOnce, [this] { group.emplace(bundle); });
+    return *group;
   }
 };
 
@@ -60,11 +37,11 @@ SnapshotStore::SnapshotStore(foundation::Bundle bundle,
           std::move(bundle), std::move(fileManager), std::move(snapshotFile), {}, {}, {}, {}}) {}
 
 const std::string& SnapshotStore::appGroup() const {
-  return state_->resolvedSettings().appGroup;
+  return state_->resolvedGroup().identifier;
 }
 
 const std::string& SnapshotStore::urlScheme() const {
-  return state_->resolvedSettings().urlScheme;
+  return state_->resolvedGroup().urlScheme;
 }
 
 std::optional<std::string> SnapshotStore::container() const {

@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "Foundation/Device.hpp"
+#include "QuorvelWidgets/WidgetSupport/Snapshot/AppGroup.hpp"
 #include "QuorvelWidgets/WidgetSupport/Snapshot/WidgetSnapshot.hpp"
 
 namespace foundation {
@@ -16,8 +17,6 @@ class FileManager;
 }  // namespace foundation
 
 namespace quorvel {
-
-inline constexpr std::string_view kSnapshotFileName = "widget-snapshot.json";
 
 /// A handle: copies share the settings and the sample, which are made once, on first use, and kept.
 /// Any thread may call any operation; loading reads the file anew each time.

@@ -12,8 +12,13 @@
 #include "Foundation/DayString.hpp"
 #include "Foundation/FileManager.hpp"
 #include "Foundation/JsonProblemCount.hpp"
+#include "QuorvelWidgets/CardLimit/CardLimitWidget.hpp"
+#include "QuorvelWidgets/Due/DueWidget.hpp"
 #include "QuorvelWidgets/Due/UpcomingDues.hpp"
+#include "QuorvelWidgets/NetWorth/NetWorthWidget.hpp"
 #include "QuorvelWidgets/SafeToSpend/SafeToSpendMetrics.hpp"
+#include "QuorvelWidgets/SafeToSpend/SafeToSpendWidget.hpp"
+#include "QuorvelWidgets/Spending/SpendingWidget.hpp"
 
 namespace quorvel {
 
@@ -73,11 +78,11 @@ struct Outlook {
   std::string (*shows)(const WidgetSnapshot&, Instant, const Calendar&);
 };
 constexpr Outlook kOutlooks[] = {
-    {"QuorvelCardLimitWidget", cards},
-    {"QuorvelDueWidget", dues},
-    {"QuorvelNetWorthWidget", netWorth},
-    {"QuorvelSafeToSpendWidget", budget},
-    {"QuorvelSpendingWidget", spending},
+    {CardLimitWidget::kKind, cards},
+    {DueWidget::kKind, dues},
+    {NetWorthWidget::kKind, netWorth},
+    {SafeToSpendWidget::kKind, budget},
+    {SpendingWidget::kKind, spending},
 };
 
 std::unexpected<JsonFailure> unreadable(std::string_view found) {

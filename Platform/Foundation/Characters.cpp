@@ -31,7 +31,7 @@ icu::BreakIterator* clusterIterator() {
   return kept.get();
 }
 
-/// Calls `take` with each cluster until it answers false.
+/// Calls `take` with each cluster until it returns false.
 template <class Take>
 void forEachCluster(std::string_view text, Take take) {
   icu::BreakIterator* const iterator = isPlain(text) ? nullptr : clusterIterator();

@@ -70,7 +70,7 @@ class JsonScanner {
   }
 
   /// Opens the array or object that the walk stands on. After it, `nextMember` or `nextElement` are
-  /// called until they answer false, which closes it.
+  /// called until they return false, which closes it.
   bool open();
   /// Reads the next member's key and colon. A key that is the guess is found sooner, and is
   /// the guess's own text.

@@ -13,7 +13,7 @@ namespace viewkit {
 /// `number` appends an opacity; one of 1 in both appearances is left out.
 void appendColor(std::string& out, const Color& color, void (*number)(std::string&, double));
 
-/// Nothing unless the text has exactly that form and its opacities lie in 0...1.
+/// Absent for a text of another form, and for opacities outside 0...1.
 [[nodiscard]] std::optional<Color> parseColor(std::string_view text);
 
 }  // namespace viewkit

@@ -4,10 +4,11 @@
 
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "Foundation/Instant.hpp"
 #include "QuorvelWidgets/CardLimit/SelectCardIntent.hpp"
-#include "QuorvelWidgets/WidgetSupport/Snapshot/SnapshotProvider.hpp"
+#include "QuorvelWidgets/WidgetSupport/Snapshot/ConfiguredProvider.hpp"
 
 namespace quorvel {
 
@@ -16,22 +17,13 @@ struct CardEntry {
   std::optional<WidgetSnapshot> snapshot;
   std::optional<std::string> cardId;
 
+  [[nodiscard]] static CardEntry of(SnapshotEntry entry, const SelectCardIntent& intent) {
+    return {entry.date, std::move(entry.snapshot), intent.card};
+  }
+
   friend bool operator==(const CardEntry&, const CardEntry&) = default;
 };
 
-struct CardProvider {
-  using Entry = CardEntry;
-  using Intent = SelectCardIntent;
-
-  SnapshotStore store;
-
-  /// The sample without a chosen card, now; no file is read.
-  [[nodiscard]] CardEntry placeholder(const widgetruntime::ProviderContext& context) const;
-  /// The document, now; in a gallery preview the sample stands in for a missing one.
-  [[nodiscard]] CardEntry snapshot(const SelectCardIntent& configuration,
-                                   const widgetruntime::ProviderContext& context) const;
-  [[nodiscard]] widgetruntime::Timeline<CardEntry> timeline(
-      const SelectCardIntent& configuration, const widgetruntime::ProviderContext& context) const;
-};
+using CardProvider = ConfiguredProvider<SelectCardIntent, CardEntry>;
 
 }  // namespace quorvel

@@ -3,10 +3,11 @@
 #pragma once
 
 #include <optional>
+#include <utility>
 
 #include "Foundation/Instant.hpp"
 #include "QuorvelWidgets/SafeToSpend/SafeToSpendIntent.hpp"
-#include "QuorvelWidgets/WidgetSupport/Snapshot/SnapshotProvider.hpp"
+#include "QuorvelWidgets/WidgetSupport/Snapshot/ConfiguredProvider.hpp"
 
 namespace quorvel {
 
@@ -15,22 +16,13 @@ struct SafeToSpendEntry {
   std::optional<WidgetSnapshot> snapshot;
   SafeToSpendStyle style = SafeToSpendStyle::accent;
 
+  [[nodiscard]] static SafeToSpendEntry of(SnapshotEntry entry, const SafeToSpendIntent& intent) {
+    return {entry.date, std::move(entry.snapshot), intent.style};
+  }
+
   friend bool operator==(const SafeToSpendEntry&, const SafeToSpendEntry&) = default;
 };
 
-struct SafeToSpendProvider {
-  using Entry = SafeToSpendEntry;
-  using Intent = SafeToSpendIntent;
-
-  SnapshotStore store;
-
-  /// The sample in the default style, now; no file is read.
-  [[nodiscard]] SafeToSpendEntry placeholder(const widgetruntime::ProviderContext& context) const;
-  /// The document, now; in a gallery preview the sample stands in for a missing one.
-  [[nodiscard]] SafeToSpendEntry snapshot(const SafeToSpendIntent& configuration,
-                                          const widgetruntime::ProviderContext& context) const;
-  [[nodiscard]] widgetruntime::Timeline<SafeToSpendEntry> timeline(
-      const SafeToSpendIntent& configuration, const widgetruntime::ProviderContext& context) const;
-};
+using SafeToSpendProvider = ConfiguredProvider<SafeToSpendIntent, SafeToSpendEntry>;
 
 }  // namespace quorvel

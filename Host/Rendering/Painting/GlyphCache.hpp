@@ -25,7 +25,7 @@ class GlyphCache {
  public:
   GlyphCache(FontLibrary& fonts, Rasterizer& raster) : fonts_(fonts), raster_(raster) {}
 
-  /// `size` in pixels an em, `quarter` the origin's place within its pixel.
+  /// `size` in pixels per em, `quarter` the origin's place within its pixel.
   [[nodiscard]] MaskImage glyph(const LineGlyph& glyph, double size, int quarter);
   [[nodiscard]] MaskImage symbol(
       const SymbolDrawing& drawing, double size, bool mirrored, int quarterX, int quarterY);

@@ -11,7 +11,7 @@ namespace rendering {
 
 namespace {
 
-constexpr double kLargestGlyphImage = 200;  ///< pixels an em; larger glyphs are filled as paths
+constexpr double kLargestGlyphImage = 200;  ///< pixels per em; larger glyphs are filled as paths
 constexpr double kLargestSymbol = 4000;     ///< pixels
 
 /// Whole pixel and quarter of a place.

@@ -25,7 +25,7 @@ class ColorGlyphs {
   [[nodiscard]] bool isColored(std::uint8_t font) const {
     return fonts_.byId(font).family() == FontFamily::emoji;
   }
-  /// At least `size` pixels an em where the font has that many.
+  /// At least `size` pixels per em where the font has that many.
   [[nodiscard]] const ColorGlyph& glyph(std::uint8_t font, std::uint16_t glyph, double size);
 
  private:

@@ -36,7 +36,7 @@ class Font {
   [[nodiscard]] hb_font_t* shaper() const { return shaper_; }  ///< scaled to units per em
   [[nodiscard]] bool covers(char32_t character) const { return glyph(character) != 0; }
   [[nodiscard]] std::uint32_t glyph(char32_t character) const;
-  /// Appends a glyph's outline, y downwards, `size` points an em, its origin at (x, y).
+  /// Appends a glyph's outline, y downwards, `size` points per em, its origin at (x, y).
   void appendOutline(std::uint32_t glyph, double size, double x, double y, Path& path) const;
 
  private:

@@ -77,7 +77,7 @@ std::string pathOf(const FamilyRow& row, std::string_view weight) {
   return path;
 }
 
-/// Calls `take` with each candidate until it answers true.
+/// Calls `take` with each candidate until it returns true.
 template <class Take>
 void eachCandidate(const FamilyRow& row, FontWeight weight, Take take) {
   std::string_view rest = row.weights[static_cast<std::size_t>(weight)];

@@ -27,7 +27,7 @@ struct GlyphRange {
 
 struct GlyphParagraph : ShapedParagraph {
   std::vector<ShapedGlyph> glyphs;
-  std::vector<GlyphRange> ranges;  ///< one a cluster
+  std::vector<GlyphRange> ranges;  ///< one per cluster
   ShapedGlyph ellipsis;
   viewkit::FontWeight weight = viewkit::FontWeight::regular;
   std::string language;

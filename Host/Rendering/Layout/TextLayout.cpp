@@ -8,6 +8,7 @@ namespace {
 
 constexpr double kLargestSize = 1e4;
 constexpr double kPlaceholderEms = 2;
+constexpr double kFinalForm = 0.6;  ///< em, by how much a letter's final form is wider at most
 constexpr std::size_t kAnyNumber = std::numeric_limits<std::uint32_t>::max();
 /// Halvings of a range of scales or widths; the exact value is then read off the lines found.
 constexpr int kHalvings = 24;
@@ -144,10 +145,18 @@ void TextLayout::cut(const Room& room) {
   while (last < clusters.size() && extent(line.first, last + 1) <= space) {
     if (clusters[last++].mustBreakAfter) break;
   }
-  while (last > line.first && clusters[last - 1].isSpace) --last;
+  // Cut inside a word, a letter of a joined script takes its final form, which may be wider.
+  const auto finalForm = [&](std::uint32_t end) {
+    if (end == line.first || end == clusters.size() || clusters[end].isSpace) return 0.0;
+    return clusters[end - 1].takesTracking ? 0.0 : kFinalForm * size_;
+  };
+  while (last > line.first &&
+         (clusters[last - 1].isSpace || extent(line.first, last) + finalForm(last) > space)) {
+    --last;
+  }
   line.last = last;
   line.ellipsis = true;
-  line.width = extent(line.first, last) + ellipsis_;
+  line.width = extent(line.first, last) + finalForm(last) + ellipsis_;
 }
 
 /// The shortest width that keeps the number of lines.

@@ -46,8 +46,17 @@ void drawColorGlyphs(RecorderContext& context, const DrawGlyphs& text) {
   context.list.glyphs.erase(colored, context.list.glyphs.end());
 }
 
+double cutWidth(const GlyphParagraph& paragraph, const PlacedText& text, const PlacedLine& line) {
+  double width = paragraph.ellipsisAdvance * text.size;
+  for (std::uint32_t i = line.first; i < line.last; ++i) {
+    const TextCluster& cluster = paragraph.clusters[i];
+    width += cluster.advance * text.size + (cluster.takesTracking ? text.tracking : 0);
+  }
+  return width;
+}
+
 /// A line cut inside a word of joined letters is shaped again, since the last letter takes its
-/// final form.
+/// final form; it begins where its line does.
 void appendTextLine(RecorderContext& context,
                     const GlyphParagraph& paragraph,
                     const PlacedText& text,
@@ -63,7 +72,12 @@ void appendTextLine(RecorderContext& context,
                                     .language = paragraph.language,
                                     .direction = paragraph.direction}));
   const bool fits = reshaped && reshaped->clusters.size() == line.last;
-  appendLine(fits ? *reshaped : paragraph, text, line, context.list.glyphs);
+  const GlyphParagraph& drawn = fits ? *reshaped : paragraph;
+  PlacedLine placed = line;
+  if (paragraph.direction == viewkit::LayoutDirection::rightToLeft) {
+    placed.x += line.width - cutWidth(drawn, text, line);
+  }
+  appendLine(drawn, text, placed, context.list.glyphs);
 }
 
 void coverText(RecorderContext& context, const PlacedNode& node) {

@@ -92,10 +92,11 @@ class JournalReader {
 
 // Styles of the journal may round and use a comma; these do not.
 std::vector<std::string> JournalReader::withStyles(std::vector<std::string> words) const {
+  constexpr std::string_view kExact = "1000.000000000000";
   for (const std::string& commodity : commodities_) {
     words.emplace_back("-c");
-    words.push_back(commodity.empty() ? "1000.000000000000"
-                                      : fmt::format("1000.000000000000 \"{}\"", commodity));
+    words.push_back(commodity.empty() ? std::string(kExact)
+                                      : fmt::format("{} \"{}\"", kExact, commodity));
   }
   return words;
 }

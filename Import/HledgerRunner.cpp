@@ -118,8 +118,9 @@ std::optional<int> hledgerVersion(std::string_view text) {
   const auto [point, first] = std::from_chars(text.data() + kName.size(), end, major);
   if (first != std::errc{} || point == end || *point != '.') return std::nullopt;
   if (std::from_chars(point + 1, end, minor).ec != std::errc{}) return std::nullopt;
-  if (major < 0 || major > 999 || minor < 0 || minor > 999) return std::nullopt;
-  return major * 1000 + minor;
+  constexpr int kMinors = 1000;  // of each major version, in one number
+  if (major < 0 || major >= kMinors || minor < 0 || minor >= kMinors) return std::nullopt;
+  return major * kMinors + minor;
 }
 
 }  // namespace importer

@@ -33,8 +33,9 @@ Session makePlaces(const Options& options, const Program& program) {
   session.now = present();
   const foundation::Calendar calendar(foundation::currentTimeZone(program.environment));
   const auto today = calendar.components(session.now);
+  constexpr std::int64_t kDay = 86400;  // seconds
   session.midnight = calendar.date(today.year, today.month, today.day + 1)
-                         .value_or(foundation::Instant{session.now.seconds + 86400});
+                         .value_or(foundation::Instant{session.now.seconds + kDay});
   session.request.file = options.file;
   session.request.environment = program.environment;
   if (const auto day = dayOf(today.year, today.month, today.day)) session.request.today = *day;

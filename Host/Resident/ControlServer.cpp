@@ -83,7 +83,9 @@ void ControlServer::readLines(Client client) {
   if (connection.lines.isTooLong()) {
     send(client,
          widgetruntime::writeError(
-             {nullptr, {RpcErrorCode::invalidRequest, "a line is longer than 65536 bytes"}}));
+             {nullptr,
+              {RpcErrorCode::invalidRequest,
+               "a line is longer than " + std::to_string(control::kMaximumLine) + " bytes"}}));
     return drop(client);
   }
   if (connection.lines.pending() == 0) {
@@ -116,8 +118,8 @@ void ControlServer::send(Client client, const std::string& line) {
   const auto found = connections_.find(client);
   if (found == connections_.end()) return;
   found->second->outgoing += line + "\n";
-  const bool isBearable = found->second->outgoing.size() <= kMaximumOutgoing;
-  if (!isBearable || !flush(*found->second)) drop(client);
+  const bool fits = found->second->outgoing.size() <= kMaximumOutgoing;
+  if (!fits || !flush(*found->second)) drop(client);
 }
 
 bool ControlServer::flush(Connection& connection) {

@@ -20,6 +20,7 @@ using widgetruntime::WidgetFamily;
 namespace {
 
 constexpr std::string_view kDone = "{}";
+constexpr std::size_t kMostShown = 40;  ///< bytes of a name that nobody knows
 
 std::unexpected<RpcError> refused(std::string line) {
   return std::unexpected(RpcError{RpcErrorCode::internalError, std::move(line)});
@@ -94,7 +95,7 @@ void Operations::handle(ControlServer::Client client,
   if (method == "open") return open(parameters, std::move(reply));
   if (method == "perform") return perform(parameters, reply);
   reply(std::unexpected(RpcError{RpcErrorCode::methodNotFound,
-                                 "there is no method \"" + method.substr(0, 40) + "\""}));
+                                 "there is no method \"" + method.substr(0, kMostShown) + "\""}));
 }
 
 Operations::Answer Operations::status() const {

@@ -38,9 +38,10 @@ bool isSame(const Demand& a, const Demand& b) {
 
 /// Nothing, in the size that was asked for as far as a picture may have it.
 rendering::Bitmap blank(const rendering::RenderOptions& options) {
+  constexpr double kLongestSide = 4096;
   const auto side = [&](double points) {
     const double pixels = std::round(points * options.scale);
-    return static_cast<int>(pixels >= 1 && pixels <= 4096 ? pixels : 1);
+    return static_cast<int>(pixels >= 1 && pixels <= kLongestSide ? pixels : 1);
   };
   rendering::Bitmap bitmap;
   bitmap.width = bitmap.stride = side(options.size.width);

@@ -91,9 +91,9 @@ void blend(const Bitmap& source, int left, int top, Bitmap& target) {
   }
 }
 
-class Painter {
+class SheetPainter {
  public:
-  Painter(Bitmap& target, double scale) : target_(target), scale_(scale) {}
+  SheetPainter(Bitmap& target, double scale) : target_(target), scale_(scale) {}
 
   /// The first picture that is refused ends the panel.
   rendering::Drawn<void> panel(const Arrangement& arrangement, const Panel& panel, double left) {
@@ -204,7 +204,7 @@ Result<Bitmap> drawSheet(const std::vector<SheetRow>& rows, double scale) {
   Bitmap sheet{extent.width, extent.height, extent.width, {}};
   sheet.pixels.resize(static_cast<std::size_t>(sheet.width) *
                       static_cast<std::size_t>(sheet.height));
-  Painter painter{sheet, scale};
+  SheetPainter painter{sheet, scale};
   const Arrangement panel = arranged(rows);
   for (std::size_t i = 0; i < kPanels.size(); ++i) {
     const auto done = painter.panel(panel, kPanels[i], panel.width() * static_cast<double>(i));

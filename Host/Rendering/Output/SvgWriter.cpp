@@ -11,6 +11,7 @@
 #include "Rendering/Output/SvgDocument.hpp"
 #include "Rendering/Output/SvgImages.hpp"
 #include "Rendering/Output/SvgText.hpp"
+#include "ViewKit/Names.hpp"
 
 namespace rendering {
 
@@ -20,30 +21,6 @@ using svg::number;
 using svg::pathData;
 
 namespace {
-
-const char* nameOf(viewkit::LineCap cap) {
-  switch (cap) {
-    case viewkit::LineCap::round:
-      return "round";
-    case viewkit::LineCap::square:
-      return "square";
-    case viewkit::LineCap::butt:
-      break;
-  }
-  return "butt";
-}
-
-const char* nameOf(viewkit::LineJoin join) {
-  switch (join) {
-    case viewkit::LineJoin::round:
-      return "round";
-    case viewkit::LineJoin::bevel:
-      return "bevel";
-    case viewkit::LineJoin::miter:
-      break;
-  }
-  return "miter";
-}
 
 class Writer {
  public:
@@ -116,13 +93,14 @@ class Writer {
 
   void put(const FillRect& c) { line("<rect {} {}/>", box(c.rect), paint("fill", c.ink)); }
   void put(const FillPath& c) { line(R"(<path d="{}" {}/>)", data(c.path), paint("fill", c.ink)); }
+  // SVG has the same names for caps and joins.
   void put(const StrokePath& c) {
     line(R"(<path d="{}" fill="none" stroke-width="{}" stroke-linecap="{}" stroke-linejoin="{}" )"
          R"(stroke-miterlimit="10" {}/>)",
          data(c.path),
          number(c.width),
-         nameOf(c.cap),
-         nameOf(c.join),
+         foundation::nameOf(c.cap),
+         foundation::nameOf(c.join),
          paint("stroke", c.ink));
   }
 

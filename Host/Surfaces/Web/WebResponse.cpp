@@ -36,13 +36,16 @@ void addHeaders(MHD_Response* response, const std::string& type, const std::stri
   for (const auto& [name, value] : headers) MHD_add_response_header(response, name, value.c_str());
 }
 
-MHD_Response* makeResponse(const WebReply& reply) {
+bool queueReply(MHD_Connection* connection, const WebReply& reply) {
   // The library copies the body and does not change it.
   auto* body = const_cast<char*>(reply.body.data());
   MHD_Response* response =
       MHD_create_response_from_buffer(reply.body.size(), body, MHD_RESPMEM_MUST_COPY);
-  if (response) addHeaders(response, reply.type, reply.fileName);
-  return response;
+  if (!response) return false;
+  addHeaders(response, reply.type, reply.fileName);
+  const auto queued = MHD_queue_response(connection, static_cast<unsigned>(reply.status), response);
+  MHD_destroy_response(response);
+  return queued == MHD_YES;
 }
 
 }  // namespace surfaces

@@ -6,6 +6,7 @@
 #include "Surfaces/Web/WebGate.hpp"
 #include "Surfaces/Web/WebServer.hpp"
 
+struct MHD_Connection;
 struct MHD_Response;
 
 namespace surfaces {
@@ -13,8 +14,8 @@ namespace surfaces {
 /// What a browser may do with it; `fileName` is offered for a download, empty: shown.
 void addHeaders(MHD_Response* response, const std::string& type, const std::string& fileName);
 
-/// To be destroyed by the caller; null without memory.
-[[nodiscard]] MHD_Response* makeResponse(const WebReply& reply);
+/// Hands the connection its answer; false without memory.
+[[nodiscard]] bool queueReply(MHD_Connection* connection, const WebReply& reply);
 
 [[nodiscard]] WebReply replyTo(const Refusal& refusal);
 

@@ -22,21 +22,15 @@ namespace {
 
 constexpr std::size_t kMaximumPending = std::size_t{256} << 10;  ///< bytes that a stream may hold
 constexpr std::size_t kConnectionMemory = std::size_t{32} << 10;
+constexpr std::size_t kStreamBlock = 4096;   ///< bytes that are asked of a stream at a time
+constexpr std::size_t kHostName = 12;        ///< characters; whoever guesses ports cannot guess it
+constexpr std::uint64_t kAccuracy = 1000;    ///< microseconds by which a timer may be late
 constexpr std::size_t kMaximumWaiting = 16;  ///< connections that owe a head
 constexpr unsigned kSilence = 20;  ///< seconds that a connection may stay silent while it is served
 
 int descriptorOf(MHD_Connection* connection) {
   const auto* info = MHD_get_connection_info(connection, MHD_CONNECTION_INFO_CONNECTION_FD);
   return info ? info->connect_fd : -1;
-}
-
-MHD_Result queueReply(MHD_Connection* connection, const WebReply& reply) {
-  MHD_Response* response = makeResponse(reply);
-  if (!response) return MHD_NO;
-  const MHD_Result queued =
-      MHD_queue_response(connection, static_cast<unsigned>(reply.status), response);
-  MHD_destroy_response(response);
-  return queued;
 }
 
 }  // namespace
@@ -119,7 +113,7 @@ std::string WebServer::State::start() {
   auto token = randomName();
   if (!bound || !random || !token) return "no port of the loopback address can be listened on";
   sockets = std::move(*bound);
-  name = random->substr(0, 12) + ".localhost:" + std::to_string(sockets.port);
+  name = random->substr(0, kHostName) + ".localhost:" + std::to_string(sockets.port);
   rules.host = name;
   rules.token = *token;
   for (const auto& [path, file] : files) rules.publicPaths.push_back(path);
@@ -164,7 +158,7 @@ std::string WebServer::State::start() {
     static_cast<State*>(self)->run();
     return 0;
   };
-  if (sd_event_add_time_relative(loop, &source, CLOCK_MONOTONIC, 0, 1000, onTime, this) < 0)
+  if (sd_event_add_time_relative(loop, &source, CLOCK_MONOTONIC, 0, kAccuracy, onTime, this) < 0)
     return "the web server has no timer";
   timer.reset(source);
   sd_event_source_set_enabled(source, SD_EVENT_OFF);
@@ -223,7 +217,8 @@ MHD_Result WebServer::State::takeHead(MHD_Connection* connection,
   exchange.connection = connection;
   deadlines.settle(descriptorOf(connection));
   const RequestHead head = headOf(connection, method, exchange.target);
-  if (const auto refusal = refuse(head, rules)) return queueReply(connection, replyTo(*refusal));
+  if (const auto refusal = refuse(head, rules))
+    return queueReply(connection, replyTo(*refusal)) ? MHD_YES : MHD_NO;
   exchange.request.method = head.method == "HEAD" ? "GET" : head.method;
   exchange.request.path = std::string(pathOf(head.target));
   exchange.request.query = queryOf(connection);
@@ -248,7 +243,7 @@ MHD_Result WebServer::State::access(MHD_Connection* connection,
     for (const auto& known : exchanges)
       if (known.get() == &exchange) ask(known);
   }
-  if (exchange.reply) return queueReply(connection, *exchange.reply);
+  if (exchange.reply) return queueReply(connection, *exchange.reply) ? MHD_YES : MHD_NO;
   exchange.isSuspended = true;
   MHD_suspend_connection(connection);
   return MHD_YES;
@@ -290,7 +285,7 @@ void WebServer::State::onConnection(void* self,
 MHD_Result WebServer::State::openStream(MHD_Connection* connection) {
   auto* stream = new Stream{.server = this, .connection = connection};
   MHD_Response* response = MHD_create_response_from_callback(
-      MHD_SIZE_UNKNOWN, 4096, &State::onRead, stream, &State::onStreamGone);
+      MHD_SIZE_UNKNOWN, kStreamBlock, &State::onRead, stream, &State::onStreamGone);
   if (!response) {
     delete stream;
     return MHD_NO;

@@ -114,10 +114,13 @@ Outcome runExtension(const fs::path& input) {
   return run(builtProgram("quorvel-widgets"), {}, {}, input);
 }
 
+nlohmann::json offeredWidgets() {
+  return nlohmann::json::parse(runHost({"list", "--json"}).out, nullptr, false)["widgets"];
+}
+
 std::vector<std::string> offeredKinds() {
-  const auto answer = nlohmann::json::parse(runHost({"list", "--json"}).out, nullptr, false);
   std::vector<std::string> kinds;
-  for (const auto& widget : answer["widgets"]) kinds.push_back(widget["kind"]);
+  for (const auto& widget : offeredWidgets()) kinds.push_back(widget["kind"]);
   return kinds;
 }
 

@@ -4,6 +4,7 @@
 
 #include <filesystem>
 #include <map>
+#include <nlohmann/json.hpp>
 #include <string>
 #include <vector>
 
@@ -33,7 +34,9 @@ using Words = std::vector<std::string>;
 /// The extension, fed from a file until its end.
 [[nodiscard]] Outcome runExtension(const std::filesystem::path& input);
 
-/// The kinds of widgets that the built host offers.
+/// The widgets that the built host offers, as `list --json` describes them.
+[[nodiscard]] nlohmann::json offeredWidgets();
+/// Their kinds.
 [[nodiscard]] std::vector<std::string> offeredKinds();
 
 using testsupport::contentsOf;

@@ -192,8 +192,6 @@ constexpr EnglishAndIndonesian kStated[] = {
 };
 
 TEST(WidgetStringsTable, EnglishAndIndonesianAreAsStated) {
-  ASSERT_EQ(std::size(kStated), 53U);
-  EXPECT_EQ(stringRows().size(), 53U);
   for (const EnglishAndIndonesian& row : kStated) {
     EXPECT_EQ(WidgetStrings::textNamed(row.key, "en"), row.en);
     EXPECT_EQ(WidgetStrings::textNamed(row.key, std::nullopt), row.en);

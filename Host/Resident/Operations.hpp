@@ -1,6 +1,7 @@
 // The methods of the control socket: from JSON parameters to the host and back.
 #pragma once
 
+#include "Control/Requests.hpp"
 #include "Resident/ControlServer.hpp"
 #include "Resident/Resident.hpp"
 #include "Resident/Watchers.hpp"
@@ -22,19 +23,18 @@ class Operations {
 
  private:
   using Answer = ControlServer::Answer;
-  using Parameters = foundation::JsonValue;
 
   [[nodiscard]] Answer status() const;
-  [[nodiscard]] Answer reload(const Parameters& parameters);
-  [[nodiscard]] Answer hide(const Parameters& parameters);
-  [[nodiscard]] Answer add(const Parameters& parameters);
-  [[nodiscard]] Answer remove(const Parameters& parameters);
-  [[nodiscard]] Answer configure(const Parameters& parameters);
-  [[nodiscard]] Answer move(const Parameters& parameters);
+  [[nodiscard]] Answer reload(const control::ReloadRequest& request);
+  [[nodiscard]] Answer hide(const control::HideRequest& request);
+  [[nodiscard]] Answer add(const control::AddRequest& request);
+  [[nodiscard]] Answer remove(const control::RemoveRequest& request);
+  [[nodiscard]] Answer configure(const control::ConfigureRequest& request);
+  [[nodiscard]] Answer move(const control::MoveRequest& request);
   [[nodiscard]] Answer board();
-  [[nodiscard]] Answer watch(ControlServer::Client client, const Parameters& parameters);
-  void open(const Parameters& parameters, ControlServer::Reply reply);
-  void perform(const Parameters& parameters, const ControlServer::Reply& reply);
+  [[nodiscard]] Answer watch(ControlServer::Client client, const control::WatchRequest& request);
+  void open(const control::OpenRequest& request, ControlServer::Reply reply);
+  void perform(const control::PerformRequest& request, const ControlServer::Reply& reply);
   void openThen(const std::string& link, ControlServer::Reply reply);
 
   Resident& host_;

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "Control/Requests.hpp"
 #include "Resident/PlacementsFile.hpp"
 #include "Resident/Presenter.hpp"
 #include "Resident/Privacy.hpp"
@@ -18,7 +19,7 @@ namespace resident {
 /// Nothing, or one line for the person who asked.
 using Done = std::expected<void, std::string>;
 
-enum class Hide { on, off, toggle };
+using control::Hide;
 
 class Resident : public surfaces::Host {
  public:

@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "Control/Paths.hpp"
+#include "Control/Requests.hpp"
 #include "Foundation/FileWriting.hpp"
 #include "Foundation/JsonWriter.hpp"
 #include "Foundation/Printable.hpp"
@@ -101,9 +102,8 @@ Result BarWatch::connect() {
     return show(lineWithoutHost(target_));
   }
   client_ = *std::move(client);
-  JsonWriter json;
-  json.beginObject().member("target", target_).endObject();
-  const auto sent = client_->send("watch", json.text());
+  const auto sent = client_->send(control::WatchRequest::kMethod,
+                                  control::encode(control::WatchRequest{.target = target_}));
   if (!sent) return lose();
   watching_ = *sent;
   return {};

@@ -8,6 +8,7 @@
 #include "Cli/HostRequest.hpp"
 #include "Cli/Links.hpp"
 #include "Cli/Output.hpp"
+#include "Control/Requests.hpp"
 #include "Foundation/JsonWriter.hpp"
 #include "Foundation/Printable.hpp"
 
@@ -77,12 +78,14 @@ std::string statusText(const JsonValue& status) {
   return text;
 }
 
-void writeChoices(JsonWriter& json, const PictureOptions& picture) {
-  if (picture.family) json.member("family", widgetruntime::nameOf(*picture.family));
-  if (picture.configuration.empty()) return;
-  json.key("configuration").beginObject();
-  for (const auto& [name, value] : picture.configuration) json.member(name, value);
-  json.endObject();
+std::optional<widgetruntime::IntentValues> configurationOf(const PictureOptions& picture) {
+  if (picture.configuration.empty()) return std::nullopt;
+  return picture.configuration;
+}
+
+template <class Request>
+Result<JsonValue> ask(const Program& program, const Request& request) {
+  return askHost(program, Request::kMethod, control::encode(request));
 }
 
 std::optional<int> wholeNumber(const std::string& text) {
@@ -109,27 +112,20 @@ Result<void> status(const Options& options, const Program& program) {
 }
 
 Result<void> reload(const Options& options, const Program& program) {
-  JsonWriter json;
-  json.beginObject();
-  if (!options.host.target.empty()) json.member("target", options.host.target);
-  json.endObject();
-  return done(askHost(program, "reload", json.text()));
+  return done(ask(program, control::ReloadRequest{.target = options.host.target}));
 }
 
 Result<void> hide(const Options& options, const Program& program) {
-  JsonWriter json;
-  json.beginObject().member("hide", options.host.hide).endObject();
-  const auto result = askHost(program, "hide", json.text());
+  const auto result = ask(program, control::HideRequest{.hide = options.host.hide});
   if (!result) return std::unexpected(result.error());
   return print(hiddenText(*result, "because"));
 }
 
 Result<void> add(const Options& options, const Program& program) {
-  JsonWriter json;
-  json.beginObject().member("kind", options.kind);
-  writeChoices(json, options.picture);
-  json.endObject();
-  const auto result = askHost(program, "add", json.text());
+  const auto result = ask(program,
+                          control::AddRequest{.kind = options.kind,
+                                              .family = options.picture.family,
+                                              .configuration = configurationOf(options.picture)});
   if (!result) return std::unexpected(result.error());
   return print(foundation::printable(textIn(*result, "id")) + "\n");
 }
@@ -143,42 +139,39 @@ Result<void> board(const Options& options, const Program& program) {
 }
 
 Result<void> removePlacement(const Options& options, const Program& program) {
-  JsonWriter json;
-  json.beginObject().member("id", options.host.target).endObject();
-  return done(askHost(program, "remove", json.text()));
+  return done(ask(program, control::RemoveRequest{.id = options.host.target}));
 }
 
 Result<void> configure(const Options& options, const Program& program) {
-  JsonWriter json;
-  json.beginObject().member("id", options.host.target);
-  writeChoices(json, options.picture);
-  json.endObject();
-  return done(askHost(program, "configure", json.text()));
+  return done(ask(program,
+                  control::ConfigureRequest{.id = options.host.target,
+                                            .family = options.picture.family,
+                                            .configuration = configurationOf(options.picture)}));
 }
 
 Result<void> move(const Options& options, const Program& program) {
+  using control::PlaceSurface;
   const HostOptions& host = options.host;
   const auto column = wholeNumber(host.column);
   const auto row = wholeNumber(host.row);
   if (!column || !row) return misused("COLUMN and ROW are whole numbers, counted from 0");
-  JsonWriter json;
-  json.beginObject().member("id", host.target);
-  json.member("surface", host.output.empty() ? "board" : "desktop");
-  if (!host.output.empty()) json.member("output", host.output);
-  json.member("column", *column).member("row", *row).endObject();
-  return done(askHost(program, "move", json.text()));
+  const auto surface = host.output.empty() ? PlaceSurface::board : PlaceSurface::desktop;
+  return done(ask(program,
+                  control::MoveRequest{.id = host.target,
+                                       .surface = surface,
+                                       .output = host.output,
+                                       .column = *column,
+                                       .row = *row}));
 }
 
 Result<void> open(const Options& options, const Program& program) {
-  JsonWriter json;
-  json.beginObject().member("target", options.host.target);
+  control::OpenRequest request{.target = options.host.target};
   if (!options.host.region.empty()) {
     const auto region = wholeNumber(options.host.region);
     if (!region) return misused("--region: a whole number, counted from 0");
-    json.member("region", *region);
+    request.region = static_cast<std::size_t>(*region);
   }
-  json.endObject();
-  return done(askHost(program, "open", json.text()));
+  return done(ask(program, request));
 }
 
 }  // namespace cli

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "Control/Requests.hpp"
 #include "Foundation/Instant.hpp"
 #include "Foundation/Names.hpp"
 #include "Rendering/Images/PngEncoder.hpp"
@@ -74,7 +75,7 @@ struct SheetAxes {
 /// What is asked of the resident host, as it was typed.
 struct HostOptions {
   std::string target;  ///< an id or a kind
-  std::string hide;    ///< on, off, toggle
+  control::Hide hide = control::Hide::toggle;
   std::string column;
   std::string row;
   std::string output;  ///< of a desktop; empty: the board

@@ -35,10 +35,11 @@ void describeHide(CLI::App& app, Options& options) {
   app.add_option_function<std::string>(
          "HOW",
          [&options](const std::string& how) {
-           if (how != "on" && how != "off" && how != "toggle") {
+           const auto hide = foundation::named<control::Hide>(how);
+           if (!hide) {
              throw CLI::ValidationError("HOW", fmt::format("\"{}\" is not on, off or toggle", how));
            }
-           options.host.hide = how;
+           options.host.hide = *hide;
          },
          "on, off or toggle")
       ->required();

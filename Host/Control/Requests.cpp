@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "Control/Cells.hpp"
 #include "Foundation/JsonRecordWriter.hpp"
 #include "Foundation/JsonValueReader.hpp"
 #include "WidgetRuntime/Messages.hpp"
@@ -12,7 +13,7 @@ namespace {
 using foundation::JsonValue;
 using foundation::kRequired;
 
-constexpr foundation::Bounds kNumber{.least = 0, .most = 1e9};
+constexpr foundation::Bounds kRegion{.least = 0, .most = 1e6};
 
 template <class T>
 struct MembersOf;
@@ -28,7 +29,7 @@ template <>
 struct MembersOf<OpenRequest> {
   static void list(auto&& member) {
     member("target", &OpenRequest::target);
-    member("region", &OpenRequest::region, kNumber);
+    member("region", &OpenRequest::region, kRegion);
   }
 };
 template <>
@@ -61,8 +62,8 @@ struct MembersOf<MoveRequest> {
     member("id", &MoveRequest::id);
     member("surface", &MoveRequest::surface, kRequired);
     member("output", &MoveRequest::output);
-    member("column", &MoveRequest::column, kRequired, kNumber);
-    member("row", &MoveRequest::row, kRequired, kNumber);
+    member("column", &MoveRequest::column, kRequired, kCell);
+    member("row", &MoveRequest::row, kRequired, kCell);
   }
 };
 template <>

@@ -1,13 +1,10 @@
 #include "Resident/Operations.hpp"
 
-#include <fmt/format.h>
-
 #include <utility>
 
 #include "Foundation/JsonWriter.hpp"
 #include "Opening/LinkOpener.hpp"
 #include "Resident/Status.hpp"
-#include "Surfaces/Cells.hpp"
 
 namespace resident {
 
@@ -40,10 +37,6 @@ std::unexpected<RpcError> invalid(std::string line) {
 ControlServer::Answer answer(Done done) {
   if (!done) return refused(std::move(done.error()));
   return std::string(kDone);
-}
-
-bool isCell(int number) {
-  return number <= surfaces::kMaximumCell;
 }
 
 }  // namespace
@@ -120,10 +113,6 @@ Operations::Answer Operations::configure(const ConfigureRequest& request) {
 }
 
 Operations::Answer Operations::move(const MoveRequest& request) {
-  if (!isCell(request.column) || !isCell(request.row)) {
-    return invalid(
-        fmt::format("columns and rows are numbers from 0 to {}", surfaces::kMaximumCell));
-  }
   if (request.surface == control::PlaceSurface::board) {
     return answer(host_.moveOnBoard(request.id, {request.column, request.row}));
   }

@@ -7,9 +7,9 @@
 #include <set>
 #include <utility>
 
+#include "Control/Cells.hpp"
 #include "Foundation/JsonRecordWriter.hpp"
 #include "Foundation/JsonValueReader.hpp"
-#include "Surfaces/Cells.hpp"
 #include "WidgetRuntime/Messages.hpp"
 
 namespace resident {
@@ -45,15 +45,15 @@ template <>
 struct MembersOf<DesktopPlace> {
   static void list(auto&& member) {
     member("output", &DesktopPlace::output, kRequired);
-    member("column", &DesktopPlace::column, kRequired, surfaces::kCell);
-    member("row", &DesktopPlace::row, kRequired, surfaces::kCell);
+    member("column", &DesktopPlace::column, kRequired, control::kCell);
+    member("row", &DesktopPlace::row, kRequired, control::kCell);
   }
 };
 template <>
 struct MembersOf<BoardPlace> {
   static void list(auto&& member) {
-    member("column", &BoardPlace::column, kRequired, surfaces::kCell);
-    member("row", &BoardPlace::row, kRequired, surfaces::kCell);
+    member("column", &BoardPlace::column, kRequired, control::kCell);
+    member("row", &BoardPlace::row, kRequired, control::kCell);
   }
 };
 template <>

@@ -162,9 +162,9 @@ TEST_F(HostTest, RefusesWhatIsNotOffered) {
               HasSubstr("no parameter"));
   EXPECT_THAT(error("remove", R"({"id":"w9"})"), HasSubstr("w9"));
   EXPECT_THAT(error("reload", R"({"target":"weather"})"), HasSubstr("weather"));
-  EXPECT_THAT(error("hide", R"({"hide":"maybe"})"), HasSubstr("on, off or toggle"));
+  EXPECT_THAT(error("hide", R"({"hide":"maybe"})"), HasSubstr("/hide: expected on, off, toggle"));
   EXPECT_THAT(error("move", R"({"id":"w1","surface":"board","column":-1,"row":0})"),
-              HasSubstr("whole numbers"));
+              HasSubstr("/column: expected a number in 0...999"));
   EXPECT_THAT(error("nonsense", "{}"), HasSubstr("nonsense"));
   EXPECT_TRUE(host.areAll("live"));
 }

@@ -3,13 +3,14 @@
 #include <charconv>
 #include <cmath>
 
+#include "Control/Cells.hpp"
 #include "Foundation/JsonValueReader.hpp"
 #include "Foundation/JsonWriter.hpp"
-#include "Surfaces/Cells.hpp"
 
 namespace surfaces {
 namespace {
 
+using control::kCell;
 using foundation::AtMost;
 using foundation::Bounds;
 using foundation::JsonValue;

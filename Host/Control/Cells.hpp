@@ -3,11 +3,11 @@
 
 #include "Foundation/JsonMembers.hpp"
 
-namespace surfaces {
+namespace control {
 
 inline constexpr int kMaximumCell = 999;
 
 /// A row or column in JSON.
 inline constexpr foundation::Bounds kCell{.least = 0, .most = kMaximumCell};
 
-}  // namespace surfaces
+}  // namespace control

@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include <chrono>
+#include <ostream>
 #include <thread>
 #include <vector>
 
@@ -87,6 +88,9 @@ struct UnusableRow {
   const char* name;
   std::string content;
 };
+void PrintTo(const UnusableRow& unusableRow, std::ostream* out) {
+  *out << unusableRow.name;
+}
 
 class UserDefaultsUnusableFile : public UserDefaultsTest,
                                  public testing::WithParamInterface<UnusableRow> {};

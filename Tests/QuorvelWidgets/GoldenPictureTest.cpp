@@ -71,6 +71,9 @@ struct Scene {
   RenderingMode mode = RenderingMode::fullColor;
   bool isHidden = false;
 };
+void PrintTo(const Scene& scene, std::ostream* out) {
+  *out << scene.name;
+}
 
 const Scene kScenes[] = {
     {.name = "accent-light"},

@@ -300,7 +300,7 @@ TEST(SpentGauge, DrawsNoProgressOfNothing) {
 // ---- privacy
 
 /// 7391.42 of 9876.54 spent: 75 %; 2485.12 left, 248.512 per day.
-WidgetSnapshot secretSnapshot(const char* periodEnd) {
+WidgetSnapshot secretSnapshot(const std::string& periodEnd) {
   WidgetSnapshot snapshot = testsupport::snapshotWith(
       testsupport::budgetOf(9876.54, 7391.42, periodEnd, kTwentyDaysBefore));
   snapshot.money.showDecimals = true;
@@ -313,7 +313,18 @@ std::string everythingIn(const View& view) {
   return dump(view) + writer.take();
 }
 
-using Privacy = std::tuple<SafeToSpendStyle, WidgetFamily, bool, const char*>;
+using Privacy = std::tuple<SafeToSpendStyle, WidgetFamily, bool, std::string>;
+
+/// "ring_systemSmall_byHost_20250314".
+std::string privacyName(const ::testing::TestParamInfo<Privacy>& info) {
+  const auto& [style, family, byHost, periodEnd] = info.param;
+  std::string name = style == SafeToSpendStyle::ring ? "ring_" : "accent_";
+  name += nameOf(family);
+  name += byHost ? "_byHost_" : "_byApplication_";
+  for (const char c : periodEnd) name += c == '-' ? "" : std::string{c};
+  return name;
+}
+
 class SafeToSpendPrivacy : public ::testing::TestWithParam<Privacy> {};
 
 TEST_P(SafeToSpendPrivacy, LeavesNoDigitOfAnAmountOrPercentage) {
@@ -340,7 +351,8 @@ INSTANTIATE_TEST_SUITE_P(EveryLayout,
                                                               SafeToSpendStyle::ring),
                                             ::testing::ValuesIn(widgetruntime::kAllFamilies),
                                             ::testing::Bool(),
-                                            ::testing::Values(kTenDaysAfter, kToday)));
+                                            ::testing::Values(kTenDaysAfter, kToday)),
+                         privacyName);
 
 TEST(SafeToSpendView, TheApplicationsFlagAndTheHostsRedactionLookTheSame) {
   for (const WidgetFamily family : widgetruntime::kAllFamilies) {

@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <ostream>
 #include <string>
 
 #include "Resident/Placements.hpp"
@@ -78,6 +79,9 @@ struct Broken {
   std::string text;
   const char* says;
 };
+void PrintTo(const Broken& broken, std::ostream* out) {
+  *out << broken.name;
+}
 
 class BrokenPlacements : public ::testing::TestWithParam<Broken> {};
 

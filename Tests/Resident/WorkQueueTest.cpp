@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <map>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -71,6 +72,9 @@ struct Rate {
   int period;
   int duration;
 };
+void PrintTo(const Rate& rate, std::ostream* out) {
+  *out << rate.period << " of " << rate.duration;
+}
 
 class WorkQueueRate : public ::testing::TestWithParam<Rate> {};
 

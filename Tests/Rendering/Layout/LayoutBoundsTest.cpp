@@ -4,6 +4,7 @@
 
 #include <chrono>
 #include <functional>
+#include <ostream>
 
 #include "PlacedNodes.hpp"
 #include "Rendering/Layout/LayoutItems.hpp"
@@ -59,6 +60,9 @@ struct Shape {
   const char* name;
   Level level;
 };
+void PrintTo(const Shape& shape, std::ostream* out) {
+  *out << shape.name;
+}
 
 std::vector<Shape> shapesOfFrames() {
   return {

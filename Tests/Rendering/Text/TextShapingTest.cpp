@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <ostream>
 #include <random>
 #include <set>
 #include <string>
@@ -54,6 +55,9 @@ struct LanguageRow {
   const char* text;
   std::set<std::string> files;
 };
+void PrintTo(const LanguageRow& languageRow, std::ostream* out) {
+  *out << languageRow.language;
+}
 
 class TextShapingLanguages : public TextShaping, public testing::WithParamInterface<LanguageRow> {};
 

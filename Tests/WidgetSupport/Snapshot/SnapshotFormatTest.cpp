@@ -1,6 +1,8 @@
 // What the document's keys mean, which must be there, and what rejects it.
 #include <gtest/gtest.h>
 
+#include <ostream>
+
 #include "QuorvelWidgets/WidgetSupport/Snapshot/WidgetSnapshot.hpp"
 #include "SnapshotFixtures.hpp"
 
@@ -190,6 +192,9 @@ struct Key {
   const char* name;
   bool required;
 };
+void PrintTo(const Key& key, std::ostream* out) {
+  *out << key.record << " " << key.name;
+}
 
 constexpr Key kKeys[] = {
     {"", "generatedAt", true},

@@ -1,6 +1,8 @@
 // When the widgets are drawn again, and what each of the host's three questions is answered with.
 #include <gtest/gtest.h>
 
+#include <ostream>
+
 #include "Foundation/Bundle.hpp"
 #include "Foundation/FileManager.hpp"
 #include "QuorvelWidgets/WidgetSupport/Snapshot/SnapshotProvider.hpp"
@@ -19,6 +21,9 @@ struct Refresh {
   const char* now;
   const char* expected;
 };
+void PrintTo(const Refresh& refresh, std::ostream* out) {
+  *out << refresh.name;
+}
 
 class SnapshotTimelineRefresh : public testing::TestWithParam<Refresh> {};
 

@@ -23,10 +23,18 @@ using testsupport::contentsOf;
 
 TEST_F(HostTest, PlacesAndDrawsOneOfEachWidget) {
   startLive();
-  for (const char* id : {"w1", "w2", "w3", "w4", "w5"}) {
+  const foundation::JsonValue status = host.ask("status");
+  std::set<std::string> kinds;
+  for (const foundation::JsonValue& placement : *status.member("placements")->array()) {
+    const std::string& id = *placement.member("id")->string();
     EXPECT_THAT(host.picture(id), ::testing::StartsWith("\x89PNG")) << id;
     EXPECT_NE(host.textOf(id, "nextReload"), "") << id;
+    kinds.insert(*placement.member("kind")->string());
   }
+  EXPECT_THAT(
+      kinds,
+      ::testing::IsSupersetOf({"card-limit", "due", "net-worth", "safe-to-spend", "spending"}));
+  EXPECT_EQ(kinds.size(), status.member("placements")->array()->size());
   EXPECT_EQ(host.textOf("w4", "kind"), "safe-to-spend");
   EXPECT_EQ(host.log(), "");
 }

@@ -1,6 +1,7 @@
 // The files of the source tree.
 #pragma once
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <initializer_list>

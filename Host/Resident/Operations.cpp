@@ -47,7 +47,7 @@ void Operations::handle(ControlServer::Client client,
                         ControlServer::Reply reply) {
   if (method == "status") return reply(status());
   if (method == "board") return reply(board());
-  const auto takes = [&]<class Request>(Request, const auto& act) {
+  const auto takes = [&]<class Request>(const Request&, const auto& act) {
     if (method != Request::kMethod) return false;
     if (const auto request = control::read<Request>(parameters)) {
       act(*request);

@@ -121,7 +121,7 @@ class PlacementsReader : public foundation::JsonRecordReader<PlacementsReader, M
   bool checkIds(Placements& all) {
     std::set<std::uint32_t> numbers{0};
     for (std::size_t i = 0; i < all.placements.size(); ++i) {
-      const bool isNew = numbers.insert(*numberOf(all.placements[i].id)).second;
+      const bool isNew = numbers.insert(numberOf(all.placements[i].id).value_or(0)).second;
       if (isNew) continue;
       failAt("id", "used twice");
       at(i);

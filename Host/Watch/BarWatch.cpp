@@ -131,10 +131,12 @@ Result BarWatch::wait() {
 
 Result BarWatch::readMessages() {
   for (;;) {
-    auto message = client_->next();
+    if (!client_) return lose();
+    const auto message = client_->next();
     if (!message) return lose();
-    if (!*message) return {};
-    const control::Message& said = **message;
+    const std::optional<control::Message>& next = *message;
+    if (!next) return {};
+    const control::Message& said = *next;
     if (said.id && !said.error.empty()) {
       if (said.id == watching_) return std::unexpected(said.error);
       std::ignore = foundation::writeAll(

@@ -34,7 +34,7 @@ View face(const CardLimitContent& content, const WidgetSnapshot::Card& card) {
                             .padding({.top = 8, .leading = 10, .trailing = 10}),
                         Alignment::topLeading);
   }
-  if (!number.empty()) {
+  if (weakestText && !number.empty()) {
     const View digits = Text{"•• " + number}
                             .font(9.5, FontWeight::semibold)
                             .tracking(1)

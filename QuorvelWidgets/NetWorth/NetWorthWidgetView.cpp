@@ -28,8 +28,9 @@ View layout(const NetWorthContent& content, WidgetFamily family) {
 View NetWorthWidgetView::body() const {
   const WidgetScaffold scaffold = this->scaffold();
   if (!snapshot) return scaffold.root(scaffold.message(kNoSnapshot));
-  if (!snapshot->netWorth) return scaffold.root(scaffold.message(kNoNetWorth));
-  const NetWorthContent content{{context()}, *snapshot->netWorth};
+  const auto& netWorth = snapshot->netWorth;
+  if (!netWorth) return scaffold.root(scaffold.message(kNoNetWorth));
+  const NetWorthContent content{{context()}, *netWorth};
   const View shown = layout(content, environment.familyInForce());
   return scaffold.root(scaffold.onBackdrop(shown.foregroundStyle(content.colors.text())));
 }

@@ -4,7 +4,7 @@ namespace quorvel {
 
 EffectiveSnapshot::EffectiveSnapshot(const std::optional<WidgetSnapshot>& document,
                                      const widgetruntime::Environment& environment)
-    : document_(document) {
+    : document_(document ? &*document : nullptr) {
   if (!document || document->isHidden || !environment.redactionReasons.privacy) return;
   hidden_ = *document;
   hidden_->isHidden = true;

@@ -18,12 +18,12 @@ class EffectiveSnapshot {
                     const widgetruntime::Environment& environment);
 
   /// Whether there is a document.
-  explicit operator bool() const { return document_.has_value(); }
+  explicit operator bool() const { return document_ != nullptr; }
   [[nodiscard]] const WidgetSnapshot& operator*() const { return hidden_ ? *hidden_ : *document_; }
   [[nodiscard]] const WidgetSnapshot* operator->() const { return &**this; }
 
  private:
-  const std::optional<WidgetSnapshot>& document_;
+  const WidgetSnapshot* document_;
   std::optional<WidgetSnapshot> hidden_;
 };
 

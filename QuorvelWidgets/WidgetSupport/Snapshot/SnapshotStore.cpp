@@ -20,12 +20,12 @@ struct SnapshotStore::State {
   const std::optional<std::string> snapshotFile;
 
   std::once_flag groupOnce;
-  std::optional<AppGroup> group;
+  std::unique_ptr<const AppGroup> group;
   std::once_flag sampleOnce;
   WidgetSnapshot sample;
 
   const AppGroup& resolvedGroup() {
-    std::call_once(groupOnce, [this] { group.emplace(bundle); });
+    std::call_once(groupOnce, [this] { group = std::make_unique<const AppGroup>(bundle); });
     return *group;
   }
 };

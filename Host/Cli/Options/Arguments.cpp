@@ -44,27 +44,21 @@ void describeRender(CLI::App& app, Options& options) {
 
 void describeSheet(CLI::App& app, Options& options) {
   app.add_option("KIND", options.kinds, "These kinds only");
-  const std::string axes = "Axes";
-  app.add_flag("--states",
-               options.axes.states,
-               "Also amounts hidden by the application and by the host, placeholder, no data, no "
-               "document")
-      ->group(axes);
-  app.add_flag("--extremes",
-               options.axes.extremes,
-               "Also long and foreign names, huge and tiny amounts, one and nine cards, first and "
-               "last days of a month")
-      ->group(axes);
-  app.add_flag("--modes", options.axes.modes, "Also without background, accented and vibrant")
-      ->group(axes);
-  app.add_flag("--accessories",
-               options.axes.accessories,
-               "Also accessory families with a layout of their own")
-      ->group(axes);
-  app.add_flag("--components", options.axes.components, "Also the parts that widgets share")
-      ->group(axes);
-  app.add_flag("--presets", options.axes.presets, "Also the compact and stress sizes")
-      ->group("Axes");
+  const auto addAxis = [&](const char* flag, bool& axis, const char* also) {
+    app.add_flag(flag, axis, std::string("Also ") + also)->group("Axes");
+  };
+  addAxis("--states",
+          options.axes.states,
+          "amounts hidden by the application and by the host, placeholder, no data, no document");
+  addAxis("--extremes",
+          options.axes.extremes,
+          "long and foreign names, huge and tiny amounts, one and nine cards, first and last days "
+          "of a month");
+  addAxis("--modes", options.axes.modes, "without background, accented and vibrant");
+  addAxis(
+      "--accessories", options.axes.accessories, "accessory families with a layout of their own");
+  addAxis("--components", options.axes.components, "the parts that widgets share");
+  addAxis("--presets", options.axes.presets, "the compact and stress sizes");
   addLanguages(app, options.axes.languages, "Each of these: de,ja,ar; or all", "Axes");
   addFamily(app, options.picture);
   addConfiguration(app, options.picture);

@@ -46,8 +46,9 @@ class PixelSource {
   [[nodiscard]] std::uint32_t color() const { return color_; }
   [[nodiscard]] std::uint32_t at(int x, int y) const {
     const double t = (x + 0.5) * stepX_ + (y + 0.5) * stepY_ + start_;
+    constexpr double kToNearest = 0.5;
     const double within = std::min(t > 0 ? t : 0, static_cast<double>(kLast));
-    return table_[static_cast<std::size_t>(within + 0.5)];
+    return table_[static_cast<std::size_t>(within + kToNearest)];
   }
 
  private:

@@ -270,7 +270,8 @@ TEST_F(NarrowScreen, TheAverageLeavesBeforeTheStatisticsAreTooSmallToRead) {
     for (const FoundText& text : testsupport::find(tree).texts) {
       const auto& element = text.element();
       if (element.size == 11 && element.text != "Top category") labels.push_back(element.text);
-      if (element.size == 13.5) EXPECT_GE(text.node->text->scale, 0.75) << element.text;
+      if (element.size != 13.5) continue;
+      EXPECT_GE(text.node->text->scale, 0.75) << element.text;
     }
     return labels;
   };

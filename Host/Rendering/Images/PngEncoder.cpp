@@ -56,10 +56,10 @@ class TokenWriter {
   void writePixels(BitWriter& bits, const std::uint32_t* pixels, std::uint32_t count) const {
     for (std::uint32_t i = 0; i < count; ++i) {
       const StraightPixel pixel = straight(pixels[i]);
-      deflate::Bits bytes = codes_.literal((pixel >> 16) & 255)
-                                .then(codes_.literal((pixel >> 8) & 255))
-                                .then(codes_.literal(pixel & 255));
-      bytes.writeTo(bits);
+      const deflate::Bits colors = codes_.literal((pixel >> 16) & 255)
+                                       .then(codes_.literal((pixel >> 8) & 255))
+                                       .then(codes_.literal(pixel & 255));
+      colors.writeTo(bits);
       if (channels_ == 4) codes_.literal(pixel >> 24).writeTo(bits);
     }
   }

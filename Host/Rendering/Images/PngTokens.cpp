@@ -3,7 +3,6 @@
 #include <libdeflate.h>
 
 #include <algorithm>
-#include <bit>
 #include <cstring>
 
 namespace rendering {

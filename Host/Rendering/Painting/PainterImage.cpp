@@ -53,12 +53,12 @@ std::uint32_t grey(std::uint32_t pixel) {
 }
 
 std::uint32_t colored(const DrawImage& command, std::uint32_t tint, std::uint32_t pixel) {
-  constexpr auto kInk = static_cast<std::uint32_t>(DrawImage::kInk * 255 + 0.5);
+  const auto ink = static_cast<std::uint32_t>(std::lround(DrawImage::kInk * 255));
   switch (command.colors) {
     case DrawImage::Colors::grey:
       return grey(pixel);
     case DrawImage::Colors::inked:
-      return mix(grey(pixel), scalePixel(tint, pixel >> 24), kInk);
+      return mix(grey(pixel), scalePixel(tint, pixel >> 24), ink);
     case DrawImage::Colors::tinted:
       return scalePixel(tint, pixel >> 24);
     case DrawImage::Colors::own:

@@ -12,9 +12,9 @@ Result<std::string> controlSocket(const Program& program) {
   return paths.socket();
 }
 
-Result<foundation::JsonValue> askHost(const Program& program,
-                                      std::string_view method,
-                                      std::string_view parametersJson) {
+Result<foundation::JsonDocument> askHost(const Program& program,
+                                         std::string_view method,
+                                         std::string_view parametersJson) {
   const auto socket = controlSocket(program);
   if (!socket) return std::unexpected(socket.error());
   auto client = control::Client::connect(*socket);
@@ -23,11 +23,6 @@ Result<foundation::JsonValue> askHost(const Program& program,
   auto result = client->call(method, parametersJson);
   if (!result) return refused(result.error().line);
   return *std::move(result);
-}
-
-std::string textIn(const foundation::JsonValue& json, std::string_view key) {
-  const foundation::JsonValue* value = json.member(key);
-  return value != nullptr && value->string() != nullptr ? *value->string() : std::string{};
 }
 
 }  // namespace cli

@@ -19,11 +19,8 @@ inline constexpr std::string_view kStartAdvice =
     "`quorvel-hostd &` where there is no systemd";
 
 /// One request and its result.
-[[nodiscard]] Result<foundation::JsonValue> askHost(const Program& program,
-                                                    std::string_view method,
-                                                    std::string_view parametersJson);
-
-/// A member's text; empty without one.
-[[nodiscard]] std::string textIn(const foundation::JsonValue& json, std::string_view key);
+[[nodiscard]] Result<foundation::JsonDocument> askHost(const Program& program,
+                                                       std::string_view method,
+                                                       std::string_view parametersJson);
 
 }  // namespace cli

@@ -17,7 +17,7 @@ namespace control {
 namespace {
 
 using foundation::FileDescriptor;
-using foundation::JsonValue;
+using foundation::JsonDocument;
 
 std::unexpected<ClientError> failed(std::string line) {
   return std::unexpected(ClientError{false, std::move(line)});
@@ -98,9 +98,9 @@ ClientResult<std::optional<Message>> Client::next() {
   return *std::move(message);
 }
 
-ClientResult<JsonValue> Client::call(std::string_view method,
-                                     std::string_view parametersJson,
-                                     std::chrono::milliseconds deadline) {
+ClientResult<JsonDocument> Client::call(std::string_view method,
+                                        std::string_view parametersJson,
+                                        std::chrono::milliseconds deadline) {
   using Clock = std::chrono::steady_clock;
   const auto until = Clock::now() + deadline;
   const auto id = send(method, parametersJson);

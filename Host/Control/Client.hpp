@@ -23,10 +23,10 @@ using ClientResult = std::expected<T, ClientError>;
 
 /// What the host says of itself, unasked or as an answer.
 struct Message {
-  std::optional<std::int64_t> id;  ///< of an answer
-  std::string method;              ///< of a notification
-  foundation::JsonValue content;   ///< result or parameters
-  std::string error;               ///< instead of a result; one line
+  std::optional<std::int64_t> id;    ///< of an answer
+  std::string method;                ///< of a notification
+  foundation::JsonDocument content;  ///< result or parameters
+  std::string error;                 ///< instead of a result; one line
 };
 
 class Client {
@@ -34,7 +34,7 @@ class Client {
   [[nodiscard]] static ClientResult<Client> connect(const std::string& socket);
 
   /// The result; notifications before it are dropped.
-  [[nodiscard]] ClientResult<foundation::JsonValue> call(
+  [[nodiscard]] ClientResult<foundation::JsonDocument> call(
       std::string_view method,
       std::string_view parametersJson,
       std::chrono::milliseconds deadline = std::chrono::seconds{15});

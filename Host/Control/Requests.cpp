@@ -100,7 +100,7 @@ std::string encode(const Request& request) {
 
 template <class Request>
 std::expected<Request, std::string> read(const JsonValue& parameters) {
-  if (parameters.isNull()) return read<Request>(*foundation::parseJson("{}"));
+  if (parameters.isNull()) return read<Request>(JsonValue{JsonValue::Object{}});
   RequestReader reader;
   Request request;
   if (!reader.read(parameters, request)) return std::unexpected(reader.failure());

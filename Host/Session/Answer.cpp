@@ -10,7 +10,7 @@
 
 namespace session {
 
-Result<foundation::JsonValue> readResult(std::string_view bytes, std::int64_t id) {
+Result<foundation::JsonDocument> readResult(std::string_view bytes, std::int64_t id) {
   auto answer = widgetruntime::readAnswer(bytes);
   if (!answer) {
     return std::unexpected(

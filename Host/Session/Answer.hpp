@@ -11,6 +11,6 @@ namespace session {
 
 /// `malformed` when the bytes are no answer to the request of that id, `refused` when they are an
 /// error.
-[[nodiscard]] Result<foundation::JsonValue> readResult(std::string_view bytes, std::int64_t id);
+[[nodiscard]] Result<foundation::JsonDocument> readResult(std::string_view bytes, std::int64_t id);
 
 }  // namespace session

@@ -26,7 +26,7 @@
 namespace session {
 
 using Clock = std::chrono::steady_clock;
-using foundation::JsonValue;
+using foundation::JsonDocument;
 using foundation::wouldBlock;
 using Kind = SessionError::Kind;
 
@@ -102,14 +102,14 @@ struct ChildProcess::State {
   };
 
   [[nodiscard]] bool isRunning();
-  [[nodiscard]] Result<JsonValue> call(std::string_view method,
-                                       std::string_view parametersJson,
-                                       std::chrono::milliseconds deadline);
+  [[nodiscard]] Result<JsonDocument> call(std::string_view method,
+                                          std::string_view parametersJson,
+                                          std::chrono::milliseconds deadline);
   /// Nothing when the time is over.
-  std::optional<Result<JsonValue>> run(Exchange& exchange, Clock::time_point until);
+  std::optional<Result<JsonDocument>> run(Exchange& exchange, Clock::time_point until);
   std::optional<SessionError> writeRequest(Exchange& exchange);
   std::optional<SessionError> readErrors(Exchange& exchange);
-  std::optional<Result<JsonValue>> readAnswer(const Exchange& exchange);
+  std::optional<Result<JsonDocument>> readAnswer(const Exchange& exchange);
   [[nodiscard]] SessionError ended(std::string_view event);
   /// The status of the leader, when there was a child.
   std::optional<int> kill();
@@ -164,7 +164,7 @@ std::optional<SessionError> ChildProcess::State::readErrors(Exchange& exchange) 
                       fmt::format("more than {} bytes of error output", kMaximumErrorOutput)};
 }
 
-std::optional<Result<JsonValue>> ChildProcess::State::readAnswer(const Exchange& exchange) {
+std::optional<Result<JsonDocument>> ChildProcess::State::readAnswer(const Exchange& exchange) {
   const auto malformed = [](std::string message) {
     return std::unexpected(SessionError{Kind::malformed, std::move(message)});
   };
@@ -183,8 +183,8 @@ std::optional<Result<JsonValue>> ChildProcess::State::readAnswer(const Exchange&
   return readResult(*message, exchange.id);
 }
 
-std::optional<Result<JsonValue>> ChildProcess::State::run(Exchange& exchange,
-                                                          Clock::time_point until) {
+std::optional<Result<JsonDocument>> ChildProcess::State::run(Exchange& exchange,
+                                                             Clock::time_point until) {
   do {
     const bool hasOutgoing = exchange.written < exchange.outgoing.size();
     const short wanted = hasOutgoing ? POLLOUT : 0;
@@ -222,9 +222,9 @@ bool ChildProcess::State::isRunning() {
   return false;
 }
 
-Result<JsonValue> ChildProcess::State::call(std::string_view method,
-                                            std::string_view parametersJson,
-                                            std::chrono::milliseconds deadline) {
+Result<JsonDocument> ChildProcess::State::call(std::string_view method,
+                                               std::string_view parametersJson,
+                                               std::chrono::milliseconds deadline) {
   const auto until = Clock::now() + deadline;
   if (process.id == 0) return std::unexpected(SessionError{Kind::notStarted, "not running"});
   Exchange exchange{++lastId, widgetruntime::writeRequest(lastId, method, parametersJson)};
@@ -275,9 +275,9 @@ bool ChildProcess::isRunning() {
   return state_->isRunning();
 }
 
-Result<JsonValue> ChildProcess::call(std::string_view method,
-                                     std::string_view parametersJson,
-                                     std::chrono::milliseconds deadline) {
+Result<JsonDocument> ChildProcess::call(std::string_view method,
+                                        std::string_view parametersJson,
+                                        std::chrono::milliseconds deadline) {
   auto result = state_->call(method, parametersJson, deadline);
   if (!result) {
     const std::string_view program = state_->options.program;

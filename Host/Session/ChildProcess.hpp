@@ -40,9 +40,9 @@ class ChildProcess : public Transport {
 
   [[nodiscard]] Result<void> start() override;
   [[nodiscard]] bool isRunning() override;
-  [[nodiscard]] Result<foundation::JsonValue> call(std::string_view method,
-                                                   std::string_view parametersJson,
-                                                   std::chrono::milliseconds deadline) override;
+  [[nodiscard]] Result<foundation::JsonDocument> call(std::string_view method,
+                                                      std::string_view parametersJson,
+                                                      std::chrono::milliseconds deadline) override;
   [[nodiscard]] std::string diagnostics() const override;
 
   /// Kills the child and all that it has started, and reaps it. Harmless without a child.

@@ -14,9 +14,9 @@ Result<void> InProcess::start() {
   return {};
 }
 
-Result<foundation::JsonValue> InProcess::call(std::string_view method,
-                                              std::string_view parametersJson,
-                                              std::chrono::milliseconds /*deadline*/) {
+Result<foundation::JsonDocument> InProcess::call(std::string_view method,
+                                                 std::string_view parametersJson,
+                                                 std::chrono::milliseconds /*deadline*/) {
   if (!handler_) {
     return std::unexpected(SessionError{SessionError::Kind::notStarted, "not started"});
   }

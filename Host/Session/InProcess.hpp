@@ -20,9 +20,9 @@ class InProcess : public Transport {
 
   [[nodiscard]] Result<void> start() override;
   [[nodiscard]] bool isRunning() override { return handler_ != nullptr; }
-  [[nodiscard]] Result<foundation::JsonValue> call(std::string_view method,
-                                                   std::string_view parametersJson,
-                                                   std::chrono::milliseconds deadline) override;
+  [[nodiscard]] Result<foundation::JsonDocument> call(std::string_view method,
+                                                      std::string_view parametersJson,
+                                                      std::chrono::milliseconds deadline) override;
 
  private:
   std::function<Handler()> connect_;

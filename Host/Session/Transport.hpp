@@ -24,9 +24,10 @@ class Transport {
   [[nodiscard]] virtual bool isRunning() = 0;
 
   /// The answer's result. After an error other than `refused` the extension may have been stopped.
-  [[nodiscard]] virtual Result<foundation::JsonValue> call(std::string_view method,
-                                                           std::string_view parametersJson,
-                                                           std::chrono::milliseconds deadline) = 0;
+  [[nodiscard]] virtual Result<foundation::JsonDocument> call(
+      std::string_view method,
+      std::string_view parametersJson,
+      std::chrono::milliseconds deadline) = 0;
 
   /// What the extension has said on its error stream, its last bytes only, without control
   /// characters.

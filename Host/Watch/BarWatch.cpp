@@ -28,21 +28,16 @@ constexpr int kLeftButton = 1;
 constexpr int kRightButton = 3;
 constexpr int kPause = 1000;  // milliseconds
 
-std::string textIn(const JsonValue& json, std::string_view key) {
-  const JsonValue* value = json.member(key);
-  return value != nullptr && value->string() != nullptr ? *value->string() : std::string{};
-}
-
 BarLine lineFrom(const JsonValue& json) {
   JsonWriter whole;
   json.write(whole);
   const JsonValue* hidden = json.member("hidden");
-  return {.kind = textIn(json, "kind"),
-          .text = textIn(json, "text"),
-          .state = textIn(json, "state"),
-          .tooltip = textIn(json, "tooltip"),
-          .status = textIn(json, "status"),
-          .reason = textIn(json, "reason"),
+  return {.kind = json.textOf("kind"),
+          .text = json.textOf("text"),
+          .state = json.textOf("state"),
+          .tooltip = json.textOf("tooltip"),
+          .status = json.textOf("status"),
+          .reason = json.textOf("reason"),
           .isHidden = hidden != nullptr && hidden->boolean() != nullptr && *hidden->boolean(),
           .json = whole.take()};
 }

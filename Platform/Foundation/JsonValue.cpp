@@ -2,7 +2,7 @@
 #include "Foundation/JsonValue.hpp"
 
 #include <algorithm>
-#include <iterator>
+#include <vector>
 
 #include "Foundation/JsonScanner.hpp"
 #include "Foundation/Overloaded.hpp"
@@ -11,37 +11,48 @@ namespace foundation {
 namespace {
 
 /// Elements and members gather on one stack each, and leave it when their value is complete: an
-/// array or object takes one piece of memory of its own size.
+/// array or object takes one piece of the document's memory, of its own size.
 class ValueReader {
  public:
-  explicit ValueReader(JsonScanner& scanner) : scanner_(scanner) {}
+  ValueReader(JsonScanner& scanner, std::pmr::memory_resource& memory)
+      : scanner_(scanner), memory_(memory) {}
 
   [[nodiscard]] JsonValue value();
 
  private:
   [[nodiscard]] JsonValue array();
   [[nodiscard]] JsonValue object();
+  [[nodiscard]] std::string_view kept(std::string_view text);
 
   /// What was put on the stack since it was `size` long.
   template <class Item>
-  static std::vector<Item> takenFrom(std::vector<Item>& stack, std::size_t size) {
-    const auto first = stack.begin() + static_cast<std::ptrdiff_t>(size);
-    std::vector<Item> items(std::make_move_iterator(first), std::make_move_iterator(stack.end()));
-    stack.erase(first, stack.end());
-    return items;
+  JsonValue::List<Item> takenFrom(std::vector<Item>& stack, std::size_t size) {
+    const std::size_t count = stack.size() - size;
+    auto* items = static_cast<Item*>(memory_.allocate(count * sizeof(Item), alignof(Item)));
+    std::uninitialized_copy_n(stack.data() + size, count, items);
+    stack.resize(size);
+    return {items, count};
   }
 
   JsonScanner& scanner_;
-  JsonValue::Array elements_;
-  JsonValue::Object members_;
+  std::pmr::memory_resource& memory_;
+  std::vector<JsonValue> elements_;
+  std::vector<JsonValue::Member> members_;
+  std::string text_;
 };
+
+std::string_view ValueReader::kept(std::string_view text) {
+  auto* bytes = static_cast<char*>(memory_.allocate(text.size(), 1));
+  std::ranges::copy(text, bytes);
+  return {bytes, text.size()};
+}
 
 JsonValue ValueReader::array() {
   if (!scanner_.open()) return {};
   const std::size_t size = elements_.size();
   JsonScanner::Descent array(scanner_);
   while (scanner_.nextElement(array)) elements_.push_back(value());
-  return takenFrom(elements_, size);
+  return JsonValue{takenFrom(elements_, size)};
 }
 
 JsonValue ValueReader::object() {
@@ -49,10 +60,10 @@ JsonValue ValueReader::object() {
   const std::size_t size = members_.size();
   JsonScanner::Descent object(scanner_);
   while (scanner_.nextMember(object)) {
-    std::string key(object.key());
-    members_.emplace_back(std::move(key), value());
+    const std::string_view key = kept(object.key());
+    members_.emplace_back(key, value());
   }
-  return takenFrom(members_, size);
+  return JsonValue{takenFrom(members_, size)};
 }
 
 JsonValue ValueReader::value() {
@@ -63,14 +74,13 @@ JsonValue ValueReader::value() {
       return array();
     case 't':
       scanner_.literal("true");
-      return true;
+      return JsonValue{true};
     case 'f':
       scanner_.literal("false");
-      return false;
+      return JsonValue{false};
     case '"': {
-      std::string text;
-      scanner_.string(text);
-      return text;
+      scanner_.string(text_);
+      return JsonValue{kept(text_)};
     }
     case '-':
     case '0':
@@ -85,11 +95,11 @@ JsonValue ValueReader::value() {
     case '9': {
       double number = 0;
       scanner_.number(number);
-      return number;
+      return JsonValue{number};
     }
     default:
       scanner_.skipValue();
-      return nullptr;
+      return {};
   }
 }
 
@@ -98,36 +108,61 @@ JsonValue ValueReader::value() {
 const JsonValue* JsonValue::member(std::string_view key) const {
   const Object* members = object();
   if (members == nullptr) return nullptr;
-  const auto found = std::ranges::find(*members, key, &Object::value_type::first);
+  const auto* found = std::ranges::find(*members, key, &Member::first);
   return found == members->end() ? nullptr : &found->second;
 }
 
-void JsonValue::write(JsonWriter& writer) const {
-  std::visit(
-      Overloaded{[&](std::monostate) { writer.null(); },
-                 [&](const OneOf<bool, double, std::string> auto& plain) { writer.value(plain); },
-                 [&](const Array& elements) {
-                   writer.beginArray();
-                   for (const JsonValue& element : elements) element.write(writer);
-                   writer.endArray();
-                 },
-                 [&](const Object& members) {
-                   writer.beginObject();
-                   for (const auto& [key, value] : members) value.write(writer.key(key));
-                   writer.endObject();
-                 }},
-      value_);
+bool operator==(const JsonValue& a, const JsonValue& b) {
+  if (const auto* elements = a.array()) {
+    return b.array() != nullptr && std::ranges::equal(*elements, *b.array());
+  }
+  if (const auto* members = a.object()) {
+    return b.object() != nullptr && std::ranges::equal(*members, *b.object());
+  }
+  if (const auto* number = a.number()) return b.number() != nullptr && *number == *b.number();
+  if (const auto* text = a.string()) return b.string() != nullptr && *text == *b.string();
+  if (const auto* flag = a.boolean()) return b.boolean() != nullptr && *flag == *b.boolean();
+  return b.isNull();
 }
 
-std::expected<JsonValue, JsonProblem> parseJson(std::string_view text,
-                                                std::size_t maximumDepth,
-                                                std::size_t maximumString) {
+std::string JsonValue::textOf(std::string_view key) const {
+  const JsonValue* value = member(key);
+  if (value == nullptr || value->string() == nullptr) return {};
+  return std::string(*value->string());
+}
+
+void JsonValue::write(JsonWriter& writer) const {
+  std::visit(Overloaded{[&](std::monostate) { writer.null(); },
+                        [&](const OneOf<bool, double, std::string_view> auto& plain) {
+                          writer.value(plain);
+                        },
+                        [&](const Array& elements) {
+                          writer.beginArray();
+                          for (const JsonValue& element : elements) element.write(writer);
+                          writer.endArray();
+                        },
+                        [&](const Object& members) {
+                          writer.beginObject();
+                          for (const auto& [key, value] : members) value.write(writer.key(key));
+                          writer.endObject();
+                        }},
+             value_);
+}
+
+std::expected<JsonDocument, JsonProblem> parseJson(std::string_view text,
+                                                   std::size_t maximumDepth,
+                                                   std::size_t maximumString) {
+  // About what the values of a message take; a text that needs more gets more.
+  constexpr std::size_t kMemoryPerByte = 4;
+  constexpr std::size_t kMostAtFirst = std::size_t{1} << 20;
   JsonScanner scanner(text, maximumDepth, maximumString);
-  JsonValue value = ValueReader(scanner).value();
+  auto memory = std::make_unique<std::pmr::monotonic_buffer_resource>(
+      std::clamp<std::size_t>(text.size() * kMemoryPerByte, 64, kMostAtFirst));
+  const JsonValue value = ValueReader(scanner, *memory).value();
   scanner.finish();
   std::vector<JsonProblem> problems = scanner.takeProblems();
   if (!problems.empty()) return std::unexpected(std::move(problems.front()));
-  return value;
+  return JsonDocument(value, std::move(memory));
 }
 
 }  // namespace foundation

@@ -109,7 +109,7 @@ bool JsonValueReader::read(const JsonValue& json, bool& out) {
 
 bool JsonValueReader::read(const JsonValue& json, double& out, const Bounds& bounds) {
   const double* number = json.number();
-  const std::string* text = json.string();
+  const std::string_view* text = json.string();
   if (bounds.infinity && text != nullptr && *text == "infinity") {
     out = std::numeric_limits<double>::infinity();
     return true;
@@ -138,7 +138,7 @@ bool JsonValueReader::read(const JsonValue& json, std::string& out) {
 }
 
 bool JsonValueReader::read(const JsonValue& json, std::string& out, MaximumBytes most) {
-  const std::string* text = json.string();
+  const std::string_view* text = json.string();
   if (text == nullptr) return fail("expected a string");
   if (text->size() > most.bytes) {
     return fail(fmt::format("{} bytes, {} are allowed", text->size(), most.bytes));
@@ -148,7 +148,7 @@ bool JsonValueReader::read(const JsonValue& json, std::string& out, MaximumBytes
 }
 
 bool JsonValueReader::read(const JsonValue& json, Instant& out) {
-  const std::string* text = json.string();
+  const std::string_view* text = json.string();
   const auto instant = text == nullptr ? std::nullopt : parseInternetDateTime(*text);
   if (!instant) return fail("expected a date-time like 2025-03-14T09:30:00Z");
   out = *instant;
@@ -162,7 +162,7 @@ bool JsonValueReader::read(const JsonValue& json, std::map<std::string, std::str
     std::string text;
     if (value.isNull()) continue;
     if (!read(value, text)) return at(name);
-    out.try_emplace(name, std::move(text));
+    out.try_emplace(std::string(name), std::move(text));
   }
   return true;
 }

@@ -72,7 +72,7 @@ class JsonValueReader {
   bool read(const JsonValue& json, std::map<std::string, std::string>& out);
   template <NamedEnum Enum>
   bool read(const JsonValue& json, Enum& out) {
-    const std::string* name = json.string();
+    const std::string_view* name = json.string();
     const auto value = name == nullptr ? std::nullopt : named<Enum>(*name);
     if (value) out = *value;
     return value || failNames(kNames<Enum>);

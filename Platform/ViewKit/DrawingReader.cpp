@@ -104,7 +104,7 @@ bool TreeReader::read(const Json& json, Insets& out) {
 // ---- paints
 
 bool TreeReader::read(const Json& json, Color& out) {
-  const std::string* text = json.string();
+  const std::string_view* text = json.string();
   const auto color = text == nullptr ? std::nullopt : parseColor(*text);
   if (!color) return fail("expected a colour: #RRGGBB/#RRGGBB or a role, then opacities in 0...1");
   out = *color;

@@ -199,7 +199,7 @@ bool TreeReader::read(const Json& json, std::string& out, ContainerPath) {
 }
 
 bool TreeReader::read(const Json& json, Alignment& out) {
-  const std::string* name = json.string();
+  const std::string_view* name = json.string();
   const auto alignment = name == nullptr ? std::nullopt : namedAlignment(*name);
   if (!alignment) return fail("expected an alignment");
   out = *alignment;

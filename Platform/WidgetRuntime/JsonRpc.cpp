@@ -8,6 +8,7 @@
 
 namespace widgetruntime {
 
+using foundation::JsonDocument;
 using foundation::JsonValue;
 using foundation::JsonWriter;
 
@@ -19,8 +20,8 @@ constexpr std::size_t kMaximumIdText = 256;
 
 std::optional<RpcId> readId(const JsonValue& json) {
   if (json.isNull()) return RpcId{nullptr};
-  if (const std::string* text = json.string(); text && text->size() <= kMaximumIdText) {
-    return RpcId{*text};
+  if (const std::string_view* text = json.string(); text && text->size() <= kMaximumIdText) {
+    return RpcId{std::string(*text)};
   }
   const double* number = json.number();
   if (number == nullptr || std::abs(*number) > kMaximumId || *number != std::trunc(*number)) {
@@ -76,7 +77,9 @@ std::expected<RpcRequest, RpcFailure> readRequest(std::string_view text) {
     return fail(answered, RpcErrorCode::invalidRequest, "/method: expected a short string");
   }
   request.method = *name->string();
-  if (const JsonValue* parameters = json->member("params")) request.parameters = *parameters;
+  if (const JsonValue* parameters = json->member("params")) {
+    request.parameters = JsonDocument(*std::move(json), *parameters);
+  }
   return request;
 }
 
@@ -93,16 +96,17 @@ std::expected<RpcAnswer, std::string> readAnswer(std::string_view text) {
   if ((result != nullptr) == (error != nullptr)) {
     return std::unexpected("either a result or an error is expected");
   }
-  if (result != nullptr) return RpcAnswer{*id, *result};
+  if (result != nullptr) return RpcAnswer{*id, JsonDocument(*std::move(json), *result)};
   const JsonValue* code = error->member("code");
   const JsonValue* message = error->member("message");
   if (code == nullptr || code->number() == nullptr || std::abs(*code->number()) > 1e6 ||
       message == nullptr || message->string() == nullptr) {
     return std::unexpected("/error: expected code and message");
   }
-  return RpcAnswer{*id,
-                   std::unexpected(RpcError{static_cast<RpcErrorCode>(*code->number()),
-                                            message->string()->substr(0, kMaximumString)})};
+  return RpcAnswer{
+      *id,
+      std::unexpected(RpcError{static_cast<RpcErrorCode>(*code->number()),
+                               std::string(message->string()->substr(0, kMaximumString))})};
 }
 
 std::optional<RpcId> readCancelledId(const JsonValue& parameters) {

@@ -36,7 +36,7 @@ using RpcId = std::variant<std::nullptr_t, std::int64_t, std::string>;
 struct RpcRequest {
   std::optional<RpcId> id;  ///< absent: a notification
   std::string method;
-  foundation::JsonValue parameters;
+  foundation::JsonDocument parameters;
 };
 
 /// A request that could not be read, with its id as far as it was readable.
@@ -47,7 +47,7 @@ struct RpcFailure {
 
 struct RpcAnswer {
   RpcId id;
-  std::expected<foundation::JsonValue, RpcError> result;
+  std::expected<foundation::JsonDocument, RpcError> result;
 };
 
 [[nodiscard]] std::expected<RpcRequest, RpcFailure> readRequest(std::string_view text);

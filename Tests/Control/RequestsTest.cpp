@@ -6,8 +6,8 @@
 namespace control {
 namespace {
 
-foundation::JsonValue json(std::string_view text) {
-  return foundation::parseJson(text).value_or(nullptr);
+foundation::JsonDocument json(std::string_view text) {
+  return foundation::parseJson(text).value_or(foundation::JsonDocument{});
 }
 
 template <class Request>
@@ -41,7 +41,7 @@ TEST(ControlRequests, AreReadAsTheyWereWritten) {
 }
 
 TEST(ControlRequests, NeedNoParametersThatMayBeMissing) {
-  const auto all = read<ReloadRequest>(nullptr);
+  const auto all = read<ReloadRequest>(foundation::JsonValue{});
   ASSERT_TRUE(all) << all.error();
   EXPECT_EQ(all->target, "");
 }

@@ -25,7 +25,7 @@ TEST(JsonValue, AnyValueMayBeTheRoot) {
 }
 
 TEST(JsonValue, AccessorsAnswerNullForOtherTypes) {
-  const JsonValue value = 1;
+  const JsonValue value{1.0};
   EXPECT_EQ(value.boolean(), nullptr);
   EXPECT_EQ(value.string(), nullptr);
   EXPECT_EQ(value.array(), nullptr);

@@ -23,7 +23,7 @@ class BoardPageTest : public HostTest {
     startLive();
     const auto result = host.ask("board");
     ASSERT_NE(result.member("url"), nullptr);
-    const std::string url = *result.member("url")->string();
+    const std::string url = result.textOf("url");
     const auto end = url.find("/#");
     name_ = url.substr(7, end - 7);
     token_ = url.substr(end + 2);

@@ -22,7 +22,9 @@ namespace resident {
 
 namespace fs = std::filesystem;
 using foundation::FileDescriptor;
+using foundation::JsonDocument;
 using foundation::JsonValue;
+using foundation::JsonWriter;
 using testsupport::contentsOf;
 
 namespace {
@@ -63,12 +65,25 @@ std::vector<pid_t> childrenOf(pid_t process) {
   return children;
 }
 
-JsonValue multiplied(const JsonValue& json, int factor) {
-  if (const double* number = json.number()) return JsonValue{*number * factor};
-  if (json.object() == nullptr) return json;
-  JsonValue::Object object = *json.object();
-  for (auto& [key, value] : object) value = multiplied(value, factor);
-  return JsonValue{std::move(object)};
+/// The numbers of an object and of those in it, times the factor.
+void writeMultiplied(const JsonValue& json, int factor, JsonWriter& writer) {
+  if (const double* number = json.number()) {
+    writer.value(*number * factor);
+    return;
+  }
+  if (json.object() == nullptr) {
+    json.write(writer);
+    return;
+  }
+  writer.beginObject();
+  for (const auto& [key, value] : *json.object()) writeMultiplied(value, factor, writer.key(key));
+  writer.endObject();
+}
+
+JsonDocument failed(std::string_view line) {
+  JsonWriter writer;
+  writer.beginObject().member("error", line).endObject();
+  return *foundation::parseJson(writer.text());
 }
 
 }  // namespace
@@ -154,31 +169,29 @@ int HostProcess::stop() {
   return wait();
 }
 
-JsonValue HostProcess::ask(const std::string& method, const std::string& parameters) {
+JsonDocument HostProcess::ask(const std::string& method, const std::string& parameters) {
   if (!client_) {
     auto client = control::Client::connect(path("run/quorvel-host/control"));
-    if (!client) return JsonValue::Object{{"error", client.error().line}};
+    if (!client) return failed(client.error().line);
     client_ = *std::move(client);
   }
   auto result = client_->call(method, parameters);
   if (result) return *std::move(result);
-  return JsonValue::Object{{"error", result.error().line}};
+  return failed(result.error().line);
 }
 
-JsonValue HostProcess::placement(const std::string& id) {
-  const JsonValue status = ask("status");
+JsonDocument HostProcess::placement(const std::string& id) {
+  JsonDocument status = ask("status");
   const JsonValue* placements = status.member("placements");
   if (placements == nullptr) return {};
   for (const JsonValue& placement : *placements->array()) {
-    if (*placement.member("id")->string() == id) return placement;
+    if (placement.textOf("id") == id) return {std::move(status), placement};
   }
   return {};
 }
 
 std::string HostProcess::textOf(const std::string& id, const std::string& member) {
-  const JsonValue json = placement(id);
-  const JsonValue* value = json.member(member);
-  return value != nullptr && value->string() != nullptr ? *value->string() : std::string{};
+  return placement(id).textOf(member);
 }
 
 bool HostProcess::haveAll(const std::string& state) {
@@ -199,7 +212,7 @@ bool HostProcess::isAsking() {
 }
 
 bool HostProcess::isOfEach(const std::function<bool(const JsonValue&)>& condition) {
-  const JsonValue status = ask("status");
+  const JsonDocument status = ask("status");
   const JsonValue* placements = status.member("placements");
   return placements != nullptr && !placements->array()->empty() &&
          std::ranges::all_of(*placements->array(), condition);
@@ -236,13 +249,14 @@ std::string HostProcess::log() const {
 }
 
 std::string household(int factor) {
-  auto document = foundation::parseJson(contentsOf(QUORVEL_SOURCE_DIR "/Examples/household.json"));
-  JsonValue::Object object = *document->object();
-  for (auto& [key, value] : object) {
-    if (key == "netWorth") value = multiplied(value, factor);
+  const auto document =
+      foundation::parseJson(contentsOf(QUORVEL_SOURCE_DIR "/Examples/household.json"));
+  JsonWriter writer;
+  writer.beginObject();
+  for (const auto& [key, value] : *document->object()) {
+    writeMultiplied(value, key == "netWorth" ? factor : 1, writer.key(key));
   }
-  foundation::JsonWriter writer;
-  JsonValue{std::move(object)}.write(writer);
+  writer.endObject();
   return writer.take();
 }
 

@@ -38,9 +38,9 @@ class HostProcess {
   [[nodiscard]] pid_t id() const { return process_; }
 
   /// The result of one request; a refusal's line under "error".
-  foundation::JsonValue ask(const std::string& method, const std::string& parameters = "{}");
+  foundation::JsonDocument ask(const std::string& method, const std::string& parameters = "{}");
   /// Of the placement with that id.
-  [[nodiscard]] foundation::JsonValue placement(const std::string& id);
+  [[nodiscard]] foundation::JsonDocument placement(const std::string& id);
   [[nodiscard]] std::string textOf(const std::string& id, const std::string& member);
   /// Every placement has this state, though it may be asked again already.
   [[nodiscard]] bool haveAll(const std::string& state);

@@ -40,7 +40,7 @@ bool isGoneSoon(pid_t id) {
 }
 
 struct Outcome {
-  Result<foundation::JsonValue> result;
+  Result<foundation::JsonDocument> result;
   std::chrono::milliseconds time{};
 };
 
@@ -223,7 +223,7 @@ TEST(ChildProcess, BoundsItsMemory) {
   ChildProcess child(misbehaving("allocate"));
   const Outcome outcome = callOnce(child, 5s);
   ASSERT_TRUE(outcome.result) << outcome.result.error().message;
-  EXPECT_EQ(*outcome.result, foundation::JsonValue("refused"));
+  EXPECT_EQ(*outcome.result, foundation::JsonValue{std::string_view("refused")});
 }
 #endif
 

@@ -15,9 +15,9 @@ namespace {
 template <class Message>
 Message throughJson(const Message& message) {
   const std::string text = encode(message);
-  const auto json = foundation::parseJson(text);
+  auto json = foundation::parseJson(text);
   EXPECT_TRUE(json) << text;
-  auto result = read<Message>(json.value_or(nullptr));
+  auto result = read<Message>(std::move(json).value_or(foundation::JsonDocument{}));
   EXPECT_TRUE(result) << text << "\n" << result.error();
   return result.value_or(Message{});
 }

@@ -113,7 +113,7 @@ void examineResidentHost(Findings& findings, const Program& program) {
                       .where = socket.value_or(""),
                       .advice = status ? std::string{} : status.error().line});
   if (!status) return;
-  const std::string problem = textIn(*status, "sessionProblem");
+  const std::string problem = status->textOf("sessionProblem");
   findings.push_back({.what = "session lock",
                       .found = problem.empty(),
                       .needed = false,

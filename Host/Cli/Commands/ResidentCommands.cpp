@@ -15,6 +15,7 @@
 namespace cli {
 namespace {
 
+using foundation::JsonDocument;
 using foundation::JsonValue;
 using foundation::JsonWriter;
 
@@ -25,25 +26,25 @@ bool isTrue(const JsonValue& json, std::string_view key) {
 
 /// "spending, small, style=ring"
 std::string describe(const JsonValue& placement) {
-  std::string text = textIn(placement, "kind") + " " + textIn(placement, "family");
+  std::string text = placement.textOf("kind") + " " + placement.textOf("family");
   const JsonValue* configuration = placement.member("configuration");
   if (configuration == nullptr || configuration->object() == nullptr) return text;
   for (const auto& [name, value] : *configuration->object()) {
-    if (value.string() != nullptr) text += " " + name + "=" + *value.string();
+    if (value.string() != nullptr) text += fmt::format(" {}={}", name, *value.string());
   }
   return text;
 }
 
 std::string placementText(const JsonValue& placement) {
   std::string line = fmt::format(
-      "{:<5}{:<12}{}", textIn(placement, "id"), textIn(placement, "state"), describe(placement));
-  if (const auto asOf = textIn(placement, "asOf"); !asOf.empty()) line += ", as of " + asOf;
+      "{:<5}{:<12}{}", placement.textOf("id"), placement.textOf("state"), describe(placement));
+  if (const auto asOf = placement.textOf("asOf"); !asOf.empty()) line += ", as of " + asOf;
   line = foundation::printable(line) + "\n";
-  if (const auto next = textIn(placement, "nextReload"); !next.empty()) {
+  if (const auto next = placement.textOf("nextReload"); !next.empty()) {
     line += "     asked again " + foundation::printable(next) + "\n";
   }
-  if (const auto reason = textIn(placement, "reason"); !reason.empty()) {
-    const auto since = textIn(placement, "since");
+  if (const auto reason = placement.textOf("reason"); !reason.empty()) {
+    const auto since = placement.textOf("since");
     line += "     -> " +
             foundation::printable((since.empty() ? "" : "since " + since + ": ") + reason) + "\n";
   }
@@ -54,7 +55,9 @@ std::string joined(const JsonValue* list) {
   std::string text;
   if (list == nullptr || list->array() == nullptr) return text;
   for (const JsonValue& item : *list->array()) {
-    if (item.string() != nullptr) text += (text.empty() ? "" : ", ") + *item.string();
+    if (item.string() == nullptr) continue;
+    if (!text.empty()) text += ", ";
+    text += *item.string();
   }
   return text;
 }
@@ -68,7 +71,7 @@ std::string hiddenText(const JsonValue& json, std::string_view because) {
 
 std::string statusText(const JsonValue& status) {
   std::string text;
-  if (const auto problem = textIn(status, "problem"); !problem.empty()) {
+  if (const auto problem = status.textOf("problem"); !problem.empty()) {
     text += "the extension does not start: " + foundation::printable(problem) + "\n";
   }
   text += hiddenText(status, "hiddenBecause");
@@ -84,7 +87,7 @@ std::optional<widgetruntime::IntentValues> configurationOf(const PictureOptions&
 }
 
 template <class Request>
-Result<JsonValue> ask(const Program& program, const Request& request) {
+Result<JsonDocument> ask(const Program& program, const Request& request) {
   return askHost(program, Request::kMethod, control::encode(request));
 }
 
@@ -95,7 +98,7 @@ std::optional<int> wholeNumber(const std::string& text) {
   return number;
 }
 
-Result<void> done(const Result<JsonValue>& result) {
+Result<void> done(const Result<JsonDocument>& result) {
   if (!result) return std::unexpected(result.error());
   return {};
 }
@@ -127,13 +130,13 @@ Result<void> add(const Options& options, const Program& program) {
                                               .family = options.picture.family,
                                               .configuration = configurationOf(options.picture)});
   if (!result) return std::unexpected(result.error());
-  return print(foundation::printable(textIn(*result, "id")) + "\n");
+  return print(foundation::printable(result->textOf("id")) + "\n");
 }
 
 Result<void> board(const Options& options, const Program& program) {
   const auto result = askHost(program, "board", "{}");
   if (!result) return std::unexpected(result.error());
-  const std::string url = textIn(*result, "url");
+  const std::string url = result->textOf("url");
   // The address lets its bearer see every amount: it is handed to the person's browser alone.
   return options.open ? openLink(url) : print(foundation::printable(url) + "\n");
 }

@@ -8,9 +8,9 @@
 #include "Foundation/FileDescriptor.hpp"
 #include "Foundation/FileWriting.hpp"
 #include "Foundation/Printable.hpp"
+#include "Import/CommandContext.hpp"
 #include "Import/Commands.hpp"
 #include "Import/Result.hpp"
-#include "Import/Session.hpp"
 #include "Import/SettingsTemplate.hpp"
 
 namespace importer {
@@ -34,27 +34,27 @@ Result<void> writeSettings(const std::string& file, const std::string& text, boo
 }  // namespace
 
 Result<void> init(const Options& options, const Program& program) {
-  const Session session = makePlaces(options, program);
-  if (session.settingsFile.empty() || session.container.empty())
+  const CommandContext context = makePlaces(options, program);
+  if (context.settingsFile.empty() || context.container.empty())
     return refused(
         "there is no home folder; name a file with --config and a folder with --container");
   const Settings none;
-  const auto journal = readAccounts(session.request, none);
+  const auto journal = readAccounts(context.request, none);
   if (!journal) return std::unexpected(journal.error());
   for (const fs::path& folder :
-       {fs::path(session.settingsFile).parent_path(), fs::path(session.container)}) {
+       {fs::path(context.settingsFile).parent_path(), fs::path(context.container)}) {
     std::error_code error;
     fs::create_directories(folder, error);
     if (error)
       return refused(fmt::format("{}: cannot make it: {}", folder.string(), error.message()));
   }
   if (auto written = writeSettings(
-          session.settingsFile, settingsTemplate(journal->accounts.types), options.force);
+          context.settingsFile, settingsTemplate(journal->accounts.types), options.force);
       !written)
     return written;
   return print(fmt::format("settings   {}\ncontainer  {}\n",
-                           foundation::printable(session.settingsFile),
-                           foundation::printable(session.container)));
+                           foundation::printable(context.settingsFile),
+                           foundation::printable(context.container)));
 }
 
 }  // namespace importer

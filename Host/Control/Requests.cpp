@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "Control/Cells.hpp"
+#include "Control/GridCells.hpp"
 #include "Foundation/JsonRecordWriter.hpp"
 #include "Foundation/JsonValueReader.hpp"
 #include "WidgetRuntime/Messages.hpp"

@@ -6,7 +6,7 @@
 #include <optional>
 #include <string>
 
-#include "Resident/Breaker.hpp"
+#include "Resident/CircuitBreaker.hpp"
 #include "Resident/WorkQueue.hpp"
 #include "WidgetRuntime/Messages.hpp"
 

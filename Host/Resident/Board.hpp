@@ -9,7 +9,7 @@
 
 #include "Resident/Asker.hpp"
 #include "Resident/Loop.hpp"
-#include "Resident/Painter.hpp"
+#include "Resident/PictureMaker.hpp"
 #include "Resident/Resident.hpp"
 #include "Surfaces/Web/BoardApi.hpp"
 #include "Surfaces/Web/BoardSurface.hpp"
@@ -22,7 +22,7 @@ class Board : public surfaces::BoardHost {
     Loop& loop;
     Resident& host;
     Asker& asker;
-    Painter& painter;
+    PictureMaker& pictureMaker;
     Reloader::DeviceAt device;
     /// Without a page for that long the server is closed.
     std::chrono::milliseconds patience = std::chrono::minutes(3);

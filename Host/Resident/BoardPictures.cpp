@@ -147,15 +147,16 @@ void Board::paint(Sitting sitting, const widgetruntime::RenderedTree& tree) {
       if (listing.description.kind == sitting.subject.kind)
         sitting.picture.name = listing.description.displayName;
   }
-  parts_.painter.draw(Urgency::person,
-                      std::move(request),
-                      [this, sitting = std::move(sitting)](const Drawn& drawn) mutable {
-                        if (!sitting.isRedacted && parts_.host.privacy().isHidden())
-                          return sitting.then(std::unexpected("Amounts were hidden meanwhile."));
-                        sitting.picture.shown.picture = drawn.picture;
-                        remember(sitting);
-                        sitting.then(std::move(sitting.picture));
-                      });
+  parts_.pictureMaker.draw(
+      Urgency::person,
+      std::move(request),
+      [this, sitting = std::move(sitting)](const Drawn& drawn) mutable {
+        if (!sitting.isRedacted && parts_.host.privacy().isHidden())
+          return sitting.then(std::unexpected("Amounts were hidden meanwhile."));
+        sitting.picture.shown.picture = drawn.picture;
+        remember(sitting);
+        sitting.then(std::move(sitting.picture));
+      });
 }
 
 void Board::remember(const Sitting& sitting) {

@@ -48,7 +48,7 @@ struct ExtensionAsker::Child {
   }
 
   ExtensionClient extension;
-  Breaker breaker;
+  CircuitBreaker breaker;
   std::string latestReason;
 };
 

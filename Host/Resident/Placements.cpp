@@ -7,7 +7,7 @@
 #include <set>
 #include <utility>
 
-#include "Control/Cells.hpp"
+#include "Control/GridCells.hpp"
 #include "Foundation/JsonRecordWriter.hpp"
 #include "Foundation/JsonValueReader.hpp"
 #include "WidgetRuntime/Messages.hpp"

@@ -84,7 +84,7 @@ void Presenter::presentOn(Place& place,
   request.isForced = place.lacksPicture;
   if (shown.state == State::stale) request.opacity = kStaleOpacity;
   const std::string key = request.slot.key();
-  painter_.draw(
+  pictureMaker_.draw(
       urgency, std::move(request), [this, key, shown = std::move(shown)](const Drawn& drawn) {
         hand(key, shown, drawn);
       });
@@ -95,7 +95,7 @@ void Presenter::presentOn(Place& place,
 void Presenter::recall(Place& place) {
   place.isRecalled = true;
   const Slot slot{place.subject.id, std::string(place.surface->name())};
-  painter_.recall(
+  pictureMaker_.recall(
       slot, place.demand, [this, slot](std::shared_ptr<const surfaces::Picture> picture) {
         const auto found = places_.find(slot.key());
         // An answer that came meanwhile is newer.
@@ -145,7 +145,7 @@ void Presenter::keepAll() {
   keeping_.reset();
   for (auto& [key, place] : places_) {
     if (!place.toKeep) continue;
-    painter_.keep(requestFor(place, *place.toKeep, true));
+    pictureMaker_.keep(requestFor(place, *place.toKeep, true));
     place.kept = std::exchange(place.toKeep, std::nullopt);
   }
 }
@@ -157,7 +157,7 @@ void Presenter::remove(const std::string& id) {
     places_.erase(found);
     surface->remove(id);
   }
-  painter_.forget(id);
+  pictureMaker_.forget(id);
 }
 
 Modes Presenter::modesFor(const std::vector<Subject>& subjects) {

@@ -10,7 +10,7 @@
 
 #include "Resident/InstanceTimeline.hpp"
 #include "Resident/Loop.hpp"
-#include "Resident/Painter.hpp"
+#include "Resident/PictureMaker.hpp"
 #include "Surfaces/Surface.hpp"
 
 namespace resident {
@@ -20,8 +20,10 @@ class Presenter {
   /// Redacted pictures are kept so long after the last change.
   static constexpr std::chrono::milliseconds kKeepAfter{2000};
 
-  Presenter(Loop& loop, Painter& painter, std::chrono::milliseconds keepAfter = kKeepAfter)
-      : loop_(loop), painter_(painter), keepAfter_(keepAfter) {}
+  Presenter(Loop& loop,
+            PictureMaker& pictureMaker,
+            std::chrono::milliseconds keepAfter = kKeepAfter)
+      : loop_(loop), pictureMaker_(pictureMaker), keepAfter_(keepAfter) {}
 
   /// What the host adds to every demand.
   struct Scene {
@@ -88,7 +90,7 @@ class Presenter {
                                        bool redacted) const;
 
   Loop& loop_;
-  Painter& painter_;
+  PictureMaker& pictureMaker_;
   std::chrono::milliseconds keepAfter_;
   Scene scene_;
   std::vector<surfaces::Surface*> surfaces_;

@@ -19,7 +19,7 @@
 #include "Resident/Listening.hpp"
 #include "Resident/Logind.hpp"
 #include "Resident/Operations.hpp"
-#include "Resident/RendererPainter.hpp"
+#include "Resident/RendererPictureMaker.hpp"
 #include "Session/ChildProcess.hpp"
 #include "Session/Places.hpp"
 
@@ -91,7 +91,7 @@ class Program {
   Watch interrupt_;
   SystemClock clock_;
   ExtensionAsker asker_;
-  RendererPainter painter_;
+  RendererPictureMaker pictureMaker_;
   Links links_;
   std::unique_ptr<PictureFolder> pictures_;
   Resident host_;
@@ -121,12 +121,12 @@ Program::Program(const HostOptions& options,
                  .program = places.extension.string(),
                  .environment = session::childEnvironment(environment)}),
              initializeParameters(options, places, environment)),
-      painter_(loop_, paths.pictures()),
+      pictureMaker_(loop_, paths.pictures()),
       links_(loop_),
       host_({.loop = loop_,
              .clock = clock_,
              .asker = asker_,
-             .painter = painter_,
+             .pictureMaker = pictureMaker_,
              .file = PlacementsFile{paths.placements()},
              .device = deviceAt(),
              .log = logLine},
@@ -136,7 +136,7 @@ Program::Program(const HostOptions& options,
       board_({.loop = loop_,
               .host = host_,
               .asker = asker_,
-              .painter = painter_,
+              .pictureMaker = pictureMaker_,
               .device = deviceAt()}),
       server_(loop_,
               std::move(listening.listener),

@@ -6,7 +6,7 @@
 #include <string>
 
 #include "Rendering/Renderer.hpp"
-#include "Resident/Painter.hpp"
+#include "Resident/PictureMaker.hpp"
 
 namespace resident {
 

@@ -31,7 +31,7 @@ Resident::Resident(Parts parts, std::optional<Placements> placements)
       placements_(std::move(placements).value_or(Placements{})),
       privacy_(placements_.hidden),
       reloader_(parts_.loop, parts_.clock, parts_.asker, parts_.device),
-      presenter_(parts_.loop, parts_.painter) {
+      presenter_(parts_.loop, parts_.pictureMaker) {
   reloader_.onChange = [this](const std::string& id, Urgency urgency) {
     logFailure(id);
     present(id, urgency);

@@ -1,5 +1,6 @@
 // The resident host: placements, their timelines, privacy and surfaces, and what a person may ask
-// of them. Everything happens on the loop; whatever may take time is the asker's or the painter's.
+// of them. Everything happens on the loop; whatever may take time is the asker's or the picture
+// maker's.
 #pragma once
 
 #include <expected>
@@ -27,7 +28,7 @@ class Resident : public surfaces::Host {
     Loop& loop;
     WallClock& clock;
     Asker& asker;
-    Painter& painter;
+    PictureMaker& pictureMaker;
     PlacementsFile file;
     Reloader::DeviceAt device;
     std::function<void(const std::string& line)> log;

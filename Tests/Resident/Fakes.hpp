@@ -1,4 +1,4 @@
-// A clock, an asker, a painter and a surface that tests drive by hand.
+// A clock, an asker, a picture maker and a surface that tests drive by hand.
 #pragma once
 
 #include <map>
@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "Resident/Asker.hpp"
-#include "Resident/Painter.hpp"
+#include "Resident/PictureMaker.hpp"
 #include "Resident/WallClock.hpp"
 #include "Surfaces/Surface.hpp"
 #include "ViewKit/ViewKit.hpp"
@@ -85,7 +85,7 @@ inline widgetruntime::EntriesAnswer answerTo(const widgetruntime::EntriesParamet
 }
 
 /// Keeps what it is asked to draw; a test hands back pictures when it likes.
-class FakePainter : public Painter {
+class FakePictureMaker : public PictureMaker {
  public:
   struct Drawing {
     Urgency urgency;

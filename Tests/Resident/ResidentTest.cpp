@@ -1,4 +1,4 @@
-// The host as a whole, with a clock, an extension, a painter and a surface of the test's own.
+// The host as a whole, with a clock, an extension, a picture maker and a surface of the test's own.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -50,13 +50,13 @@ class ResidentTest : public ::testing::Test {
   Loop loop;
   ManualClock clock;
   FakeAsker asker;
-  FakePainter painter;
+  FakePictureMaker pictureMaker;
   FakeSurface surface;
   std::vector<std::string> logged;
   Resident host{{.loop = loop,
                  .clock = clock,
                  .asker = asker,
-                 .painter = painter,
+                 .pictureMaker = pictureMaker,
                  .file = PlacementsFile{folder.at("placements.json")},
                  .device = [](Instant now) { return foundation::Device{.now = now}; },
                  .log = [this](const std::string& line) { logged.push_back(line); }},
@@ -74,12 +74,12 @@ TEST_F(ResidentTest, PlacesOneOfEachOnTheFirstStart) {
 TEST_F(ResidentTest, SwapsAnEntryAtItsDateWithoutTheExtension) {
   startShown();
   answerWithTwoEntries(0);
-  ASSERT_THAT(painter.drawings, SizeIs(1));
-  EXPECT_EQ(painter.drawings[0].request.view, textOf("before"));
+  ASSERT_THAT(pictureMaker.drawings, SizeIs(1));
+  EXPECT_EQ(pictureMaker.drawings[0].request.view, textOf("before"));
   EXPECT_EQ(clock.wake, kNoon);
   clock.advanceTo(kNoon);
-  ASSERT_THAT(painter.drawings, SizeIs(2));
-  EXPECT_EQ(painter.drawings[1].request.view, textOf("after"));
+  ASSERT_THAT(pictureMaker.drawings, SizeIs(2));
+  EXPECT_EQ(pictureMaker.drawings[1].request.view, textOf("after"));
   EXPECT_THAT(asker.timelines, SizeIs(2));
 }
 
@@ -88,18 +88,18 @@ TEST_F(ResidentTest, SwapsToTheRedactedTreeWhileHidden) {
   answerWithTwoEntries(0);
   host.hide(Hide::on);
   clock.advanceTo(kNoon);
-  EXPECT_TRUE(painter.drawings.back().isRedacted());
-  EXPECT_EQ(painter.drawings.back().request.view, textOf("masked"));
+  EXPECT_TRUE(pictureMaker.drawings.back().isRedacted());
+  EXPECT_EQ(pictureMaker.drawings.back().request.view, textOf("masked"));
 }
 
 TEST_F(ResidentTest, HidesFirstAndWithoutTheExtension) {
   startShown();
   answerWithTwoEntries(0);
-  painter.drawings.clear();
+  pictureMaker.drawings.clear();
   host.hide(Hide::on);
-  ASSERT_THAT(painter.drawings, SizeIs(1));
-  EXPECT_TRUE(painter.drawings[0].isRedacted());
-  EXPECT_EQ(painter.drawings[0].urgency, Urgency::person);
+  ASSERT_THAT(pictureMaker.drawings, SizeIs(1));
+  EXPECT_TRUE(pictureMaker.drawings[0].isRedacted());
+  EXPECT_EQ(pictureMaker.drawings[0].urgency, Urgency::person);
   EXPECT_THAT(asker.timelines, SizeIs(2));
 }
 
@@ -142,7 +142,7 @@ TEST_F(ResidentTest, AsksAnewForAllAfterAWeekOfSleep) {
   ASSERT_THAT(asker.timelines, SizeIs(4));
   EXPECT_EQ(asker.timelines[2].parameters.device.now, clock.now());
   // Meanwhile the entry in force is that of the date which has passed.
-  EXPECT_EQ(painter.drawings.back().request.view, textOf("after"));
+  EXPECT_EQ(pictureMaker.drawings.back().request.view, textOf("after"));
 }
 
 TEST_F(ResidentTest, ShowsTheEarlierEntryAgainWhenTheClockIsSetBack) {
@@ -150,7 +150,7 @@ TEST_F(ResidentTest, ShowsTheEarlierEntryAgainWhenTheClockIsSetBack) {
   answerWithTwoEntries(0);
   clock.advanceTo(kNoon);
   clock.set(kMorning);
-  EXPECT_EQ(painter.drawings.back().request.view, textOf("before"));
+  EXPECT_EQ(pictureMaker.drawings.back().request.view, textOf("before"));
 }
 
 }  // namespace

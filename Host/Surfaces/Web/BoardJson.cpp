@@ -3,7 +3,7 @@
 #include <charconv>
 #include <cmath>
 
-#include "Control/Cells.hpp"
+#include "Control/GridCells.hpp"
 #include "Foundation/JsonValueReader.hpp"
 #include "Foundation/JsonWriter.hpp"
 

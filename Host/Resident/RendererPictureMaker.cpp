@@ -1,4 +1,4 @@
-#include "Resident/RendererPainter.hpp"
+#include "Resident/RendererPictureMaker.hpp"
 
 #include <cmath>
 #include <map>
@@ -63,7 +63,7 @@ void fade(rendering::Bitmap& bitmap, double opacity) {
 
 }  // namespace
 
-struct RendererPainter::Studio {
+struct RendererPictureMaker::Studio {
   explicit Studio(std::string folder) : kept(std::move(folder)) {}
 
   struct Last {
@@ -119,12 +119,14 @@ struct RendererPainter::Studio {
   }
 };
 
-RendererPainter::RendererPainter(Loop& loop, std::string folder)
-    : studio_(std::make_unique<Studio>(std::move(folder))), worker_(loop, "painter") {}
+RendererPictureMaker::RendererPictureMaker(Loop& loop, std::string folder)
+    : studio_(std::make_unique<Studio>(std::move(folder))), worker_(loop, "picture maker") {}
 
-RendererPainter::~RendererPainter() = default;
+RendererPictureMaker::~RendererPictureMaker() = default;
 
-void RendererPainter::draw(Urgency urgency, DrawRequest request, std::function<void(Drawn)> then) {
+void RendererPictureMaker::draw(Urgency urgency,
+                                DrawRequest request,
+                                std::function<void(Drawn)> then) {
   std::string key = request.isPassing ? std::string{} : request.slot.key();
   worker_.submit(urgency,
                  std::move(key),
@@ -137,7 +139,7 @@ void RendererPainter::draw(Urgency urgency, DrawRequest request, std::function<v
                  });
 }
 
-void RendererPainter::keep(DrawRequest redacted) {
+void RendererPictureMaker::keep(DrawRequest redacted) {
   std::string key = "keep " + redacted.slot.key();
   worker_.submit(
       Urgency::preview, std::move(key), [this, redacted = std::move(redacted)]() -> Continuation {
@@ -147,9 +149,9 @@ void RendererPainter::keep(DrawRequest redacted) {
       });
 }
 
-void RendererPainter::recall(Slot slot,
-                             const Demand& demand,
-                             std::function<void(std::shared_ptr<const Picture>)> then) {
+void RendererPictureMaker::recall(Slot slot,
+                                  const Demand& demand,
+                                  std::function<void(std::shared_ptr<const Picture>)> then) {
   worker_.submit(Urgency::person,
                  {},
                  [this, slot = std::move(slot), demand, then = std::move(then)]() -> Continuation {
@@ -162,7 +164,7 @@ void RendererPainter::recall(Slot slot,
                  });
 }
 
-void RendererPainter::forget(const std::string& id) {
+void RendererPictureMaker::forget(const std::string& id) {
   worker_.submit(Urgency::preview, {}, [this, id]() -> Continuation {
     std::erase_if(studio_->drawn,
                   [&](const auto& slot) { return slot.first.starts_with(id + "/"); });

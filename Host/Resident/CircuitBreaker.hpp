@@ -13,7 +13,7 @@ namespace resident {
 using Moment = std::chrono::steady_clock::time_point;
 using Pause = std::chrono::milliseconds;
 
-class Breaker {
+class CircuitBreaker {
  public:
   /// Whether a request of the host's own may be sent.
   [[nodiscard]] bool admits(Moment now) const { return now >= closedUntil_; }

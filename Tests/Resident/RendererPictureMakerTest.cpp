@@ -4,7 +4,7 @@
 
 #include <filesystem>
 
-#include "Resident/RendererPainter.hpp"
+#include "Resident/RendererPictureMaker.hpp"
 #include "Tests/Support/TemporaryFolder.hpp"
 #include "ViewKit/ViewKit.hpp"
 
@@ -15,9 +15,9 @@ using namespace std::chrono_literals;
 namespace fs = std::filesystem;
 using surfaces::Picture;
 
-class RendererPainterTest : public ::testing::Test {
+class RendererPictureMakerTest : public ::testing::Test {
  protected:
-  RendererPainterTest() { fs::create_directory(folder.at("container")); }
+  RendererPictureMakerTest() { fs::create_directory(folder.at("container")); }
 
   [[nodiscard]] DrawRequest request(const viewkit::View& view) const {
     DrawRequest request{.slot = {"w1", "desk"}, .view = view, .demand = {}};
@@ -31,13 +31,13 @@ class RendererPainterTest : public ::testing::Test {
   /// Null: nothing has changed.
   std::shared_ptr<const Picture> draw(const DrawRequest& request) {
     std::optional<Drawn> result;
-    painter.draw(Urgency::reload, request, [&](Drawn drawn) { result = std::move(drawn); });
+    pictureMaker.draw(Urgency::reload, request, [&](Drawn drawn) { result = std::move(drawn); });
     while (!result) loop.step(1s);
     return result->picture;
   }
   std::shared_ptr<const Picture> recall(const DrawRequest& request) {
     std::optional<std::shared_ptr<const Picture>> result;
-    painter.recall(request.slot, request.demand, [&](auto picture) { result = picture; });
+    pictureMaker.recall(request.slot, request.demand, [&](auto picture) { result = picture; });
     while (!result) loop.step(1s);
     return *result;
   }
@@ -49,24 +49,24 @@ class RendererPainterTest : public ::testing::Test {
 
   testsupport::TemporaryFolder folder;
   Loop loop;
-  RendererPainter painter{loop, folder.at("pictures")};
+  RendererPictureMaker pictureMaker{loop, folder.at("pictures")};
 };
 
-TEST_F(RendererPainterTest, DrawsAnEqualTreeOnce) {
+TEST_F(RendererPictureMakerTest, DrawsAnEqualTreeOnce) {
   EXPECT_NE(draw(text()), nullptr);
   EXPECT_EQ(draw(text()), nullptr);
   EXPECT_NE(draw(text("b")), nullptr);
   EXPECT_NE(draw(text("a")), nullptr);
 }
 
-TEST_F(RendererPainterTest, DrawsAnEqualTreeOfAnotherWidget) {
+TEST_F(RendererPictureMakerTest, DrawsAnEqualTreeOfAnotherWidget) {
   draw(text());
   DrawRequest other = text();
   other.slot.id = "w2";
   EXPECT_NE(draw(other), nullptr);
 }
 
-TEST_F(RendererPainterTest, DrawsAnEqualTreeInAnotherLook) {
+TEST_F(RendererPictureMakerTest, DrawsAnEqualTreeInAnotherLook) {
   const std::vector<std::function<void(DrawRequest&)>> changes{
       [](DrawRequest& one) {
         one.demand.options.size = {50, 20};
@@ -87,7 +87,7 @@ TEST_F(RendererPainterTest, DrawsAnEqualTreeInAnotherLook) {
   }
 }
 
-TEST_F(RendererPainterTest, DrawsAnEqualTreeWhoseImageWasReplaced) {
+TEST_F(RendererPictureMakerTest, DrawsAnEqualTreeWhoseImageWasReplaced) {
   const DrawRequest image = request(viewkit::Image{{.path = "face.png"}, viewkit::Text{"-"}});
   EXPECT_NE(draw(image), nullptr);
   EXPECT_EQ(draw(image), nullptr);
@@ -100,7 +100,7 @@ TEST_F(RendererPainterTest, DrawsAnEqualTreeWhoseImageWasReplaced) {
   EXPECT_NE(draw(image), nullptr);
 }
 
-TEST_F(RendererPainterTest, FadesWhatIsStale) {
+TEST_F(RendererPictureMakerTest, FadesWhatIsStale) {
   const auto full = draw(request(viewkit::Rectangle().fill(viewkit::Color::primary())));
   DrawRequest faded = request(viewkit::Rectangle().fill(viewkit::Color::primary()));
   faded.opacity = 0.5;
@@ -111,7 +111,7 @@ TEST_F(RendererPainterTest, FadesWhatIsStale) {
   EXPECT_NEAR(after, before / 2.0, 1);
 }
 
-TEST_F(RendererPainterTest, LeavesBlankWhatTheLimitsRefuse) {
+TEST_F(RendererPictureMakerTest, LeavesBlankWhatTheLimitsRefuse) {
   DrawRequest huge = text();
   huge.demand.options.size = {1e6, 20};
   const auto picture = draw(huge);
@@ -119,14 +119,14 @@ TEST_F(RendererPainterTest, LeavesBlankWhatTheLimitsRefuse) {
   EXPECT_THAT(picture->bitmap.pixels, ::testing::Each(0U));
 }
 
-TEST_F(RendererPainterTest, KeepsAPictureForTheNextStart) {
+TEST_F(RendererPictureMakerTest, KeepsAPictureForTheNextStart) {
   const DrawRequest one = text();
   const auto drawn = draw(one);
   EXPECT_EQ(recall(one), nullptr);
-  painter.keep(one);
+  pictureMaker.keep(one);
   // The queue is served in order.
   DrawRequest after = text("after");
-  painter.draw(Urgency::preview, after, [](Drawn) {});
+  pictureMaker.draw(Urgency::preview, after, [](Drawn) {});
   std::shared_ptr<const Picture> kept;
   while (!kept) kept = recall(one);
   EXPECT_EQ(kept->bitmap.pixels, drawn->bitmap.pixels);
@@ -135,13 +135,13 @@ TEST_F(RendererPainterTest, KeepsAPictureForTheNextStart) {
   EXPECT_EQ(recall(larger), nullptr);
 }
 
-TEST_F(RendererPainterTest, ForgetsWhatIsGone) {
+TEST_F(RendererPictureMakerTest, ForgetsWhatIsGone) {
   const DrawRequest one = text();
   draw(one);
-  painter.keep(one);
+  pictureMaker.keep(one);
   while (!recall(one)) {
   }
-  painter.forget("w1");
+  pictureMaker.forget("w1");
   while (recall(one)) {
   }
   EXPECT_TRUE(fs::is_empty(folder.at("pictures")));

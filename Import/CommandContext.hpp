@@ -15,7 +15,7 @@
 
 namespace importer {
 
-struct Session {
+struct CommandContext {
   Places places;
   std::string settingsFile;  ///< read or to be read; empty without a home
   std::string container;     ///< absolute where it is known
@@ -27,16 +27,16 @@ struct Session {
 };
 
 /// The present, the places and, unless they are wrong, the settings.
-[[nodiscard]] Result<Session> makeSession(const Options& options, const Program& program);
+[[nodiscard]] Result<CommandContext> makeContext(const Options& options, const Program& program);
 
 /// The places without reading settings: what `init` and the watch need before there are any.
-[[nodiscard]] Session makePlaces(const Options& options, const Program& program);
+[[nodiscard]] CommandContext makePlaces(const Options& options, const Program& program);
 
 /// A journal and its figures. Move it only while no figures are held elsewhere.
 struct Reading {
   Journal journal;
   Figures figures;  ///< point into the journal
 };
-[[nodiscard]] Result<Reading> readFigures(const Session& session);
+[[nodiscard]] Result<Reading> readFigures(const CommandContext& context);
 
 }  // namespace importer

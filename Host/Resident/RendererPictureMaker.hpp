@@ -1,19 +1,19 @@
-// The painter of the running host: one thread that owns the renderer.
+// The picture maker of the running host: one thread that owns the renderer.
 #pragma once
 
 #include <memory>
 #include <string>
 
-#include "Resident/Painter.hpp"
+#include "Resident/PictureMaker.hpp"
 #include "Resident/Worker.hpp"
 
 namespace resident {
 
-class RendererPainter : public Painter {
+class RendererPictureMaker : public PictureMaker {
  public:
   /// `folder` holds the redacted pictures.
-  RendererPainter(Loop& loop, std::string folder);
-  ~RendererPainter() override;
+  RendererPictureMaker(Loop& loop, std::string folder);
+  ~RendererPictureMaker() override;
 
   void draw(Urgency urgency, DrawRequest request, std::function<void(Drawn)> then) override;
   void keep(DrawRequest redacted) override;

@@ -1,4 +1,4 @@
-#include "Resident/Breaker.hpp"
+#include "Resident/CircuitBreaker.hpp"
 
 #include <algorithm>
 
@@ -23,13 +23,13 @@ Pause pauseAfter(int failures) {
 
 }  // namespace
 
-void Breaker::succeeded() {
+void CircuitBreaker::succeeded() {
   consecutive_ = 0;
   quarantined_ = false;
   closedUntil_ = {};
 }
 
-Pause Breaker::failed(Moment now) {
+Pause CircuitBreaker::failed(Moment now) {
   latestFailure_ = now;
   ++consecutive_;
   std::erase_if(recent_, [&](Moment failure) { return now - failure >= kWindow; });
@@ -44,7 +44,7 @@ Pause Breaker::failed(Moment now) {
   return remaining(now);
 }
 
-Pause Breaker::remaining(Moment now) const {
+Pause CircuitBreaker::remaining(Moment now) const {
   return admits(now) ? Pause{} : std::chrono::ceil<Pause>(closedUntil_ - now);
 }
 

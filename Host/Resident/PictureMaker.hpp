@@ -39,12 +39,12 @@ struct Drawn {
 
 /// Continuations run on the loop. A drawing that a newer one of the same slot replaces before it
 /// was begun is dropped with its continuation.
-class Painter {
+class PictureMaker {
  public:
-  Painter() = default;
-  Painter(const Painter&) = delete;
-  Painter& operator=(const Painter&) = delete;
-  virtual ~Painter() = default;
+  PictureMaker() = default;
+  PictureMaker(const PictureMaker&) = delete;
+  PictureMaker& operator=(const PictureMaker&) = delete;
+  virtual ~PictureMaker() = default;
 
   virtual void draw(Urgency urgency, DrawRequest request, std::function<void(Drawn)> then) = 0;
   /// Draws and writes what stands for the slot after the next start.

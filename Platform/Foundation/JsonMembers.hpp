@@ -1,5 +1,5 @@
 // The members of records that travel as JSON objects, listed once for everything that writes, reads
-// or documents them. A room lists its own records:
+// or documents them. A module lists its own records:
 //
 //     template <>
 //     struct MembersOf<OptionsAnswer> {

@@ -86,7 +86,7 @@ class JsonValueReader {
   std::string message_;
 };
 
-/// Reads records of a room as well. `Self` derives from this and adds a `read` for each further
+/// Reads records of a module as well. `Self` derives from this and adds a `read` for each further
 /// type; where it is `kLenient`, unknown members are ignored and null counts as missing.
 template <class Self, template <class> class MembersOf>
 class JsonRecordReader : public JsonValueReader {

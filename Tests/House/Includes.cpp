@@ -8,65 +8,65 @@ namespace {
 
 using Names = std::vector<std::string>;
 
-using Rooms = std::vector<Room>;
+using Modules = std::vector<Module>;
 
-/// A folder of a room: what it sees beside itself in its room, and what lies below the room. Names
-/// of folders end in a slash.
-Room innerRoom(const std::string& folder,
-               const std::string& includes,
-               Names sees,
-               const Names& below) {
+/// A folder of a module: what it sees beside itself in its module, and what lies below the module.
+/// Names of folders end in a slash.
+Module innerModule(const std::string& folder,
+                   const std::string& includes,
+                   Names sees,
+                   const Names& below) {
   sees.push_back(includes);
   sees.insert(sees.end(), below.begin(), below.end());
   return {folder.substr(0, folder.size() - 1), std::move(sees), true, {"fmt/"}};
 }
 
-Rooms platformRooms() {
+Modules platformModules() {
   return {
       {"Platform/Foundation", {"Foundation/"}, true, {"fmt/", "unicode/", "plist/"}},
       {"Platform/ViewKit", {"ViewKit/", "Foundation/"}, false, {"fmt/"}},
       {"Platform/WidgetRuntime", {"WidgetRuntime/", "ViewKit/", "Foundation/"}, true, {"fmt/"}}};
 }
 
-Room supportRoom(const std::string& folder, Names sees) {
-  Room room =
-      innerRoom(folder, folder, std::move(sees), {"WidgetRuntime/", "ViewKit/", "Foundation/"});
-  room.callsSystem = false;
-  return room;
+Module supportModule(const std::string& folder, Names sees) {
+  Module module =
+      innerModule(folder, folder, std::move(sees), {"WidgetRuntime/", "ViewKit/", "Foundation/"});
+  module.callsSystem = false;
+  return module;
 }
 
-Rooms supportRooms() {
+Modules supportModules() {
   return {
-      supportRoom("QuorvelWidgets/WidgetSupport/Snapshot/", {}),
-      supportRoom("QuorvelWidgets/WidgetSupport/Colors/",
-                  {"QuorvelWidgets/WidgetSupport/Snapshot/"}),
-      supportRoom(
+      supportModule("QuorvelWidgets/WidgetSupport/Snapshot/", {}),
+      supportModule("QuorvelWidgets/WidgetSupport/Colors/",
+                    {"QuorvelWidgets/WidgetSupport/Snapshot/"}),
+      supportModule(
           "QuorvelWidgets/WidgetSupport/Texts/",
           {"QuorvelWidgets/WidgetSupport/Colors/", "QuorvelWidgets/WidgetSupport/Snapshot/"}),
-      supportRoom("QuorvelWidgets/WidgetSupport/Components/", {"QuorvelWidgets/WidgetSupport/"})};
+      supportModule("QuorvelWidgets/WidgetSupport/Components/", {"QuorvelWidgets/WidgetSupport/"})};
 }
 
-// No widget sees another: each folder but those that serve them all is a room of its own.
-Rooms widgetRooms() {
-  Rooms rooms;
+// No widget sees another: each folder but those that serve them all is a module of its own.
+Modules widgetModules() {
+  Modules modules;
   for (const auto& entry : std::filesystem::directory_iterator(
            std::filesystem::path{QUORVEL_SOURCE_DIR} / "QuorvelWidgets")) {
     const std::string name = entry.path().filename();
     if (!entry.is_directory() || name == "WidgetSupport" || name == "Gallery") continue;
     const std::string folder = "QuorvelWidgets/" + name;
-    rooms.push_back({folder,
-                     {folder + "/",
-                      "QuorvelWidgets/WidgetSupport/",
-                      "WidgetRuntime/",
-                      "ViewKit/",
-                      "Foundation/"},
-                     false,
-                     {"fmt/"}});
+    modules.push_back({folder,
+                       {folder + "/",
+                        "QuorvelWidgets/WidgetSupport/",
+                        "WidgetRuntime/",
+                        "ViewKit/",
+                        "Foundation/"},
+                       false,
+                       {"fmt/"}});
   }
-  return rooms;
+  return modules;
 }
 
-Rooms extensionRooms() {
+Modules extensionModules() {
   return {{"QuorvelWidgets/Gallery",
            {"QuorvelWidgets/Gallery/",
             "QuorvelWidgets/SafeToSpend/SpentGauge.hpp",
@@ -82,61 +82,61 @@ Rooms extensionRooms() {
            {"fmt/"}}};
 }
 
-Room renderingRoom(const std::string& folder, Names sees, const Names& libraries = {}) {
+Module renderingModule(const std::string& folder, Names sees, const Names& libraries = {}) {
   constexpr std::string_view kHost = "Host/";
-  Room room = innerRoom(folder,
-                        folder.substr(kHost.size()),
-                        std::move(sees),
-                        {"ViewKit/",
-                         "Foundation/Ascii.hpp",
-                         "Foundation/FileDescriptor.hpp",
-                         "Foundation/ListSeparator.hpp",
-                         "Foundation/Markup.hpp",
-                         "Foundation/Names.hpp",
-                         "Foundation/Overloaded.hpp"});
-  room.libraries.insert(room.libraries.end(), libraries.begin(), libraries.end());
-  return room;
+  Module module = innerModule(folder,
+                              folder.substr(kHost.size()),
+                              std::move(sees),
+                              {"ViewKit/",
+                               "Foundation/Ascii.hpp",
+                               "Foundation/FileDescriptor.hpp",
+                               "Foundation/ListSeparator.hpp",
+                               "Foundation/Markup.hpp",
+                               "Foundation/Names.hpp",
+                               "Foundation/Overloaded.hpp"});
+  module.libraries.insert(module.libraries.end(), libraries.begin(), libraries.end());
+  return module;
 }
 
-Rooms renderingRooms() {
+Modules renderingModules() {
   return {
-      renderingRoom("Host/Rendering/Graphics/", {}),
-      renderingRoom("Host/Rendering/Images/",
-                    {"Rendering/Graphics/"},
-                    {"png.h", "jpeglib.h", "libdeflate.h", "emmintrin.h"}),
-      renderingRoom("Host/Rendering/Text/",
-                    {"Rendering/Images/", "Rendering/Graphics/"},
-                    {"unicode/", "hb", "ft2build.h", "freetype/"}),
-      renderingRoom("Host/Rendering/Symbols/", {"Rendering/Text/", "Rendering/Graphics/"}),
+      renderingModule("Host/Rendering/Graphics/", {}),
+      renderingModule("Host/Rendering/Images/",
+                      {"Rendering/Graphics/"},
+                      {"png.h", "jpeglib.h", "libdeflate.h", "emmintrin.h"}),
+      renderingModule("Host/Rendering/Text/",
+                      {"Rendering/Images/", "Rendering/Graphics/"},
+                      {"unicode/", "hb", "ft2build.h", "freetype/"}),
+      renderingModule("Host/Rendering/Symbols/", {"Rendering/Text/", "Rendering/Graphics/"}),
       // Measures text without knowing fonts.
-      renderingRoom("Host/Rendering/Layout/",
-                    {"Rendering/Text/TextMeasurer.hpp", "Rendering/Graphics/"}),
-      renderingRoom("Host/Rendering/Recording/",
-                    {"Rendering/Layout/",
-                     "Rendering/Symbols/",
-                     "Rendering/Text/",
-                     "Rendering/Images/",
-                     "Rendering/Graphics/"}),
-      renderingRoom("Host/Rendering/Painting/",
-                    {"Rendering/Recording/",
-                     "Rendering/Symbols/",
-                     "Rendering/Text/",
-                     "Rendering/Images/",
-                     "Rendering/Graphics/"},
-                    {"ft2build.h", "freetype/"}),
-      renderingRoom("Host/Rendering/Output/",
-                    {"Rendering/Recording/",
-                     "Rendering/Layout/",
-                     "Rendering/Symbols/",
-                     "Rendering/Text/",
-                     "Rendering/Images/",
-                     "Rendering/Graphics/"},
-                    {"unicode/"}),
+      renderingModule("Host/Rendering/Layout/",
+                      {"Rendering/Text/TextMeasurer.hpp", "Rendering/Graphics/"}),
+      renderingModule("Host/Rendering/Recording/",
+                      {"Rendering/Layout/",
+                       "Rendering/Symbols/",
+                       "Rendering/Text/",
+                       "Rendering/Images/",
+                       "Rendering/Graphics/"}),
+      renderingModule("Host/Rendering/Painting/",
+                      {"Rendering/Recording/",
+                       "Rendering/Symbols/",
+                       "Rendering/Text/",
+                       "Rendering/Images/",
+                       "Rendering/Graphics/"},
+                      {"ft2build.h", "freetype/"}),
+      renderingModule("Host/Rendering/Output/",
+                      {"Rendering/Recording/",
+                       "Rendering/Layout/",
+                       "Rendering/Symbols/",
+                       "Rendering/Text/",
+                       "Rendering/Images/",
+                       "Rendering/Graphics/"},
+                      {"unicode/"}),
       {"Host/Rendering", {"Rendering/", "ViewKit/"}, true, {"fmt/"}},
   };
 }
 
-Rooms hostRooms() {
+Modules hostModules() {
   return {
       {"Host/Session", {"Session/", "WidgetRuntime/", "ViewKit/", "Foundation/"}, true, {"fmt/"}},
       {"Host/Control", {"Control/", "WidgetRuntime/", "Foundation/"}, true, {"fmt/"}},
@@ -144,7 +144,7 @@ Rooms hostRooms() {
       {"Host/Surfaces/Bar", {"Surfaces/Bar/", "Foundation/"}, false, {"fmt/"}},
       {"Host/Surfaces/Web",
        {"Surfaces/",
-        "Control/Cells.hpp",
+        "Control/GridCells.hpp",
         "Rendering/",
         "WidgetRuntime/",
         "ViewKit/",
@@ -156,13 +156,13 @@ Rooms hostRooms() {
        true,
        {"fmt/"}},
       // What a bar keeps open, so it sees as little as it can.
-      {"Host/Watch", {"Watch/", "Control/", "Surfaces/Bar/", "Foundation/"}, true, {}},
+      {"Host/BarWatch", {"BarWatch/", "Control/", "Surfaces/Bar/", "Foundation/"}, true, {}},
   };
 }
 
-Rooms programRooms() {
+Modules programModules() {
   return {
-      // The room that owns the event loop.
+      // The module that owns the event loop.
       {"Host/Resident",
        {"Resident/",
         "Control/",
@@ -210,15 +210,15 @@ Rooms programRooms() {
   };
 }
 
-Rooms makeRooms() {
-  Rooms all;
-  for (const Rooms& some : {platformRooms(),
-                            supportRooms(),
-                            widgetRooms(),
-                            extensionRooms(),
-                            renderingRooms(),
-                            hostRooms(),
-                            programRooms()}) {
+Modules makeModules() {
+  Modules all;
+  for (const Modules& some : {platformModules(),
+                              supportModules(),
+                              widgetModules(),
+                              extensionModules(),
+                              renderingModules(),
+                              hostModules(),
+                              programModules()}) {
     all.insert(all.end(), some.begin(), some.end());
   }
   return all;
@@ -245,12 +245,12 @@ bool isLibraryHeader(std::string_view header) {
   return header.find_first_of("./") != std::string_view::npos;
 }
 
-bool isAllowed(const Room& room, std::string_view path, std::string_view header, bool quoted) {
-  if (quoted) return beginsWithOneOf(header, room.sees);
+bool isAllowed(const Module& module, std::string_view path, std::string_view header, bool quoted) {
+  if (quoted) return beginsWithOneOf(header, module.sees);
   if (isSlowStart(header)) return false;
   if (!isLibraryHeader(header)) return true;
-  if (room.callsSystem && beginsWithOneOf(header, systemHeaders())) return true;
-  return path.ends_with(".cpp") && beginsWithOneOf(header, room.libraries);
+  if (module.callsSystem && beginsWithOneOf(header, systemHeaders())) return true;
+  return path.ends_with(".cpp") && beginsWithOneOf(header, module.libraries);
 }
 
 std::string_view trimmed(std::string_view text) {
@@ -260,24 +260,24 @@ std::string_view trimmed(std::string_view text) {
 
 }  // namespace
 
-std::span<const Room> rooms() {
-  static const std::vector<Room> all = makeRooms();
+std::span<const Module> modules() {
+  static const std::vector<Module> all = makeModules();
   return all;
 }
 
-const Room* roomOf(std::string_view path) {
-  for (const Room& room : rooms()) {
-    if (path == room.folder) return &room;
-    if (path.starts_with(room.folder) && path.substr(room.folder.size()).starts_with('/'))
-      return &room;
+const Module* moduleOf(std::string_view path) {
+  for (const Module& module : modules()) {
+    if (path == module.folder) return &module;
+    if (path.starts_with(module.folder) && path.substr(module.folder.size()).starts_with('/'))
+      return &module;
   }
   return nullptr;
 }
 
 std::vector<std::string> forbiddenIncludes(std::string_view path, std::string_view text) {
   std::vector<std::string> found;
-  const Room* room = roomOf(path);
-  if (!room) return found;
+  const Module* module = moduleOf(path);
+  if (!module) return found;
   for (std::size_t number = 1; !text.empty(); ++number) {
     const auto end = std::min(text.find('\n'), text.size());
     std::string_view line = trimmed(text.substr(0, end));
@@ -290,7 +290,7 @@ std::vector<std::string> forbiddenIncludes(std::string_view path, std::string_vi
       continue;  // a macro, such as FreeType's
     const bool quoted = line[0] == '"';
     const std::string_view header = line.substr(1, line.find(quoted ? '"' : '>', 1) - 1);
-    if (!isAllowed(*room, path, header, quoted)) {
+    if (!isAllowed(*module, path, header, quoted)) {
       found.push_back(std::string(path) + ":" + std::to_string(number) + ": " +
                       std::string(header));
     }

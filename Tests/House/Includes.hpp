@@ -1,4 +1,4 @@
-// Which room may include what, and what in a source breaks that.
+// Which module may include what, and what in a source breaks that.
 #pragma once
 
 #include <filesystem>
@@ -9,7 +9,7 @@
 
 namespace house {
 
-struct Room {
+struct Module {
   std::string folder;                  ///< below the source tree
   std::vector<std::string> sees;       ///< beginnings of quoted includes
   bool callsSystem = false;            ///< POSIX and Linux headers
@@ -17,12 +17,12 @@ struct Room {
 };
 
 /// Innermost folders first: the first that holds a file decides.
-[[nodiscard]] std::span<const Room> rooms();
+[[nodiscard]] std::span<const Module> modules();
 
-/// The room of a path relative to the source tree; null for files outside of all rooms.
-[[nodiscard]] const Room* roomOf(std::string_view path);
+/// The module of a path relative to the source tree; null for files outside of all modules.
+[[nodiscard]] const Module* moduleOf(std::string_view path);
 
-/// One line for each include that the file's room may not have: "path:line: header".
+/// One line for each include that the file's module may not have: "path:line: header".
 [[nodiscard]] std::vector<std::string> forbiddenIncludes(std::string_view path,
                                                          std::string_view text);
 

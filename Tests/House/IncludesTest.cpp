@@ -1,4 +1,4 @@
-// The arrows between the rooms, read from the sources.
+// The arrows between the modules, read from the sources.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -15,10 +15,10 @@ std::vector<SourceFile> sources() {
   return filesBelow({"Platform", "QuorvelWidgets", "Host", "Import"}, {".cpp", ".hpp"});
 }
 
-TEST(Includes, EverySourceStandsInARoom) {
+TEST(Includes, EverySourceStandsInAModule) {
   const auto all = sources();
   ASSERT_GT(all.size(), 20u);
-  for (const SourceFile& file : all) EXPECT_NE(roomOf(file.path), nullptr) << file.path;
+  for (const SourceFile& file : all) EXPECT_NE(moduleOf(file.path), nullptr) << file.path;
 }
 
 TEST(Includes, EveryRoomIncludesOnlyWhatItSees) {
@@ -78,7 +78,7 @@ TEST(Includes, TheImporterSeesTheDocumentAndNoWidget) {
           "Import/SnapshotMaker.cpp:2: Session/Launch.hpp"));
 }
 
-TEST(Includes, LibrariesStayInTheSourcesOfTheirRoom) {
+TEST(Includes, LibrariesStayInTheSourcesOfTheirModule) {
   const std::string text = "  #  include <unicode/ucal.h>\n";
   EXPECT_THAT(forbiddenIncludes("Platform/Foundation/Calendar.cpp", text), IsEmpty());
   EXPECT_THAT(forbiddenIncludes("Platform/Foundation/Calendar.hpp", text),

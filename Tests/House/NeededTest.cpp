@@ -1,5 +1,5 @@
 // What the built programs load when they start: the link lines' answer to the arrows between the
-// rooms.
+// modules.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 

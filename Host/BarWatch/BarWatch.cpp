@@ -1,4 +1,4 @@
-#include "Watch/BarWatch.hpp"
+#include "BarWatch/BarWatch.hpp"
 
 #include <poll.h>
 #include <sys/inotify.h>

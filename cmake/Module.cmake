@@ -1,4 +1,4 @@
-# A room is one folder, one static library, and the libraries that it may see.
+# A module is one folder, one static library, and the libraries that it may see.
 
 set(CMAKE_CXX_STANDARD 23)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
@@ -16,38 +16,38 @@ target_compile_options(
             -Wno-missing-field-initializers
             -fno-omit-frame-pointer)
 
-# quorvel_room(NAME INCLUDE_ROOT dir FOLDER dir FOLDERS dirs... SEES targets... USES libraries... WITHOUT sources...): the
+# quorvel_module(NAME INCLUDE_ROOT dir FOLDER dir FOLDERS dirs... SEES targets... USES libraries... WITHOUT sources...): the
 # sources of FOLDER (the current one) and of its FOLDERS, but for those that another target has; SEES are public, USES
 # private.
-function(quorvel_room name)
-  cmake_parse_arguments(ROOM "" "INCLUDE_ROOT;FOLDER" "FOLDERS;SEES;USES;WITHOUT" ${ARGN})
-  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${ROOM_FOLDER}/*.cpp)
-  foreach(folder IN LISTS ROOM_FOLDERS)
+function(quorvel_module name)
+  cmake_parse_arguments(MODULE "" "INCLUDE_ROOT;FOLDER" "FOLDERS;SEES;USES;WITHOUT" ${ARGN})
+  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${MODULE_FOLDER}/*.cpp)
+  foreach(folder IN LISTS MODULE_FOLDERS)
     file(GLOB inner CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.cpp)
     list(APPEND sources ${inner})
   endforeach()
   list(FILTER sources EXCLUDE REGEX "/main\\.cpp$")
-  list(TRANSFORM ROOM_WITHOUT PREPEND ${CMAKE_CURRENT_SOURCE_DIR}/)
-  list(REMOVE_ITEM sources ${ROOM_WITHOUT})
+  list(TRANSFORM MODULE_WITHOUT PREPEND ${CMAKE_CURRENT_SOURCE_DIR}/)
+  list(REMOVE_ITEM sources ${MODULE_WITHOUT})
   add_library(${name} STATIC ${sources})
-  target_include_directories(${name} PUBLIC ${ROOM_INCLUDE_ROOT})
+  target_include_directories(${name} PUBLIC ${MODULE_INCLUDE_ROOT})
   target_link_libraries(
     ${name}
-    PUBLIC ${ROOM_SEES}
-    PRIVATE quorvel_options ${ROOM_USES})
+    PUBLIC ${MODULE_SEES}
+    PRIVATE quorvel_options ${MODULE_USES})
 endfunction()
 
 # quorvel_tests(NAME FOLDERS dirs... SEES targets...): one GoogleTest program from the sources of the folder and of its
 # FOLDERS.
 function(quorvel_tests name)
-  cmake_parse_arguments(ROOM "" "" "FOLDERS;SEES" ${ARGN})
+  cmake_parse_arguments(TESTS "" "" "FOLDERS;SEES" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
-  foreach(folder IN LISTS ROOM_FOLDERS)
+  foreach(folder IN LISTS TESTS_FOLDERS)
     file(GLOB inner CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.cpp)
     list(APPEND sources ${inner})
   endforeach()
   add_executable(${name} ${sources})
-  target_link_libraries(${name} PRIVATE quorvel_options ${ROOM_SEES} GTest::gmock GTest::gtest_main)
+  target_link_libraries(${name} PRIVATE quorvel_options ${TESTS_SEES} GTest::gmock GTest::gtest_main)
   target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR} ${CMAKE_CURRENT_SOURCE_DIR})
   target_compile_definitions(${name} PRIVATE QUORVEL_SOURCE_DIR="${CMAKE_SOURCE_DIR}"
                                              QUORVEL_BINARY_DIR="${CMAKE_BINARY_DIR}")

@@ -4,10 +4,10 @@
 
 #include <tuple>
 
+#include "BarWatch/BarWatch.hpp"
 #include "Foundation/FileWriting.hpp"
 #include "Foundation/Printable.hpp"
 #include "Foundation/ProcessPrivacy.hpp"
-#include "Watch/BarWatch.hpp"
 
 namespace {
 

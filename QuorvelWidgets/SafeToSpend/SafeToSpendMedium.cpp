@@ -131,7 +131,10 @@ View perDayWords(const SafeToSpendContent& content) {
 View perDayFigure(const SafeToSpendContent& content) {
   return VStack{
       {.alignment = HorizontalAlignment::leading, .spacing = 0},
-      Amount{.value = content.mainAmount(), .snapshot = content.snapshot, .size = 17},
+      Amount{.value = content.mainAmount(),
+             .snapshot = content.snapshot,
+             .size = 17,
+             .weight = kFigureWeight},
       perDayWords(content).padding({.top = 3}),
   }
       .accessibility(spokenTileAmount(content));

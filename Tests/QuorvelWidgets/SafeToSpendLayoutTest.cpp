@@ -1,10 +1,13 @@
 // Where the safe-to-spend layouts put their parts, and what a host can read of them when hidden.
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <memory>
+#include <set>
+#include <string>
 
 #include "Rendering/Layout/Layout.hpp"
 #include "Rendering/Renderer.hpp"
+#include "Tests/Support/PlacedTexts.hpp"
 #include "Tests/Support/SafeToSpendCases.hpp"
 
 namespace quorvel {
@@ -75,8 +78,22 @@ Rect frameOfText(const rendering::LayoutTree& tree, std::string_view text) {
   return node ? node->frame : Rect{};
 }
 
+/// The figures of a layout that are semibold; the smallest figure has 17 points.
+std::set<std::string> semiboldFigures(SafeToSpendStyle style, WidgetFamily family, Size size) {
+  const auto tree = placed(usual(), style, family, size);
+  std::set<std::string> figures;
+  for (const auto& text : testsupport::find(tree).texts) {
+    const viewkit::TextElement& element = text.element();
+    if (element.size >= 17 && element.weight == viewkit::FontWeight::semibold) {
+      figures.insert(element.text);
+    }
+  }
+  return figures;
+}
+
 constexpr Size kSmall{170, 170};
 constexpr Size kMedium{364, 170};
+constexpr Size kWithoutTile{270, 141};
 
 TEST(SafeToSpendLayout, TheRingsGaugeIsTheWidthOfTheContentAnd63High) {
   const auto tree = placed(usual(), SafeToSpendStyle::ring, WidgetFamily::systemSmall, kSmall);
@@ -144,7 +161,8 @@ TEST(SafeToSpendLayout, ALabelThatIsALittleTooWideShrinksOnItsLine) {
 
 // Three parts leave "On pace" 27 of the 28 that it needs at its smallest.
 TEST(SafeToSpendLayout, WithoutRoomForTheTileTheDaysStandBesideTheAmountPerDay) {
-  const auto tree = placed(usual(), SafeToSpendStyle::ring, WidgetFamily::systemMedium, {270, 141});
+  const auto tree =
+      placed(usual(), SafeToSpendStyle::ring, WidgetFamily::systemMedium, kWithoutTile);
   const Rect amount = frameOfText(tree, "$106");
   const Rect days = frameOfText(tree, "11");
   EXPECT_GT(amount.width, 0);
@@ -153,6 +171,18 @@ TEST(SafeToSpendLayout, WithoutRoomForTheTileTheDaysStandBesideTheAmountPerDay) 
   EXPECT_GT(frameOfText(tree, "Days left").y, days.y);
   EXPECT_EQ(frameOfText(tree, "Spent").width, 0);
   EXPECT_EQ(frameOfText(tree, "11d left").width, 0);
+}
+
+TEST(SafeToSpendLayout, EveryFigureIsSemibold) {
+  using ::testing::ElementsAre;
+  EXPECT_THAT(semiboldFigures(SafeToSpendStyle::accent, WidgetFamily::systemSmall, kSmall),
+              ElementsAre("$106"));
+  EXPECT_THAT(semiboldFigures(SafeToSpendStyle::ring, WidgetFamily::systemSmall, kSmall),
+              ElementsAre("$106", "61%"));
+  EXPECT_THAT(semiboldFigures(SafeToSpendStyle::accent, WidgetFamily::systemMedium, kMedium),
+              ElementsAre("$1,166", "$106", "11", "61%"));
+  EXPECT_THAT(semiboldFigures(SafeToSpendStyle::accent, WidgetFamily::systemMedium, kWithoutTile),
+              ElementsAre("$1,166", "$106", "11"));
 }
 
 TEST(SafeToSpendLayout, AnAmountOfAnySizeStaysInTheWidget) {

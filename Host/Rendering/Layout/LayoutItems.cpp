@@ -265,12 +265,13 @@ MeasuredSize LayoutItems::measure(ItemId asking, const Proposal& asked) {
   const ItemId id = items_[asking].answering;
   const Proposal proposal = cleanProposal(asked);
   ++questions_;
-  const Memo* known = remembered(id, proposal);
-  if (!known && mayEstimate(id)) known = &mostSimilar(id, proposal);
-  if (known) {
-    const bool isExact = answers(*known, proposal);
-    isRough_ = isRough_ || known->isRough || !isExact;
-    return isExact ? known->answer : cleaned(known->answer, proposal);
+  if (const Memo* known = remembered(id, proposal)) {
+    isRough_ = isRough_ || known->isRough;
+    return known->answer;
+  }
+  if (mayEstimate(id)) {
+    isRough_ = true;
+    return cleaned(mostSimilar(id, proposal).answer, proposal);
   }
   const bool wasRough = std::exchange(isRough_, false);
   ++depth_;
@@ -304,17 +305,14 @@ MeasuredSize LayoutItems::estimate(ItemId id, const Proposal& proposal) {
 /// Estimates go by samples alone, so that they do not change while layout goes on; what is for good
 /// does not rest on an estimate as long as the budget lasts.
 const LayoutItems::Memo* LayoutItems::remembered(ItemId id, const Proposal& proposal) const {
+  const double width = memoKey(proposal.width);
+  const double height = memoKey(proposal.height);
   for (std::uint32_t at = items_[id].firstMemo; at != kNone; at = memos_[at].next) {
     const Memo& memo = memos_[at];
-    if (!answers(memo, proposal)) continue;
+    if (memo.width != width || memo.height != height || memo.scaleLimit != scaleLimit_) continue;
     if (isEstimating_ ? memo.isSample : !memo.isRough || isOverBudget()) return &memo;
   }
   return nullptr;
-}
-
-bool LayoutItems::answers(const Memo& memo, const Proposal& proposal) const {
-  return memo.width == memoKey(proposal.width) && memo.height == memoKey(proposal.height) &&
-         memo.scaleLimit == scaleLimit_;
 }
 
 bool LayoutItems::mayEstimate(ItemId id) const {

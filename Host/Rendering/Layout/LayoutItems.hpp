@@ -102,7 +102,6 @@ class LayoutItems {
   void addText(ItemId id, const viewkit::TextElement& text);
 
   [[nodiscard]] const Memo* remembered(ItemId id, const Proposal& proposal) const;
-  [[nodiscard]] bool answers(const Memo& memo, const Proposal& proposal) const;
   [[nodiscard]] bool mayEstimate(ItemId id) const;
   [[nodiscard]] const Memo& mostSimilar(ItemId id, const Proposal& proposal) const;
   [[nodiscard]] MeasuredSize compute(ItemId id, const Proposal& proposal);

@@ -178,9 +178,13 @@ double TextLayout::widestLine() const {
 }
 
 const TextLayout::Fit& TextLayout::fit(const Proposal& proposal, double scaleLimit) {
-  mostScale_ = sharesScale() ? std::clamp(scaleLimit, leastScale_, 1.0) : 1;
+  const double mostScale = sharesScale() ? std::clamp(scaleLimit, leastScale_, 1.0) : 1;
   const double width = std::max(proposal.width.value_or(kUnbounded), leastWidth());
   const Room room{width, proposal.height.value_or(kUnbounded)};
+  // A text is mostly measured, looked into and placed with the same offer.
+  if (!fit_.lines.empty() && room == fittedRoom_ && mostScale == mostScale_) return fit_;
+  fittedRoom_ = room;
+  mostScale_ = mostScale;
   fit_.whole = shrinkToFit(room, Breaking::betweenChunks);
   if (fit_.whole) {
     if (balanced_ && fit_.lines.size() > 1) balance();

@@ -59,8 +59,10 @@ class TextLayout {
   };
   enum class Breaking { betweenChunks, anywhere };
   struct Room {
-    double width;
-    double height;
+    double width = 0;
+    double height = 0;
+
+    friend bool operator==(const Room&, const Room&) = default;
   };
 
   void makeChunks();
@@ -94,6 +96,7 @@ class TextLayout {
   double widestCluster_ = 0;
   std::vector<Chunk> chunks_;
   Fit fit_;
+  Room fittedRoom_;  ///< what the fit is for
   std::size_t steps_ = 0;
 };
 

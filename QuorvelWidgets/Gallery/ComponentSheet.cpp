@@ -145,8 +145,8 @@ void addMetersAndGauges(Samples& out, const Environment& environment) {
     out.push_back(
         {"WidgetMeter",
          variant,
-         WidgetMeter{.fraction = fraction, .color = color, .track = track, .height = 5}.frame(
-             FixedFrame{.width = 100})});
+         WidgetMeter{.fraction = fraction, .color = colors.mark(color), .track = track, .height = 5}
+             .frame(FixedFrame{.width = 100})});
   };
   meter("0", 0, palette::statusGood);
   meter("0.14", 0.14, palette::statusGood);
@@ -166,10 +166,11 @@ void addMetersAndGauges(Samples& out, const Environment& environment) {
   usage("0.996", 0.996, snapshot);
   usage("hidden", 0.62, hidden);
   const auto spent = [&](std::string_view variant, double fraction, Color color) {
-    out.push_back({"SpentGauge",
-                   variant,
-                   SpentGauge{.spentFraction = fraction, .color = color, .track = track}.frame(
-                       FixedFrame{.width = 104, .height = 54})});
+    out.push_back(
+        {"SpentGauge",
+         variant,
+         SpentGauge{.spentFraction = fraction, .color = colors.mark(color), .track = track}.frame(
+             FixedFrame{.width = 104, .height = 54})});
   };
   spent("0", 0, palette::statusGood);
   spent("0.61", 0.61, palette::statusGood);

@@ -48,6 +48,20 @@ TEST(ComponentSheet, NamesEverySampleOnTheSheet) {
   }
 }
 
+// A host that tints knows strengths of one colour. Faces and backdrops have colours of their own.
+TEST(ComponentSheet, TintedSamplesHoldNoColourOfThePalette) {
+  using widgetruntime::RenderingMode;
+  for (const RenderingMode mode : {RenderingMode::accented, RenderingMode::vibrant}) {
+    widgetruntime::Environment environment;
+    environment.widgetRenderingMode = mode;
+    for (const ComponentSample& sample : componentSamples(environment)) {
+      if (sample.component == "CardArtTile" || sample.component == "AccessoryBackdrop") continue;
+      EXPECT_THAT(viewkit::dump(sample.view), ::testing::Not(::testing::HasSubstr("#")))
+          << sample.component << ", " << sample.variant;
+    }
+  }
+}
+
 /// A file per component, with its variants one below the other.
 std::vector<testsupport::ApprovalCase> cases() {
   std::map<std::string, std::string> dumps;

@@ -81,14 +81,14 @@ void Board::sit(const std::string& id,
     picture.size = surfaces::standardSize(sitting.subject.family);
     return sitting.then(std::move(picture));
   }
-  ask(std::move(sitting), false);
+  ask(std::move(sitting), /*isPreview=*/false);
 }
 
 void Board::preview(const Subject& subject, const BoardView& view, Then<BoardPicture> then) {
   Sitting sitting{.subject = subject, .view = view, .then = std::move(then)};
   sitting.subject.isPlaced = false;
   sitting.isRedacted = parts_.host.privacy().isHidden() || view.hidesAmounts;
-  ask(std::move(sitting), true);
+  ask(std::move(sitting), /*isPreview=*/true);
 }
 
 void Board::ask(Sitting sitting, bool isPreview) {

@@ -89,7 +89,8 @@ void Presenter::presentOn(Place& place,
         hand(key, shown, drawn);
       });
   if (!moment.isKept || place.demand.medium != Medium::bitmap) return;
-  if (const auto* hidden = timeline.treeAt(moment.now, mode, true)) keepLater(place, hidden->view);
+  if (const auto* hidden = timeline.treeAt(moment.now, mode, /*redacted=*/true))
+    keepLater(place, hidden->view);
 }
 
 void Presenter::recall(Place& place) {
@@ -145,7 +146,7 @@ void Presenter::keepAll() {
   keeping_.reset();
   for (auto& [key, place] : places_) {
     if (!place.toKeep) continue;
-    pictureMaker_.keep(requestFor(place, *place.toKeep, true));
+    pictureMaker_.keep(requestFor(place, *place.toKeep, /*redacted=*/true));
     place.kept = std::exchange(place.toKeep, std::nullopt);
   }
 }

@@ -31,18 +31,20 @@ constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 
 using Samples = std::vector<ComponentSample>;
 
-WidgetSnapshot snapshotOf(bool isHidden, bool showDecimals = false) {
+enum class Amounts { whole, cents, hidden };
+
+WidgetSnapshot snapshotOf(Amounts amounts) {
   WidgetSnapshot snapshot;
-  snapshot.isHidden = isHidden;
+  snapshot.isHidden = amounts == Amounts::hidden;
   snapshot.lang = "en";
-  snapshot.money = {.symbol = "$", .showDecimals = showDecimals};
+  snapshot.money = {.symbol = "$", .showDecimals = amounts == Amounts::cents};
   return snapshot;
 }
 
 void addAmounts(Samples& out) {
-  const WidgetSnapshot whole = snapshotOf(false);
-  const WidgetSnapshot cents = snapshotOf(false, true);
-  const WidgetSnapshot hidden = snapshotOf(true);
+  const WidgetSnapshot whole = snapshotOf(Amounts::whole);
+  const WidgetSnapshot cents = snapshotOf(Amounts::cents);
+  const WidgetSnapshot hidden = snapshotOf(Amounts::hidden);
   const auto add = [&](std::string_view variant,
                        double value,
                        double size,
@@ -62,21 +64,22 @@ void addAmounts(Samples& out) {
 }
 
 void addChanges(Samples& out, const ModeColors& colors) {
-  const auto add = [&](std::string_view variant, double value, bool favorableWhenPositive) {
+  enum class Rise { favorable, unfavorable };
+  const auto add = [&](std::string_view variant, double value, Rise rise) {
     out.push_back({"WidgetChange",
                    variant,
                    WidgetChange{.value = value,
                                 .precision = 1,
-                                .favorableWhenPositive = favorableWhenPositive,
+                                .favorableWhenPositive = rise == Rise::favorable,
                                 .size = 12,
                                 .colors = colors}});
   };
-  add("rise, favourable", 5.5, true);
-  add("fall, unfavourable", -3.26, true);
-  add("rise of spending", 8.1, false);
-  add("fall of spending", -12.4, false);
-  add("zero", 0, true);
-  add("not finite", kNaN, true);
+  add("rise, favourable", 5.5, Rise::favorable);
+  add("fall, unfavourable", -3.26, Rise::favorable);
+  add("rise of spending", 8.1, Rise::unfavorable);
+  add("fall of spending", -12.4, Rise::unfavorable);
+  add("zero", 0, Rise::favorable);
+  add("not finite", kNaN, Rise::favorable);
 }
 
 void addTilesAndHeaders(Samples& out, const ModeColors& colors) {
@@ -139,8 +142,8 @@ void addPillsAndNotes(Samples& out, const ModeColors& colors) {
 void addMetersAndGauges(Samples& out, const Environment& environment) {
   const ModeColors colors{environment.widgetRenderingMode};
   const Color track = colors.track();
-  const WidgetSnapshot snapshot = snapshotOf(false);
-  const WidgetSnapshot hidden = snapshotOf(true);
+  const WidgetSnapshot snapshot = snapshotOf(Amounts::whole);
+  const WidgetSnapshot hidden = snapshotOf(Amounts::hidden);
   const auto meter = [&](std::string_view variant, double fraction, Color color) {
     out.push_back(
         {"WidgetMeter",

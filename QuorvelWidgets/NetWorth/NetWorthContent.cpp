@@ -52,7 +52,7 @@ View NetWorthContent::change() const {
 
 std::optional<ChangeDescription> shownChange(const WidgetSnapshot::NetWorth& netWorth) {
   if (!netWorth.changePercent) return std::nullopt;
-  return describeChange(*netWorth.changePercent, kChangePrecision, true);
+  return describeChange(*netWorth.changePercent, kChangePrecision, /*favorableWhenPositive=*/true);
 }
 
 std::optional<std::string> comparedMonth(const WidgetSnapshot::NetWorth& netWorth) {
@@ -61,7 +61,7 @@ std::optional<std::string> comparedMonth(const WidgetSnapshot::NetWorth& netWort
   const auto& previous = history[history.size() - 2];
   const double percent = (netWorth.value - previous.value) / std::abs(previous.value) * 100;
   const auto shown = shownChange(netWorth);
-  const auto borneOut = describeChange(percent, kChangePrecision, true);
+  const auto borneOut = describeChange(percent, kChangePrecision, /*favorableWhenPositive=*/true);
   if (!shown || shown != borneOut) return std::nullopt;
   return previous.month;
 }

@@ -22,7 +22,7 @@ std::optional<double> changeAgainstLastMonth(const WidgetSnapshot::Spending& spe
 
 std::optional<ChangeDescription> shownChange(const WidgetSnapshot::Spending& spending) {
   const auto percent = changeAgainstLastMonth(spending);
-  return percent ? describeChange(*percent, 1, false) : std::nullopt;
+  return percent ? describeChange(*percent, 1, /*favorableWhenPositive=*/false) : std::nullopt;
 }
 
 SpendingStatistics spendingStatistics(const WidgetSnapshot::Spending& spending, int today) {

@@ -40,11 +40,11 @@ std::vector<Scene> scenesOf(const SheetAxes& axes, const std::vector<DocumentSta
     }
   };
   if (axes.states) {
-    addStates(true);
+    addStates(/*usual=*/true);
     scenes.insert(scenes.end(), kHostStates.begin(), kHostStates.end());
   }
   if (axes.extremes) {
-    addStates(false);
+    addStates(/*usual=*/false);
     scenes.insert(scenes.end(), kDays.begin(), kDays.end());
   }
   return scenes;

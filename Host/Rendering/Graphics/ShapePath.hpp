@@ -10,6 +10,8 @@
 namespace rendering {
 
 enum class PathVerb : std::uint8_t { move, line, cubic, close };
+/// What counts as inside of a path that crosses itself.
+enum class FillRule : std::uint8_t { nonZero, evenOdd };
 
 /// Moves and lines take one point, cubics three (two controls, the end), close none.
 struct Path {

@@ -161,7 +161,7 @@ class Writer {
       const char* color = layer.erases ? "#000000" : "#FFFFFF";
       content +=
           fmt::format(R"(<path d="{}" fill="{}")", pathData(path), layer.fills ? color : "none");
-      if (layer.evenOdd) content += R"( fill-rule="evenodd")";
+      if (layer.fillRule == FillRule::evenOdd) content += R"( fill-rule="evenodd")";
       if (layer.stroke > 0) {
         content += fmt::format(
             R"( stroke="{}" stroke-width="{}" stroke-linejoin="round" stroke-linecap="round")",

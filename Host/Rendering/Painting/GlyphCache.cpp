@@ -135,7 +135,7 @@ MaskImage GlyphCache::symbol(
   for (const SymbolLayer& layer : drawing.layers) {
     MaskSink sink(coverage_.data() + slot.offset, box, layer.erases);
     const PathView path{layer.path.verbs, layer.path.points};
-    if (layer.fills) raster_.fill(path, transform, layer.evenOdd, box, sink);
+    if (layer.fills) raster_.fill(path, transform, layer.fillRule, box, sink);
     if (layer.stroke > 0) {
       const StrokeStyle style{
           layer.stroke * size, viewkit::LineCap::round, viewkit::LineJoin::round};

@@ -166,7 +166,7 @@ void Painter::draw(const FillPath& command) {
   if (!affords(box)) return;
   const PixelSource from = source(command.ink);
   SurfaceSink sink(surface(), from, maskFor(box));
-  raster_.fill(view(command.path), transform(), false, box, sink);
+  raster_.fill(view(command.path), transform(), FillRule::nonZero, box, sink);
 }
 
 void Painter::draw(const StrokePath& command) {
@@ -259,7 +259,7 @@ void Painter::drawGlyphOutlines(const DrawGlyphs& command, const PixelSource& fr
     path.clear();
     fonts_.byId(glyph.font).appendOutline(glyph.glyph, command.size, glyph.x, glyph.y, path);
     SurfaceSink sink(surface(), from, maskFor(box));
-    raster_.fill({path.verbs, path.points}, transform(), false, box, sink);
+    raster_.fill({path.verbs, path.points}, transform(), FillRule::nonZero, box, sink);
   }
 }
 
@@ -310,7 +310,7 @@ void Painter::cutCorners(double radius, Bitmap& out) {
     Path path;
     appendRounded(path, whole, pixels, style);
     CoverageSink sink(corners_.map);
-    unmetered_.fill({path.verbs, path.points}, {}, false, corners_.map.box, sink);
+    unmetered_.fill({path.verbs, path.points}, {}, FillRule::nonZero, corners_.map.box, sink);
   }
   for (int y = 0; y < corners_.extent; ++y) {
     const std::uint8_t* coverage = corners_.map.row(y);

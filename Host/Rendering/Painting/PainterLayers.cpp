@@ -59,7 +59,7 @@ const CoverageMap& Painter::maskOf(std::size_t index) {
   clip.mask.reset(box);
   if (!hold(clip.mask.box.area()) || !affords(box, limits::kMaskVisits)) return clip.mask;
   CoverageSink sink(clip.mask);
-  raster_.fill(view(clip.path), transform(), false, box, sink);
+  raster_.fill(view(clip.path), transform(), FillRule::nonZero, box, sink);
   if (index > layers_[depth_ - 1].firstClip) {
     const CoverageMap& outer = maskOf(index - 1);
     for (int y = box.top; y < box.bottom; ++y) {
@@ -191,12 +191,12 @@ void Painter::draw(const ErasePath& command) {
     const CoverageMap* mask = maskFor(box);
     if (visitsLeft_ < 0) return;
     EraseSink sink(surface(), mask);
-    return raster_.fill(view(command.path), transform(), false, box, sink);
+    return raster_.fill(view(command.path), transform(), FillRule::nonZero, box, sink);
   }
   CoverageMap hole;
   hole.reset(box);
   CoverageSink sink(hole);
-  raster_.fill(view(command.path), transform(), false, box, sink);
+  raster_.fill(view(command.path), transform(), FillRule::nonZero, box, sink);
   erase(hole);
 }
 

@@ -121,17 +121,17 @@ bool Rasterizer::spend(std::int64_t visits) {
   return *visits_ >= 0;
 }
 
-void Rasterizer::render(bool evenOdd, const PixelBox& clip, SpanSink& sink) {
+void Rasterizer::render(FillRule rule, const PixelBox& clip, SpanSink& sink) {
   if (outline_.points.empty() || clip.empty() || !library_) return;
   // So much takes milliseconds, wherever the lines run.
   constexpr std::int64_t kFewPixels = 65'536;
   const std::int64_t crossed = crossedPixels(outline_, clip);
-  if (crossed > kFewPixels) return renderInStrips(evenOdd, clip, sink);
-  if (spend(fillingVisits(outline_, clip, crossed))) renderOutline(outline_, evenOdd, clip, sink);
+  if (crossed > kFewPixels) return renderInStrips(rule, clip, sink);
+  if (spend(fillingVisits(outline_, clip, crossed))) renderOutline(outline_, rule, clip, sink);
 }
 
 /// Where many lines run far, each strip sees little of each, and its rows' lists stay short.
-void Rasterizer::renderInStrips(bool evenOdd, const PixelBox& clip, SpanSink& sink) {
+void Rasterizer::renderInStrips(FillRule rule, const PixelBox& clip, SpanSink& sink) {
   constexpr int kStrip = 32;
   for (int left = clip.left; left < clip.right; left += kStrip) {
     const PixelBox strip{left, clip.top, std::min(left + kStrip, clip.right), clip.bottom};
@@ -142,12 +142,12 @@ void Rasterizer::renderInStrips(bool evenOdd, const PixelBox& clip, SpanSink& si
     const std::int64_t crossed = crossedPixels(strip_, strip);
     const auto points = static_cast<std::int64_t>(outline_.points.size());
     if (!spend(points + fillingVisits(strip_, strip, crossed))) return;
-    renderOutline(strip_, evenOdd, strip, sink);
+    renderOutline(strip_, rule, strip, sink);
   }
 }
 
 void Rasterizer::renderOutline(PixelOutline& from,
-                               bool evenOdd,
+                               FillRule rule,
                                const PixelBox& clip,
                                SpanSink& sink) {
   if (from.points.empty()) return;
@@ -159,7 +159,7 @@ void Rasterizer::renderOutline(PixelOutline& from,
   tags_.assign(from.points.size(), FT_CURVE_TAG_ON);
   outline.tags = tags_.data();
   outline.contours = from.contours.data();
-  outline.flags = evenOdd ? FT_OUTLINE_EVEN_ODD_FILL : FT_OUTLINE_NONE;
+  outline.flags = rule == FillRule::evenOdd ? FT_OUTLINE_EVEN_ODD_FILL : FT_OUTLINE_NONE;
   FT_Raster_Params params{};
   params.flags = FT_RASTER_FLAG_AA | FT_RASTER_FLAG_DIRECT | FT_RASTER_FLAG_CLIP;
   params.gray_spans = takeSpans;
@@ -170,11 +170,11 @@ void Rasterizer::renderOutline(PixelOutline& from,
 
 void Rasterizer::fill(PathView path,
                       const PixelTransform& transform,
-                      bool evenOdd,
+                      FillRule rule,
                       const PixelBox& clip,
                       SpanSink& sink) {
   load(path, transform);
-  render(evenOdd, clip, sink);
+  render(rule, clip, sink);
 }
 
 /// Other than 0 it ends a decomposition.
@@ -353,7 +353,7 @@ void Rasterizer::exportStroke(const PixelBox& clip, SpanSink& sink) {
   FT_Outline_Decompose(&outline, &callbacks, this);
   outline_.endContour();
   if (outline_.points.size() > kMostOutlinePoints) return;
-  render(false, clip, sink);
+  render(FillRule::nonZero, clip, sink);
 }
 
 }  // namespace rendering

@@ -56,7 +56,7 @@ class Rasterizer {
 
   void fill(PathView path,
             const PixelTransform& transform,
-            bool evenOdd,
+            FillRule rule,
             const PixelBox& clip,
             SpanSink& sink);
   void stroke(PathView path,
@@ -77,9 +77,9 @@ class Rasterizer {
                           const FT_Vector_* b,
                           const FT_Vector_* to,
                           void* user);
-  void render(bool evenOdd, const PixelBox& clip, SpanSink& sink);
-  void renderInStrips(bool evenOdd, const PixelBox& clip, SpanSink& sink);
-  void renderOutline(PixelOutline& outline, bool evenOdd, const PixelBox& clip, SpanSink& sink);
+  void render(FillRule rule, const PixelBox& clip, SpanSink& sink);
+  void renderInStrips(FillRule rule, const PixelBox& clip, SpanSink& sink);
+  void renderOutline(PixelOutline& outline, FillRule rule, const PixelBox& clip, SpanSink& sink);
   [[nodiscard]] bool spend(std::int64_t visits);
   /// Fills what the stroker has drawn.
   void exportStroke(const PixelBox& clip, SpanSink& sink);

@@ -148,7 +148,11 @@ const ShadowMask& ShadowMasks::mask(
   mask.box = box.empty() ? PixelBox{} : box;
   mask.coverage.assign(static_cast<std::size_t>(mask.box.area()), 0);
   FillSink sink(mask);
-  raster_.fill(path, {scale, scale, shiftX - x * scale, shiftY - y * scale}, false, mask.box, sink);
+  raster_.fill(path,
+               {scale, scale, shiftX - x * scale, shiftY - y * scale},
+               FillRule::nonZero,
+               mask.box,
+               sink);
   blur(mask.coverage, mask.box.width(), mask.box.height(), deviation);
   trim();
   return mask;

@@ -41,7 +41,7 @@ class OutlineReader {
           layers.emplace_back();
           break;
         case evenOdd:
-          layers.emplace_back().evenOdd = true;
+          layers.emplace_back().fillRule = FillRule::evenOdd;
           break;
         case move:
           layers.back().path.moveTo(point());
@@ -163,7 +163,7 @@ std::vector<SymbolLayer> compose(FontLibrary& fonts,
   if (recipe.badge >= 0) {
     SymbolLayer ring;
     appendCircle(ring.path, {kBadgeX, kBadgeY}, kBootstrapBox / 2 * kContained + kBadgeGap);
-    append(layers, {ring}, true);
+    append(layers, {ring}, /*erases=*/true);
     append(layers, placedIcon(recipe.badge, weight, kContained, kBadgeX, kBadgeY));
   }
   return layers;

@@ -39,7 +39,7 @@ struct SymbolRecipe {
 /// Coordinates in em of the symbol's font size around the middle of its box, y downwards.
 struct SymbolLayer {
   Path path;
-  bool evenOdd = false;
+  FillRule fillRule = FillRule::nonZero;
   bool erases = false;  ///< cuts out of the layers before it
   bool fills = true;
   double stroke = 0;  ///< em, round joins; drawn besides the filling

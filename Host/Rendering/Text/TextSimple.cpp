@@ -159,7 +159,7 @@ bool analyzeSimple(std::string_view text,
       continue;
     } else if (before == Class::none) {
       if (!out.empty()) {
-        const auto breaks = breaksBetween(Class::AL, type, true);
+        const auto breaks = breaksBetween(Class::AL, type, /*spaces=*/true);
         if (!breaks) return false;
         out.back().breakAfter = *breaks;
       }

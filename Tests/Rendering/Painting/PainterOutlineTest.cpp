@@ -30,7 +30,7 @@ class Outlines : public testing::Test {
     CoverageMap map;
     map.reset(box);
     CoverageSink sink(map);
-    raster.fill({path.verbs, path.points}, {}, false, box, sink);
+    raster.fill({path.verbs, path.points}, {}, FillRule::nonZero, box, sink);
     return map.coverage;
   }
 

@@ -1,3 +1,5 @@
+#include <utility>
+
 #include "QuorvelWidgets/SafeToSpend/SafeToSpendLayouts.hpp"
 #include "QuorvelWidgets/SafeToSpend/SpentGauge.hpp"
 #include "QuorvelWidgets/WidgetSupport/Colors/Palette.hpp"
@@ -23,10 +25,12 @@ FlexibleFrame part(double maxWidth) {
 }
 
 View pacePart(const SafeToSpendContent& content) {
-  const View verdict = content.caption(content.text(content.pace.key), 11.5, 0.7)
+  // As wide as the arc is open behind capitals that stand on its foot, less some air.
+  constexpr double kBesideWords = 14;
+  const View verdict = content.caption(content.text(content.pace.key), 11.5)
                            .font(11.5, FontWeight::semibold)
                            .foregroundStyle(content.paceColor())
-                           .padding({.leading = 17, .trailing = 17});
+                           .padding(Insets::horizontal(kBesideWords));
   const View middle = VStack{
       {.spacing = 2},
       when(content.isHidden(), [&] { return gaugeLock(content, 13); }),
@@ -87,9 +91,9 @@ View remainderFigure(const SafeToSpendContent& content) {
 }
 
 /// What stands below the remainder; the day phrase goes first.
-View details(const SafeToSpendContent& content) {
-  View days = whereItFits(
-      dayCaption(content, 11.5).foregroundStyle(content.colors.caption()).padding({.top = 3}));
+View details(const SafeToSpendContent& content, View phrase) {
+  View days =
+      whereItFits(std::move(phrase).foregroundStyle(content.colors.caption()).padding({.top = 3}));
   if (content.isHidden()) return days;
   return whereItFits(VStack{
       {.alignment = HorizontalAlignment::leading, .spacing = 0},
@@ -140,40 +144,48 @@ View perDayFigure(const SafeToSpendContent& content) {
       .accessibility(spokenTileAmount(content));
 }
 
-View daysNumber(const SafeToSpendContent& content) {
-  return Text{std::to_string(content.metrics.daysLeft)}
-      .font(17, kFigureWeight)
-      .lineLimit(1)
-      .minimumScaleFactor(0.8)
-      .direction(LayoutDirection::leftToRight);
+/// The number of days and what it is; spoken as one.
+struct DaysLeft {
+  View number;
+  View words;
+  Accessibility spoken;
+};
+
+DaysLeft daysLeft(const SafeToSpendContent& content) {
+  return {Text{std::to_string(content.metrics.daysLeft)}
+              .font(17, kFigureWeight)
+              .lineLimit(1)
+              .minimumScaleFactor(0.8)
+              .direction(LayoutDirection::leftToRight),
+          tileLabel(content, "daysLeft"),
+          {.label = spokenDayPhrase(content), .children = Accessibility::Children::ignore}};
 }
 
-View daysLeftFigure(const SafeToSpendContent& content) {
+View numberBelow(const DaysLeft& days) {
   return VStack{
       {.alignment = HorizontalAlignment::leading, .spacing = 0},
-      tileLabel(content, "daysLeft"),
-      daysNumber(content).padding({.top = 3}),
+      days.words,
+      days.number.padding({.top = 3}),
   }
-      .accessibilityHidden();  // the day phrase says it
+      .accessibility(days.spoken);
 }
 
-/// Beside the amount per day its number stands on that amount's line; no day phrase says it there.
-View daysLeftBeside(const SafeToSpendContent& content) {
+/// Beside the amount per day the number stands on that amount's line.
+View numberAbove(const DaysLeft& days) {
   return VStack{
       {.alignment = HorizontalAlignment::leading, .spacing = 0},
-      daysNumber(content),
-      tileLabel(content, "daysLeft").padding({.top = 3}),
+      days.number,
+      days.words.padding({.top = 3}),
   }
-      .accessibility(
-          {.label = spokenDayPhrase(content), .children = Accessibility::Children::ignore});
+      .accessibility(days.spoken);
 }
 
-View tile(const SafeToSpendContent& content, const View& perDay) {
+View tile(const SafeToSpendContent& content, const View& perDay, const View& days) {
   return VStack{
       {.alignment = HorizontalAlignment::leading, .spacing = 0},
-      perDay.layoutPriority(1),
+      perDay,
       Spacer{0},
-      whereItFits(daysLeftFigure(content).padding({.top = 6})),
+      days,
   }
       .frame(part(kInfinity))
       .padding(12)
@@ -195,18 +207,31 @@ View column(const View& remainder, const View& foot) {
 }  // namespace
 
 // Three parts side by side; where a figure or its label has no room, amounts and days share a
-// column without the tile's ground, and the days go last.
+// column without the tile's ground, and the days go last. They are drawn twice and spoken once: by
+// the pair in the tile, by the phrase on a last day that leaves the tile no room for a pair.
 View safeToSpendMedium(const SafeToSpendContent& content) {
   const View pace = pacePart(content).frame(part(104));
   const View remainder = remainderFigure(content);
   const View perDay = perDayFigure(content);
+  const DaysLeft days = daysLeft(content);
+  const auto threeParts = [&](View phrase, const View& pair) {
+    return HStack{
+        {.spacing = 12},
+        pace,
+        column(remainder, details(content, std::move(phrase))),
+        tile(content, perDay, pair),
+    };
+  };
+  const Text silentPhrase =
+      content.caption(dayPhrase(content.metrics.daysLeft, content.lang()), 11.5);
   const View withDays = HStack{
       {.alignment = VerticalAlignment::firstTextBaseline, .spacing = 16},
       perDay,
-      daysLeftBeside(content),
+      numberAbove(days),
   };
   return Fitting{
-      HStack{{.spacing = 12}, pace, column(remainder, details(content)), tile(content, perDay)},
+      threeParts(silentPhrase.accessibilityHidden(), numberBelow(days).padding({.top = 6})),
+      when(content.isLastDay(), [&] { return threeParts(dayCaption(content, 11.5), View{}); }),
       HStack{{.spacing = 12}, pace, column(remainder, Fitting{withDays, perDay})},
   }
       .frame(filling())

@@ -67,6 +67,15 @@ bool partsAWord(const rendering::PlacedText& text) {
   return false;
 }
 
+/// 11 points at the least scale that a caption has. Amounts and percentages, which run left to
+/// right in every language, shrink further.
+constexpr double kLeastWords = 8.8;
+
+bool isTooSmall(const FoundText& text) {
+  const bool isFigure = text.element().direction == viewkit::LayoutDirection::leftToRight;
+  return !isFigure && !text.node->text->lines.empty() && text.node->text->size < kLeastWords - 1e-9;
+}
+
 void checkText(const FoundText& text,
                const WidgetState& state,
                const std::function<void(const std::string&)>& fail) {
@@ -81,6 +90,7 @@ void checkText(const FoundText& text,
     fail(quoted + "is parted inside a word");
   }
   if (placed.scale < element.minimumScaleFactor - 1e-9) fail(quoted + "is smaller than allowed");
+  if (isTooSmall(text)) fail(quoted + "is drawn at " + std::to_string(placed.size) + " points");
   if (!element.text.empty() && placed.lines.empty()) fail(quoted + "has no room");
   for (const PlacedLine& line : placed.lines) {
     if (!isInside(inkBox(placed, line), text.around.clip)) fail(quoted + "leaves what is shown");
@@ -147,6 +157,33 @@ TEST_F(Legibility, NoTextIsCutLeavesTheWidgetOrOverlapsAnother) {
   EXPECT_EQ(faults.lines(), "");
 }
 
+// Hosts may draw a widget in a family that it is not declared for.
+TEST_F(Legibility, NoAccessoryDrawsWordsTooSmallToRead) {
+  Faults faults;
+  for (const std::string_view lang : kLanguageCodes) {
+    for (const WidgetState& state : testsupport::widgetStates(lang)) {
+      for (const auto& widget : testsupport::bundle().widgets) {
+        for (const WidgetFamily family : widgetruntime::kAllFamilies) {
+          if (!isAccessory(family)) continue;
+          const WidgetLayout layout = testsupport::layoutOf(widget.description.kind, family);
+          const viewkit::View view = testsupport::viewOf(layout, state);
+          for (const Device& device : testsupport::kDevices) {
+            const LayoutTree tree =
+                renderer_.place(view, testsupport::optionsFor(layout, state, device)).value();
+            for (const FoundText& text : testsupport::find(tree).texts) {
+              if (!isTooSmall(text)) continue;
+              faults.add(layout.name + " " + std::string{lang} + ": " + text.element().text +
+                             " is drawn at " + std::to_string(text.node->text->size),
+                         std::string{state.name} + " on " + std::string{device.name});
+            }
+          }
+        }
+      }
+    }
+  }
+  EXPECT_EQ(faults.lines(), "");
+}
+
 // March 2025 takes six rows of the heat map.
 TEST_F(Legibility, ALongMonthStaysInsideTheMarginsOfTheSmallestScreen) {
   const WidgetLayout layout =
@@ -177,6 +214,8 @@ TEST_F(Legibility, TheChecksSeeWhatIsWrong) {
           words.offset(42, 2),
           words.frame(FixedFrame{.width = 20}).offset(0, 30),
           Text{"Unbreakable"}.font(12).frame(FixedFrame{.width = 40}).offset(0, 80),
+          Text{"Tiny"}.font(8.7).offset(0, 110),
+          Text{"7"}.font(8.7).direction(LayoutDirection::leftToRight).offset(60, 110),
           Rectangle().frame(FixedFrame{.width = 50, .height = 20}).link("quorvel-widget://open/x"),
       }
           .frame(FixedFrame{.width = 170, .height = 170, .alignment = Alignment::topLeading});
@@ -191,6 +230,7 @@ TEST_F(Legibility, TheChecksSeeWhatIsWrong) {
               ::testing::ElementsAre("\"Some words\" is cut",
                                      "\"Some words\" leaves what is shown",
                                      "\"Some words\" overlaps \"Some words\"",
+                                     "\"Tiny\" is drawn at 8.700000 points",
                                      "\"Unbreakable\" is parted inside a word",
                                      "a link is 20.000000 high"));
 }

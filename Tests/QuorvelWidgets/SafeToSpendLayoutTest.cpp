@@ -1,11 +1,16 @@
 // Where the safe-to-spend layouts put their parts, and what a host can read of them when hidden.
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <memory>
 #include <set>
 #include <string>
 
+#include "QuorvelWidgets/SafeToSpend/SafeToSpendContent.hpp"
+#include "QuorvelWidgets/WidgetSupport/Texts/SpokenTexts.hpp"
+#include "QuorvelWidgets/WidgetSupport/Texts/WidgetStrings.hpp"
 #include "Rendering/Layout/Layout.hpp"
+#include "Rendering/Output/AccessibilityTree.hpp"
 #include "Rendering/Renderer.hpp"
 #include "Tests/Support/PlacedTexts.hpp"
 #include "Tests/Support/SafeToSpendCases.hpp"
@@ -93,7 +98,7 @@ std::set<std::string> semiboldFigures(SafeToSpendStyle style, WidgetFamily famil
 
 constexpr Size kSmall{170, 170};
 constexpr Size kMedium{364, 170};
-constexpr Size kWithoutTile{270, 141};
+constexpr Size kWithoutTile{268, 141};
 
 TEST(SafeToSpendLayout, TheRingsGaugeIsTheWidthOfTheContentAnd63High) {
   const auto tree = placed(usual(), SafeToSpendStyle::ring, WidgetFamily::systemSmall, kSmall);
@@ -159,7 +164,18 @@ TEST(SafeToSpendLayout, ALabelThatIsALittleTooWideShrinksOnItsLine) {
   EXPECT_NEAR(label->text->scale, 68.0 / 77, 0.01);
 }
 
-// Three parts leave "On pace" 27 of the 28 that it needs at its smallest.
+// The arc of 72 is open for 72 - 2 * 9.5 = 53 on its foot, of which the words take 44: "On pace", 7
+// * 11.5 / 2 = 40.25 wide, keeps its size.
+TEST(SafeToSpendLayout, TheVerdictTakesTheWidthThatTheArcLeavesOpen) {
+  const auto tree = placed(usual(), SafeToSpendStyle::ring, WidgetFamily::systemMedium, {292, 141});
+  const Rect gauge = frameOfComponent(tree, "SpentGauge");
+  EXPECT_NEAR(gauge.width, 72, 0.01);
+  const Rect verdict = frameOfText(tree, "On pace");
+  EXPECT_NEAR(verdict.width, 40.25, 0.01);
+  EXPECT_NEAR(verdict.x + verdict.width / 2, gauge.x + gauge.width / 2, 0.01);
+}
+
+// At 268 three parts leave the gauge 60 and "On pace" 32 of the 32.2 that it needs at its smallest.
 TEST(SafeToSpendLayout, WithoutRoomForTheTileTheDaysStandBesideTheAmountPerDay) {
   const auto tree =
       placed(usual(), SafeToSpendStyle::ring, WidgetFamily::systemMedium, kWithoutTile);
@@ -194,6 +210,67 @@ TEST(SafeToSpendLayout, AnAmountOfAnySizeStaysInTheWidget) {
     EXPECT_GE(amount.x, 16);
     EXPECT_LE(amount.x + amount.width, 154.01);
   }
+}
+
+/// How often a text is drawn.
+std::size_t countOf(const rendering::LayoutTree& tree, const std::string& words) {
+  const auto texts = testsupport::find(tree).texts;
+  return static_cast<std::size_t>(
+      std::ranges::count_if(texts, [&](const auto& text) { return text.element().text == words; }));
+}
+
+/// How often an element says exactly that.
+std::size_t spokenCountOf(const rendering::LayoutTree& tree, const std::string& words) {
+  const auto elements = rendering::accessibleElements(tree, {.redaction = {}, .name = "Name"});
+  return static_cast<std::size_t>(
+      std::ranges::count(elements, words, [](const auto& element) { return element.label; }));
+}
+
+rendering::LayoutTree mediumIn(rendering::Renderer& renderer,
+                               const WidgetSnapshot& snapshot,
+                               Size size) {
+  Environment environment;
+  environment.widgetFamily = WidgetFamily::systemMedium;
+  const auto view = testsupport::safeToSpendView(testsupport::entryWith(snapshot), environment);
+  return renderer.place(view, {.size = size}).value();
+}
+
+// The phrase and the pair say the same, and either may have no room.
+TEST(SafeToSpendForms, TheDaysAreSpokenOnceWhereverTheyAreDrawn) {
+  struct Period {
+    const char* end;
+    std::int64_t daysLeft;
+  };
+  constexpr Period kPeriods[] = {{"2025-03-14", 0}, {"2025-03-15", 1}, {"2025-03-31", 17}};
+  rendering::Renderer renderer;
+  std::size_t pairsAlone = 0;
+  std::size_t phrasesAlone = 0;
+  const auto check = [&](const WidgetSnapshot& snapshot, std::int64_t days, Size size) {
+    const auto tree = mediumIn(renderer, snapshot, size);
+    const std::string phrase = dayPhrase(days, snapshot.lang);
+    const std::size_t phrases = countOf(tree, phrase);
+    const std::size_t pairs = countOf(tree, WidgetStrings::text("daysLeft", snapshot.lang));
+    const std::string spoken = days == 0 ? phrase : spokenDaysLeft(days, snapshot.lang);
+    EXPECT_EQ(spokenCountOf(tree, spoken), phrases + pairs > 0 ? 1U : 0U)
+        << snapshot.lang << ", " << days << " days at " << size.width << "x" << size.height;
+    pairsAlone += phrases == 0 ? pairs : 0;
+    phrasesAlone += pairs == 0 ? phrases : 0;
+  };
+  for (const char* lang : {"en", "de", "es", "ja", "ar", "ru"}) {
+    for (const Period& period : kPeriods) {
+      for (const double spent : {1834.0, 3210.0}) {
+        const WidgetSnapshot snapshot = testsupport::snapshotWith(
+            testsupport::budgetOf(3000, spent, period.end, "2025-02-24"), lang);
+        for (const double width : {268.0, 292.0, 338.0, 364.0}) {
+          for (double height = 110; height <= 170; height += 5) {
+            check(snapshot, period.daysLeft, {width, height});
+          }
+        }
+      }
+    }
+  }
+  EXPECT_GT(pairsAlone, 50U);
+  EXPECT_GT(phrasesAlone, 5U);
 }
 
 /// 7391.42 of 9876.54 spent: 75 %; 2485.12 left, 248.51 per day.

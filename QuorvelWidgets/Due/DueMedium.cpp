@@ -30,10 +30,10 @@ View cardGround(const DueContent& content, const WidgetSnapshot::Due& due) {
   const RoundedRectangleShape shape{kCorner, CornerStyle::continuous};
   const Color faint = Color::primary().withOpacity(0.14);
   if (showsFaces(content)) {
+    // Under the veil that it needs a pale face is grey, and fades into a light wallpaper below it.
+    const auto colors = readableFace(due.face.value_or(std::vector<std::string>{}));
     const double weakestText = due.subtitle ? kSubtitleOpacity : 1;
-    return faceGround(
-               due.face.value_or(std::vector<std::string>{}), weakestText, kCardStep / kCardHeight)
-        .clip(shape);
+    return faceGround(colors, weakestText, kCardStep / kCardHeight).clip(shape);
   }
   // A card hides what lies behind it: with the canvas' colour, or by cutting it out where there are
   // no colours.

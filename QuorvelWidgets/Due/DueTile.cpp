@@ -63,10 +63,8 @@ View mark(const DueTile& tile) {
 View drawnTile(const DueTile& tile) {
   View plain = mark(tile);
   if (tile.onFace || tile.renderingMode != RenderingMode::fullColor) return plain;
-  // The veil that a white text needs leaves a mark on its paler ground 3:1. The default face looks
-  // better than a white or yellow one under its veil.
-  std::vector<std::string> colors = tile.due.face.value_or(std::vector<std::string>{});
-  if (hidesTheFace(faceVeil(colors, 1))) colors.clear();
+  // The veil that a white text needs leaves a mark on its paler ground 3:1.
+  const auto colors = readableFace(tile.due.face.value_or(std::vector<std::string>{}));
   const View face =
       faceGround(colors, 1).clip(RoundedRectangleShape{tile.size * 0.3, cornersOf(tile)});
   return plain.background(face);

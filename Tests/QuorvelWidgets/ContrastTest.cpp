@@ -6,6 +6,8 @@
 #include <cmath>
 #include <set>
 
+#include "QuorvelWidgets/Due/DueWidget.hpp"
+#include "QuorvelWidgets/Gallery/SnapshotStates.hpp"
 #include "QuorvelWidgets/WidgetSupport/Colors/WidgetContrast.hpp"
 #include "Rendering/Recording/RecorderColors.hpp"
 #include "Rendering/Renderer.hpp"
@@ -27,6 +29,7 @@ using testsupport::WidgetLayout;
 using testsupport::WidgetState;
 using viewkit::Appearance;
 using viewkit::Rgb;
+using widgetruntime::WidgetFamily;
 
 class Contrast : public ::testing::Test {
  protected:
@@ -231,6 +234,25 @@ TEST_F(Contrast, TintedTextsStandOutFromAPlateOverAnyWallpaper) {
   EXPECT_GT(texts, 1000U);
   EXPECT_GT(onGrounds, 100U);
   EXPECT_EQ(faults.lines(), "");
+}
+
+// Without a background of its own a pile lies on the wallpaper, whose edge it must hold against.
+TEST_F(Contrast, PaleDueCardsEndBeforeAWhiteWallpaperBegins) {
+  constexpr double kEdge = 3;  // of what is no text
+  const auto now = testsupport::morningOf("2025-03-14");
+  WidgetState state{"pale", now, inState(testsupport::richSnapshot("en", now), "light-faces"), {}};
+  state.environment.showsWidgetContainerBackground = false;
+  const WidgetLayout layout = testsupport::layoutOf(DueWidget::kKind, WidgetFamily::systemMedium);
+  const viewkit::View view = testsupport::viewOf(layout, state);
+  const auto options = testsupport::optionsFor(layout, state, testsupport::kStandardDevice);
+  const rendering::Bitmap bitmap = renderer_.bitmap(withoutTexts(view), options).value();
+  // Three cards fill the box between the margins of 10; its corners are 14.
+  for (const Rect& strip :
+       {Rect{24, 11, 316, 1}, Rect{24, 158, 316, 1}, Rect{11, 24, 1, 122}, Rect{352, 24, 1, 122}}) {
+    const auto colors = pixelsIn(bitmap, strip, 0xFFFFFF);
+    ASSERT_GT(colors.size(), 100U);
+    for (const Rgb color : colors) EXPECT_GE(contrastRatio(color, 0xFFFFFF), kEdge) << hex(color);
+  }
 }
 
 /// In full colour and tinted.

@@ -21,6 +21,11 @@ bool hidesTheFace(double veil) {
   return veil > kMostVeil;
 }
 
+std::vector<std::string> readableFace(std::vector<std::string> colors) {
+  if (hidesTheFace(faceVeil(colors, 1))) colors.clear();
+  return colors;
+}
+
 Gradient veilGradient(double veil, double foot) {
   constexpr double kFade = 0.25;
   const Color full = Color::black().withOpacity(veil);

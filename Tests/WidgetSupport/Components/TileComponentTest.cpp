@@ -3,6 +3,7 @@
 #include "QuorvelWidgets/WidgetSupport/Colors/Palette.hpp"
 #include "QuorvelWidgets/WidgetSupport/Components/AccessoryBackdrop.hpp"
 #include "QuorvelWidgets/WidgetSupport/Components/CardArtTile.hpp"
+#include "QuorvelWidgets/WidgetSupport/Components/FaceStyle.hpp"
 #include "QuorvelWidgets/WidgetSupport/Components/WidgetHeader.hpp"
 #include "QuorvelWidgets/WidgetSupport/Components/WidgetIconTile.hpp"
 #include "QuorvelWidgets/WidgetSupport/Components/WidgetPill.hpp"
@@ -30,6 +31,15 @@ TEST(IconTileComponent, Of22HasAnElevenPointSymbolAndACornerOfSixPointSix) {
       std::get<ShapeElement>(testsupport::nodesWith<ShapeElement>(tile)[0]->element);
   EXPECT_DOUBLE_EQ(std::get<RoundedRectangleShape>(ground.geometry).radius.points(), 6.6);
   EXPECT_TRUE(testsupport::modifier<Accessibility>(tile)->hidden);
+}
+
+// White needs 4.5:1, which the grey #767676 gives: a veil of 0.35 makes it of #B4 (180 * 0.65 =
+// 117), of #BA (186 * 0.65 = 121) it does not.
+TEST(FaceStyle, AFaceThatAVeilWouldHideGivesWayToTheDefaultOne) {
+  EXPECT_THAT(readableFace({"#315792", "#B4B4B4"}), ElementsAre("#315792", "#B4B4B4"));
+  EXPECT_THAT(readableFace({"#315792", "#BABABA"}), ::testing::IsEmpty());
+  EXPECT_THAT(readableFace({"#FFFFFF"}), ::testing::IsEmpty());
+  EXPECT_THAT(readableFace({}), ::testing::IsEmpty());
 }
 
 TEST(HeaderComponent, IsSmallerWhenCompact) {

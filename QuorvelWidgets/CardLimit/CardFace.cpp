@@ -15,6 +15,16 @@ Color faceTextColor(RenderingMode mode) {
   return mode == RenderingMode::accented ? Color::primary() : Color::white();
 }
 
+namespace {
+
+double veilOver(const WidgetSnapshot::Card& card,
+                std::optional<double> textOpacity,
+                RenderingMode mode) {
+  return mode == RenderingMode::accented ? 0 : faceVeil(card.gradient, textOpacity);
+}
+
+}  // namespace
+
 View cardFace(const WidgetSnapshot::Card& card,
               double cornerRadius,
               Alignment artAlignment,
@@ -23,13 +33,19 @@ View cardFace(const WidgetSnapshot::Card& card,
               RenderingMode mode) {
   View tile = CardArtTile{
       .card = card, .cornerRadius = cornerRadius, .alignment = artAlignment, .renderingMode = mode};
-  const double veil = mode == RenderingMode::accented ? 0 : faceVeil(card.gradient, textOpacity);
-  if (veil == 0) return tile;
+  const double veil = veilOver(card, textOpacity, mode);
+  if (veil == 0 || hidesTheFace(veil)) return tile;
   const auto shape = RoundedRectangle(cornerRadius, CornerStyle::continuous);
-  // On a light canvas a white face has no edge of its own.
-  if (hidesTheFace(veil))
-    return tile.overlay(shape.innerStroke(Color::black().withOpacity(0.12), 1));
   return tile.overlay(shape.fill(veilGradient(veil, textFoot)));
+}
+
+View paleEdge(const WidgetSnapshot::Card& card,
+              double cornerRadius,
+              std::optional<double> textOpacity,
+              RenderingMode mode) {
+  if (!hidesTheFace(veilOver(card, textOpacity, mode))) return {};
+  return RoundedRectangle(cornerRadius, CornerStyle::continuous)
+      .innerStroke(Color::black().withOpacity(0.12), 1);
 }
 
 View onFace(const View& text,

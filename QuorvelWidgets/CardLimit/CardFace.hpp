@@ -17,12 +17,19 @@ inline constexpr double kPillOpacity = 0.55;
 [[nodiscard]] viewkit::Color faceTextColor(widgetruntime::RenderingMode mode);
 
 /// The face under the veil that white text of `textOpacity` needs, which ends at `textFoot` of the
-/// height, unless it would hide the face; takes the whole proposal.
+/// height, unless it would hide the face; takes the whole proposal, without an edge.
 [[nodiscard]] viewkit::View cardFace(const WidgetSnapshot::Card& card,
                                      double cornerRadius,
                                      viewkit::Alignment artAlignment,
                                      std::optional<double> textOpacity,
                                      double textFoot,
+                                     widgetruntime::RenderingMode mode);
+
+/// The edge of a face that is left without its veil and may be as pale as what it lies on; nothing
+/// for others. Takes the whole proposal.
+[[nodiscard]] viewkit::View paleEdge(const WidgetSnapshot::Card& card,
+                                     double cornerRadius,
+                                     std::optional<double> textOpacity,
                                      widgetruntime::RenderingMode mode);
 
 /// A text on that face, of `textOpacity` like those above: where a veil would hide the face, on a

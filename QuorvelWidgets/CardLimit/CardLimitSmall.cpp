@@ -26,7 +26,10 @@ View face(const CardLimitContent& content, const WidgetSnapshot::Card& card) {
   const std::string number = shownNumber(card);
   std::optional<double> weakestText;
   if (!card.hasImage) weakestText = number.empty() ? 1 : kNumberOpacity;
-  View tile = cardFace(card, 9, Alignment::center, weakestText, number.empty() ? 0.45 : 1, mode)
+  constexpr double kCorner = 9;
+  const double textFoot = number.empty() ? 0.45 : 1;
+  View tile = cardFace(card, kCorner, Alignment::center, weakestText, textFoot, mode)
+                  .overlay(paleEdge(card, kCorner, weakestText, mode))
                   .frame(FlexibleFrame{.minHeight = kLeastFace, .maxHeight = kFace});
   if (!card.hasImage) {
     const View title = cardTitleText(card, 10.5, content.lang(), mode);

@@ -51,6 +51,11 @@ View pill(const CardStack& stack, const WidgetSnapshot::Card& card, double room)
       .frame(FlexibleFrame{.maxWidth = room - 2, .alignment = Alignment::topTrailing});
 }
 
+/// None: as wide as proposed.
+std::optional<Length> faceWidth(const CardStack& stack) {
+  return stack.width ? std::optional<Length>{*stack.width} : std::nullopt;
+}
+
 /// From one face's top to the next: less where the pile's box is too low for the last title.
 Length stepOf(const CardStack& stack) {
   if (stack.cards.size() < 2) return 0;
@@ -63,14 +68,34 @@ double textFoot(const CardStack& stack) {
   return 10 + 1.3 * stack.pillSize;
 }
 
+std::optional<double> textOpacity(const WidgetSnapshot::Card& card) {
+  return card.hasImage ? std::nullopt : std::optional{1.0};
+}
+
+View edge(const CardStack& stack, const WidgetSnapshot::Card& card) {
+  return paleEdge(card, stack.corner, textOpacity(card), stack.renderingMode);
+}
+
+/// Around as much of the face in front as the pile's box shows.
+View frontEdge(const CardStack& stack) {
+  if (stack.cards.empty()) return {};
+  const Length top = stepOf(stack) * static_cast<double>(stack.cards.size() - 1);
+  const FixedFrame visible{.width = faceWidth(stack), .height = min(kHeight - top, stack.height)};
+  return edge(stack, *stack.cards.back())
+      .frame(visible)
+      .offset(0, top)
+      .zIndex(static_cast<double>(stack.cards.size()));
+}
+
 View face(const CardStack& stack, std::size_t index, double room) {
   const WidgetSnapshot::Card& card = *stack.cards[index];
   View tile = cardFace(card,
                        stack.corner,
                        Alignment::top,
-                       card.hasImage ? std::nullopt : std::optional{1.0},
+                       textOpacity(card),
                        textFoot(stack) / stack.height,
                        stack.renderingMode);
+  if (index + 1 < stack.cards.size()) tile = tile.overlay(edge(stack, card));
   if (stack.renderingMode == RenderingMode::accented) {
     tile = tile.background(faceCutout(stack.corner));
   } else if (index > 0) {
@@ -89,9 +114,7 @@ View face(const CardStack& stack, std::size_t index, double room) {
                             .padding({.top = 9, .leading = 10, .trailing = room}),
                         Alignment::topLeading);
   }
-  const FixedFrame frame{.width = stack.width ? std::optional<Length>{*stack.width} : std::nullopt,
-                         .height = stack.height};
-  return tile.frame(frame)
+  return tile.frame(FixedFrame{.width = faceWidth(stack), .height = stack.height})
       .overlay(pill(stack, card, room), Alignment::topTrailing)
       .accessibility({.children = Accessibility::Children::combine})
       .offset(0, stepOf(stack) * static_cast<double>(index))
@@ -108,9 +131,9 @@ View CardStack::body() const {
   const double room = pillRoom(*this);
   ViewList faces;
   for (std::size_t i = 0; i < cards.size(); ++i) faces.views.push_back(face(*this, i, room));
-  const FixedFrame box{.width = width ? std::optional<Length>{*width} : std::nullopt,
-                       .height = min(kHeight, pileHeight()),
-                       .alignment = Alignment::top};
+  faces.views.push_back(frontEdge(*this));
+  const FixedFrame box{
+      .width = faceWidth(*this), .height = min(kHeight, pileHeight()), .alignment = Alignment::top};
   return ZStack{{.alignment = Alignment::top}, std::move(faces)}.sharedScale().frame(box).clip(
       RoundedRectangleShape{corner, CornerStyle::continuous});
 }

@@ -3,6 +3,7 @@
 #include "QuorvelWidgets/CardLimit/CardFigures.hpp"
 #include "QuorvelWidgets/CardLimit/CardLimitView.hpp"
 #include "QuorvelWidgets/CardLimit/CardStack.hpp"
+#include "Rendering/Renderer.hpp"
 #include "Tests/Support/Snapshots.hpp"
 #include "Tests/Support/ViewInspection.hpp"
 #include "ViewKit/Dump.hpp"
@@ -257,6 +258,43 @@ TEST(CardLimitView, TenThousandCardsDrawNoMoreThanThree) {
   snapshot.cards.resize(10000, card("more"));
   const auto many = testsupport::nodes(view({{}, snapshot, {}}, WidgetFamily::systemLarge)).size();
   EXPECT_EQ(many, few);
+}
+
+/// Rows of pixels between `from` and `to` that are darker than a white face, in one column.
+std::vector<int> darkRows(const rendering::Bitmap& bitmap, int x, int from, int to) {
+  std::vector<int> rows;
+  for (int y = from; y < to; ++y) {
+    const auto pixel = bitmap.pixels[static_cast<std::size_t>(y * bitmap.stride + x)];
+    if ((pixel >> 24) == 255 && (pixel & 0xFF) < 240) rows.push_back(y);
+  }
+  return rows;
+}
+
+// A pile of three is 164 high, of which its box may show less; one face is 96 high.
+TEST(CardStackEdges, AWhitePileEndsInOneLine) {
+  rendering::Renderer renderer;
+  WidgetSnapshot snapshot = snapshotOf({card("1"), card("2"), card("3")});
+  for (auto& each : snapshot.cards) each.gradient = {"#FFFFFF"};
+  const auto bottomLines = [&](std::size_t faces, double height) {
+    CardStack stack{.snapshot = snapshot, .width = 152};
+    for (std::size_t i = 0; i < faces; ++i) stack.cards.push_back(&snapshot.cards[i]);
+    rendering::RenderOptions options;
+    options.size = {152, height};
+    options.scale = 1;
+    options.cornerRadius = 0;
+    options.showsBackground = false;
+    const viewkit::View pile = viewkit::View{stack}.frame(viewkit::FlexibleFrame{
+        .maxHeight = viewkit::kInfinity, .alignment = viewkit::Alignment::top});
+    // Below the titles and their pills.
+    return darkRows(renderer.bitmap(pile, options).value(),
+                    76,
+                    static_cast<int>(height) - 20,
+                    static_cast<int>(height));
+  };
+  EXPECT_THAT(bottomLines(3, 164), ElementsAre(163));
+  EXPECT_THAT(bottomLines(3, 142), ElementsAre(141));
+  EXPECT_THAT(bottomLines(3, 127), ElementsAre(126));
+  EXPECT_THAT(bottomLines(1, 96), ElementsAre(95));
 }
 
 }  // namespace

@@ -1,3 +1,5 @@
+#include <utility>
+
 #include "QuorvelWidgets/Spending/SpendingContent.hpp"
 #include "QuorvelWidgets/WidgetSupport/Colors/Palette.hpp"
 #include "QuorvelWidgets/WidgetSupport/Components/Amount.hpp"
@@ -14,48 +16,76 @@ namespace {
 constexpr double kTileWidth = 124;
 constexpr double kTileGap = 8;
 
-View categoryTile(const SpendingContent& content) {
+/// What stands on the tile's ground, without how it gets its height.
+struct Category {
+  View title;
+  Text name;
+  View amount;
+  Accessibility spoken;
+};
+
+Category category(const SpendingContent& content) {
   const Color color = content.categoryColor();
-  const View title = HStack{
-      {.spacing = 6},
-      WidgetIconTile{.symbol = "tag.fill",
-                     .color = color,
-                     .background = content.colors.ground(color.withOpacity(0.16)),
-                     .size = 18},
-      content.caption(content.text("topCategory"), 11).foregroundStyle(content.colors.caption()),
-  };
-  const View figures = VStack{
-      {.alignment = HorizontalAlignment::leading, .spacing = 2},
-      mayBeCut(content.categoryName(13)),
-      Amount{.value = content.spending.topCategoryAmount,
-             .snapshot = content.snapshot,
-             .size = 13,
-             .weight = FontWeight::semibold},
-  };
+  return {HStack{
+              {.spacing = 6},
+              WidgetIconTile{.symbol = "tag.fill",
+                             .color = color,
+                             .background = content.colors.ground(color.withOpacity(0.16)),
+                             .size = 18},
+              content.caption(content.text("topCategory"), 11)
+                  .foregroundStyle(content.colors.caption()),
+          },
+          content.categoryName(13),
+          Amount{.value = content.spending.topCategoryAmount,
+                 .snapshot = content.snapshot,
+                 .size = 13,
+                 .weight = FontWeight::semibold}
+              .padding({.top = 2}),
+          content.spokenCategory()};
+}
+
+View column(const Category& category, View name) {
   return VStack{
       {.alignment = HorizontalAlignment::leading, .spacing = 0},
-      title,
-      Spacer{5},
-      figures,
+      category.title,
+      Spacer{3},
+      std::move(name),
+      category.amount,
   }
       .padding(8)
-      .frame(FixedFrame{.width = kTileWidth, .height = kHeight, .alignment = Alignment::leading})
-      .background(RoundedRectangle(14, CornerStyle::continuous)
-                      .fill(content.colors.ground(palette::surface)))
-      .accessibility(content.spokenCategory());
+      .accessibility(category.spoken);
+}
+
+/// The category's name is on one line, else on two in a tile that is as much higher as there is
+/// room for; what is missing makes the name smaller, and at last cuts it.
+View categoryTile(const SpendingContent& content) {
+  constexpr double kHeight = 75;
+  constexpr double kHeightOfTwoLines = 84;
+  const Category top = category(content);
+  return Fitting{
+      column(top, top.name)
+          .frame(
+              FixedFrame{.width = kTileWidth, .height = kHeight, .alignment = Alignment::leading}),
+      column(top, mayBeCut(top.name.lineLimit(2)))
+          .frame(FlexibleFrame{.minHeight = kHeight, .maxHeight = kHeightOfTwoLines})
+          .frame(FixedFrame{.width = kTileWidth, .alignment = Alignment::leading}),
+  };
 }
 
 constexpr double kGap = 5;
 
-// The tile is laid over the figures' row because it is as high as they are, not the other way
-// round; a row without a comparison is as high as the tile needs.
+// The tile's ground is laid behind the row because it is as high as the row, which a title of two
+// lines makes higher than what stands on the ground.
 View withCategory(const SpendingContent& content, const View& figures) {
-  constexpr double kLeastHeight = 75;
-  return figures
-      .frame(FlexibleFrame{
-          .maxWidth = kInfinity, .minHeight = kLeastHeight, .alignment = Alignment::topLeading})
-      .padding({.trailing = kTileWidth + kTileGap})
-      .overlay(categoryTile(content), Alignment::topTrailing);
+  const View ground = RoundedRectangle(14, CornerStyle::continuous)
+                          .fill(content.colors.ground(palette::surface))
+                          .frame(FixedFrame{.width = kTileWidth});
+  return HStack{
+      {.alignment = VerticalAlignment::top, .spacing = kTileGap},
+      figures.frame(FlexibleFrame{.maxWidth = kInfinity, .alignment = Alignment::topLeading}),
+      categoryTile(content).layoutPriority(1),  // of its own width, so it need not be asked twice
+  }
+      .background(ground, Alignment::trailing);
 }
 
 /// Where there is too little room, the category goes first, then the comparison.

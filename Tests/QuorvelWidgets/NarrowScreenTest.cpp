@@ -255,6 +255,40 @@ TEST_F(NarrowScreen, ALongCategoryTakesASecondLineInTheLargeSpending) {
   }
 }
 
+TEST_F(NarrowScreen, ALongCategoryTakesASecondLineInTheMediumSpending) {
+  const WidgetLayout layout = layoutOf(SpendingWidget::kKind, WidgetFamily::systemMedium);
+  const WidgetState state = withNames("Restaurants, bars and takeaway");
+  for (const Device& device : testsupport::kDevices) {
+    const LayoutTree tree = place(layout, state, device.sizeOf(layout.family));
+    int names = 0;
+    int labels = 0;
+    for (const FoundText& text : testsupport::find(tree).texts) {
+      labels += text.element().size == 9.5 ? 1 : 0;
+      if (text.element().text != "Restaurants, bars and takeaway") continue;
+      ++names;
+      EXPECT_EQ(text.node->text->lines.size(), 2U) << device.name;
+      EXPECT_FALSE(text.node->text->isCut()) << device.name;
+    }
+    EXPECT_EQ(names, 1);
+    EXPECT_EQ(labels, device.name == "stress" ? 0 : 5) << device.name;
+  }
+}
+
+TEST_F(NarrowScreen, ANameOfOneLineLeavesTheBarsTheirHeight) {
+  const WidgetLayout layout = layoutOf(SpendingWidget::kKind, WidgetFamily::systemMedium);
+  const auto barsOf = [&](const std::string& category) {
+    const LayoutTree tree = place(layout, withNames(category), {364, 170});
+    std::vector<const PlacedNode*> bars;
+    collect(tree.root, "DailyBars", false, bars);
+    double top = 170;
+    for (const PlacedNode* bar : bars) top = std::min(top, bar->frame.y);
+    return top;
+  };
+  // A row of 75 or 84 below the margin, then 8 and 6.
+  EXPECT_NEAR(barsOf("Food"), 16 + 75 + 14, 0.01);
+  EXPECT_NEAR(barsOf("Restaurants, bars and takeaway"), 16 + 84 + 14, 0.01);
+}
+
 // "CHF 1,561.93" has 60 points of the 91 that it needs in one of three tiles.
 TEST_F(NarrowScreen, TheAverageLeavesBeforeTheStatisticsAreTooSmallToRead) {
   const auto now = testsupport::morningOf("2025-03-14");

@@ -87,6 +87,8 @@ class JsonScanner {
   bool literal(std::string_view name);
   /// A text that cannot be held is noted, and reads as empty.
   bool string(std::string& out);
+  /// The same without a copy: a view of the document or, of a text with escapes, of `unescaped`.
+  bool string(std::string_view& out, std::string& unescaped);
   /// A number that cannot be held is noted, and reads as 0.
   bool number(double& out);
   bool skipValue();

@@ -26,16 +26,24 @@ bool JsonScanner::isWithinString(std::size_t size, const char* quote) {
 }
 
 bool JsonScanner::string(std::string& out) {
+  std::string_view text;
+  if (!string(text, out)) return false;
+  if (text.data() != out.data()) out = text;
+  return true;
+}
+
+bool JsonScanner::string(std::string_view& out, std::string& unescaped) {
   if (stopped_) return false;
   const char* const quote = at_++;
   const char* const stop = plainEnd(at_, end_);
   if (stop != end_ && *stop == '"') {
-    out.assign(at_, stop);
+    out = {at_, stop};
     at_ = stop + 1;
   } else {
     bool isText = true;
-    out.clear();
-    if (!unescape(out, isText)) return false;
+    unescaped.clear();
+    if (!unescape(unescaped, isText)) return false;
+    out = unescaped;
     if (!isText) note(quote, "string", "lone surrogate");
   }
   return isWithinString(out.size(), quote);

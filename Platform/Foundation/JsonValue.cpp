@@ -38,7 +38,7 @@ class ValueReader {
   std::pmr::memory_resource& memory_;
   std::vector<JsonValue> elements_;
   std::vector<JsonValue::Member> members_;
-  std::string text_;
+  std::string unescaped_;
 };
 
 std::string_view ValueReader::kept(std::string_view text) {
@@ -79,8 +79,9 @@ JsonValue ValueReader::value() {
       scanner_.literal("false");
       return JsonValue{false};
     case '"': {
-      scanner_.string(text_);
-      return JsonValue{kept(text_)};
+      std::string_view text;
+      scanner_.string(text, unescaped_);
+      return JsonValue{kept(text)};
     }
     case '-':
     case '0':

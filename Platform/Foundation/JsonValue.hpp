@@ -5,6 +5,7 @@
 //     if (const JsonValue* id = json->member("id")) ...
 #pragma once
 
+#include <concepts>
 #include <cstddef>
 #include <expected>
 #include <memory>
@@ -15,6 +16,7 @@
 #include <variant>
 
 #include "Foundation/Json.hpp"
+#include "Foundation/Overloaded.hpp"
 
 namespace foundation {
 
@@ -46,9 +48,13 @@ class JsonValue {
   using Object = List<Member>;
 
   JsonValue() = default;
-  /// The memory would be gone.
-  JsonValue(JsonDocument&&) = delete;
-  explicit JsonValue(bool v) : value_(v) {}
+  /// A temporary's memory would be gone.
+  template <OneOf<JsonDocument, const JsonDocument, std::string> Temporary>
+  JsonValue(Temporary&&) = delete;
+  template <OneOf<JsonDocument, const JsonDocument> Temporary>
+  JsonValue& operator=(Temporary&&) = delete;
+  /// Of nothing else: a literal's address is no flag.
+  explicit JsonValue(std::same_as<bool> auto v) : value_(v) {}
   explicit JsonValue(double v) : value_(v) {}
   /// Texts and items stay where they are.
   explicit JsonValue(std::string_view v) : value_(v) {}

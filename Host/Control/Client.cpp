@@ -31,6 +31,7 @@ std::expected<Message, std::string> read(const std::string& line) {
       message.content = *std::move(answer->result);
     } else {
       message.error = answer->result.error().message;
+      if (message.error.empty()) message.error = "the resident host refuses and does not say why";
     }
     return message;
   }

@@ -40,11 +40,11 @@ struct Host {
   Loop loop;
   ManualClock clock;
   FakeAsker asker;
-  FakePainter painter;
+  FakePictureMaker pictureMaker;
   Resident host{{.loop = loop,
                  .clock = clock,
                  .asker = asker,
-                 .painter = painter,
+                 .pictureMaker = pictureMaker,
                  .file = PlacementsFile{"/nonexistent/placements.json"},
                  .device = [](foundation::Instant now) { return foundation::Device{.now = now}; },
                  .log = [](const std::string&) {}},

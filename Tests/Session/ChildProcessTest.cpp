@@ -67,7 +67,7 @@ class Misbehaviour : public testing::TestWithParam<Row> {};
 TEST_P(Misbehaviour, CostsItsRequestOnly) {
   constexpr auto kDeadline = 400ms;
   ChildProcess child(misbehaving(GetParam().way));
-  const long memoryBefore = peakMemory();
+  [[maybe_unused]] const long memoryBefore = peakMemory();
   for (int round = 0; round < 2; ++round) {
     const Outcome outcome = callOnce(child, kDeadline);
     ASSERT_FALSE(outcome.result);

@@ -91,7 +91,7 @@ void expectConversation(const std::string& transcript, const std::string& parame
 }
 
 TEST(BundleApproval, WhatIsOfferedIsAsApproved) {
-  EXPECT_TRUE(testsupport::matchesExpected("Bundle/initialize", offered().dump(2) + "\n"));
+  EXPECT_TRUE(testsupport::matchesExpected("Transcripts/initialize", offered().dump(2) + "\n"));
 }
 
 TEST(BundleTranscript, PerformsTheControlsIntentAndEnds) {

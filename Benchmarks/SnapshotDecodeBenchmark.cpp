@@ -2,7 +2,7 @@
 // walking and storing cost over knowing that the text is JSON.
 //
 //     cmake --preset release -DQUORVEL_BENCHMARKS=ON && cmake --build --preset release
-//     build/release/bin/DecodeBenchmark DOCUMENT [--benchmark_... options]
+//     build/release/bin/SnapshotDecodeBenchmark DOCUMENT [--benchmark_... options]
 //
 // The document is also measured grown to about 22 KB, 200 KB, 2 MB, 20 MB and 50 MB: its lists are
 // repeated. What a byte costs should not depend on the size.
@@ -108,7 +108,7 @@ int main(int argc, char** argv) {
   const auto text = argc > 1 ? foundation::contentsOfFile(argv[1]) : std::nullopt;
   const auto document = quorvel::decodeWidgetSnapshot(text ? *text : "");
   if (!document) {
-    std::fputs("usage: DecodeBenchmark DOCUMENT [--benchmark_... options]\n", stderr);
+    std::fputs("usage: SnapshotDecodeBenchmark DOCUMENT [--benchmark_... options]\n", stderr);
     return 2;
   }
   std::vector<std::string> texts{*text};

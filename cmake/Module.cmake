@@ -15,6 +15,10 @@ target_compile_options(
             -Wno-sign-conversion
             -Wno-missing-field-initializers
             -fno-omit-frame-pointer)
+# Under its sanitizers GCC takes optionals and regular expressions for uninitialised.
+if(CMAKE_CXX_FLAGS MATCHES "-fsanitize" AND CMAKE_CXX_COMPILER_ID STREQUAL GNU)
+  target_compile_options(quorvel_options INTERFACE -Wno-maybe-uninitialized)
+endif()
 
 # quorvel_module(NAME INCLUDE_ROOT dir FOLDER dir FOLDERS dirs... SEES targets... USES libraries... WITHOUT sources...): the
 # sources of FOLDER (the current one) and of its FOLDERS, but for those that another target has; SEES are public, USES
@@ -48,10 +52,6 @@ function(quorvel_tests name)
   endforeach()
   add_executable(${name} ${sources})
   target_link_libraries(${name} PRIVATE quorvel_options ${TESTS_SEES} GTest::gmock GTest::gtest_main)
-  # Under sanitizers GCC takes the standard library's regular expressions for uninitialised.
-  if(CMAKE_CXX_FLAGS MATCHES "-fsanitize")
-    target_compile_options(${name} PRIVATE -Wno-maybe-uninitialized)
-  endif()
   target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR} ${CMAKE_CURRENT_SOURCE_DIR})
   target_compile_definitions(${name} PRIVATE QUORVEL_SOURCE_DIR="${CMAKE_SOURCE_DIR}"
                                              QUORVEL_BINARY_DIR="${CMAKE_BINARY_DIR}")

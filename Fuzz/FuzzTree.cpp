@@ -2,7 +2,7 @@
 // its dump.
 #include <cstdint>
 #include <cstdlib>
-#include <string_view>
+#include <string>
 
 #include "Foundation/JsonValue.hpp"
 #include "ViewKit/Dump.hpp"
@@ -12,6 +12,12 @@ namespace {
 
 void require(bool holds) {
   if (!holds) std::abort();
+}
+
+std::string writtenForm(const viewkit::View& view) {
+  foundation::JsonWriter writer;
+  viewkit::writeView(writer, view);
+  return writer.take();
 }
 
 }  // namespace
@@ -24,12 +30,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     require(view.error().starts_with('/'));
     return 0;
   }
-  foundation::JsonWriter writer;
-  viewkit::writeView(writer, *view);
-  const auto again = foundation::parseJson(writer.text(), 256);
+  const std::string written = writtenForm(*view);
+  const auto again = foundation::parseJson(written, 256);
   require(again.has_value());
   const auto back = viewkit::readView(*again);
-  require(back.has_value() && *back == *view);
-  require(viewkit::dump(*back) == viewkit::dump(*view));
+  require(back.has_value() && writtenForm(*back) == written);
+  // A longer text is cut when it is written.
+  if (size > viewkit::kMaximumWrittenText) return 0;
+  require(*back == *view && viewkit::dump(*back) == viewkit::dump(*view));
   return 0;
 }

@@ -48,12 +48,12 @@ class JsonValue {
   using Object = List<Member>;
 
   JsonValue() = default;
-  /// A temporary's memory would be gone.
+  /// A value must not look into a temporary, whose memory ends with the statement.
   template <OneOf<JsonDocument, const JsonDocument, std::string> Temporary>
   JsonValue(Temporary&&) = delete;
   template <OneOf<JsonDocument, const JsonDocument> Temporary>
   JsonValue& operator=(Temporary&&) = delete;
-  /// Of nothing else: a literal's address is no flag.
+  /// For bool alone: a string literal would convert to true.
   explicit JsonValue(std::same_as<bool> auto v) : value_(v) {}
   explicit JsonValue(double v) : value_(v) {}
   /// Texts and items stay where they are.

@@ -25,7 +25,7 @@ FlexibleFrame part(double maxWidth) {
 }
 
 View pacePart(const SafeToSpendContent& content) {
-  // As wide as the arc is open behind capitals that stand on its foot, less some air.
+  // What the arc leaves open at the height of the words, less a small margin.
   constexpr double kBesideWords = 14;
   const View verdict = content.caption(content.text(content.pace.key), 11.5)
                            .font(11.5, FontWeight::semibold)

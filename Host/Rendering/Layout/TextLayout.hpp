@@ -96,7 +96,7 @@ class TextLayout {
   double widestCluster_ = 0;
   std::vector<Chunk> chunks_;
   Fit fit_;
-  Room fittedRoom_;  ///< what the fit is for
+  Room fittedRoom_;  ///< the room that fit_ was found for
   std::size_t steps_ = 0;
 };
 

@@ -10,8 +10,8 @@
 
 namespace quorvel {
 
-/// What white text can stand on: those colours, or none, which is the default face, where the veil
-/// over them would hide them.
+/// The colours where white text can stand on them; none, which means the default face, where the
+/// veil that the text needs would hide them.
 [[nodiscard]] std::vector<std::string> readableFace(std::vector<std::string> colors);
 
 /// The least black veil over a face under which white text of that opacity has enough contrast; 0
